@@ -1,0 +1,94 @@
+// SPDX-FileCopyrightText: 2026 The Quillbar developers
+// SPDX-License-Identifier: MIT
+#include "QuillbarCore/model/Watchlist.h"
+
+#include <fmt/core.h>
+
+#include <algorithm>
+#include <cstdio>
+#include <cstdlib>
+#include <iterator>
+
+namespace quillbar {
+
+namespace {
+
+[[noreturn]] void abortMove(const char* what, std::size_t offset, std::size_t count) {
+    fmt::print(stderr, "Watchlist::moving: {} {} in a list of {}\n", what, offset, count);
+    std::abort();
+}
+
+}  // namespace
+
+const Watchlist& Watchlist::defaultWatchlist() {
+    static const Watchlist kDefault{kCurrentSchemaVersion,
+                                    {Coin{"BTCUSDT", "BTC"},
+                                     Coin{"ETHUSDT", "ETH"},
+                                     Coin{"SOLUSDT", "SOL"},
+                                     Coin{"BNBUSDT", "BNB"}},
+                                    "BTCUSDT"};
+    return kDefault;
+}
+
+bool Watchlist::contains(std::string_view symbol) const {
+    return std::any_of(
+        coins.begin(), coins.end(), [&](const Coin& coin) { return coin.symbol == symbol; });
+}
+
+Watchlist Watchlist::adding(const Coin& coin) const {
+    Watchlist result = *this;
+    if (!contains(coin.symbol)) {
+        result.coins.push_back(coin);
+    }
+    return result;
+}
+
+Watchlist Watchlist::removing(std::string_view symbol) const {
+    Watchlist result = *this;
+    const std::size_t removed =
+        std::erase_if(result.coins, [&](const Coin& coin) { return coin.symbol == symbol; });
+    if (removed > 0 && pinnedSymbol == symbol) {
+        result.pinnedSymbol = result.coins.empty()
+                                  ? std::nullopt
+                                  : std::optional<std::string>(result.coins.front().symbol);
+    }
+    return result;
+}
+
+Watchlist Watchlist::moving(const std::set<std::size_t>& fromOffsets, std::size_t toOffset) const {
+    if (fromOffsets.empty()) {
+        return *this;
+    }
+    if (*fromOffsets.rbegin() >= coins.size()) {
+        abortMove("offset", *fromOffsets.rbegin(), coins.size());
+    }
+    if (toOffset > coins.size()) {
+        abortMove("destination", toOffset, coins.size());
+    }
+    Watchlist result{schemaVersion, {}, pinnedSymbol};
+    result.coins.reserve(coins.size());
+    const auto append = [&](std::size_t first, std::size_t last) {
+        for (std::size_t offset = first; offset < last; ++offset) {
+            if (!fromOffsets.contains(offset)) {
+                result.coins.push_back(coins[offset]);
+            }
+        }
+    };
+    append(0, toOffset);
+    std::transform(fromOffsets.begin(),
+                   fromOffsets.end(),
+                   std::back_inserter(result.coins),
+                   [&](std::size_t offset) { return coins[offset]; });
+    append(toOffset, coins.size());
+    return result;
+}
+
+Watchlist Watchlist::pinning(std::string_view symbol) const {
+    Watchlist result = *this;
+    if (contains(symbol)) {
+        result.pinnedSymbol = symbol;
+    }
+    return result;
+}
+
+}  // namespace quillbar

@@ -1,0 +1,67 @@
+// SPDX-FileCopyrightText: 2026 The Quillbar developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "QuillbarCore/model/Coin.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+#include <set>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace quillbar {
+
+/// The user's coins in the user's own order, one of them pinned. A plain value: every edit leaves
+/// the receiver untouched and returns another one; copy it freely between threads. Equality
+/// compares all three fields.
+///
+/// Symbols are compared exactly and case-sensitively. Any string is accepted as a symbol: callers
+/// offer only coins of the exchange's catalogue.
+struct Watchlist final {
+    /// The version of the stored document that this program writes and understands.
+    static constexpr std::int64_t kCurrentSchemaVersion = 1;
+
+    /// Version of the stored document; kept by every edit.
+    std::int64_t schemaVersion = kCurrentSchemaVersion;
+    /// The coins in the user's order. adding() keeps their symbols unique.
+    std::vector<Coin> coins;
+    /// Symbol of the coin that the menu bar shows; absent when none is pinned. A stored document
+    /// may name a coin that is not on the list.
+    std::optional<std::string> pinnedSymbol = std::nullopt;
+
+    /// The list of a first start: BTC, ETH, SOL and BNB in USDT, BTCUSDT pinned. Built once;
+    /// the reference stays valid for the life of the process.
+    [[nodiscard]] static const Watchlist& defaultWatchlist();
+
+    /// Whether a coin with exactly this symbol is on the list.
+    [[nodiscard]] bool contains(std::string_view symbol) const;
+
+    /// The list with the coin at its end. Unchanged when the symbol is already there: the stored
+    /// coin keeps its base asset. Never pins.
+    [[nodiscard]] Watchlist adding(const Coin& coin) const;
+
+    /// The list without the coins of this symbol, the rest in their order. A pin that named it
+    /// moves to the first coin left, or goes when none is left. Unchanged for a symbol that is not
+    /// on the list.
+    [[nodiscard]] Watchlist removing(std::string_view symbol) const;
+
+    /// The list as a drag and drop leaves it: the coins at the offsets, in their order, stand
+    /// together in front of the coin that was at the destination, or at the end for coins.size().
+    /// The pin is kept; no offsets, no change.
+    ///
+    /// Aborts the process, after a line on stderr, for an offset that is not on the list or a
+    /// destination past its end: that is a mistake of the caller.
+    [[nodiscard]] Watchlist moving(const std::set<std::size_t>& fromOffsets,
+                                   std::size_t toOffset) const;
+
+    /// The list with this symbol pinned. Unchanged, an existing pin included, for a symbol that is
+    /// not on the list.
+    [[nodiscard]] Watchlist pinning(std::string_view symbol) const;
+
+    [[nodiscard]] bool operator==(const Watchlist&) const = default;
+};
+
+}  // namespace quillbar
