@@ -1,0 +1,201 @@
+// SPDX-FileCopyrightText: 2026 The Quillbar developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "QuillbarCore/runtime/Await.h"
+
+#include <cassert>
+#include <concepts>
+#include <deque>
+#include <exception>
+#include <functional>
+#include <memory>
+#include <optional>
+#include <utility>
+
+namespace quillbar {
+
+template <class T>
+class AsyncStream;
+
+namespace detail {
+
+template <class T>
+struct StreamState {
+    // A consumer is sent back to the executor's queue after this many values taken without a wait,
+    // so that a flood cannot keep the event loop from everything else.
+    static constexpr int kValuesPerTurn = 256;
+
+    void notify() noexcept {
+        if (std::exchange(waiting, false)) {
+            waiter();
+        }
+    }
+
+    void end(std::exception_ptr reason) {
+        if (ended) {
+            return;
+        }
+        ended = true;
+        error = std::move(reason);
+        notify();
+        if (const auto callback = std::exchange(onTermination, {})) {
+            callback();
+        }
+    }
+
+    std::deque<T> buffer;
+    bool ended = false;
+    std::exception_ptr error;
+    Completion waiter;
+    bool waiting = false;
+    int takenInTurn = 0;
+    std::function<void()> onTermination;
+};
+
+}  // namespace detail
+
+/// The producer's end of an `AsyncStream`. Copies share the stream; when the last one goes, the
+/// stream ends normally. Belongs to the executor's thread.
+template <class T>
+class StreamSource {
+    using State = detail::StreamState<T>;
+
+public:
+    /// Appends a value; does nothing once the stream has ended.
+    void push(T value) const {
+        State& state = *m_guard->state;
+        if (!state.ended) {
+            state.buffer.push_back(std::move(value));
+            state.notify();
+        }
+    }
+
+    /// Ends the stream; the consumer still receives what was pushed before.
+    void finish() const { m_guard->state->end(nullptr); }
+
+    /// Ends the stream with an error, which the consumer's `next` throws after what was pushed
+    /// before.
+    void fail(std::exception_ptr error) const { m_guard->state->end(std::move(error)); }
+    template <class Error>
+    requires std::derived_from<Error, std::exception>
+    void fail(Error error) const { fail(std::make_exception_ptr(std::move(error))); }
+
+    /// Calls `callback` once, when the stream ends or its consumer goes away; at once when that has
+    /// happened.
+    void onTermination(std::function<void()> callback) const {
+        if (m_guard->state->ended) {
+            callback();
+        } else {
+            m_guard->state->onTermination = std::move(callback);
+        }
+    }
+
+    /// Whether the stream has ended or its consumer has gone.
+    [[nodiscard]] bool isTerminated() const noexcept { return m_guard->state->ended; }
+
+private:
+    friend class AsyncStream<T>;
+
+    struct Guard {
+        explicit Guard(std::shared_ptr<State> shared)
+            : state(std::move(shared)) {}
+        Guard(const Guard&) = delete;
+        Guard& operator=(const Guard&) = delete;
+        Guard(Guard&&) = delete;
+        Guard& operator=(Guard&&) = delete;
+        ~Guard() { state->end(nullptr); }
+        std::shared_ptr<State> state;
+    };
+
+    explicit StreamSource(std::shared_ptr<State> state)
+        : m_guard(std::make_shared<Guard>(std::move(state))) {}
+
+    std::shared_ptr<Guard> m_guard;
+};
+
+/// An unbounded sequence of values over time, with one consumer; it ends normally or with an error.
+/// Destroying it tells the producer (`StreamSource::onTermination`).
+template <class T>
+class AsyncStream {
+    using State = detail::StreamState<T>;
+
+public:
+    /// A stream and its producer's end.
+    [[nodiscard]] static std::pair<AsyncStream, StreamSource<T>> make() {
+        auto state = std::make_shared<State>();
+        return {AsyncStream{state}, StreamSource<T>{state}};
+    }
+
+    AsyncStream() = default;
+    AsyncStream(AsyncStream&&) noexcept = default;
+    AsyncStream& operator=(AsyncStream&& other) noexcept {
+        if (this != &other) {
+            close();
+            m_state = std::move(other.m_state);
+        }
+        return *this;
+    }
+    AsyncStream(const AsyncStream&) = delete;
+    AsyncStream& operator=(const AsyncStream&) = delete;
+    ~AsyncStream() { close(); }
+
+    class NextOperation {
+    public:
+        explicit NextOperation(std::shared_ptr<State> state)
+            : m_state(std::move(state)) {}
+
+        [[nodiscard]] bool ready() const {
+            return hasOutcome() && m_state->takenInTurn < State::kValuesPerTurn;
+        }
+        void start(Completion done) {
+            assert(!m_state->waiting && "an AsyncStream has one consumer");
+            m_state->takenInTurn = 0;
+            if (hasOutcome()) {
+                done();
+                return;
+            }
+            m_state->waiter = done;
+            m_state->waiting = true;
+        }
+        void stop() noexcept { m_state->waiting = false; }
+        std::optional<T> result() {
+            if (!m_state->buffer.empty()) {
+                ++m_state->takenInTurn;
+                std::optional<T> value{std::move(m_state->buffer.front())};
+                m_state->buffer.pop_front();
+                return value;
+            }
+            if (m_state->error) {
+                std::rethrow_exception(m_state->error);
+            }
+            return std::nullopt;
+        }
+
+    private:
+        [[nodiscard]] bool hasOutcome() const { return !m_state->buffer.empty() || m_state->ended; }
+
+        std::shared_ptr<State> m_state;
+    };
+
+    /// The next value: `while (auto value = co_await stream.next())`. Absent once the stream has
+    /// ended normally; throws the error that ended it, or `Cancelled`.
+    [[nodiscard]] Await<NextOperation> next() {
+        return Await<NextOperation>{std::in_place, m_state};
+    }
+
+private:
+    explicit AsyncStream(std::shared_ptr<State> state)
+        : m_state(std::move(state)) {}
+
+    void close() noexcept {
+        if (m_state) {
+            m_state->end(nullptr);
+            m_state.reset();
+        }
+    }
+
+    std::shared_ptr<State> m_state;
+};
+
+}  // namespace quillbar

@@ -1,0 +1,195 @@
+// SPDX-FileCopyrightText: 2026 The Quillbar developers
+// SPDX-License-Identifier: MIT
+#include "QuillbarCore/runtime/AtomicFile.h"
+
+#include <fmt/format.h>
+
+#include <array>
+#include <cerrno>
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <system_error>
+#include <unistd.h>
+#include <utility>
+
+namespace quillbar {
+
+namespace {
+
+constexpr mode_t kFolderMode = 0700;
+
+[[noreturn]] void fail(std::string_view action, const std::filesystem::path& path, int code) {
+    const std::string reason = std::generic_category().message(code);
+    throw FileError(fmt::format("{} {}: {}", action, path.string(), reason), code);
+}
+
+class ReadDescriptor {
+public:
+    explicit ReadDescriptor(const std::filesystem::path& path)
+        // Not blocking: opening a pipe without a writer would wait for one.
+        : m_descriptor(::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK)) {
+        if (m_descriptor < 0) {
+            fail("cannot open", path, errno);
+        }
+    }
+    ReadDescriptor(const ReadDescriptor&) = delete;
+    ReadDescriptor& operator=(const ReadDescriptor&) = delete;
+    ReadDescriptor(ReadDescriptor&&) = delete;
+    ReadDescriptor& operator=(ReadDescriptor&&) = delete;
+    ~ReadDescriptor() { ::close(m_descriptor); }
+
+    [[nodiscard]] int get() const noexcept { return m_descriptor; }
+
+private:
+    int m_descriptor;
+};
+
+// Owns the temporary file until it has been renamed over the target.
+class TemporaryFile {
+public:
+    TemporaryFile(const std::filesystem::path& target, FileOperations& operations)
+        : m_operations(operations)
+        , m_path((target.parent_path() / fmt::format(".{}.XXXXXX", target.filename().string()))
+                     .string())
+        , m_descriptor(operations.openTemporary(m_path)) {
+        if (m_descriptor < 0) {
+            fail("cannot create a file beside", target, errno);
+        }
+    }
+    TemporaryFile(const TemporaryFile&) = delete;
+    TemporaryFile& operator=(const TemporaryFile&) = delete;
+    TemporaryFile(TemporaryFile&&) = delete;
+    TemporaryFile& operator=(TemporaryFile&&) = delete;
+    ~TemporaryFile() {
+        if (m_descriptor >= 0) {
+            m_operations.close(m_descriptor);
+        }
+        if (!m_renamed) {
+            m_operations.remove(m_path);
+        }
+    }
+
+    void fill(std::string_view bytes) {
+        while (!bytes.empty()) {
+            const ssize_t written = m_operations.write(m_descriptor, bytes.data(), bytes.size());
+            if (written < 0) {
+                if (errno == EINTR) {
+                    continue;
+                }
+                fail("cannot write", m_path, errno);
+            }
+            bytes.remove_prefix(static_cast<std::size_t>(written));
+        }
+        if (m_operations.synchronise(m_descriptor) != 0) {
+            fail("cannot synchronise", m_path, errno);
+        }
+        const int descriptor = std::exchange(m_descriptor, -1);
+        if (m_operations.close(descriptor) != 0) {
+            fail("cannot close", m_path, errno);
+        }
+    }
+
+    void moveTo(const std::filesystem::path& target) {
+        if (m_operations.rename(m_path, target.string()) != 0) {
+            fail("cannot replace", target, errno);
+        }
+        m_renamed = true;
+    }
+
+private:
+    FileOperations& m_operations;
+    std::string m_path;
+    int m_descriptor;
+    bool m_renamed = false;
+};
+
+void makeFolders(const std::filesystem::path& folder, FileOperations& operations) {
+    if (folder.empty()) {
+        return;
+    }
+    if (operations.makeDirectory(folder.string(), kFolderMode) == 0 || errno == EEXIST) {
+        return;
+    }
+    if (errno != ENOENT || folder == folder.parent_path()) {
+        fail("cannot make the folder", folder, errno);
+    }
+    makeFolders(folder.parent_path(), operations);
+    if (operations.makeDirectory(folder.string(), kFolderMode) != 0 && errno != EEXIST) {
+        fail("cannot make the folder", folder, errno);
+    }
+}
+
+void synchroniseFolder(const std::filesystem::path& folder, FileOperations& operations) {
+    const int descriptor = operations.openDirectory(folder.string());
+    if (descriptor < 0) {
+        fail("cannot open the folder", folder, errno);
+    }
+    const int result = operations.synchronise(descriptor);
+    const int reason = errno;
+    operations.close(descriptor);
+    // Some file systems cannot synchronise a folder and say so with EINVAL.
+    if (result != 0 && reason != EINVAL) {
+        fail("cannot synchronise the folder", folder, reason);
+    }
+}
+
+// The file itself where the path is a symbolic link, as it is for people who keep their
+// configuration elsewhere.
+std::filesystem::path resolve(const std::filesystem::path& path) {
+    std::error_code error;
+    if (!std::filesystem::is_symlink(path, error)) {
+        return path;
+    }
+    auto target = std::filesystem::weakly_canonical(path, error);
+    return error ? path : target;
+}
+
+}  // namespace
+
+std::string AtomicFile::read(const std::filesystem::path& path, std::size_t maximumSize) {
+    const ReadDescriptor descriptor(path);
+    struct stat status {};
+    if (::fstat(descriptor.get(), &status) != 0) {
+        fail("cannot read", path, errno);
+    }
+    if (S_ISDIR(status.st_mode)) {
+        fail("cannot read", path, EISDIR);
+    }
+    if (!S_ISREG(status.st_mode)) {
+        throw FileError(fmt::format("cannot read {}: not a regular file", path.string()), 0);
+    }
+    std::string bytes;
+    std::array<char, std::size_t{64} * 1024> buffer{};
+    for (;;) {
+        const ssize_t count = ::read(descriptor.get(), buffer.data(), buffer.size());
+        if (count < 0) {
+            if (errno == EINTR) {
+                continue;
+            }
+            fail("cannot read", path, errno);
+        }
+        if (count == 0) {
+            return bytes;
+        }
+        bytes.append(buffer.data(), static_cast<std::size_t>(count));
+        if (bytes.size() > maximumSize) {
+            throw FileError(
+                fmt::format("cannot read {}: over {} bytes", path.string(), maximumSize), EFBIG);
+        }
+    }
+}
+
+void AtomicFile::write(const std::filesystem::path& path,
+                       std::string_view bytes,
+                       FileOperations& operations) {
+    const std::filesystem::path target = resolve(path);
+    makeFolders(target.parent_path(), operations);
+    {
+        TemporaryFile temporary(target, operations);
+        temporary.fill(bytes);
+        temporary.moveTo(target);
+    }
+    synchroniseFolder(target.has_parent_path() ? target.parent_path() : ".", operations);
+}
+
+}  // namespace quillbar

@@ -1,0 +1,122 @@
+// SPDX-FileCopyrightText: 2026 The Quillbar developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "QuillbarCore/runtime/Cancelled.h"
+#include "QuillbarCore/runtime/Executor.h"
+#include "QuillbarCore/runtime/TaskContext.h"
+
+#include <coroutine>
+#include <utility>
+
+namespace quillbar {
+
+/// What every `Await` has whatever its operation: the suspended coroutine and how far it came.
+class AwaitBase : protected ReadyNode,
+                  protected PendingOperation {
+protected:
+    AwaitBase() = default;
+    ~AwaitBase() = default;
+
+    void complete() noexcept {
+        if (m_completed) {
+            return;
+        }
+        m_completed = true;
+        if (context->pending == this) {
+            context->pending = nullptr;
+        }
+        context->executor.enqueue(*this);
+    }
+
+    bool m_started = false;
+    bool m_completed = false;
+    bool m_cancelled = false;
+
+    friend class Completion;
+};
+
+/// What an operation calls once, when it is done. The waiting coroutine is queued, not resumed.
+/// Valid until the operation's `stop` or its destruction.
+class Completion {
+public:
+    Completion() = default;
+    explicit Completion(AwaitBase* await)
+        : m_await(await) {}
+
+    void operator()() const noexcept { m_await->complete(); }
+
+    /// The executor on which the waiting coroutine runs.
+    [[nodiscard]] Executor& executor() const noexcept { return m_await->context->executor; }
+
+private:
+    AwaitBase* m_await = nullptr;
+};
+
+/// Awaits an operation, which is any type with
+///
+///     bool ready();                 // done already, so that there is nothing to wait for
+///     void start(Completion done);  // subscribe and call done() later; inside start() is fine too
+///     void stop() noexcept;         // unsubscribe: done() is not called afterwards. Called once,
+///                                   // only when cancelled or destroyed while waiting
+///     R result();                   // the value, or throw
+///
+/// It throws what `start` and `result` throw, and `Cancelled` when the task is or gets cancelled. It
+/// lives in the awaiting coroutine's frame and never moves.
+template <class Operation>
+class [[nodiscard]] Await final : AwaitBase {
+public:
+    template <class... Arguments>
+    explicit Await(std::in_place_t /*tag*/, Arguments&&... arguments)
+        : m_operation(std::forward<Arguments>(arguments)...) {}
+    Await(const Await&) = delete;
+    Await& operator=(const Await&) = delete;
+    Await(Await&&) = delete;
+    Await& operator=(Await&&) = delete;
+
+    ~Await() {
+        if (m_started && !m_completed) {
+            if (context->pending == this) {
+                context->pending = nullptr;
+            }
+            m_operation.stop();
+        }
+    }
+
+    [[nodiscard]] bool await_ready() const noexcept { return false; }
+
+    template <class Promise>
+    bool await_suspend(std::coroutine_handle<Promise> coroutine) {
+        context = coroutine.promise().context;
+        handle = coroutine;
+        if (context->cancelled) {
+            m_cancelled = true;
+            return false;
+        }
+        if (m_operation.ready()) {
+            return false;
+        }
+        context->pending = this;
+        m_started = true;
+        m_operation.start(Completion{this});
+        return true;
+    }
+
+    decltype(auto) await_resume() {
+        if (m_cancelled) {
+            throw Cancelled{};
+        }
+        return m_operation.result();
+    }
+
+private:
+    void cancel() noexcept override {
+        m_cancelled = true;
+        m_operation.stop();
+        complete();
+    }
+
+    Operation m_operation;
+};
+
+}  // namespace quillbar

@@ -1,0 +1,76 @@
+// SPDX-FileCopyrightText: 2026 The Quillbar developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "QuillbarCore/runtime/Await.h"
+#include "QuillbarCore/runtime/ListHook.h"
+#include "QuillbarCore/runtime/ManualExecutor.h"
+#include "QuillbarCore/runtime/Sleeper.h"
+#include "QuillbarCore/runtime/Time.h"
+
+#include <cstddef>
+#include <vector>
+
+namespace quillbar {
+
+/// The manual twin of clock and sleeper, driven together with a manual executor: time passes only
+/// when a test says so. Outlives everything that uses its clock or its sleeper.
+class ManualTime {
+public:
+    /// 2026-11-14T12:00:00Z unless told otherwise.
+    explicit ManualTime(ManualExecutor& executor, TimePoint start = TimePoint(Seconds(1794657600)));
+
+    [[nodiscard]] TimePoint now() const noexcept { return m_now; }
+    [[nodiscard]] Clock clock() const;
+    [[nodiscard]] Sleeper sleeper();
+
+    /// Lets time pass smoothly: what is due on the way wakes at its own instant, in order, and the
+    /// executor runs after each.
+    void advance(Seconds span);
+
+    /// Lets time pass at once, as for a laptop that slept: everything due wakes late, at the end.
+    void jump(Seconds span);
+
+    /// Sets the wall clock alone, forwards or backwards: nobody wakes.
+    void setClock(TimePoint now) noexcept { m_now = now; }
+
+    /// How many sleeps are pending.
+    [[nodiscard]] std::size_t sleepingCount() const noexcept;
+
+    /// The length in seconds of every sleep asked for, in order.
+    std::vector<double> requested;
+
+private:
+    struct SleepHook : ListHook {
+        Completion done;
+        Seconds due{};
+    };
+
+    class SleepOperation {
+    public:
+        SleepOperation(ManualTime& time, Seconds span)
+            : m_time(time)
+            , m_span(span) {}
+        [[nodiscard]] bool ready() const noexcept { return false; }
+        void start(Completion done);
+        void stop() noexcept { m_hook.unlink(); }
+        void result() const noexcept {}
+
+    private:
+        ManualTime& m_time;
+        Seconds m_span;
+        SleepHook m_hook{};
+    };
+
+    Task<void> sleep(Seconds span);
+    [[nodiscard]] SleepHook* earliest() const noexcept;
+    static void wake(SleepHook& hook) noexcept;
+
+    ManualExecutor& m_executor;
+    TimePoint m_now;
+    // Apart from the wall clock, which a test may set.
+    Seconds m_elapsed{};
+    ListHook m_sleeping;
+};
+
+}  // namespace quillbar

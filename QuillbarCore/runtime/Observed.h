@@ -1,0 +1,121 @@
+// SPDX-FileCopyrightText: 2026 The Quillbar developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <boost/signals2/connection.hpp>
+#include <boost/signals2/dummy_mutex.hpp>
+#include <boost/signals2/signal_type.hpp>
+
+#include <concepts>
+#include <functional>
+#include <unordered_map>
+#include <utility>
+
+namespace quillbar {
+
+/// Ends the observation when destroyed. May outlive what it observes.
+using Observation = boost::signals2::scoped_connection;
+
+namespace detail {
+
+// Everything observed lives on the main thread, so the signals need no locks.
+template <class... Arguments>
+using MainThreadSignal = typename boost::signals2::signal_type<
+    void(Arguments...),
+    boost::signals2::keywords::mutex_type<boost::signals2::dummy_mutex>>::type;
+
+}  // namespace detail
+
+/// A value that tells its observers of every change. For the main thread.
+template <std::equality_comparable T>
+class Observed {
+public:
+    Observed() = default;
+    explicit Observed(T value)
+        : m_value(std::move(value)) {}
+    Observed(const Observed&) = delete;
+    Observed& operator=(const Observed&) = delete;
+    Observed(Observed&&) = delete;
+    Observed& operator=(Observed&&) = delete;
+    ~Observed() = default;
+
+    [[nodiscard]] const T& get() const noexcept { return m_value; }
+    [[nodiscard]] const T& operator*() const noexcept { return m_value; }
+    [[nodiscard]] const T* operator->() const noexcept { return &m_value; }
+
+    /// Stores the value and tells the observers, unless it equals the one before.
+    void set(T value) {
+        if (value == m_value) {
+            return;
+        }
+        m_value = std::move(value);
+        m_changed(m_value);
+    }
+
+    /// Calls `observer` with the value after each change, until the observation is destroyed. The
+    /// observer may change observations, this one among them.
+    [[nodiscard]] Observation observe(std::function<void(const T&)> observer) const {
+        return m_changed.connect(std::move(observer));
+    }
+
+private:
+    T m_value{};
+    mutable detail::MainThreadSignal<const T&> m_changed;
+};
+
+/// A map that tells its observers which key has changed, without copying the rest. For the main
+/// thread.
+template <class Key, std::equality_comparable Value>
+class ObservedMap {
+public:
+    using Map = std::unordered_map<Key, Value>;
+
+    [[nodiscard]] const Map& get() const noexcept { return m_map; }
+    [[nodiscard]] const Map& operator*() const noexcept { return m_map; }
+    [[nodiscard]] const Map* operator->() const noexcept { return &m_map; }
+
+    /// The value under `key`; null when there is none. Valid until the map changes.
+    [[nodiscard]] const Value* find(const Key& key) const {
+        const auto found = m_map.find(key);
+        return found == m_map.end() ? nullptr : &found->second;
+    }
+
+    /// Stores a value and tells the observers, unless the key already holds an equal one.
+    void set(const Key& key, Value value) {
+        const auto [position, isNew] = m_map.try_emplace(key, value);
+        if (!isNew) {
+            if (position->second == value) {
+                return;
+            }
+            position->second = std::move(value);
+        }
+        m_changed(key);
+    }
+
+    /// Removes a key and tells the observers, if it is there.
+    void remove(const Key& key) {
+        if (m_map.erase(key) != 0) {
+            m_changed(key);
+        }
+    }
+
+    /// Removes every key and tells the observers of each.
+    void clear() {
+        const Map removed = std::exchange(m_map, {});
+        for (const auto& [key, value] : removed) {
+            m_changed(key);
+        }
+    }
+
+    /// Calls `observer` with the key after each change of its value, until the observation is
+    /// destroyed.
+    [[nodiscard]] Observation observe(std::function<void(const Key&)> observer) const {
+        return m_changed.connect(std::move(observer));
+    }
+
+private:
+    Map m_map;
+    mutable detail::MainThreadSignal<const Key&> m_changed;
+};
+
+}  // namespace quillbar
