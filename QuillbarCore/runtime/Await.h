@@ -14,10 +14,7 @@ namespace quillbar {
 /// What every `Await` has whatever its operation: the suspended coroutine and how far it came.
 class AwaitBase : protected ReadyNode,
                   protected PendingOperation {
-protected:
-    AwaitBase() = default;
-    ~AwaitBase() = default;
-
+public:
     void complete() noexcept {
         if (m_completed) {
             return;
@@ -29,11 +26,15 @@ protected:
         context->executor.enqueue(*this);
     }
 
+    [[nodiscard]] Executor& executor() const noexcept { return context->executor; }
+
+protected:
+    AwaitBase() = default;
+    ~AwaitBase() = default;
+
     bool m_started = false;
     bool m_completed = false;
     bool m_cancelled = false;
-
-    friend class Completion;
 };
 
 /// What an operation calls once, when it is done. The waiting coroutine is queued, not resumed.
@@ -47,7 +48,7 @@ public:
     void operator()() const noexcept { m_await->complete(); }
 
     /// The executor on which the waiting coroutine runs.
-    [[nodiscard]] Executor& executor() const noexcept { return m_await->context->executor; }
+    [[nodiscard]] Executor& executor() const noexcept { return m_await->executor(); }
 
 private:
     AwaitBase* m_await = nullptr;
