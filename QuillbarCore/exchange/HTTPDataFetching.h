@@ -1,0 +1,37 @@
+// SPDX-FileCopyrightText: 2026 The Quillbar developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "QuillbarCore/runtime/Task.h"
+
+#include <string>
+
+namespace quillbar {
+
+/// An HTTP answer that arrived whole.
+struct HTTPResponse {
+    /// The bytes, decompressed.
+    std::string body;
+    /// The HTTP status code; 0 when what answered does not speak HTTP.
+    int status = 0;
+
+    bool operator==(const HTTPResponse&) const = default;
+};
+
+/// All HTTP traffic of the core goes through this seam.
+class HTTPDataFetching {
+public:
+    HTTPDataFetching() = default;
+    HTTPDataFetching(const HTTPDataFetching&) = default;
+    HTTPDataFetching& operator=(const HTTPDataFetching&) = default;
+    HTTPDataFetching(HTTPDataFetching&&) = default;
+    HTTPDataFetching& operator=(HTTPDataFetching&&) = default;
+    virtual ~HTTPDataFetching() = default;
+
+    /// GETs an absolute, percent-encoded URL. Any status is returned, 4xx and 5xx included. Throws
+    /// `URLError` for transport errors alone, and `Cancelled` when the awaiting task is cancelled,
+    /// which ends the transfer. Many fetches may run at once; the fetcher outlives them.
+    virtual Task<HTTPResponse> fetch(std::string url) = 0;
+};
+
+}  // namespace quillbar
