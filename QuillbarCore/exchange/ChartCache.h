@@ -1,0 +1,46 @@
+// SPDX-FileCopyrightText: 2026 The Quillbar developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "QuillbarCore/exchange/Candle.h"
+#include "QuillbarCore/exchange/ChartRange.h"
+#include "QuillbarCore/runtime/Time.h"
+
+#include <functional>
+#include <map>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace quillbar {
+
+/// The candles fetched so far, by pair and range. A value: an insertion returns another one, and
+/// copies share nothing. It keeps every entry until another replaces it: there is at most one for
+/// each coin and range that the user has looked at.
+class ChartCache final {
+public:
+    /// The candles stored for this pair and range, when they are fresh: less than the range's time
+    /// to live old. Candles stored later than `now` (the clock was set back) are fresh.
+    [[nodiscard]] std::optional<std::vector<Candle>> value(std::string_view symbol,
+                                                           ChartRange range,
+                                                           TimePoint now) const;
+
+    /// The cache with these candles, which may be none, stored at `now` for this pair and range in
+    /// place of those before.
+    [[nodiscard]] ChartCache inserting(std::vector<Candle> candles,
+                                       std::string symbol,
+                                       ChartRange range,
+                                       TimePoint now) const;
+
+private:
+    struct Entry {
+        std::vector<Candle> candles;
+        TimePoint storedAt;
+    };
+
+    // By range within symbol; a symbol can be looked up without a copy of its text.
+    std::map<std::string, std::map<ChartRange, Entry>, std::less<>> m_entries;
+};
+
+}  // namespace quillbar

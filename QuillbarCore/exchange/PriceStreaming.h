@@ -1,0 +1,42 @@
+// SPDX-FileCopyrightText: 2026 The Quillbar developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "QuillbarCore/exchange/PriceEvent.h"
+#include "QuillbarCore/runtime/AsyncStream.h"
+#include "QuillbarCore/runtime/Task.h"
+
+#include <string>
+#include <vector>
+
+namespace quillbar {
+
+/// The live prices of some pairs, as the application sees them. Belongs to the executor's thread.
+class PriceStreaming {
+public:
+    PriceStreaming() = default;
+    PriceStreaming(const PriceStreaming&) = delete;
+    PriceStreaming& operator=(const PriceStreaming&) = delete;
+    PriceStreaming(PriceStreaming&&) = delete;
+    PriceStreaming& operator=(PriceStreaming&&) = delete;
+    virtual ~PriceStreaming() = default;
+
+    /// The one stream of events for the life of this object: unbounded, for one consumer. It never
+    /// fails, and ends only with this object.
+    [[nodiscard]] virtual AsyncStream<PriceEvent>& events() = 0;
+
+    /// Replaces the pairs that are watched and connects again, also when they are the same. The
+    /// events tell what becomes of it. Throws only `Cancelled`.
+    virtual Task<void> setSymbols(std::vector<std::string> symbols) = 0;
+
+    /// Ends the connection and reports `disconnected`. `setSymbols` starts again. Throws only
+    /// `Cancelled`.
+    virtual Task<void> stop() = 0;
+
+    /// Says that the machine woke from sleep or that a network came back: a connection that lives is
+    /// probably dead, and waiting out a back-off is pointless. Connects again at once, as
+    /// `setSymbols` with the same pairs does; does nothing while nothing is subscribed.
+    virtual void poke() = 0;
+};
+
+}  // namespace quillbar
