@@ -14,12 +14,13 @@ function(quillbar_floor name)
 endfunction()
 
 # A test program of every *Test.cpp in its folder, named quillbar-tests-NAME and run by ctest as
-# NAME. LIBRARIES names what it links to beside GoogleTest.
+# NAME. LIBRARIES names what it links to beside GoogleTest; what else is given goes to
+# quillbar_add_test.
 function(quillbar_tests name)
     cmake_parse_arguments(TESTS "" "" "LIBRARIES" ${ARGN})
     file(GLOB sources CONFIGURE_DEPENDS *.cpp *.h)
     add_executable(quillbar-tests-${name} ${sources})
     target_link_libraries(quillbar-tests-${name}
         PRIVATE quillbar_flags quillbar_test_support ${TESTS_LIBRARIES} GTest::gmock GTest::gtest)
-    quillbar_add_test(${name} quillbar-tests-${name})
+    quillbar_add_test(${name} quillbar-tests-${name} ${TESTS_UNPARSED_ARGUMENTS})
 endfunction()

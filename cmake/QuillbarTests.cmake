@@ -1,0 +1,63 @@
+# SPDX-FileCopyrightText: 2026 The Quillbar developers
+# SPDX-License-Identifier: MIT
+#
+# Every test program runs three times: as it is; shuffled, in German and in Shanghai (decimal
+# commas, a day that begins eight hours early); and in Santiago (a midnight that does not exist).
+
+# The German locale is compiled here because a bare Debian has none.
+set(QUILLBAR_LOCALES "${CMAKE_BINARY_DIR}/locales")
+add_custom_command(
+    OUTPUT "${QUILLBAR_LOCALES}/de_DE.UTF-8/LC_NUMERIC"
+    COMMAND ${CMAKE_COMMAND} -E make_directory "${QUILLBAR_LOCALES}"
+    COMMAND localedef -i de_DE -f UTF-8 "${QUILLBAR_LOCALES}/de_DE.UTF-8"
+    DEPENDS /usr/share/i18n/locales/de_DE
+    COMMENT "Compiling the German locale that the tests run under"
+    VERBATIM)
+add_custom_target(quillbar-test-locales ALL
+    DEPENDS "${QUILLBAR_LOCALES}/de_DE.UTF-8/LC_NUMERIC")
+
+set(QUILLBAR_GERMAN_SHANGHAI
+    "LOCPATH=${QUILLBAR_LOCALES}" "LC_ALL=de_DE.UTF-8" "LANGUAGE=" "TZ=Asia/Shanghai")
+set(QUILLBAR_SANTIAGO "LC_ALL=C.UTF-8" "TZ=America/Santiago")
+
+# What a sanitizer must find beyond what it looks for by itself, for every test program.
+set(QUILLBAR_TEST_ENVIRONMENT "")
+set(QUILLBAR_TEST_PATIENCE 1)
+if(QUILLBAR_SANITIZERS)
+    string(JOIN ":" asan_options
+        detect_leaks=1 strict_string_checks=1 detect_stack_use_after_return=1
+        check_initialization_order=1 strict_init_order=1)
+    set(QUILLBAR_TEST_ENVIRONMENT
+        "ASAN_OPTIONS=${asan_options}"
+        "UBSAN_OPTIONS=print_stacktrace=1:halt_on_error=1"
+        "TSAN_OPTIONS=halt_on_error=1:second_deadlock_stack=1"
+        "ASAN_SYMBOLIZER_PATH=/usr/bin/llvm-symbolizer-16")
+    set(QUILLBAR_TEST_PATIENCE 4)
+endif()
+
+# Registers one run of a test program. ARGUMENTS go to the program; TIMEOUT is in seconds.
+function(quillbar_add_test_run name program)
+    cmake_parse_arguments(RUN "SERIAL" "TIMEOUT" "ARGUMENTS;ENVIRONMENT" ${ARGN})
+    if(NOT RUN_TIMEOUT)
+        set(RUN_TIMEOUT 60)
+    endif()
+    math(EXPR patience "${RUN_TIMEOUT} * ${QUILLBAR_TEST_PATIENCE}")
+    list(APPEND RUN_ENVIRONMENT ${QUILLBAR_TEST_ENVIRONMENT})
+    add_test(NAME ${name} COMMAND ${program} ${RUN_ARGUMENTS})
+    set_tests_properties(${name} PROPERTIES
+        ENVIRONMENT "${RUN_ENVIRONMENT}"
+        TIMEOUT ${patience})
+    if(RUN_SERIAL)
+        set_tests_properties(${name} PROPERTIES RUN_SERIAL ON)
+    endif()
+endfunction()
+
+# Runs a test program under ctest, in each of the three ways. TIMEOUT is in seconds, 60 when not
+# given, and longer under a sanitizer. SERIAL keeps other tests from running beside it.
+function(quillbar_add_test name program)
+    quillbar_add_test_run(${name} ${program} ${ARGN})
+    quillbar_add_test_run(${name}:shuffled-german-shanghai ${program} ${ARGN}
+        ARGUMENTS --gtest_shuffle ENVIRONMENT ${QUILLBAR_GERMAN_SHANGHAI})
+    quillbar_add_test_run(${name}:santiago ${program} ${ARGN}
+        ENVIRONMENT ${QUILLBAR_SANTIAGO})
+endfunction()

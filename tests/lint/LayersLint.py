@@ -1,0 +1,92 @@
+# SPDX-FileCopyrightText: 2026 The Quillbar developers
+# SPDX-License-Identifier: MIT
+"""A file includes only from its own room or from a lower floor, by its path from the root."""
+import pathlib
+import re
+
+from Lint import lint
+
+FLOORS = {
+    "QuillbarCore/runtime": 1,
+    "QuillbarCore/model": 2,
+    "QuillbarCore/exchange": 3,
+    "QuillbarCore/catalog": 4,
+    "QuillbarCore/market": 5,
+    "QuillbarCore/state": 6,
+    "Quillbar": 7,
+}
+CORE = {room for room, floor in FLOORS.items() if floor < FLOORS["Quillbar"]}
+# Rooms that stand beside the floors, and what they may include.
+BESIDE = {
+    "simulator": CORE,
+    "fuzz": CORE | {"tests"},
+    "benchmarks": set(FLOORS) | {"simulator", "tests"},
+    "tests": set(FLOORS) | {"simulator", "fuzz", "benchmarks"},
+}
+INCLUDE = re.compile(r'^[ \t]*#[ \t]*include[ \t]*(["<])([^">]+)[">]', re.MULTILINE)
+
+
+def room_of(path):
+    parts = pathlib.PurePosixPath(path).parts
+    for length in (2, 1):
+        room = "/".join(parts[:length])
+        if len(parts) > length and (room in FLOORS or room in BESIDE):
+            return room
+    return None
+
+
+def may_include(user, used):
+    if user == used:
+        return True
+    if user in FLOORS:
+        return used in FLOORS and FLOORS[used] < FLOORS[user]
+    return used in BESIDE.get(user, ())
+
+
+def check(tree):
+    for source in tree.sources():
+        room = room_of(source.path)
+        if room is None:
+            yield (f"{source.path}: this folder is on no floor; give it one in "
+                   "tests/lint/LayersLint.py, or move the file into a room")
+            continue
+        for match in INCLUDE.finditer(source.text):
+            mark, path = match.groups()
+            used = room_of(path)
+            if mark == "<":
+                if used:
+                    yield source.at(match.start(), f'write "{path}", in quotes: it is ours')
+            elif path.endswith(".moc"):
+                continue
+            elif used is None or not (tree.root / path).is_file():
+                yield source.at(match.start(), f'"{path}" is no file of ours by its path from the '
+                                "project's root; write that path, or <> when it is not ours")
+            elif not may_include(room, used):
+                yield source.at(match.start(), f"{room} must not include from {used}: a file "
+                                "includes only from its own room or a lower floor. Move what is "
+                                "shared down, or hand it in from above")
+
+
+def sample(user, used):
+    return {used: "", user: f'#include "{used}"\n'}
+
+
+lint(check,
+     bad=[sample("QuillbarCore/runtime/A.h", "QuillbarCore/model/B.h"),
+          sample("QuillbarCore/catalog/A.cpp", "QuillbarCore/state/B.h"),
+          sample("QuillbarCore/exchange/A.h", "Quillbar/label/B.h"),
+          sample("Quillbar/label/A.cpp", "simulator/B.h"),
+          sample("Quillbar/label/A.cpp", "tests/support/B.h"),
+          sample("simulator/A.cpp", "tests/support/B.h"),
+          sample("simulator/A.cpp", "Quillbar/label/B.h"),
+          {"QuillbarCore/model/A.h": "", "QuillbarCore/model/B.h": '#include "A.h"\n'},
+          {"QuillbarCore/model/A.h": "",
+           "QuillbarCore/state/B.h": "#include <QuillbarCore/model/A.h>\n"},
+          {"QuillbarCore/cellar/A.h": ""}],
+     good=[sample("QuillbarCore/model/A.h", "QuillbarCore/runtime/B.h"),
+           sample("QuillbarCore/model/A.h", "QuillbarCore/model/B.h"),
+           sample("QuillbarCore/state/A.cpp", "QuillbarCore/market/B.h"),
+           sample("Quillbar/label/A.cpp", "Quillbar/platform/B.h"),
+           sample("simulator/A.cpp", "QuillbarCore/model/B.h"),
+           sample("tests/integration/A.cpp", "simulator/B.h"),
+           {"QuillbarCore/model/A.h": "#include <vector>\n"}])
