@@ -2,23 +2,12 @@
 // SPDX-License-Identifier: MIT
 #include "QuillbarCore/model/Watchlist.h"
 
-#include <fmt/core.h>
+#include "QuillbarCore/model/ProgrammingError.h"
 
 #include <algorithm>
-#include <cstdio>
-#include <cstdlib>
 #include <iterator>
 
 namespace quillbar {
-
-namespace {
-
-[[noreturn]] void abortMove(const char* what, std::size_t offset, std::size_t count) {
-    fmt::print(stderr, "Watchlist::moving: {} {} in a list of {}\n", what, offset, count);
-    std::abort();
-}
-
-}  // namespace
 
 const Watchlist& Watchlist::defaultWatchlist() {
     static const Watchlist kDefault{kCurrentSchemaVersion,
@@ -60,10 +49,10 @@ Watchlist Watchlist::moving(const std::set<std::size_t>& fromOffsets, std::size_
         return *this;
     }
     if (*fromOffsets.rbegin() >= coins.size()) {
-        abortMove("offset", *fromOffsets.rbegin(), coins.size());
+        programmingError("Watchlist::moving: an offset that is not on the list");
     }
     if (toOffset > coins.size()) {
-        abortMove("destination", toOffset, coins.size());
+        programmingError("Watchlist::moving: a destination past the list's end");
     }
     Watchlist result{schemaVersion, {}, pinnedSymbol};
     result.coins.reserve(coins.size());

@@ -1,0 +1,138 @@
+// SPDX-FileCopyrightText: 2026 The Quillbar developers
+// SPDX-License-Identifier: MIT
+#include "QuillbarCore/model/Calendar.h"
+
+#include "QuillbarCore/model/ProgrammingError.h"
+
+#include <fmt/core.h>
+
+#include <chrono>
+#include <cmath>
+#include <cstdlib>
+#include <date/date.h>
+#include <date/tz.h>
+#include <exception>
+#include <filesystem>
+#include <fstream>
+#include <stdexcept>
+#include <utility>
+
+namespace quillbar {
+
+namespace {
+
+constexpr double kFurthestSecond = 30'000 * 365.2425 * 86'400;
+
+/// The zone of that name with its file loaded; null when the system lacks it or cannot read it.
+const date::time_zone* loadedZone(std::string_view name) {
+    try {
+        const date::time_zone* zone = date::locate_zone(name);
+        static_cast<void>(zone->get_info(date::sys_seconds{}));
+        return zone;
+    } catch (const std::exception&) {
+        return nullptr;
+    }
+}
+
+/// The name of a zone from its file's path, "/usr/share/zoneinfo/posix/Asia/Tokyo"; a text that is
+/// no such path comes back as it is.
+std::string_view zoneNameOfPath(std::string_view path) {
+    constexpr std::string_view kDatabase = "zoneinfo/";
+    const std::size_t found = path.rfind(kDatabase);
+    std::string_view name =
+        found == std::string_view::npos ? path : path.substr(found + kDatabase.size());
+    // The same zones again, without and with leap seconds.
+    for (const std::string_view variant : {"posix/", "right/"}) {
+        if (name.starts_with(variant)) {
+            name.remove_prefix(variant.size());
+        }
+    }
+    return name;
+}
+
+/// The zone the system is set to; null when that cannot be told.
+const date::time_zone* systemZone(const std::string& localtimeLink) {
+    std::error_code error;
+    const std::filesystem::path target = std::filesystem::read_symlink(localtimeLink, error);
+    if (!error) {
+        return loadedZone(zoneNameOfPath(target.native()));
+    }
+    if (!std::filesystem::exists(localtimeLink, error)) {
+        return nullptr;
+    }
+    std::string name;
+    std::ifstream("/etc/timezone") >> name;
+    return loadedZone(name);
+}
+
+const date::time_zone* currentZone(const std::string& localtimeLink) {
+    const char* const variable = std::getenv("TZ");
+    if (variable == nullptr) {
+        return systemZone(localtimeLink);
+    }
+    std::string_view name = variable;
+    if (name.starts_with(':')) {
+        name.remove_prefix(1);
+    }
+    if (name.empty()) {
+        return nullptr;
+    }
+    const date::time_zone* const zone = loadedZone(zoneNameOfPath(name));
+    return zone != nullptr ? zone : systemZone(localtimeLink);
+}
+
+/// The whole second at or before the instant.
+date::sys_seconds wholeSecond(TimePoint instant) {
+    const double seconds = std::floor(instant.time_since_epoch().count());
+    if (!(std::abs(seconds) <= kFurthestSecond)) {
+        programmingError("Calendar: an instant that no date can name");
+    }
+    return date::sys_seconds{std::chrono::seconds{static_cast<std::int64_t>(seconds)}};
+}
+
+date::local_days localDay(const date::time_zone* zone, date::sys_seconds instant) {
+    const std::chrono::seconds offset =
+        zone == nullptr ? std::chrono::seconds{0} : zone->get_info(instant).offset;
+    return date::floor<date::days>(date::local_seconds{instant.time_since_epoch() + offset});
+}
+
+}  // namespace
+
+Calendar::Calendar(const date::time_zone* zone, std::string localtimeLink)
+    : m_zone(zone)
+    , m_localtimeLink(std::move(localtimeLink)) {}
+
+Calendar Calendar::fixed(std::string_view zoneName) {
+    const date::time_zone* const zone = loadedZone(zoneName);
+    if (zone == nullptr) {
+        throw std::invalid_argument(fmt::format("unknown time zone \"{}\"", zoneName));
+    }
+    return {zone, {}};
+}
+
+Calendar Calendar::utc() {
+    return {nullptr, {}};
+}
+
+Calendar Calendar::autoupdatingCurrent(std::string localtimeLink) {
+    return {nullptr, std::move(localtimeLink)};
+}
+
+const date::time_zone* Calendar::zone() const {
+    return m_localtimeLink.empty() ? m_zone : currentZone(m_localtimeLink);
+}
+
+CalendarDate Calendar::dateAt(TimePoint instant) const {
+    const date::year_month_day day{localDay(zone(), wholeSecond(instant))};
+    return {int{day.year()}, unsigned{day.month()}, unsigned{day.day()}};
+}
+
+TimePoint Calendar::startOfDay(TimePoint instant) const {
+    const date::time_zone* const zone = this->zone();
+    const date::local_days day = localDay(zone, wholeSecond(instant));
+    const date::sys_seconds start = zone == nullptr ? date::sys_seconds{day.time_since_epoch()}
+                                                    : zone->to_sys(day, date::choose::earliest);
+    return TimePoint{Seconds{start.time_since_epoch()}};
+}
+
+}  // namespace quillbar

@@ -1,0 +1,24 @@
+// SPDX-FileCopyrightText: 2026 The Quillbar developers
+// SPDX-License-Identifier: MIT
+#include "QuillbarCore/model/ChangeBasis.h"
+
+namespace quillbar {
+
+std::string_view rawValue(ChangeBasis basis) {
+    return basis == ChangeBasis::today ? "today" : "rolling24h";
+}
+
+std::optional<ChangeBasis> changeBasisFromRawValue(std::string_view rawText) {
+    for (const ChangeBasis basis : kAllChangeBases) {
+        if (rawValue(basis) == rawText) {
+            return basis;
+        }
+    }
+    return std::nullopt;
+}
+
+std::string_view displayName(ChangeBasis basis) {
+    return basis == ChangeBasis::today ? "今日" : "24 小时";
+}
+
+}  // namespace quillbar

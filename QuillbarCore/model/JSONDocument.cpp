@@ -1,0 +1,101 @@
+// SPDX-FileCopyrightText: 2026 The Quillbar developers
+// SPDX-License-Identifier: MIT
+#include "QuillbarCore/model/JSONDocument.h"
+
+#include <fmt/format.h>
+
+#include <cmath>
+#include <limits>
+#include <nlohmann/json.hpp>
+#include <optional>
+
+namespace quillbar::JSONDocument {
+
+using nlohmann::ordered_json;
+
+namespace {
+
+[[noreturn]] void throwMistyped(const char* key, std::string_view expected) {
+    throw DocumentError(fmt::format("\"{}\" is not {}", key, expected));
+}
+
+/// The value as an integer of 64 bits, when it is one.
+std::optional<std::int64_t> integer(const ordered_json& value) {
+    if (value.is_number_unsigned()) {
+        const auto number = value.get<std::uint64_t>();
+        if (number > std::uint64_t{std::numeric_limits<std::int64_t>::max()}) {
+            return std::nullopt;
+        }
+        return static_cast<std::int64_t>(number);
+    }
+    if (value.is_number_integer()) {
+        return value.get<std::int64_t>();
+    }
+    if (value.is_number_float()) {
+        const auto number = value.get<double>();
+        if (std::trunc(number) == number && number >= -0x1p63 && number < 0x1p63) {
+            return static_cast<std::int64_t>(number);
+        }
+    }
+    return std::nullopt;
+}
+
+}  // namespace
+
+ordered_json parse(std::string_view text) {
+    try {
+        return ordered_json::parse(text);
+    } catch (const ordered_json::exception& error) {
+        throw DocumentError(error.what());
+    }
+}
+
+std::string compactText(const ordered_json& value) {
+    try {
+        return value.dump();
+    } catch (const ordered_json::exception& error) {
+        throw DocumentError(error.what());
+    }
+}
+
+const ordered_json* optionalMember(const ordered_json& object, const char* key) {
+    if (!object.is_object()) {
+        throw DocumentError(fmt::format("no object to hold \"{}\"", key));
+    }
+    const auto found = object.find(key);
+    return found == object.end() || found->is_null() ? nullptr : &*found;
+}
+
+const ordered_json& requiredMember(const ordered_json& object, const char* key) {
+    const ordered_json* const member = optionalMember(object, key);
+    if (member == nullptr) {
+        throw DocumentError(fmt::format("\"{}\" is missing", key));
+    }
+    return *member;
+}
+
+std::string requiredString(const ordered_json& object, const char* key) {
+    const ordered_json& member = requiredMember(object, key);
+    if (!member.is_string()) {
+        throwMistyped(key, "a string");
+    }
+    return member.get<std::string>();
+}
+
+std::int64_t requiredInteger(const ordered_json& object, const char* key) {
+    const std::optional<std::int64_t> number = integer(requiredMember(object, key));
+    if (!number) {
+        throwMistyped(key, "an integer of 64 bits");
+    }
+    return *number;
+}
+
+double requiredNumber(const ordered_json& object, const char* key) {
+    const ordered_json& member = requiredMember(object, key);
+    if (!member.is_number()) {
+        throwMistyped(key, "a number");
+    }
+    return member.get<double>();
+}
+
+}  // namespace quillbar::JSONDocument

@@ -1,0 +1,42 @@
+// SPDX-FileCopyrightText: 2026 The Quillbar developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "QuillbarCore/model/DocumentError.h"
+
+#include <cstdint>
+#include <nlohmann/json_fwd.hpp>
+#include <string>
+#include <string_view>
+
+/// What every document of ours is read and written with. Keys are matched exactly; keys that nobody
+/// asks for are ignored; a null counts as an absent key. Pure; callable from any thread.
+namespace quillbar::JSONDocument {
+
+/// The text as JSON. Throws DocumentError when it is not exactly one JSON value in UTF-8.
+[[nodiscard]] nlohmann::ordered_json parse(std::string_view text);
+
+/// The value as compact text, its keys in the order in which they were set. Throws DocumentError
+/// when a string in it is not UTF-8.
+[[nodiscard]] std::string compactText(const nlohmann::ordered_json& value);
+
+/// The member of that key, or null when it is absent or the JSON null; the pointer lives as long as
+/// the object. Throws DocumentError when the value is no object.
+[[nodiscard]] const nlohmann::ordered_json* optionalMember(const nlohmann::ordered_json& object,
+                                                           const char* key);
+
+/// As optionalMember, but throws DocumentError when there is none.
+[[nodiscard]] const nlohmann::ordered_json& requiredMember(const nlohmann::ordered_json& object,
+                                                           const char* key);
+
+/// The string of that key. Throws DocumentError when it is absent or no string.
+[[nodiscard]] std::string requiredString(const nlohmann::ordered_json& object, const char* key);
+
+/// The integer of that key: any JSON number without a fraction (1.0 and 1e0 are 1) that fits 64
+/// bits. Throws DocumentError when it is absent or anything else.
+[[nodiscard]] std::int64_t requiredInteger(const nlohmann::ordered_json& object, const char* key);
+
+/// The number of that key. Throws DocumentError when it is absent or no number.
+[[nodiscard]] double requiredNumber(const nlohmann::ordered_json& object, const char* key);
+
+}  // namespace quillbar::JSONDocument

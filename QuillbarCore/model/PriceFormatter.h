@@ -1,0 +1,23 @@
+// SPDX-FileCopyrightText: 2026 The Quillbar developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <optional>
+#include <string>
+
+/// The texts of prices and changes. They follow no locale. Pure; callable from any thread.
+namespace quillbar::PriceFormatter {
+
+/// A price: below 1 in magnitude up to four significant digits (0.1235), otherwise grouped with
+/// two decimals (67,234.50). Rounds the shortest decimal half to even.
+[[nodiscard]] std::string price(double value);
+
+/// A change in percent, always signed, with two decimals as printf rounds them: +1.23%, -0.50%,
+/// +0.00% for 0.001; "0.00%" for either zero.
+[[nodiscard]] std::string percent(double value);
+
+/// The change beside the price in the menu bar: ▲ for a rise, ▼ for a fall, · otherwise, then the
+/// magnitude padded to five places: "▲ 1.23%", "▼12.50%", "· 0.00%"; "—" when absent.
+[[nodiscard]] std::string menuBarChange(std::optional<double> value);
+
+}  // namespace quillbar::PriceFormatter
