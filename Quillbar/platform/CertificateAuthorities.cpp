@@ -1,0 +1,33 @@
+// SPDX-FileCopyrightText: 2026 The Quillbar developers
+// SPDX-License-Identifier: MIT
+#include "Quillbar/platform/CertificateAuthorities.h"
+
+#include "QuillbarCore/runtime/AtomicFile.h"
+
+#include <QByteArray>
+#include <QSslCertificate>
+#include <QSslConfiguration>
+
+#include <fmt/format.h>
+
+namespace quillbar {
+
+std::optional<std::string> trustAuthorities(const std::filesystem::path& pemFile) {
+    std::string pem;
+    try {
+        pem = AtomicFile::read(pemFile);
+    } catch (const FileError& error) {
+        return fmt::format("no certificate authority: {}", error.what());
+    }
+    const auto certificates = QSslCertificate::fromData(QByteArray::fromStdString(pem), QSsl::Pem);
+    if (certificates.isEmpty()) {
+        return fmt::format("no certificate authority: {} holds no PEM certificate",
+                           pemFile.string());
+    }
+    QSslConfiguration configuration = QSslConfiguration::defaultConfiguration();
+    configuration.addCaCertificates(certificates);
+    QSslConfiguration::setDefaultConfiguration(configuration);
+    return std::nullopt;
+}
+
+}  // namespace quillbar

@@ -1,0 +1,31 @@
+// SPDX-FileCopyrightText: 2026 The Quillbar developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QObject>
+
+#include <functional>
+
+namespace quillbar {
+
+/// Tells of the moments after which a live connection is probably dead: the machine has woken from
+/// sleep (logind on the system bus), or a network has come back. Hints, never a gate: one network
+/// backend never reports changes, and without a system bus nothing is told.
+///
+/// Lives on the main thread. Constructing it connects to the system bus, which blocks for up to 25 s
+/// when the bus hangs: do so once a price is on screen.
+class SystemEvents final : public QObject {
+    Q_OBJECT
+
+public:
+    /// `onResume` is called on the main thread, perhaps several times for one cause.
+    explicit SystemEvents(std::function<void()> onResume);
+
+private:
+    Q_SLOT void prepareForSleep(bool isGoingToSleep);
+    void watchNetwork();
+
+    std::function<void()> m_onResume;
+};
+
+}  // namespace quillbar

@@ -1,0 +1,30 @@
+// SPDX-FileCopyrightText: 2026 The Quillbar developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QSocketNotifier>
+
+#include <array>
+#include <functional>
+#include <memory>
+
+namespace quillbar {
+
+/// Turns SIGINT and SIGTERM into one call on the main thread, and ignores SIGPIPE: a closed pipe is
+/// told by the write that fails. One at a time per process; the destructor restores the defaults.
+class TerminationSignals final {
+public:
+    explicit TerminationSignals(std::function<void()> onTerminate);
+    TerminationSignals(const TerminationSignals&) = delete;
+    TerminationSignals& operator=(const TerminationSignals&) = delete;
+    TerminationSignals(TerminationSignals&&) = delete;
+    TerminationSignals& operator=(TerminationSignals&&) = delete;
+    ~TerminationSignals();
+
+private:
+    std::function<void()> m_onTerminate;
+    std::array<int, 2> m_pipe{-1, -1};
+    std::unique_ptr<QSocketNotifier> m_notifier;
+};
+
+}  // namespace quillbar
