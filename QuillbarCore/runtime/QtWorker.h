@@ -1,0 +1,16 @@
+// SPDX-FileCopyrightText: 2026 The Quillbar developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "QuillbarCore/runtime/Worker.h"
+
+#include <memory>
+
+namespace quillbar {
+
+/// A worker with one thread, which runs the jobs one after another in the order given and is given
+/// back to the system soon after the last. Destroying the worker drops the jobs that wait and waits
+/// for the one that runs.
+[[nodiscard]] std::unique_ptr<Worker> makeQtWorker();
+
+}  // namespace quillbar
