@@ -33,7 +33,7 @@ std::optional<std::int64_t> integer(const ordered_json& value) {
     }
     if (value.is_number_float()) {
         const auto number = value.get<double>();
-        if (std::trunc(number) == number && number >= -0x1p63 && number < 0x1p63) {
+        if (std::trunc(number) == number && number > -0x1p63 && number < 0x1p63) {
             return static_cast<std::int64_t>(number);
         }
     }
@@ -43,6 +43,11 @@ std::optional<std::int64_t> integer(const ordered_json& value) {
 }  // namespace
 
 ordered_json parse(std::string_view text) {
+    // The parser would take a zero byte for the end, and so a file that a crash filled up with
+    // zeros for a whole one.
+    if (text.find('\0') != std::string_view::npos) {
+        throw DocumentError("a zero byte in the text");
+    }
     try {
         return ordered_json::parse(text);
     } catch (const ordered_json::exception& error) {

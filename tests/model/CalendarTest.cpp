@@ -1,0 +1,146 @@
+// SPDX-FileCopyrightText: 2026 The Quillbar developers
+// SPDX-License-Identifier: MIT
+#include "QuillbarCore/model/Calendar.h"
+#include "tests/model/Instants.h"
+#include "tests/support/TemporaryEnvironment.h"
+#include "tests/support/TemporaryFolder.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <ctime>
+#include <filesystem>
+#include <fstream>
+#include <limits>
+#include <optional>
+#include <stdexcept>
+#include <string>
+
+namespace quillbar {
+namespace {
+
+// 16:30 UTC: already the 15th in Shanghai and Tokyo, still the 14th in Europe and America.
+const TimePoint kAfternoon = utcInstant(2026, 11, 14, 16, 30);
+
+constexpr CalendarDate k14th{2026, 11, 14};
+constexpr CalendarDate k15th{2026, 11, 15};
+
+/// The date on which the user's calendar sees the afternoon, with TZ set like that and the machine
+/// in the zone of that link.
+CalendarDate currentDate(const std::optional<std::string>& tz,
+                         const std::string& localtimeLink = "/etc/localtime") {
+    const TemporaryEnvironment environment("TZ", tz);
+    return Calendar::autoupdatingCurrent(localtimeLink).dateAt(kAfternoon);
+}
+
+/// The date on which the C library sees it.
+CalendarDate dateOfTheCLibrary(const std::optional<std::string>& tz) {
+    const TemporaryEnvironment environment("TZ", tz);
+    ::tzset();
+    const auto seconds = static_cast<std::time_t>(kAfternoon.time_since_epoch().count());
+    std::tm local{};
+    ::localtime_r(&seconds, &local);
+    return {local.tm_year + 1900,
+            static_cast<unsigned>(local.tm_mon + 1),
+            static_cast<unsigned>(local.tm_mday)};
+}
+
+/// A machine whose zone can be changed.
+class Machine final {
+public:
+    [[nodiscard]] std::string localtimeLink() const { return m_folder.path() / "localtime"; }
+
+    void moveTo(const std::string& target) const {
+        std::filesystem::remove(localtimeLink());
+        std::filesystem::create_symlink(target, localtimeLink());
+    }
+
+private:
+    TemporaryFolder m_folder;
+};
+
+TEST(Calendar, takesTheDateInItsZone) {
+    EXPECT_EQ(Calendar::fixed("Asia/Shanghai").dateAt(kAfternoon), k15th);
+    EXPECT_EQ(Calendar::fixed("America/New_York").dateAt(kAfternoon), k14th);
+    EXPECT_EQ(Calendar::utc().dateAt(kAfternoon), k14th);
+}
+
+TEST(Calendar, refusesAZoneThatTheSystemDoesNotKnow) {
+    for (const char* const name : {"", "Asia/Nowhere", "CET-1CEST", "../../../etc/localtime"}) {
+        EXPECT_THROW(static_cast<void>(Calendar::fixed(name)), std::invalid_argument) << name;
+    }
+}
+
+TEST(Calendar, countsDaysBeforeTheEpochAndFractionsOfASecondDownwards) {
+    const Calendar utc = Calendar::utc();
+    EXPECT_EQ(utc.dateAt(utcInstant(1970, 1, 1, 0, 0, -0.001)), (CalendarDate{1969, 12, 31}));
+    EXPECT_EQ(utc.startOfDay(utcInstant(1969, 12, 31, 23, 59, 59.5)), utcInstant(1969, 12, 31));
+    EXPECT_EQ(utc.dateAt(utcInstant(1, 1, 1)), (CalendarDate{1, 1, 1}));
+    EXPECT_EQ(utc.dateAt(utcInstant(2024, 2, 29, 23, 59, 59.999)), (CalendarDate{2024, 2, 29}));
+}
+
+TEST(CalendarDeathTest, abortsOnAnInstantThatNoDateCanName) {
+    GTEST_FLAG_SET(death_test_style, "threadsafe");
+    for (const double seconds : {std::numeric_limits<double>::infinity(), std::nan(""), -1e18}) {
+        EXPECT_DEATH(static_cast<void>(Calendar::utc().dateAt(TimePoint{Seconds{seconds}})),
+                     "an instant that no date can name");
+    }
+}
+
+TEST(Calendar, followsTheZoneThatTheEnvironmentNames) {
+    EXPECT_EQ(currentDate("Asia/Shanghai"), k15th);
+    EXPECT_EQ(currentDate(":Asia/Shanghai"), k15th);
+    EXPECT_EQ(currentDate("/usr/share/zoneinfo/Asia/Shanghai"), k15th);
+    EXPECT_EQ(currentDate(":/usr/share/zoneinfo/posix/Asia/Shanghai"), k15th);
+    EXPECT_EQ(currentDate("America/New_York"), k14th);
+}
+
+TEST(Calendar, agreesWithTheCLibraryOnTheZoneOfTheEnvironment) {
+    for (const char* const tz :
+         {"", ":", "UTC", "Asia/Shanghai", ":Asia/Tokyo", "America/Santiago", "EST5EDT", "GMT"}) {
+        EXPECT_EQ(currentDate(tz), dateOfTheCLibrary(tz)) << tz;
+    }
+    EXPECT_EQ(currentDate(std::nullopt), dateOfTheCLibrary(std::nullopt));
+}
+
+TEST(Calendar, followsTheMachineWhenTheEnvironmentNamesNoZone) {
+    const Machine machine;
+    machine.moveTo("/usr/share/zoneinfo/Asia/Shanghai");
+    EXPECT_EQ(currentDate(std::nullopt, machine.localtimeLink()), k15th);
+    for (const char* const tz : {"CET-1CEST", "CET-1CEST,M3.5.0,M10.5.0/3", "Asia/Nowhere", "/"}) {
+        EXPECT_EQ(currentDate(tz, machine.localtimeLink()), k15th) << tz;
+    }
+    EXPECT_EQ(currentDate("", machine.localtimeLink()), k14th);
+    EXPECT_EQ(currentDate("UTC", machine.localtimeLink()), k14th);
+}
+
+TEST(Calendar, noticesThatTheMachineOrTheEnvironmentMoved) {
+    const TemporaryEnvironment unset("TZ", std::nullopt);
+    const Machine machine;
+    const Calendar calendar = Calendar::autoupdatingCurrent(machine.localtimeLink());
+    machine.moveTo("../usr/share/zoneinfo/Asia/Shanghai");
+    EXPECT_EQ(calendar.dateAt(kAfternoon), k15th);
+    machine.moveTo("/usr/share/zoneinfo/America/New_York");
+    EXPECT_EQ(calendar.dateAt(kAfternoon), k14th);
+    const TemporaryEnvironment tokyo("TZ", "Asia/Tokyo");
+    EXPECT_EQ(calendar.dateAt(kAfternoon), k15th);
+}
+
+TEST(Calendar, fallsBackToUTCOnAMachineWithoutAZone) {
+    const Machine machine;
+    EXPECT_EQ(currentDate(std::nullopt, machine.localtimeLink()), k14th);
+    machine.moveTo("/nowhere");
+    EXPECT_EQ(currentDate(std::nullopt, machine.localtimeLink()), k14th);
+    EXPECT_EQ(currentDate("Asia/Nowhere", machine.localtimeLink()), k14th);
+}
+
+TEST(Calendar, takesTheNamedZoneOfTheMachineWhenItsLinkIsAPlainFile) {
+    const Machine machine;
+    std::ofstream(machine.localtimeLink()) << "the zone's rules, without its name";
+    std::string name;
+    std::ifstream("/etc/timezone") >> name;
+    EXPECT_EQ(currentDate(std::nullopt, machine.localtimeLink()), dateOfTheCLibrary(name));
+}
+
+}  // namespace
+}  // namespace quillbar

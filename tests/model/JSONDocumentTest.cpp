@@ -1,0 +1,74 @@
+// SPDX-FileCopyrightText: 2026 The Quillbar developers
+// SPDX-License-Identifier: MIT
+#include "QuillbarCore/model/JSONDocument.h"
+
+#include <gtest/gtest.h>
+
+#include <nlohmann/json.hpp>
+#include <string>
+
+namespace quillbar {
+namespace {
+
+using JSONDocument::compactText;
+using JSONDocument::parse;
+
+TEST(JSONDocument, keepsTheOrderOfKeysAndWritesNoSpaces) {
+    EXPECT_EQ(compactText(parse(R"( { "b" : 1 , "a" : [ true , null ] } )")),
+              R"({"b":1,"a":[true,null]})");
+}
+
+TEST(JSONDocument, refusesWhatIsNotExactlyOneJSONValueInUTF8) {
+    for (const char* const text : {"",
+                                   " ",
+                                   "{",
+                                   "{\"a\":1}x",
+                                   "{} {}",
+                                   "[1,]",
+                                   "{\"a\":01}",
+                                   "{'a':1}",
+                                   "nan",
+                                   "/* */ 1",
+                                   "\"\xff\"",
+                                   "\"\\ud800\"",
+                                   "1e999"}) {
+        EXPECT_THROW(static_cast<void>(parse(text)), DocumentError) << text;
+    }
+    using namespace std::string_literals;
+    EXPECT_THROW(static_cast<void>(parse("{}\0"s)), DocumentError);
+    EXPECT_THROW(static_cast<void>(parse("{}\0\0x"s)), DocumentError);
+}
+
+TEST(JSONDocument, survivesNestingThatWouldExhaustTheStack) {
+    const std::string deep(1'000'000, '[');
+    EXPECT_THROW(static_cast<void>(parse(deep)), DocumentError);
+    EXPECT_TRUE(parse(deep + std::string(deep.size(), ']')).is_array());
+}
+
+TEST(JSONDocument, refusesToWriteWhatIsNotUTF8) {
+    nlohmann::ordered_json value;
+    value["symbol"] = "\xff\xfe";
+    EXPECT_THROW(static_cast<void>(compactText(value)), DocumentError);
+}
+
+TEST(JSONDocument, findsAMemberThatIsThereAndNotNull) {
+    const auto object = parse(R"({"a":1,"b":null,"A":2})");
+    ASSERT_NE(JSONDocument::optionalMember(object, "a"), nullptr);
+    EXPECT_EQ(*JSONDocument::optionalMember(object, "a"), 1);
+    EXPECT_EQ(JSONDocument::optionalMember(object, "b"), nullptr);
+    EXPECT_EQ(JSONDocument::optionalMember(object, "c"), nullptr);
+    EXPECT_THROW(static_cast<void>(JSONDocument::optionalMember(parse("[]"), "a")), DocumentError);
+}
+
+TEST(JSONDocument, readsTheNumberOfAKey) {
+    const auto object = parse(R"({"whole":3,"part":-0.5,"text":"3","flag":true})");
+    EXPECT_EQ(JSONDocument::requiredNumber(object, "whole"), 3);
+    EXPECT_EQ(JSONDocument::requiredNumber(object, "part"), -0.5);
+    for (const char* const key : {"text", "flag", "none"}) {
+        EXPECT_THROW(static_cast<void>(JSONDocument::requiredNumber(object, key)), DocumentError)
+            << key;
+    }
+}
+
+}  // namespace
+}  // namespace quillbar
