@@ -1,0 +1,78 @@
+// SPDX-FileCopyrightText: 2026 The Quillbar developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "QuillbarCore/exchange/BinanceAPI.h"
+#include "QuillbarCore/model/Coin.h"
+#include "QuillbarCore/runtime/Executor.h"
+#include "QuillbarCore/runtime/Logger.h"
+#include "QuillbarCore/runtime/SharedLoad.h"
+#include "QuillbarCore/runtime/Task.h"
+#include "QuillbarCore/runtime/Time.h"
+
+#include <cstddef>
+#include <filesystem>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace quillbar {
+
+/// Every coin that the exchange trades against USDT: in memory for the life of the process, on disk
+/// for a day, from the network when neither holds it.
+///
+/// Belongs to the executor's thread, which it blocks while it reads or writes its small file.
+/// Destroying it ends the load that runs, and every wait for it with `Cancelled`.
+class CoinCatalog final {
+public:
+    /// How long a file serves.
+    static constexpr Seconds kTimeToLive{86400};
+    /// The most coins that a search finds.
+    static constexpr std::size_t kMaximumMatches = 20;
+
+    /// The file is "coin-catalog.json" in `cacheDirectory`, which need not exist. The executor and
+    /// the exchange outlive the catalog.
+    CoinCatalog(Executor& executor,
+                BinanceAPI& api,
+                const std::filesystem::path& cacheDirectory,
+                Clock now = systemClock());
+
+    /// The whole catalog, in the exchange's order. Who asks while it is being loaded shares the load
+    /// and its outcome; no caller's cancellation touches the load. Once loaded, it stays as it is
+    /// for the life of this object, however old.
+    ///
+    /// Throws what `BinanceAPI::exchangeInfo` throws; the next call tries again. A file that is
+    /// missing, unreadable or damaged is passed over in silence; one that cannot be written costs a
+    /// line in the log.
+    Task<std::vector<Coin>> allCoins();
+
+    /// The coins whose base asset matches the query, at most `kMaximumMatches`: first the ones that
+    /// equal it, then those that begin with it, then those that contain it; each in the exchange's
+    /// order. White space around the query and the case of letters do not matter; an empty query
+    /// matches nothing and loads nothing. Throws what `allCoins` throws.
+    Task<std::vector<Coin>> search(std::string query);
+
+private:
+    using Coins = std::shared_ptr<const std::vector<Coin>>;
+
+    struct CacheEnvelope {
+        TimePoint fetchedAt;
+        std::vector<Coin> coins;
+    };
+
+    Task<Coins> loaded();
+    Task<Coins> loadFromNetwork();
+    [[nodiscard]] std::optional<CacheEnvelope> readDiskCache() const;
+    void saveDiskCache(TimePoint fetchedAt, const std::vector<Coin>& coins) const;
+
+    BinanceAPI& m_api;
+    std::filesystem::path m_cacheFile;
+    Clock m_now;
+    Logger m_logger{"CoinCatalog"};
+    Coins m_memory;  // null until the first load that succeeds
+    // Last: its load uses `this`.
+    SharedLoad<Coins> m_networkLoad;
+};
+
+}  // namespace quillbar

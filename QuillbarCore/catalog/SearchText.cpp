@@ -1,0 +1,60 @@
+// SPDX-FileCopyrightText: 2026 The Quillbar developers
+// SPDX-License-Identifier: MIT
+#include "QuillbarCore/catalog/SearchText.h"
+
+#include <algorithm>
+#include <cstdint>
+#include <unicode/locid.h>
+#include <unicode/uchar.h>
+#include <unicode/unistr.h>
+
+namespace quillbar::SearchText {
+
+namespace {
+
+icu::UnicodeString decoded(std::string_view text) {
+    return icu::UnicodeString::fromUTF8(
+        icu::StringPiece(text.data(), static_cast<std::int32_t>(text.size())));
+}
+
+std::string encoded(const icu::UnicodeString& text) {
+    std::string bytes;
+    text.toUTF8String(bytes);
+    return bytes;
+}
+
+bool isAscii(char byte) {
+    return static_cast<unsigned char>(byte) < 0x80;
+}
+
+char upperCasedAscii(char byte) {
+    return byte >= 'a' && byte <= 'z' ? static_cast<char>(byte - 'a' + 'A') : byte;
+}
+
+}  // namespace
+
+std::string trimmed(std::string_view text) {
+    const icu::UnicodeString characters = decoded(text);
+    std::int32_t begin = 0;
+    std::int32_t end = characters.length();
+    // All white space lies in the first plane, one unit each.
+    while (begin < end && u_isUWhiteSpace(characters.charAt(begin)) != 0) {
+        ++begin;
+    }
+    while (end > begin && u_isUWhiteSpace(characters.charAt(end - 1)) != 0) {
+        --end;
+    }
+    return encoded(characters.tempSubStringBetween(begin, end));
+}
+
+std::string upperCased(std::string_view text) {
+    // Nearly every base asset; the search maps thousands of them at each keystroke.
+    if (std::all_of(text.begin(), text.end(), isAscii)) {
+        std::string result(text);
+        std::transform(result.begin(), result.end(), result.begin(), upperCasedAscii);
+        return result;
+    }
+    return encoded(decoded(text).toUpper(icu::Locale::getRoot()));
+}
+
+}  // namespace quillbar::SearchText

@@ -1,0 +1,44 @@
+// SPDX-FileCopyrightText: 2026 The Quillbar developers
+// SPDX-License-Identifier: MIT
+#include "QuillbarCore/market/RankingBoard.h"
+
+namespace quillbar {
+
+std::string_view rawValue(RankingBoard board) {
+    switch (board) {
+    case RankingBoard::gainers:
+        return "gainers";
+    case RankingBoard::losers:
+        return "losers";
+    case RankingBoard::volume:
+        return "volume";
+    case RankingBoard::marketCap:
+        break;
+    }
+    return "marketCap";
+}
+
+std::optional<RankingBoard> rankingBoardFromRawValue(std::string_view rawText) {
+    for (const RankingBoard board : kAllRankingBoards) {
+        if (rawValue(board) == rawText) {
+            return board;
+        }
+    }
+    return std::nullopt;
+}
+
+std::string_view displayName(RankingBoard board) {
+    switch (board) {
+    case RankingBoard::gainers:
+        return "涨幅";
+    case RankingBoard::losers:
+        return "跌幅";
+    case RankingBoard::volume:
+        return "成交额";
+    case RankingBoard::marketCap:
+        break;
+    }
+    return "市值";
+}
+
+}  // namespace quillbar

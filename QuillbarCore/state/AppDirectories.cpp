@@ -1,0 +1,63 @@
+// SPDX-FileCopyrightText: 2026 The Quillbar developers
+// SPDX-License-Identifier: MIT
+#include "QuillbarCore/state/AppDirectories.h"
+
+#include "QuillbarCore/model/ProgrammingError.h"
+
+#include <cstddef>
+#include <cstdlib>
+#include <pwd.h>
+#include <unistd.h>
+#include <vector>
+
+namespace quillbar::AppDirectories {
+
+namespace {
+
+constexpr const char* kFolderName = "Quillbar";
+
+std::optional<std::filesystem::path> absolutePath(const std::optional<std::string>& text) {
+    if (!text || !text->starts_with('/')) {
+        return std::nullopt;
+    }
+    return std::filesystem::path(*text);
+}
+
+std::optional<std::string> environmentVariable(const char* name) {
+    // Nothing changes the environment while the program runs.
+    const char* const value = std::getenv(name);  // NOLINT(concurrency-mt-unsafe)
+    return value == nullptr ? std::nullopt : std::optional<std::string>(value);
+}
+
+std::optional<std::string> databaseHome() {
+    // More than the longest entry of any user database in use.
+    std::vector<char> buffer(std::size_t{64} * 1024);
+    passwd entry{};
+    passwd* found = nullptr;
+    ::getpwuid_r(::getuid(), &entry, buffer.data(), buffer.size(), &found);
+    if (found == nullptr || found->pw_dir == nullptr) {
+        return std::nullopt;
+    }
+    return found->pw_dir;
+}
+
+}  // namespace
+
+std::filesystem::path applicationSupport(const UserFolders& folders) {
+    if (const auto dataHome = absolutePath(folders.dataHome)) {
+        return *dataHome / kFolderName;
+    }
+    for (const auto& candidate : {folders.home, folders.databaseHome}) {
+        if (const auto home = absolutePath(candidate)) {
+            return *home / ".local" / "share" / kFolderName;
+        }
+    }
+    programmingError("no home folder: XDG_DATA_HOME and HOME are unset, and the user is unknown");
+}
+
+std::filesystem::path applicationSupport() {
+    return applicationSupport(
+        {environmentVariable("XDG_DATA_HOME"), environmentVariable("HOME"), databaseHome()});
+}
+
+}  // namespace quillbar::AppDirectories

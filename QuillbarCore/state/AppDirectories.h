@@ -1,0 +1,33 @@
+// SPDX-FileCopyrightText: 2026 The Quillbar developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <filesystem>
+#include <optional>
+#include <string>
+
+/// Where the application keeps its files.
+namespace quillbar::AppDirectories {
+
+/// What the system says of the user's folders; an absent text is one that it does not say.
+struct UserFolders final {
+    /// XDG_DATA_HOME.
+    std::optional<std::string> dataHome;
+    /// HOME.
+    std::optional<std::string> home;
+    /// The home folder of the user's entry in the system's user database.
+    std::optional<std::string> databaseHome;
+};
+
+/// The application's own folder, "Quillbar": in XDG_DATA_HOME, or else in .local/share of HOME, or
+/// else in .local/share of the home folder of the user database. One that is absent, empty or not
+/// absolute is passed over. The folder is not created.
+///
+/// Without any of the three there is nowhere to keep the user's list: ends the process with abort(),
+/// after a line on stderr.
+[[nodiscard]] std::filesystem::path applicationSupport(const UserFolders& folders);
+
+/// The same, from the process's environment and the system's user database. For the main thread.
+[[nodiscard]] std::filesystem::path applicationSupport();
+
+}  // namespace quillbar::AppDirectories

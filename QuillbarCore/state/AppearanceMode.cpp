@@ -1,0 +1,40 @@
+// SPDX-FileCopyrightText: 2026 The Quillbar developers
+// SPDX-License-Identifier: MIT
+#include "QuillbarCore/state/AppearanceMode.h"
+
+namespace quillbar {
+
+std::string_view rawValue(AppearanceMode mode) {
+    switch (mode) {
+    case AppearanceMode::dark:
+        return "dark";
+    case AppearanceMode::light:
+        return "light";
+    case AppearanceMode::system:
+        break;
+    }
+    return "system";
+}
+
+std::optional<AppearanceMode> appearanceModeFromRawValue(std::string_view rawText) {
+    for (const AppearanceMode mode : kAllAppearanceModes) {
+        if (rawValue(mode) == rawText) {
+            return mode;
+        }
+    }
+    return std::nullopt;
+}
+
+std::string_view displayName(AppearanceMode mode) {
+    switch (mode) {
+    case AppearanceMode::dark:
+        return "深色";
+    case AppearanceMode::light:
+        return "浅色";
+    case AppearanceMode::system:
+        break;
+    }
+    return "跟随系统";
+}
+
+}  // namespace quillbar
