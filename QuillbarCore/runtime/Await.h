@@ -20,9 +20,7 @@ public:
             return;
         }
         m_completed = true;
-        if (context->pending == this) {
-            context->pending = nullptr;
-        }
+        forget();
         context->executor.enqueue(*this);
     }
 
@@ -32,13 +30,20 @@ protected:
     AwaitBase() = default;
     ~AwaitBase() = default;
 
+    // Cancellation no longer finds this operation.
+    void forget() noexcept {
+        if (context->pending == this) {
+            context->pending = nullptr;
+        }
+    }
+
     bool m_started = false;
     bool m_completed = false;
     bool m_cancelled = false;
 };
 
-/// What an operation calls once, when it is done. The waiting coroutine is queued, not resumed.
-/// Valid until the operation's `stop` or its destruction.
+/// What an operation calls when it is done; a second call does nothing. The waiting coroutine is
+/// queued, not resumed. Valid until the operation's `stop` or its destruction.
 class Completion {
 public:
     Completion() = default;
@@ -62,8 +67,9 @@ private:
 ///                                   // only when cancelled or destroyed while waiting
 ///     R result();                   // the value, or throw
 ///
-/// It throws what `start` and `result` throw, and `Cancelled` when the task is or gets cancelled. It
-/// lives in the awaiting coroutine's frame and never moves.
+/// It throws what `start` and `result` throw, and `Cancelled` when the task is or gets cancelled. An
+/// operation whose `start` throws keeps no `Completion` and is not stopped. An `Await` lives in the
+/// awaiting coroutine's frame and never moves.
 template <class Operation>
 class [[nodiscard]] Await final : AwaitBase {
 public:
@@ -77,9 +83,7 @@ public:
 
     ~Await() {
         if (m_started && !m_completed) {
-            if (context->pending == this) {
-                context->pending = nullptr;
-            }
+            forget();
             m_operation.stop();
         }
     }
@@ -99,7 +103,14 @@ public:
         }
         context->pending = this;
         m_started = true;
-        m_operation.start(Completion{this});
+        try {
+            m_operation.start(Completion{this});
+        } catch (...) {
+            // Nothing has started that could be stopped or cancelled.
+            m_started = false;
+            forget();
+            throw;
+        }
         return true;
     }
 

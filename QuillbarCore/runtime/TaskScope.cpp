@@ -73,6 +73,8 @@ void TaskScope::cancelAll() noexcept {
 
 void TaskScope::finish(Root* root) noexcept {
     const std::exception_ptr error = root->task.handle().promise().error;
+    // Out of the list first: with the frame may go a parameter that is the last owner of the scope.
+    root->link.unlink();
     delete root;
     if (!error) {
         return;
