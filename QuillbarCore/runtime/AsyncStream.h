@@ -81,6 +81,12 @@ public:
     requires std::derived_from<Error, std::exception>
     void fail(Error error) const { fail(std::make_exception_ptr(std::move(error))); }
 
+    /// Ends the stream with an error, and drops what was pushed before and not yet taken.
+    void abandon(std::exception_ptr error) const {
+        m_guard->state->buffer.clear();
+        m_guard->state->end(std::move(error));
+    }
+
     /// Calls `callback` once, when the stream ends or its consumer goes away; at once when that has
     /// happened.
     void onTermination(std::function<void()> callback) const {

@@ -1,0 +1,227 @@
+// SPDX-FileCopyrightText: 2026 The Quillbar developers
+// SPDX-License-Identifier: MIT
+#include "QuillbarCore/exchange/URLSessionFetcher.h"
+
+#include "QuillbarCore/exchange/URLError.h"
+#include "QuillbarCore/runtime/Await.h"
+
+#include <QCoreApplication>
+#include <QNetworkAccessManager>
+#include <QNetworkReply>
+#include <QNetworkRequest>
+#include <QObject>
+#include <QPointer>
+#include <QUrl>
+
+#include <array>
+#include <exception>
+#include <memory>
+#include <optional>
+#include <utility>
+
+namespace quillbar {
+
+namespace {
+
+using Session = std::shared_ptr<QNetworkAccessManager>;
+
+constexpr int kMaximumRedirects = 20;
+constexpr auto kUserAgent = "Quillbar/" QUILLBAR_VERSION;
+
+// Never destroyed: a process that exits without destroying its QCoreApplication must not destroy
+// the session among its statics either.
+Session& currentSession() {
+    static auto& session = *new Session;
+    return session;
+}
+
+Session session() {
+    Session& current = currentSession();
+    if (!current) {
+        current = std::make_shared<QNetworkAccessManager>();
+        // Before the QCoreApplication goes, which the manager's threads and timers need.
+        qAddPostRoutine([] { currentSession().reset(); });
+    }
+    return current;
+}
+
+QNetworkRequest makeRequest(const QUrl& url, const TransferLimits& limits) {
+    QNetworkRequest request{url};
+    request.setHeader(QNetworkRequest::UserAgentHeader, QString::fromLatin1(kUserAgent));
+    request.setAttribute(QNetworkRequest::RedirectPolicyAttribute,
+                         QNetworkRequest::ManualRedirectPolicy);
+    request.setAttribute(QNetworkRequest::CookieLoadControlAttribute, QNetworkRequest::Manual);
+    request.setAttribute(QNetworkRequest::CookieSaveControlAttribute, QNetworkRequest::Manual);
+    // Receiving counts the bytes itself; Qt's own check refuses what merely compresses well.
+    request.setDecompressedSafetyCheckThreshold(-1);
+    request.setTransferTimeout(static_cast<int>(limits.withoutProgress.count()));
+    return request;
+}
+
+URLError::Code codeOf(QNetworkReply::NetworkError error) {
+    using Code = URLError::Code;
+    switch (error) {
+    // Nobody but the transfer's own timer cancels a reply that is still listened to.
+    case QNetworkReply::OperationCanceledError:
+    case QNetworkReply::TimeoutError:
+    case QNetworkReply::ProxyTimeoutError:
+        return Code::timedOut;
+    case QNetworkReply::HostNotFoundError:
+    case QNetworkReply::ProxyNotFoundError:
+        return Code::cannotFindHost;
+    case QNetworkReply::ConnectionRefusedError:
+    case QNetworkReply::TemporaryNetworkFailureError:
+    case QNetworkReply::NetworkSessionFailedError:
+    case QNetworkReply::UnknownNetworkError:
+    case QNetworkReply::ProxyConnectionRefusedError:
+    case QNetworkReply::ProxyConnectionClosedError:
+    case QNetworkReply::ProxyAuthenticationRequiredError:
+    case QNetworkReply::UnknownProxyError:
+        return Code::cannotConnect;
+    case QNetworkReply::RemoteHostClosedError:
+        return Code::connectionLost;
+    case QNetworkReply::SslHandshakeFailedError:
+        return Code::secureConnectionFailed;
+    case QNetworkReply::ProtocolUnknownError:
+    case QNetworkReply::ProtocolInvalidOperationError:
+        return Code::badURL;
+    default:
+        return Code::other;
+    }
+}
+
+// Qt reports a status of 400 and more as an error of its own, though the answer is whole.
+bool isStatusError(QNetworkReply::NetworkError error) {
+    return (error > QNetworkReply::UnknownProxyError && error < QNetworkReply::ProtocolUnknownError)
+           || error >= QNetworkReply::InternalServerError;
+}
+
+struct Answer {
+    HTTPResponse response;
+    // Where a redirect points; empty when the answer is none.
+    QUrl location;
+};
+
+class TransferOperation {
+public:
+    TransferOperation(QUrl url, TransferLimits limits)
+        : m_url(std::move(url))
+        , m_limits(limits) {}
+    TransferOperation(const TransferOperation&) = delete;
+    TransferOperation& operator=(const TransferOperation&) = delete;
+    TransferOperation(TransferOperation&&) = delete;
+    TransferOperation& operator=(TransferOperation&&) = delete;
+    ~TransferOperation() { end(); }
+
+    [[nodiscard]] bool ready() const noexcept { return false; }
+
+    void start(Completion done) {
+        m_session = session();
+        m_reply = m_session->get(makeRequest(m_url, m_limits));
+        QObject::connect(m_reply, &QNetworkReply::readyRead, &m_context, [this, done] {
+            receive();
+            if (m_error) {
+                end();
+                done();
+            }
+        });
+        QObject::connect(m_reply, &QNetworkReply::finished, &m_context, [this, done] {
+            receive();
+            conclude();
+            end();
+            done();
+        });
+    }
+
+    void stop() noexcept { end(); }
+
+    Answer result() {
+        if (m_error) {
+            throw URLError{*m_error};
+        }
+        return std::move(m_answer);
+    }
+
+private:
+    void receive() {
+        std::array<char, 64 * 1024> chunk{};
+        std::string& body = m_answer.response.body;
+        while (!m_error) {
+            const qint64 count = m_reply->read(chunk.data(), chunk.size());
+            if (count <= 0) {
+                return;
+            }
+            const auto size = static_cast<std::size_t>(count);
+            if (size > m_limits.bodySize - body.size()) {
+                fail(URLError::Code::tooLarge,
+                     "the body exceeds " + std::to_string(m_limits.bodySize) + " bytes");
+                return;
+            }
+            body.append(chunk.data(), size);
+        }
+    }
+
+    void conclude() {
+        if (m_error) {
+            return;
+        }
+        const int status = m_reply->attribute(QNetworkRequest::HttpStatusCodeAttribute).toInt();
+        const QNetworkReply::NetworkError error = m_reply->error();
+        if (error != QNetworkReply::NoError && !(status >= 400 && isStatusError(error))) {
+            fail(codeOf(error), m_reply->errorString().simplified().toStdString());
+            return;
+        }
+        m_answer.response.status = status;
+        const QUrl target = m_reply->attribute(QNetworkRequest::RedirectionTargetAttribute).toUrl();
+        if (!target.isEmpty()) {
+            m_answer.location = m_url.resolved(target);
+        }
+    }
+
+    void fail(URLError::Code code, const std::string& text) {
+        if (code == URLError::Code::timedOut && currentSession() == m_session) {
+            // The connection may be dead without the system knowing, as after a change of network.
+            // Over HTTP/2 it would outlive this request and fail every later one: start afresh.
+            // The transfers under way keep the old session until they end.
+            currentSession().reset();
+        }
+        m_error.emplace(code, text);
+    }
+
+    // Ends the transfer without hearing of it: abort() emits its signals at once.
+    void end() noexcept {
+        if (QNetworkReply* const reply = std::exchange(m_reply, {})) {
+            reply->disconnect(&m_context);
+            reply->abort();
+            reply->deleteLater();
+        }
+    }
+
+    QUrl m_url;
+    TransferLimits m_limits;
+    Session m_session;
+    QPointer<QNetworkReply> m_reply;
+    Answer m_answer;
+    std::optional<URLError> m_error;
+    QObject m_context;
+};
+
+}  // namespace
+
+Task<HTTPResponse> URLSessionFetcher::fetch(std::string url) {
+    const TransferLimits limits = m_limits;
+    QUrl next = QUrl::fromEncoded(QByteArray::fromStdString(url), QUrl::StrictMode);
+    if (!next.isValid() || next.isRelative()) {
+        throw URLError(URLError::Code::badURL, "not a URL: " + url);
+    }
+    for (int redirects = 0;; ++redirects) {
+        Answer answer = co_await Await<TransferOperation>(std::in_place, next, limits);
+        const bool isFollowed = answer.location.scheme() == QLatin1String("https");
+        if (!isFollowed || redirects == kMaximumRedirects) {
+            co_return std::move(answer.response);
+        }
+        next = answer.location;
+    }
+}
+
+}  // namespace quillbar

@@ -1,0 +1,54 @@
+// SPDX-FileCopyrightText: 2026 The Quillbar developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "QuillbarCore/exchange/HTTPDataFetching.h"
+
+#include <chrono>
+#include <cstddef>
+#include <string>
+
+namespace quillbar {
+
+/// What a transfer may cost before it is given up.
+struct TransferLimits {
+    /// Without any progress for so long, the transfer has timed out.
+    std::chrono::milliseconds withoutProgress{60'000};
+    /// The most bytes a body may have, decompressed.
+    std::size_t bodySize = std::size_t{64} * 1024 * 1024;
+};
+
+/// Fetches over HTTP and HTTPS through the one session of the process, which keeps connections open
+/// between requests, and neither cookies nor a cache. A value: every fetcher uses the same session.
+///
+/// For the main thread, which needs a QCoreApplication; no fetch may outlive that. The session is
+/// made by the first fetch and goes with the QCoreApplication. It asks the application's proxy
+/// factory and trusts the certificate authorities of the default SSL configuration.
+class URLSessionFetcher final : public HTTPDataFetching {
+public:
+    URLSessionFetcher() = default;
+    explicit URLSessionFetcher(TransferLimits limits)
+        : m_limits(limits) {}
+
+    /// A plain GET with the user agent "Quillbar/" and the version. Redirects are followed to https
+    /// only, twenty at most; the answer that sends elsewhere is returned as it is. The status is 0
+    /// when what answers is no HTTP server (a `data:` URL).
+    ///
+    /// Throws `URLError`:
+    ///
+    /// | code | when |
+    /// |---|---|
+    /// | `timedOut` | no progress for the time allowed |
+    /// | `cannotFindHost`, `cannotConnect` | no connection to the server or the proxy |
+    /// | `connectionLost` | the connection broke before the body was whole |
+    /// | `secureConnectionFailed` | TLS failed; a certificate is expired, for another host, or of an unknown authority |
+    /// | `tooLarge` | the body is too large; found out while it arrives, so memory stays bounded |
+    /// | `badURL` | not an absolute URL, or of an unknown scheme |
+    /// | `other` | the answer is not HTTP, its compression is damaged, … |
+    Task<HTTPResponse> fetch(std::string url) override;
+
+private:
+    TransferLimits m_limits;
+};
+
+}  // namespace quillbar
