@@ -8,6 +8,7 @@
 #include <chrono>
 #include <cstdint>
 #include <optional>
+#include <string>
 #include <string_view>
 #include <unordered_map>
 #include <vector>
@@ -78,7 +79,6 @@ private:
                                                       int limit,
                                                       std::optional<std::int64_t> startTime) const;
 
-    std::uint64_t m_seed;
     MarketTime m_startTime;
     std::vector<Listing> m_listings;
     std::unordered_map<std::string_view, const Listing*> m_bySymbol;

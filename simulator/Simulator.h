@@ -86,8 +86,9 @@ public:
     [[nodiscard]] int openStreams() const;
     /// Streams upgraded since the start.
     [[nodiscard]] int streamsAccepted() const;
-    /// TLS handshakes that failed or were abandoned, as by a client that does not trust the authority.
-    [[nodiscard]] int tlsFailures() const;
+    /// TLS connections that ended before a request came through, as from a client that does not
+    /// trust the authority.
+    [[nodiscard]] int abandonedConnections() const;
     /// The codes of the close frames clients sent, in order; 1005 for one without a code.
     [[nodiscard]] const std::vector<int>& closeCodes() const;
     /// The payloads of the pongs clients sent, in order.
