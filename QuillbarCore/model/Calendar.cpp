@@ -6,15 +6,17 @@
 
 #include <fmt/core.h>
 
+#include <array>
+#include <cerrno>
 #include <chrono>
 #include <cmath>
 #include <cstdlib>
 #include <date/date.h>
 #include <date/tz.h>
 #include <exception>
-#include <filesystem>
 #include <fstream>
 #include <stdexcept>
+#include <unistd.h>
 #include <utility>
 
 namespace quillbar {
@@ -52,12 +54,12 @@ std::string_view zoneNameOfPath(std::string_view path) {
 
 /// The zone the system is set to; null when that cannot be told.
 const date::time_zone* systemZone(const std::string& localtimeLink) {
-    std::error_code error;
-    const std::filesystem::path target = std::filesystem::read_symlink(localtimeLink, error);
-    if (!error) {
-        return loadedZone(zoneNameOfPath(target.native()));
+    std::array<char, 4096> target;  // NOLINT(cppcoreguidelines-pro-type-member-init): filled below
+    const ssize_t size = ::readlink(localtimeLink.c_str(), target.data(), target.size());
+    if (size >= 0) {
+        return loadedZone(zoneNameOfPath({target.data(), static_cast<std::size_t>(size)}));
     }
-    if (!std::filesystem::exists(localtimeLink, error)) {
+    if (errno != EINVAL) {  // it is not there at all
         return nullptr;
     }
     std::string name;
@@ -66,6 +68,7 @@ const date::time_zone* systemZone(const std::string& localtimeLink) {
 }
 
 const date::time_zone* currentZone(const std::string& localtimeLink) {
+    // NOLINTNEXTLINE(concurrency-mt-unsafe): nothing of ours changes the environment
     const char* const variable = std::getenv("TZ");
     if (variable == nullptr) {
         return systemZone(localtimeLink);

@@ -15,14 +15,14 @@ namespace {
 /// The magnitude 0.DIGITS × 10^point, without leading or trailing zeros among the digits; zero has
 /// no digits and the point 0.
 struct Decimal {
-    std::array<char, 17> digits;  // as many as the shortest form of a double can have
+    std::array<char, 17> digits{};  // as many as the shortest form of a double can have
     int count = 0;
     int point = 0;
 };
 
 /// The shortest decimal that reads back as the finite magnitude.
 Decimal shortestDecimal(double magnitude) {
-    Decimal decimal;  // NOLINT(cppcoreguidelines-pro-type-member-init): the digits come below
+    Decimal decimal;
     if (magnitude == 0) {
         return decimal;
     }

@@ -30,7 +30,7 @@ TEST(JSONDocument, refusesWhatIsNotExactlyOneJSONValueInUTF8) {
                                    "nan",
                                    "/* */ 1",
                                    "\"\xff\"",
-                                   "\"\\ud800\"",
+                                   R"("\ud800")",
                                    "1e999"}) {
         EXPECT_THROW(static_cast<void>(parse(text)), DocumentError) << text;
     }

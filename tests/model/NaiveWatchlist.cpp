@@ -46,13 +46,12 @@ Watchlist removing(Watchlist list, const std::string& symbol) {
 
 Watchlist moving(Watchlist list, const std::set<std::size_t>& fromOffsets, std::size_t toOffset) {
     std::vector<Coin> moved;
-    for (const std::size_t offset : fromOffsets) {
-        moved.push_back(list.coins[offset]);
-    }
     std::size_t destination = toOffset;
-    for (auto offset = fromOffsets.rbegin(); offset != fromOffsets.rend(); ++offset) {
-        list.coins.erase(list.coins.begin() + static_cast<std::ptrdiff_t>(*offset));
-        if (*offset < toOffset) {
+    const std::vector<std::size_t> descending(fromOffsets.rbegin(), fromOffsets.rend());
+    for (const std::size_t offset : descending) {
+        moved.insert(moved.begin(), list.coins[offset]);
+        list.coins.erase(list.coins.begin() + static_cast<std::ptrdiff_t>(offset));
+        if (offset < toOffset) {
             --destination;
         }
     }
