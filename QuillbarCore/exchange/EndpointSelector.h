@@ -1,0 +1,45 @@
+// SPDX-FileCopyrightText: 2026 The Quillbar developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "QuillbarCore/runtime/Logger.h"
+
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace quillbar {
+
+/// Remembers which of several equivalent addresses is in use, and moves on when it fails: forwards
+/// only, one at a time, never past the last. There is no way back but a new selector. Shared by all
+/// who use the list, so that what one learns holds for all. Belongs to the executor's thread.
+class EndpointSelector final {
+public:
+    /// An address and its position in the list.
+    struct Endpoint {
+        std::string url;
+        int index = 0;
+
+        [[nodiscard]] bool operator==(const Endpoint&) const = default;
+    };
+
+    /// Begins with the first of `urls`, which may be empty.
+    explicit EndpointSelector(std::vector<std::string> urls);
+
+    /// How many addresses there are.
+    [[nodiscard]] int count() const noexcept;
+
+    /// The address in use; absent for an empty list.
+    [[nodiscard]] std::optional<Endpoint> current() const;
+
+    /// Reports that the address at this position, which the caller got from `current`, failed. Moves
+    /// to the next one and logs it, unless somebody has moved already or this one is the last.
+    void markFailed(int index);
+
+private:
+    std::vector<std::string> m_urls;
+    int m_index = 0;
+    Logger m_logger{"Endpoint"};
+};
+
+}  // namespace quillbar

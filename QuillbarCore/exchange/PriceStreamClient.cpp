@@ -1,0 +1,228 @@
+// SPDX-FileCopyrightText: 2026 The Quillbar developers
+// SPDX-License-Identifier: MIT
+#include "QuillbarCore/exchange/PriceStreamClient.h"
+
+#include "QuillbarCore/exchange/BinanceDecoder.h"
+#include "QuillbarCore/exchange/ErrorText.h"
+#include "QuillbarCore/runtime/Cancelled.h"
+
+#include <algorithm>
+#include <exception>
+#include <iterator>
+
+namespace quillbar {
+
+namespace {
+
+bool isLetterOrDigit(char character) {
+    return (character >= 'A' && character <= 'Z') || (character >= 'a' && character <= 'z')
+           || (character >= '0' && character <= '9');
+}
+
+bool isValidSymbol(std::string_view symbol) {
+    return !symbol.empty() && std::all_of(symbol.begin(), symbol.end(), isLetterOrDigit);
+}
+
+char lowerCase(char character) {
+    return character >= 'A' && character <= 'Z' ? static_cast<char>(character - 'A' + 'a')
+                                                : character;
+}
+
+}  // namespace
+
+class PriceStreamClient::Attempt {
+public:
+    explicit Attempt(std::shared_ptr<WebSocketConnecting> connection)
+        : m_connection(std::move(connection)) {}
+    Attempt(const Attempt&) = delete;
+    Attempt& operator=(const Attempt&) = delete;
+    Attempt(Attempt&&) = delete;
+    Attempt& operator=(Attempt&&) = delete;
+    ~Attempt() { close(); }
+
+    void close() {
+        if (const auto connection = std::exchange(m_connection, nullptr)) {
+            connection->cancel();
+        }
+    }
+
+private:
+    std::shared_ptr<WebSocketConnecting> m_connection;
+};
+
+PriceStreamClient::PriceStreamClient(Executor& executor,
+                                     MakeConnection makeConnection,
+                                     ReconnectPolicy policy,
+                                     Sleeper sleeper,
+                                     Seconds stabilityThreshold,
+                                     Clock now,
+                                     std::shared_ptr<EndpointSelector> endpoints)
+    : PriceStreamClient(executor,
+                        std::move(makeConnection),
+                        std::move(policy),
+                        std::move(sleeper),
+                        stabilityThreshold,
+                        std::move(now),
+                        std::move(endpoints),
+                        AsyncStream<PriceEvent>::make()) {}
+
+PriceStreamClient::PriceStreamClient(
+    Executor& executor,
+    MakeConnection makeConnection,
+    ReconnectPolicy policy,
+    Sleeper sleeper,
+    Seconds stabilityThreshold,
+    Clock now,
+    std::shared_ptr<EndpointSelector> endpoints,
+    std::pair<AsyncStream<PriceEvent>, StreamSource<PriceEvent>> events)
+    : m_events(std::move(events.first))
+    , m_source(std::move(events.second))
+    , m_makeConnection(std::move(makeConnection))
+    , m_policy(std::move(policy))
+    , m_sleeper(std::move(sleeper))
+    , m_stabilityThreshold(stabilityThreshold)
+    , m_now(std::move(now))
+    , m_endpoints(std::move(endpoints))
+    , m_scope(executor) {}
+
+Task<void> PriceStreamClient::setSymbols(std::vector<std::string> symbols) {
+    m_symbols = std::move(symbols);
+    restart();
+    co_return;
+}
+
+Task<void> PriceStreamClient::stop() {
+    endRun();
+    m_connection.reset();
+    push(ConnectionState::disconnected);
+    co_return;
+}
+
+void PriceStreamClient::poke() {
+    if (m_runTask.isRunning()) {
+        restart();
+    }
+}
+
+std::string PriceStreamClient::streamURL(const std::vector<std::string>& symbols,
+                                         std::string_view base) {
+    std::string url(base);
+    url += "/stream?streams=";
+    bool isFirst = true;
+    for (const std::string& symbol : symbols) {
+        if (!isFirst) {
+            url += '/';
+        }
+        isFirst = false;
+        std::transform(symbol.begin(), symbol.end(), std::back_inserter(url), lowerCase);
+        url += "@miniTicker";
+    }
+    return url;
+}
+
+void PriceStreamClient::restart() {
+    endRun();
+    std::vector<std::string> symbols = validSymbols();
+    if (symbols.empty()) {
+        push(ConnectionState::disconnected);
+        return;
+    }
+    m_runTask = m_scope.spawn(run(std::move(symbols), m_generation));
+}
+
+void PriceStreamClient::endRun() {
+    ++m_generation;
+    std::exchange(m_runTask, {}).cancel();
+    if (m_connection) {
+        m_connection->cancel();
+    }
+}
+
+std::vector<std::string> PriceStreamClient::validSymbols() const {
+    std::vector<std::string> valid;
+    for (const std::string& symbol : m_symbols) {
+        if (isValidSymbol(symbol)) {
+            valid.push_back(symbol);
+        } else {
+            m_logger.error("skipping invalid symbol: {}", symbol);
+        }
+    }
+    return valid;
+}
+
+void PriceStreamClient::push(ConnectionState state) const {
+    m_source.push(StateEvent{state});
+}
+
+Task<void> PriceStreamClient::run(std::vector<std::string> symbols, std::uint64_t generation) {
+    int attempt = 0;
+    while (generation == m_generation) {
+        const auto endpoint = m_endpoints->current();
+        if (!endpoint) {
+            m_logger.error("no stream endpoint available");
+            push(ConnectionState::disconnected);
+            co_return;
+        }
+        std::string url = streamURL(symbols, endpoint->url);
+        push(ConnectionState::connecting);
+        const bool isStable = co_await readConnection(std::move(url), generation);
+        if (generation != m_generation) {
+            co_return;
+        }
+        if (isStable) {
+            attempt = 1;
+        } else {
+            m_endpoints->markFailed(endpoint->index);
+            ++attempt;
+        }
+        push(ConnectionState::waitingRetry);
+        const Seconds delay = m_policy.delay(attempt);
+        co_await wait(delay);
+    }
+}
+
+Task<bool> PriceStreamClient::readConnection(std::string url, std::uint64_t generation) {
+    const std::shared_ptr<WebSocketConnecting> connection = m_makeConnection();
+    m_connection = connection;
+    Attempt attempt(connection);
+    AsyncStream<std::string> messages = connection->connect(url);
+    const TimePoint connectedAt = m_now();
+    push(ConnectionState::connected);
+    bool hasDelivered = false;
+    try {
+        while (auto message = co_await messages.next()) {
+            hasDelivered = true;
+            receive(*message);
+        }
+        if (generation == m_generation) {
+            m_logger.log("stream closed by server");
+        }
+        attempt.close();
+    } catch (const Cancelled&) {
+        // This loop has been replaced or stopped: the consumer is gone, not the connection.
+        throw;
+    } catch (...) {
+        attempt.close();
+        m_logger.error("connection failed: {}", errorText(std::current_exception()));
+    }
+    co_return hasDelivered&& m_now() - connectedAt >= m_stabilityThreshold;
+}
+
+void PriceStreamClient::receive(std::string_view frame) const {
+    try {
+        m_source.push(BinanceDecoder::decodeMiniTickerFrame(frame));
+    } catch (const std::exception& error) {
+        m_logger.error("failed to decode frame: {}", error.what());
+    }
+}
+
+Task<void> PriceStreamClient::wait(Seconds delay) {
+    try {
+        Task<void> sleep = m_sleeper(delay);
+        co_await std::move(sleep);
+    } catch (...) {
+        // A wait that fails has been cancelled, which the loop finds out by itself.
+    }
+}
+
+}  // namespace quillbar

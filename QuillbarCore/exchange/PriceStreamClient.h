@@ -1,0 +1,108 @@
+// SPDX-FileCopyrightText: 2026 The Quillbar developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "QuillbarCore/exchange/EndpointSelector.h"
+#include "QuillbarCore/exchange/PriceStreaming.h"
+#include "QuillbarCore/exchange/ReconnectPolicy.h"
+#include "QuillbarCore/exchange/WebSocketConnecting.h"
+#include "QuillbarCore/runtime/Logger.h"
+#include "QuillbarCore/runtime/Sleeper.h"
+#include "QuillbarCore/runtime/TaskScope.h"
+#include "QuillbarCore/runtime/Time.h"
+
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+namespace quillbar {
+
+/// Keeps one connection to the exchange's combined mini-ticker stream, for all pairs asked for, and
+/// replaces it whenever it ends.
+///
+/// A connection is stable when it has delivered something and lived for the stability threshold.
+/// After a stable one the next attempt waits for one base delay and goes to the same endpoint; every
+/// other ending counts against the endpoint, and the delays grow. `connected` is told as soon as an
+/// attempt is under way. Frames that cannot be decoded are logged and dropped.
+///
+/// Belongs to the executor's thread. Destroying it closes the connection and ends the events.
+class PriceStreamClient final : public PriceStreaming {
+public:
+    /// Makes the connection of one attempt.
+    using MakeConnection = std::function<std::shared_ptr<WebSocketConnecting>()>;
+
+    /// Starts nothing. `sleeper` waits between attempts and `now` measures how long a connection
+    /// lived. The executor outlives this object.
+    PriceStreamClient(Executor& executor,
+                      MakeConnection makeConnection,
+                      ReconnectPolicy policy,
+                      Sleeper sleeper,
+                      Seconds stabilityThreshold,
+                      Clock now,
+                      std::shared_ptr<EndpointSelector> endpoints);
+    PriceStreamClient(const PriceStreamClient&) = delete;
+    PriceStreamClient& operator=(const PriceStreamClient&) = delete;
+    PriceStreamClient(PriceStreamClient&&) = delete;
+    PriceStreamClient& operator=(PriceStreamClient&&) = delete;
+    ~PriceStreamClient() override = default;
+
+    AsyncStream<PriceEvent>& events() override { return m_events; }
+
+    /// Symbols that are not made of ASCII letters and digits alone are logged and left out; when
+    /// none is left, `disconnected` is told and nothing is opened.
+    Task<void> setSymbols(std::vector<std::string> symbols) override;
+    Task<void> stop() override;
+    void poke() override;
+
+    /// The address of the combined stream of these pairs below a base.
+    [[nodiscard]] static std::string streamURL(const std::vector<std::string>& symbols,
+                                               std::string_view base);
+
+private:
+    // A connection that is closed when its attempt is over, however it ends.
+    class Attempt;
+
+    PriceStreamClient(Executor& executor,
+                      MakeConnection makeConnection,
+                      ReconnectPolicy policy,
+                      Sleeper sleeper,
+                      Seconds stabilityThreshold,
+                      Clock now,
+                      std::shared_ptr<EndpointSelector> endpoints,
+                      std::pair<AsyncStream<PriceEvent>, StreamSource<PriceEvent>> events);
+
+    void restart();
+    void endRun();
+    [[nodiscard]] std::vector<std::string> validSymbols() const;
+    void push(ConnectionState state) const;
+
+    Task<void> run(std::vector<std::string> symbols, std::uint64_t generation);
+    // One connection, until it ends; true when it was stable.
+    Task<bool> readConnection(std::string url, std::uint64_t generation);
+    void receive(std::string_view frame) const;
+    Task<void> wait(Seconds delay);
+
+    AsyncStream<PriceEvent> m_events;
+    StreamSource<PriceEvent> m_source;
+    MakeConnection m_makeConnection;
+    ReconnectPolicy m_policy;
+    Sleeper m_sleeper;
+    Seconds m_stabilityThreshold;
+    Clock m_now;
+    std::shared_ptr<EndpointSelector> m_endpoints;
+    Logger m_logger{"PriceStream"};
+
+    std::vector<std::string> m_symbols;
+    TaskScope::Handle m_runTask;
+    // Which loop is the one that runs; a loop of an earlier generation has been cancelled.
+    std::uint64_t m_generation = 0;
+    std::shared_ptr<WebSocketConnecting> m_connection;
+    // Last: its tasks use `this`.
+    TaskScope m_scope;
+};
+
+}  // namespace quillbar
