@@ -88,7 +88,8 @@ public:
     }
 
     /// Calls `callback` once, when the stream ends or its consumer goes away; at once when that has
-    /// happened.
+    /// happened. A later callback takes the place of an earlier one. It does not throw, and holds no
+    /// copy of the source, which would keep itself alive by it; it may destroy either end.
     void onTermination(std::function<void()> callback) const {
         if (m_guard->state->ended) {
             callback();
@@ -121,7 +122,8 @@ private:
 };
 
 /// An unbounded sequence of values over time, with one consumer; it ends normally or with an error.
-/// Destroying it tells the producer (`StreamSource::onTermination`).
+/// Destroying it tells the producer (`StreamSource::onTermination`). One that is default-constructed
+/// or moved from has ended. Belongs to the executor's thread.
 template <class T>
 class AsyncStream {
     using State = detail::StreamState<T>;
@@ -152,7 +154,7 @@ public:
             : m_state(std::move(state)) {}
 
         [[nodiscard]] bool ready() const {
-            return hasOutcome() && m_state->takenInTurn < State::kValuesPerTurn;
+            return !m_state || (hasOutcome() && m_state->takenInTurn < State::kValuesPerTurn);
         }
         void start(Completion done) {
             assert(!m_state->waiting && "an AsyncStream has one consumer");
@@ -166,6 +168,9 @@ public:
         }
         void stop() noexcept { m_state->waiting = false; }
         std::optional<T> result() {
+            if (!m_state) {
+                return std::nullopt;
+            }
             if (!m_state->buffer.empty()) {
                 ++m_state->takenInTurn;
                 std::optional<T> value{std::move(m_state->buffer.front())};
@@ -185,7 +190,8 @@ public:
     };
 
     /// The next value: `while (auto value = co_await stream.next())`. Absent once the stream has
-    /// ended normally; throws the error that ended it, or `Cancelled`.
+    /// ended normally; throws the error that ended it, each time, or `Cancelled`. A cancelled wait
+    /// loses no value.
     [[nodiscard]] Await<NextOperation> next() {
         return Await<NextOperation>{std::in_place, m_state};
     }

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "QuillbarCore/runtime/ManualTime.h"
 
-#include <utility>
+#include <algorithm>
 
 namespace quillbar {
 
@@ -15,10 +15,10 @@ constexpr Seconds kTolerance{1e-9};
 
 ManualTime::ManualTime(ManualExecutor& executor, TimePoint start)
     : m_executor(executor)
-    , m_now(start) {}
+    , m_setTo(start) {}
 
 Clock ManualTime::clock() const {
-    return [this] { return m_now; };
+    return [this] { return now(); };
 }
 
 Sleeper ManualTime::sleeper() {
@@ -28,30 +28,29 @@ Sleeper ManualTime::sleeper() {
 void ManualTime::advance(Seconds span) {
     m_executor.run();
     const Seconds end = m_elapsed + span;
-    const TimePoint nowAtEnd = m_now + span;
     for (SleepHook* next = earliest(); next != nullptr && next->due <= end + kTolerance;
          next = earliest()) {
-        if (next->due > m_elapsed) {
-            m_now += next->due - m_elapsed;
-            m_elapsed = next->due;
-        }
+        m_elapsed = std::clamp(next->due, m_elapsed, end);
         wake(*next);
         m_executor.run();
     }
     m_elapsed = end;
-    m_now = nowAtEnd;
     m_executor.run();
 }
 
 void ManualTime::jump(Seconds span) {
     m_executor.run();
     m_elapsed += span;
-    m_now += span;
     for (SleepHook* next = earliest(); next != nullptr && next->due <= m_elapsed + kTolerance;
          next = earliest()) {
         wake(*next);
     }
     m_executor.run();
+}
+
+void ManualTime::setClock(TimePoint now) noexcept {
+    m_setTo = now;
+    m_setAt = m_elapsed;
 }
 
 std::size_t ManualTime::sleepingCount() const noexcept {

@@ -20,7 +20,7 @@ public:
     /// 2026-11-14T12:00:00Z unless told otherwise.
     explicit ManualTime(ManualExecutor& executor, TimePoint start = TimePoint(Seconds(1794657600)));
 
-    [[nodiscard]] TimePoint now() const noexcept { return m_now; }
+    [[nodiscard]] TimePoint now() const noexcept { return m_setTo + (m_elapsed - m_setAt); }
     [[nodiscard]] Clock clock() const;
     [[nodiscard]] Sleeper sleeper();
 
@@ -31,8 +31,8 @@ public:
     /// Lets time pass at once, as for a laptop that slept: everything due wakes late, at the end.
     void jump(Seconds span);
 
-    /// Sets the wall clock alone, forwards or backwards: nobody wakes.
-    void setClock(TimePoint now) noexcept { m_now = now; }
+    /// Sets the wall clock alone, forwards or backwards: nobody wakes. A task may do so on the way.
+    void setClock(TimePoint now) noexcept;
 
     /// How many sleeps are pending.
     [[nodiscard]] std::size_t sleepingCount() const noexcept;
@@ -67,9 +67,11 @@ private:
     static void wake(SleepHook& hook) noexcept;
 
     ManualExecutor& m_executor;
-    TimePoint m_now;
-    // Apart from the wall clock, which a test may set.
+    // Time passes here, apart from the wall clock, which a test may set. The sum of the steps is
+    // kept small, because a TimePoint of our days is too coarse to add many fractions to.
     Seconds m_elapsed{};
+    TimePoint m_setTo;
+    Seconds m_setAt{};
     ListHook m_sleeping;
 };
 

@@ -37,13 +37,16 @@ public:
     Observed& operator=(const Observed&) = delete;
     Observed(Observed&&) = delete;
     Observed& operator=(Observed&&) = delete;
-    ~Observed() = default;
+    // The signal alone would go on to the later observers when one of them destroys this.
+    ~Observed() { m_changed.disconnect_all_slots(); }
 
     [[nodiscard]] const T& get() const noexcept { return m_value; }
     [[nodiscard]] const T& operator*() const noexcept { return m_value; }
     [[nodiscard]] const T* operator->() const noexcept { return &m_value; }
 
-    /// Stores the value and tells the observers, unless it equals the one before.
+    /// Stores the value and tells the observers, unless it equals the one before. An observer may
+    /// set the value again: all are then told of that first, and the later ones a second time of
+    /// the newest value, never of the one it replaced.
     void set(T value) {
         if (value == m_value) {
             return;
@@ -53,7 +56,8 @@ public:
     }
 
     /// Calls `observer` with the value after each change, until the observation is destroyed. The
-    /// observer may change observations, this one among them.
+    /// observer does not throw. It may end observations, this one among them, begin some, which are
+    /// told from the next change on, and destroy what it observes: nobody is told after that.
     [[nodiscard]] Observation observe(std::function<void(const T&)> observer) const {
         return m_changed.connect(std::move(observer));
     }
@@ -70,6 +74,14 @@ class ObservedMap {
 public:
     using Map = std::unordered_map<Key, Value>;
 
+    ObservedMap() = default;
+    ObservedMap(const ObservedMap&) = delete;
+    ObservedMap& operator=(const ObservedMap&) = delete;
+    ObservedMap(ObservedMap&&) = delete;
+    ObservedMap& operator=(ObservedMap&&) = delete;
+    // As for `Observed`.
+    ~ObservedMap() { m_changed.disconnect_all_slots(); }
+
     [[nodiscard]] const Map& get() const noexcept { return m_map; }
     [[nodiscard]] const Map& operator*() const noexcept { return m_map; }
     [[nodiscard]] const Map* operator->() const noexcept { return &m_map; }
@@ -80,7 +92,8 @@ public:
         return found == m_map.end() ? nullptr : &found->second;
     }
 
-    /// Stores a value and tells the observers, unless the key already holds an equal one.
+    /// Stores a value and tells the observers, unless the key already holds an equal one. `key` is
+    /// not a reference into this map, unless no observer removes it.
     void set(const Key& key, Value value) {
         const auto [position, isNew] = m_map.try_emplace(key, value);
         if (!isNew) {
@@ -94,8 +107,9 @@ public:
 
     /// Removes a key and tells the observers, if it is there.
     void remove(const Key& key) {
-        if (m_map.erase(key) != 0) {
-            m_changed(key);
+        // Kept until all are told: `key` may be the map's own.
+        if (const auto removed = m_map.extract(key)) {
+            m_changed(removed.key());
         }
     }
 
@@ -108,7 +122,7 @@ public:
     }
 
     /// Calls `observer` with the key after each change of its value, until the observation is
-    /// destroyed.
+    /// destroyed. The observer may do what one of an `Observed` may.
     [[nodiscard]] Observation observe(std::function<void(const Key&)> observer) const {
         return m_changed.connect(std::move(observer));
     }
