@@ -1,0 +1,73 @@
+// SPDX-FileCopyrightText: 2026 The Quillbar developers
+// SPDX-License-Identifier: MIT
+#include "Quillbar/AppServices.h"
+
+#include "QuillbarCore/exchange/EndpointSelector.h"
+#include "QuillbarCore/exchange/ReconnectPolicy.h"
+#include "QuillbarCore/exchange/URLSessionFetcher.h"
+#include "QuillbarCore/exchange/URLSessionWebSocket.h"
+#include "QuillbarCore/state/SettingsStore.h"
+#include "QuillbarCore/state/WatchlistStore.h"
+
+#include <utility>
+
+namespace quillbar {
+
+namespace {
+
+constexpr Seconds kReconnectBaseDelay{1};
+constexpr Seconds kReconnectMaximumDelay{60};
+constexpr Seconds kStabilityThreshold{30};
+constexpr Seconds kWatchdogInterval{30};
+constexpr Seconds kStaleReconnectThreshold{90};
+
+}  // namespace
+
+AppServices::AppServices(ServicePlatform platform,
+                         const ServiceEndpoints& endpoints,
+                         const std::filesystem::path& folder)
+    : m_rest(std::make_shared<URLSessionFetcher>(),
+             std::make_shared<EndpointSelector>(endpoints.rest),
+             platform.worker)
+    , m_catalog(platform.executor, m_rest, folder, platform.clock)
+    , m_stream(
+          platform.executor,
+          [] { return std::make_shared<URLSessionWebSocket>(); },
+          ReconnectPolicy{.baseDelay = kReconnectBaseDelay, .maxDelay = kReconnectMaximumDelay},
+          platform.sleeper,
+          kStabilityThreshold,
+          platform.clock,
+          std::make_shared<EndpointSelector>(endpoints.stream))
+    , m_appState({.executor = platform.executor,
+                  .api = m_rest,
+                  .stream = m_stream,
+                  .store = WatchlistStore(folder),
+                  .settingsStore = SettingsStore(folder),
+                  .catalog = m_catalog,
+                  .now = platform.clock,
+                  .calendar = platform.calendar,
+                  .sleeper = platform.sleeper,
+                  .watchdogInterval = kWatchdogInterval,
+                  .staleReconnectThreshold = kStaleReconnectThreshold})
+    , m_scope(platform.executor) {}
+
+AppServices::~AppServices() = default;
+
+void AppServices::start() {
+    m_scope.spawn(bootstrap());
+}
+
+void AppServices::resume() {
+    // Several hints come together (the machine wakes, then its network): one reconnection under
+    // way serves them all.
+    if (!m_resuming.isRunning()) {
+        m_resuming = m_scope.spawn(m_appState.resume());
+    }
+}
+
+Task<void> AppServices::bootstrap() {
+    co_await m_appState.bootstrap();
+    m_isStarted.set(true);
+}
+
+}  // namespace quillbar

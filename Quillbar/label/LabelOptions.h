@@ -1,0 +1,43 @@
+// SPDX-FileCopyrightText: 2026 The Quillbar developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <string>
+#include <variant>
+#include <vector>
+
+namespace quillbar {
+
+/// How a line of the label is written.
+enum class LabelFormat { text, json, waybar };
+
+/// Whether the label is printed once, or again whenever it changes.
+enum class LabelMode { once, follow };
+
+/// What quillbar-label was asked to do.
+struct LabelOptions final {
+    LabelMode mode = LabelMode::once;
+    LabelFormat format = LabelFormat::text;
+
+    bool operator==(const LabelOptions&) const = default;
+};
+
+/// The program prints `text` and ends with success: its help or its version.
+struct LabelInformation final {
+    std::string text;
+
+    bool operator==(const LabelInformation&) const = default;
+};
+
+/// The arguments make no sense; `text` is one line for the user.
+struct LabelUsageError final {
+    std::string text;
+
+    bool operator==(const LabelUsageError&) const = default;
+};
+
+/// Reads the arguments, without the program's name. Pure.
+[[nodiscard]] std::variant<LabelOptions, LabelInformation, LabelUsageError> parseLabelOptions(
+    const std::vector<std::string>& arguments);
+
+}  // namespace quillbar

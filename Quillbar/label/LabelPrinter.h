@@ -1,0 +1,77 @@
+// SPDX-FileCopyrightText: 2026 The Quillbar developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "Quillbar/label/LabelLine.h"
+#include "Quillbar/label/LabelOptions.h"
+#include "QuillbarCore/runtime/Executor.h"
+#include "QuillbarCore/runtime/Observed.h"
+#include "QuillbarCore/runtime/Sleeper.h"
+#include "QuillbarCore/runtime/TaskScope.h"
+#include "QuillbarCore/runtime/Time.h"
+
+#include <functional>
+#include <optional>
+#include <string_view>
+#include <vector>
+
+namespace quillbar {
+
+class AppState;
+
+/// Prints the label, once or as it changes. Lives on the main thread; what it is handed outlives it.
+class LabelPrinter final {
+public:
+    /// How long `--once` waits for a price.
+    static constexpr Seconds kPatience{15};
+    /// The exit statuses.
+    static constexpr int kSuccess = 0;
+    static constexpr int kNoPrice = 3;
+
+    struct Output {
+        /// Writes one line, adding the line feed, and flushes it. Returns false when nobody reads
+        /// any more.
+        std::function<bool(std::string_view line)> print;
+        /// Ends the program with an exit status. Called once at most; the printer prints nothing
+        /// afterwards.
+        std::function<void(int status)> finish;
+    };
+
+    /// `isStarted` tells whether the first requests have all been answered, or have failed: `--once`
+    /// waits so long for the change beside the price.
+    LabelPrinter(const AppState& state,
+                 const Observed<bool>& isStarted,
+                 Executor& executor,
+                 Sleeper sleeper,
+                 LabelOptions options,
+                 Output output);
+    LabelPrinter(const LabelPrinter&) = delete;
+    LabelPrinter& operator=(const LabelPrinter&) = delete;
+    LabelPrinter(LabelPrinter&&) = delete;
+    LabelPrinter& operator=(LabelPrinter&&) = delete;
+    ~LabelPrinter() = default;
+
+    /// Begins to observe; prints the first line at once when following. Once.
+    void start();
+
+private:
+    void observe();
+    void update();
+    void updateOnce(const LabelSnapshot& snapshot);
+    void updateFollowing(const LabelSnapshot& snapshot);
+    Task<void> giveUp();
+    void finish(int status);
+
+    const AppState& m_state;
+    const Observed<bool>& m_isStarted;
+    Sleeper m_sleeper;
+    LabelOptions m_options;
+    Output m_output;
+    std::optional<LabelSnapshot> m_printed;
+    bool m_isFinished = false;
+    std::vector<Observation> m_observations;
+    // Last: its task uses `this`.
+    TaskScope m_scope;
+};
+
+}  // namespace quillbar

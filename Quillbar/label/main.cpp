@@ -1,0 +1,138 @@
+// SPDX-FileCopyrightText: 2026 The Quillbar developers
+// SPDX-License-Identifier: MIT
+#include "Quillbar/AppServices.h"
+#include "Quillbar/label/LabelOptions.h"
+#include "Quillbar/label/LabelPrinter.h"
+#include "Quillbar/platform/CertificateAuthorities.h"
+#include "Quillbar/platform/LineOutput.h"
+#include "Quillbar/platform/SystemEvents.h"
+#include "Quillbar/platform/TerminationSignals.h"
+#include "Quillbar/ServiceEndpoints.h"
+#include "QuillbarCore/runtime/QtExecutor.h"
+#include "QuillbarCore/runtime/QtSleeper.h"
+#include "QuillbarCore/runtime/QtWorker.h"
+#include "QuillbarCore/state/AppDirectories.h"
+
+#include <QCoreApplication>
+
+#include <fmt/core.h>
+
+#include <cstdio>
+#include <optional>
+#include <string>
+#include <unistd.h>
+#include <vector>
+
+namespace quillbar {
+
+namespace {
+
+constexpr int kUsageStatus = 2;
+/// A machine that starts without a network must still learn that one has come.
+constexpr Seconds kSystemEventsDelay{30};
+
+int failAtStart(const std::string& text) {
+    fmt::print(stderr, "quillbar-label: {}\n", text);
+    return kUsageStatus;
+}
+
+/// Connects to the system's events once the first price is printed, because that may block.
+class DeferredSystemEvents {
+public:
+    DeferredSystemEvents(AppServices& services, Executor& executor, const Sleeper& sleeper)
+        : m_services(services)
+        , m_priced(services.appState().lastUpdate().observe(
+              [this](const std::optional<TimePoint>& /*time*/) { m_scope.spawn(begin()); }))
+        , m_scope(executor) {
+        m_scope.spawn(beginAfter(sleeper(kSystemEventsDelay)));
+    }
+
+private:
+    Task<void> beginAfter(Task<void> delay) {
+        co_await std::move(delay);
+        co_await begin();
+    }
+
+    Task<void> begin() {
+        m_priced.disconnect();
+        if (!m_events) {
+            m_events.emplace([this] { m_services.resume(); });
+        }
+        co_return;
+    }
+
+    AppServices& m_services;
+    std::optional<SystemEvents> m_events;
+    Observation m_priced;
+    // Last: its tasks use `this`.
+    TaskScope m_scope;
+};
+
+int runLabel(const LabelOptions& options, const ServiceEndpoints& endpoints) {
+    if (endpoints.certificateAuthorityFile) {
+        if (const auto error = trustAuthorities(*endpoints.certificateAuthorityFile)) {
+            return failAtStart(*error);
+        }
+    }
+
+    const TerminationSignals signals([] { QCoreApplication::exit(0); });
+    const LineOutput output(STDOUT_FILENO, [] { QCoreApplication::exit(0); });
+    const auto executor = makeQtExecutor();
+    const auto worker = makeQtWorker();
+    const Sleeper sleeper = makeQtSleeper();
+    AppServices services({.executor = *executor,
+                          .worker = *worker,
+                          .clock = systemClock(),
+                          .sleeper = sleeper,
+                          .calendar = Calendar::autoupdatingCurrent()},
+                         endpoints,
+                         AppDirectories::applicationSupport());
+    LabelPrinter printer(services.appState(),
+                         services.isStarted(),
+                         *executor,
+                         sleeper,
+                         options,
+                         {.print = [&output](std::string_view line) { return output.print(line); },
+                          // Queued: the event loop may not be running yet.
+                          .finish =
+                              [](int status) {
+                                  QMetaObject::invokeMethod(
+                                      QCoreApplication::instance(),
+                                      [status] { QCoreApplication::exit(status); },
+                                      Qt::QueuedConnection);
+                              }});
+    services.start();
+    printer.start();
+    std::optional<DeferredSystemEvents> systemEvents;
+    if (options.mode == LabelMode::follow) {
+        systemEvents.emplace(services, *executor, sleeper);
+    }
+    return QCoreApplication::exec();
+}
+
+int run(int argc, char* argv[]) {
+    const std::vector<std::string> arguments(argv + 1, argv + argc);
+    const auto parsed = parseLabelOptions(arguments);
+    if (const auto* const error = std::get_if<LabelUsageError>(&parsed)) {
+        return failAtStart(error->text);
+    }
+    if (const auto* const information = std::get_if<LabelInformation>(&parsed)) {
+        fmt::print("{}", information->text);
+        return 0;
+    }
+    try {
+        const auto endpoints = ServiceEndpoints::fromEnvironment(processEnvironment());
+        const QCoreApplication application(argc, argv);
+        return runLabel(std::get<LabelOptions>(parsed), endpoints);
+    } catch (const EndpointError& error) {
+        return failAtStart(error.what());
+    }
+}
+
+}  // namespace
+
+}  // namespace quillbar
+
+int main(int argc, char* argv[]) {
+    return quillbar::run(argc, argv);
+}

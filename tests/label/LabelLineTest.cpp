@@ -1,0 +1,151 @@
+// SPDX-FileCopyrightText: 2026 The Quillbar developers
+// SPDX-License-Identifier: MIT
+#include "Quillbar/label/LabelLine.h"
+#include "tests/support/TemporaryEnvironment.h"
+
+#include <gtest/gtest.h>
+
+#include <ctime>
+#include <nlohmann/json.hpp>
+
+namespace quillbar {
+
+namespace {
+
+LabelSnapshot bitcoin() {
+    LabelSnapshot snapshot;
+    snapshot.text = "BTC 67,234.50 ▲ 1.23%";
+    snapshot.coin = Coin{"BTCUSDT", "BTC"};
+    snapshot.ticker = Ticker{67234.5, 66417.56, 1.5e9};
+    snapshot.changePercent = 1.23;
+    snapshot.connection = ConnectionState::connected;
+    snapshot.lastUpdate = TimePoint(Seconds(1794657600.25));
+    snapshot.isStale = false;
+    return snapshot;
+}
+
+nlohmann::json lineAsJSON(const LabelSnapshot& snapshot, LabelFormat format) {
+    const std::string line = labelLine(snapshot, format);
+    EXPECT_EQ(line.find('\n'), std::string::npos);
+    return nlohmann::json::parse(line);
+}
+
+TEST(LabelLine, asTextIsTheMenuBarText) {
+    EXPECT_EQ(labelLine(bitcoin(), LabelFormat::text), "BTC 67,234.50 ▲ 1.23%");
+}
+
+TEST(LabelLine, asTextStaysOneLineWhateverTheBaseAsset) {
+    LabelSnapshot snapshot;
+    snapshot.text = "B\nT\rC";
+    EXPECT_EQ(labelLine(snapshot, LabelFormat::text), "B T C");
+}
+
+TEST(LabelLine, asJSONCarriesEveryFieldInItsOrder) {
+    EXPECT_EQ(labelLine(bitcoin(), LabelFormat::json),
+              "{\"text\":\"BTC 67,234.50 ▲ 1.23%\",\"symbol\":\"BTCUSDT\",\"price\":67234.5,"
+              "\"changePercent\":1.23,\"basis\":\"rolling24h\",\"connection\":\"connected\","
+              "\"lastUpdate\":\"2026-11-14T12:00:00.250Z\",\"stale\":false}");
+}
+
+TEST(LabelLine, asJSONHasNullForWhatIsNotKnown) {
+    LabelSnapshot snapshot;
+    snapshot.text = "Quillbar";
+    EXPECT_EQ(labelLine(snapshot, LabelFormat::json),
+              "{\"text\":\"Quillbar\",\"symbol\":null,\"price\":null,\"changePercent\":null,"
+              "\"basis\":\"rolling24h\",\"connection\":\"disconnected\",\"lastUpdate\":null,"
+              "\"stale\":true}");
+}
+
+TEST(LabelLine, asJSONNamesEveryConnectionAndBasis) {
+    LabelSnapshot snapshot = bitcoin();
+    snapshot.basis = ChangeBasis::today;
+    EXPECT_EQ(lineAsJSON(snapshot, LabelFormat::json)["basis"], "today");
+    const std::vector<std::pair<ConnectionState, std::string>> names{
+        {ConnectionState::disconnected, "disconnected"},
+        {ConnectionState::connecting, "connecting"},
+        {ConnectionState::connected, "connected"},
+        {ConnectionState::waitingRetry, "waitingRetry"},
+    };
+    for (const auto& [connection, name] : names) {
+        snapshot.connection = connection;
+        EXPECT_EQ(lineAsJSON(snapshot, LabelFormat::json)["connection"], name);
+    }
+}
+
+TEST(LabelLine, asJSONSurvivesABaseAssetThatIsNotUTF8) {
+    LabelSnapshot snapshot;
+    snapshot.text = "B\xff";
+    EXPECT_EQ(lineAsJSON(snapshot, LabelFormat::json)["text"], "B\uFFFD");
+}
+
+TEST(LabelLine, forWaybarHasTextTooltipAndClass) {
+    const TemporaryEnvironment zone("TZ", "Asia/Shanghai");
+    ::tzset();
+    const auto line = lineAsJSON(bitcoin(), LabelFormat::waybar);
+    EXPECT_EQ(line.size(), 3U);
+    EXPECT_EQ(line["text"], "BTC 67,234.50 ▲ 1.23%");
+    EXPECT_EQ(line["tooltip"],
+              "BTCUSDT 67,234.50\n24 小时涨跌 +1.23%\n成交额 15.00亿\n更新于 20:00:00\n已连接");
+    EXPECT_EQ(line["class"], "up");
+}
+
+TEST(LabelLine, forWaybarFollowsTheSignOfTheChange) {
+    LabelSnapshot snapshot = bitcoin();
+    snapshot.changePercent = -0.01;
+    EXPECT_EQ(lineAsJSON(snapshot, LabelFormat::waybar)["class"], "down");
+    snapshot.changePercent = 0;
+    EXPECT_EQ(lineAsJSON(snapshot, LabelFormat::waybar)["class"], "flat");
+    snapshot.changePercent = std::nullopt;
+    EXPECT_EQ(lineAsJSON(snapshot, LabelFormat::waybar)["class"], "flat");
+}
+
+TEST(LabelLine, forWaybarIsStaleWhateverTheChange) {
+    LabelSnapshot snapshot = bitcoin();
+    snapshot.isStale = true;
+    EXPECT_EQ(lineAsJSON(snapshot, LabelFormat::waybar)["class"], "stale");
+}
+
+TEST(LabelLine, forWaybarWithoutAPriceTellsTheConnection) {
+    LabelSnapshot snapshot;
+    snapshot.text = "BTC";
+    snapshot.coin = Coin{"BTCUSDT", "BTC"};
+    snapshot.connection = ConnectionState::waitingRetry;
+    EXPECT_EQ(lineAsJSON(snapshot, LabelFormat::waybar)["tooltip"], "连接中断,等待重试");
+}
+
+TEST(LabelLine, forWaybarEscapesItsMarkup) {
+    LabelSnapshot snapshot;
+    snapshot.text = "A<&>B";
+    EXPECT_EQ(lineAsJSON(snapshot, LabelFormat::waybar)["text"], "A&lt;&amp;&gt;B");
+}
+
+TEST(LabelLine, isWorthPrintingAgainWhenTheTextChanges) {
+    LabelSnapshot changed = bitcoin();
+    changed.text = "BTC 67,234.51 ▲ 1.23%";
+    for (const LabelFormat format : {LabelFormat::text, LabelFormat::json, LabelFormat::waybar}) {
+        EXPECT_TRUE(differsVisibly(bitcoin(), changed, format));
+        EXPECT_FALSE(differsVisibly(bitcoin(), bitcoin(), format));
+    }
+}
+
+TEST(LabelLine, isWorthPrintingAgainForItsConnectionOnlyWhereTheFormatShowsIt) {
+    LabelSnapshot waiting = bitcoin();
+    waiting.connection = ConnectionState::waitingRetry;
+    LabelSnapshot stale = bitcoin();
+    stale.isStale = true;
+    for (const LabelSnapshot& changed : {waiting, stale}) {
+        EXPECT_FALSE(differsVisibly(bitcoin(), changed, LabelFormat::text));
+        EXPECT_TRUE(differsVisibly(bitcoin(), changed, LabelFormat::json));
+        EXPECT_TRUE(differsVisibly(bitcoin(), changed, LabelFormat::waybar));
+    }
+}
+
+TEST(LabelLine, isNotWorthPrintingAgainForItsAgeAlone) {
+    LabelSnapshot later = bitcoin();
+    later.lastUpdate = *later.lastUpdate + Seconds(1);
+    EXPECT_FALSE(differsVisibly(bitcoin(), later, LabelFormat::json));
+}
+
+}  // namespace
+
+}  // namespace quillbar

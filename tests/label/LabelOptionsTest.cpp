@@ -1,0 +1,80 @@
+// SPDX-FileCopyrightText: 2026 The Quillbar developers
+// SPDX-License-Identifier: MIT
+#include "Quillbar/label/LabelOptions.h"
+
+#include <gtest/gtest.h>
+
+namespace quillbar {
+
+namespace {
+
+LabelOptions optionsOf(const std::vector<std::string>& arguments) {
+    const auto parsed = parseLabelOptions(arguments);
+    const auto* const options = std::get_if<LabelOptions>(&parsed);
+    EXPECT_NE(options, nullptr);
+    return options != nullptr ? *options : LabelOptions{};
+}
+
+std::string errorOf(const std::vector<std::string>& arguments) {
+    const auto parsed = parseLabelOptions(arguments);
+    const auto* const error = std::get_if<LabelUsageError>(&parsed);
+    EXPECT_NE(error, nullptr);
+    return error != nullptr ? error->text : std::string();
+}
+
+std::string informationOf(const std::vector<std::string>& arguments) {
+    const auto parsed = parseLabelOptions(arguments);
+    const auto* const information = std::get_if<LabelInformation>(&parsed);
+    EXPECT_NE(information, nullptr);
+    return information != nullptr ? information->text : std::string();
+}
+
+TEST(LabelOptions, withoutArgumentsPrintOnceAsText) {
+    EXPECT_EQ(optionsOf({}), (LabelOptions{LabelMode::once, LabelFormat::text}));
+}
+
+TEST(LabelOptions, nameTheMode) {
+    EXPECT_EQ(optionsOf({"--once"}).mode, LabelMode::once);
+    EXPECT_EQ(optionsOf({"--follow"}).mode, LabelMode::follow);
+    EXPECT_EQ(optionsOf({"--follow", "--follow"}).mode, LabelMode::follow);
+}
+
+TEST(LabelOptions, nameTheFormatInEitherSpelling) {
+    EXPECT_EQ(optionsOf({"--format", "json"}).format, LabelFormat::json);
+    EXPECT_EQ(optionsOf({"--format=waybar", "--follow"}),
+              (LabelOptions{LabelMode::follow, LabelFormat::waybar}));
+    EXPECT_EQ(optionsOf({"--format=text"}).format, LabelFormat::text);
+}
+
+TEST(LabelOptions, thatMakeNoSenseAreToldInOneLine) {
+    EXPECT_EQ(errorOf({"--once", "--follow"}), "--once 与 --follow 不能同时使用");
+    EXPECT_EQ(errorOf({"--folow"}), "未知的参数「--folow」,请看 --help");
+    EXPECT_EQ(errorOf({"price"}), "未知的参数「price」,请看 --help");
+    EXPECT_EQ(errorOf({"--format"}), "--format 需要一个格式:text、json 或 waybar");
+    EXPECT_EQ(errorOf({"--format", "xml"}), "未知的格式「xml」,可用 text、json 或 waybar");
+    EXPECT_EQ(errorOf({"--format="}), "未知的格式「」,可用 text、json 或 waybar");
+}
+
+TEST(LabelOptions, helpNamesEveryOptionAndExitStatus) {
+    const std::string help = informationOf({"--follow", "--help"});
+    for (const char* const part : {"--once",
+                                   "--follow",
+                                   "--format",
+                                   "json",
+                                   "waybar",
+                                   "--help",
+                                   "--version",
+                                   "0",
+                                   "2",
+                                   "3"}) {
+        EXPECT_NE(help.find(part), std::string::npos) << part;
+    }
+}
+
+TEST(LabelOptions, versionIsTheBuilds) {
+    EXPECT_EQ(informationOf({"--version"}), "quillbar-label " QUILLBAR_VERSION "\n");
+}
+
+}  // namespace
+
+}  // namespace quillbar

@@ -1,0 +1,44 @@
+// SPDX-FileCopyrightText: 2026 The Quillbar developers
+// SPDX-License-Identifier: MIT
+#include "Quillbar/platform/TerminationSignals.h"
+#include "tests/qtsupport/SpinUntil.h"
+
+#include <gtest/gtest.h>
+
+#include <csignal>
+
+namespace quillbar {
+
+namespace {
+
+TEST(TerminationSignals, callBackFromTheEventLoopOnce) {
+    for (const int signal : {SIGINT, SIGTERM}) {
+        int terminations = 0;
+        const TerminationSignals signals([&terminations] { ++terminations; });
+        ::raise(signal);
+        ::raise(signal);
+        EXPECT_EQ(terminations, 0);
+        EXPECT_TRUE(spinUntil([&terminations] { return terminations > 0; }));
+        EXPECT_EQ(terminations, 1);
+    }
+}
+
+TEST(TerminationSignals, ignoreAClosedPipe) {
+    const TerminationSignals signals([] { ADD_FAILURE(); });
+    EXPECT_EQ(::raise(SIGPIPE), 0);
+}
+
+TEST(TerminationSignals, putBackTheDefaults) {
+    {
+        const TerminationSignals signals([] {});
+    }
+    for (const int signal : {SIGINT, SIGTERM, SIGPIPE}) {
+        struct sigaction action {};
+        ::sigaction(signal, nullptr, &action);
+        EXPECT_EQ(action.sa_handler, SIG_DFL) << signal;
+    }
+}
+
+}  // namespace
+
+}  // namespace quillbar
