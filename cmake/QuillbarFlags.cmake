@@ -35,3 +35,7 @@ if(QUILLBAR_SANITIZERS)
         "-fsanitize=${QUILLBAR_SANITIZERS}" -fno-omit-frame-pointer -fno-sanitize-recover=all)
     target_link_options(quillbar_flags INTERFACE "-fsanitize=${QUILLBAR_SANITIZERS}")
 endif()
+if(QUILLBAR_FUZZERS)
+    # Tells libFuzzer which paths an input took, in what is fuzzed too.
+    target_compile_options(quillbar_flags INTERFACE -fsanitize=fuzzer-no-link)
+endif()

@@ -1,0 +1,75 @@
+// SPDX-FileCopyrightText: 2026 The Quillbar developers
+// SPDX-License-Identifier: MIT
+#include "fuzz/FuzzTarget.h"
+#include "Quillbar/ServiceEndpoints.h"
+
+#include <algorithm>
+#include <cstddef>
+#include <map>
+#include <optional>
+#include <string>
+
+namespace quillbar {
+
+namespace {
+
+/// The input as an environment: one NAME=value a line, the last of a repeated name counts.
+std::map<std::string, std::string, std::less<>> environment(std::string_view input) {
+    std::map<std::string, std::string, std::less<>> variables;
+    while (!input.empty()) {
+        const std::string_view line = input.substr(0, input.find('\n'));
+        input.remove_prefix(std::min(line.size() + 1, input.size()));
+        const std::size_t mark = line.find('=');
+        if (mark != std::string_view::npos) {
+            variables[std::string(line.substr(0, mark))] = line.substr(mark + 1);
+        }
+    }
+    return variables;
+}
+
+bool isLoopback(std::string_view rest) {
+    return rest.starts_with("localhost") || rest.starts_with("127.") || rest.starts_with("[");
+}
+
+void requireSound(std::string_view url, std::string_view encrypted, std::string_view plain) {
+    require(!url.ends_with('/'), "a base has no slash at its end");
+    require(url.find_first_of("?#@ \t\n\r,") == std::string_view::npos,
+            "a base has no query, fragment, credentials, spaces or commas");
+    for (const char character : url) {
+        require(character > ' ' && character < '\x7f', "a base is in ASCII");
+    }
+    if (url.starts_with(plain)) {
+        require(isLoopback(url.substr(plain.size())), "nothing leaves the machine unencrypted");
+    } else {
+        require(url.starts_with(encrypted) && url.size() > encrypted.size(),
+                "a base has a scheme and a host");
+    }
+}
+
+}  // namespace
+
+void fuzz(std::string_view input) {
+    const auto variables = environment(input);
+    const auto variable = [&](const char* name) {
+        const auto found = variables.find(name);
+        return found == variables.end() ? std::nullopt : std::optional(found->second);
+    };
+    try {
+        const ServiceEndpoints endpoints = ServiceEndpoints::fromEnvironment(variable);
+        require(!endpoints.rest.empty() && !endpoints.stream.empty(), "no list is empty");
+        for (const std::string& base : endpoints.rest) {
+            requireSound(base, "https://", "http://");
+        }
+        for (const std::string& base : endpoints.stream) {
+            requireSound(base, "wss://", "ws://");
+        }
+        requireSound(endpoints.marketCap, "https://", "http://");
+        requireSound(endpoints.icon, "https://", "http://");
+    } catch (const EndpointError& error) {
+        const std::string_view text = error.what();
+        require(text.starts_with("QUILLBAR_"), "the error names the variable");
+        require(text.find('\n') == std::string_view::npos, "the error is one line");
+    }
+}
+
+}  // namespace quillbar
