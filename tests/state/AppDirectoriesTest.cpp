@@ -1,0 +1,65 @@
+// SPDX-FileCopyrightText: 2026 The Quillbar developers
+// SPDX-License-Identifier: MIT
+#include "QuillbarCore/state/AppDirectories.h"
+#include "tests/support/TemporaryEnvironment.h"
+#include "tests/support/TemporaryFolder.h"
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <optional>
+
+namespace quillbar {
+namespace {
+
+using AppDirectories::applicationSupport;
+using std::nullopt;
+
+TEST(AppDirectories, prefersTheDataHome) {
+    EXPECT_EQ(applicationSupport({"/data", "/home/me", "/users/me"}), "/data/Quillbar");
+}
+
+TEST(AppDirectories, takesTheHomeFolderWithoutADataHome) {
+    EXPECT_EQ(applicationSupport({nullopt, "/home/me", "/users/me"}),
+              "/home/me/.local/share/Quillbar");
+}
+
+TEST(AppDirectories, takesTheUserDatabaseWithoutAHomeFolder) {
+    EXPECT_EQ(applicationSupport({nullopt, nullopt, "/users/me"}),
+              "/users/me/.local/share/Quillbar");
+}
+
+TEST(AppDirectories, passesOverWhatIsEmptyOrNotAbsolute) {
+    EXPECT_EQ(applicationSupport({"", "/home/me", nullopt}), "/home/me/.local/share/Quillbar");
+    EXPECT_EQ(applicationSupport({"data", "me", "/users/me"}), "/users/me/.local/share/Quillbar");
+    EXPECT_EQ(applicationSupport({"~/data", "", "/users/me"}), "/users/me/.local/share/Quillbar");
+}
+
+TEST(AppDirectories, readsTheEnvironmentAndCreatesNothing) {
+    const TemporaryFolder folder;
+    const TemporaryEnvironment dataHome("XDG_DATA_HOME", folder.path() / "data");
+    EXPECT_EQ(applicationSupport(), folder.path() / "data/Quillbar");
+    EXPECT_FALSE(std::filesystem::exists(folder.path() / "data"));
+}
+
+TEST(AppDirectories, readsTheHomeFolderFromTheEnvironment) {
+    const TemporaryEnvironment dataHome("XDG_DATA_HOME", nullopt);
+    const TemporaryEnvironment home("HOME", "/home/me");
+    EXPECT_EQ(applicationSupport(), "/home/me/.local/share/Quillbar");
+}
+
+TEST(AppDirectories, readsTheUserDatabaseAtLast) {
+    const TemporaryEnvironment dataHome("XDG_DATA_HOME", nullopt);
+    const TemporaryEnvironment home("HOME", nullopt);
+    const std::filesystem::path folder = applicationSupport();
+    EXPECT_TRUE(folder.is_absolute());
+    EXPECT_EQ(folder.lexically_relative(folder.parent_path().parent_path().parent_path()),
+              ".local/share/Quillbar");
+}
+
+TEST(AppDirectoriesDeathTest, endsTheProcessWhenThereIsNowhereToKeepFiles) {
+    EXPECT_DEATH(static_cast<void>(applicationSupport({nullopt, "home", ""})), "no home folder");
+}
+
+}  // namespace
+}  // namespace quillbar

@@ -1,0 +1,101 @@
+// SPDX-FileCopyrightText: 2026 The Quillbar developers
+// SPDX-License-Identifier: MIT
+#include "tests/state/AppStateFixture.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <optional>
+#include <string>
+
+namespace quillbar {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+using testing::StartsWith;
+
+constexpr const char* kBasisNotSaved = "设置未能保存到磁盘";
+constexpr const char* kAppearanceNotSaved = "外观设置保存失败,重启后会恢复原值";
+
+class AppStateSettingsTest : public AppStateFixture {
+protected:
+    void SetUp() override { startConnected(listOf({"BTC"})); }
+};
+
+TEST_F(AppStateSettingsTest, savesEachSettingAtOnce) {
+    AppSettings expected = AppSettings::defaultSettings();
+    state->setChangeBasis(ChangeBasis::today);
+    expected.changeBasis = ChangeBasis::today;
+    EXPECT_EQ(storedSettings(), expected);
+    state->setAppearance(AppearanceMode::light);
+    expected.appearance = AppearanceMode::light;
+    EXPECT_EQ(storedSettings(), expected);
+    state->setLastBoard(RankingBoard::losers);
+    expected.lastBoard = RankingBoard::losers;
+    EXPECT_EQ(storedSettings(), expected);
+    EXPECT_EQ(*state->settings(), expected);
+    EXPECT_EQ(*state->lastError(), std::nullopt);
+}
+
+TEST_F(AppStateSettingsTest, doesNothingForTheValueThatIsSet) {
+    state->setLastBoard(RankingBoard::gainers);
+    files.calls.clear();
+    Notes<AppSettings> settings(state->settings());
+    state->setChangeBasis(ChangeBasis::rolling24h);
+    state->setAppearance(AppearanceMode::dark);
+    state->setLastBoard(RankingBoard::gainers);
+    EXPECT_THAT(settings.values, IsEmpty());
+    EXPECT_THAT(files.calls, IsEmpty());
+}
+
+TEST_F(AppStateSettingsTest, keepsABasisThatCouldNotBeSaved) {
+    files.breakAll();
+    state->setChangeBasis(ChangeBasis::today);
+    EXPECT_EQ(state->settings()->changeBasis, ChangeBasis::today);
+    EXPECT_EQ(*state->lastError(), kBasisNotSaved);
+    EXPECT_THAT(log.lines(),
+                ElementsAre(StartsWith("AppState|error|failed to persist settings: cannot ")));
+}
+
+TEST_F(AppStateSettingsTest, keepsAnAppearanceThatCouldNotBeSaved) {
+    files.breakAll();
+    state->setAppearance(AppearanceMode::system);
+    EXPECT_EQ(state->settings()->appearance, AppearanceMode::system);
+    EXPECT_EQ(*state->lastError(), kAppearanceNotSaved);
+    EXPECT_THAT(log.lines(),
+                ElementsAre(StartsWith("AppState|error|failed to persist settings: cannot ")));
+}
+
+TEST_F(AppStateSettingsTest, onlyLogsABoardThatCouldNotBeSaved) {
+    files.breakAll();
+    state->setLastBoard(RankingBoard::volume);
+    EXPECT_EQ(state->settings()->lastBoard, RankingBoard::volume);
+    EXPECT_EQ(*state->lastError(), std::nullopt);
+    EXPECT_THAT(log.lines(),
+                ElementsAre(StartsWith("AppState|default|save last board failed: cannot ")));
+}
+
+TEST_F(AppStateSettingsTest, clearsTheErrorWhenBasisOrAppearanceAreSaved) {
+    files.breakAll();
+    state->setChangeBasis(ChangeBasis::today);
+    files.repair();
+    state->setAppearance(AppearanceMode::light);
+    EXPECT_EQ(*state->lastError(), std::nullopt);
+    files.breakAll();
+    state->setAppearance(AppearanceMode::dark);
+    files.repair();
+    state->setChangeBasis(ChangeBasis::rolling24h);
+    EXPECT_EQ(*state->lastError(), std::nullopt);
+}
+
+TEST_F(AppStateSettingsTest, leavesTheErrorWhenABoardIsSaved) {
+    files.breakAll();
+    state->setChangeBasis(ChangeBasis::today);
+    files.repair();
+    state->setLastBoard(RankingBoard::volume);
+    EXPECT_EQ(*state->lastError(), kBasisNotSaved);
+}
+
+}  // namespace
+}  // namespace quillbar

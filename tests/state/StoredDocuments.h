@@ -1,0 +1,60 @@
+// SPDX-FileCopyrightText: 2026 The Quillbar developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "QuillbarCore/state/SettingsStore.h"
+#include "QuillbarCore/state/WatchlistStore.h"
+
+#include <string>
+
+namespace quillbar {
+
+/// What a test of both stores knows of each.
+template <class Store>
+struct StoredDocument;
+
+template <>
+struct StoredDocument<WatchlistStore> {
+    static constexpr const char* kName = "watchlist.json";
+    static constexpr const char* kUnreadable = "WatchlistStore|default|load watchlist failed (";
+    static constexpr const char* kLaterVersionLine =
+        "WatchlistStore|error|unknown schema version 2, falling back to default";
+
+    static Watchlist some() { return {1, {{"ETHUSDT", "ETH"}, {"XUSDT", "X"}}, "XUSDT"}; }
+    static std::string someText() {
+        return R"({"schemaVersion":1,"coins":[{"symbol":"ETHUSDT","baseAsset":"ETH"},)"
+               R"({"symbol":"XUSDT","baseAsset":"X"}],"pinnedSymbol":"XUSDT"})";
+    }
+    static Watchlist other() { return {1, {{"SOLUSDT", "SOL"}}}; }
+    static std::string otherText() {
+        return R"({"schemaVersion":1,"coins":[{"symbol":"SOLUSDT","baseAsset":"SOL"}]})";
+    }
+    static std::string laterVersionText() { return R"({"schemaVersion":2,"coins":[]})"; }
+    static const Watchlist& defaultDocument() { return Watchlist::defaultWatchlist(); }
+};
+
+template <>
+struct StoredDocument<SettingsStore> {
+    static constexpr const char* kName = "settings.json";
+    static constexpr const char* kUnreadable = "SettingsStore|default|load settings failed (";
+    static constexpr const char* kLaterVersionLine =
+        "SettingsStore|error|unknown settings schema version 2, using default";
+
+    static AppSettings some() {
+        return {1, ChangeBasis::today, AppearanceMode::system, RankingBoard::marketCap};
+    }
+    static std::string someText() {
+        return R"({"schemaVersion":1,"changeBasis":"today","appearance":"system",)"
+               R"("lastBoard":"marketCap"})";
+    }
+    static AppSettings other() { return {1, ChangeBasis::today, AppearanceMode::light}; }
+    static std::string otherText() {
+        return R"({"schemaVersion":1,"changeBasis":"today","appearance":"light"})";
+    }
+    static std::string laterVersionText() {
+        return R"({"schemaVersion":2,"changeBasis":"today","appearance":"light"})";
+    }
+    static const AppSettings& defaultDocument() { return AppSettings::defaultSettings(); }
+};
+
+}  // namespace quillbar
