@@ -20,6 +20,7 @@ echo rest https://127.0.0.1:4711/api/v3
 echo stream wss://127.0.0.1:4711
 echo market-caps https://127.0.0.1:4711/coingecko/api/v3
 echo icons https://127.0.0.1:4711/icons
+echo control https://127.0.0.1:4711/control
 echo ready
 exec tail -f /dev/null
 """
@@ -123,12 +124,13 @@ class Run(unittest.TestCase):
         for name in ("DATA", "CONFIG", "CACHE"):
             self.assertTrue(told[f"XDG_{name}_HOME"].startswith(f"{self.temporary}/"), told)
 
-    def test_the_demo_says_how_to_start_the_simulator_again_on_the_same_port(self):
+    def test_the_demo_says_how_to_stop_trouble_and_start_the_simulator_on_the_same_port(self):
         _, _, err = self.run_through("--demo", "--", "--once")
         arguments = (self.home / "simulator.arguments").read_text().strip()
         self.assertTrue(arguments.startswith("--ca-file "), arguments)
         self.assertIn(f"kill {self.pid_of('simulator')}\n", err)
         self.assertIn(f"quillbar-simulator {arguments} --port 4711\n", err)
+        self.assertIn("https://127.0.0.1:4711/control ", err)
 
     def test_the_demo_goes_on_when_the_simulator_dies(self):
         process, _ = self.start_and_read("--demo")
