@@ -7,7 +7,8 @@ from Lint import lint
 
 SLEEP = re.compile(
     r"\b(?:(?:std\s*::\s*)?this_thread\s*::\s*sleep_\w+|sleep_(?:for|until)|qSleep|qWait"
-    r"|u?sleep|(?:clock_)?nanosleep|QThread\s*::\s*[mu]?sleep|msleep)\s*\("
+    r"|usleep|(?:clock_)?nanosleep|QThread\s*::\s*[mu]?sleep|msleep)\s*\("
+    r"|(?<![\w>])::\s*sleep\s*\(|\bsleep\s*\(\s*\d+\s*\)"
     r"|\bp?poll\s*\(\s*(?:nullptr|NULL)|\bselect\s*\(\s*0\s*,")
 
 
@@ -26,8 +27,10 @@ lint(check,
           {"tests/a/ATest.cpp": "QThread::msleep(10);\n"},
           {"tests/support/A.h": "::usleep(10);\n"},
           {"tests/a/ATest.cpp": "::sleep(1);\n"},
+          {"tests/a/ATest.cpp": "sleep( 10 );\n"},
           {"tests/a/ATest.cpp": "::poll(nullptr, 0, 10);\n"}],
      good=[{"tests/a/ATest.cpp": "time.advance(1s); // never sleep(1)\n"},
            {"tests/a/ATest.cpp": "co_await sleeper(1s); QTest::qWaitFor(f);\n"},
            {"tests/a/ATest.cpp": 'EXPECT_EQ(text, "sleep(1)");\n'},
-           {"tests/a/ATest.cpp": "::poll(&fd, 1, 1000); jumpAsASleep(30s);\n"}])
+           {"tests/a/ATest.cpp": "::poll(&fd, 1, 1000); jumpAsASleep(30s);\n"},
+           {"tests/a/ATest.cpp": "run(sleep(sleeper, 3)); Task<void> sleep(Seconds s);\n"}])
