@@ -17,10 +17,23 @@ namespace quillbar {
 namespace {
 
 constexpr mode_t kFolderMode = 0700;
+// As many as Linux follows.
+constexpr int kMaximumLinks = 40;
 
 [[noreturn]] void fail(std::string_view action, const std::filesystem::path& path, int code) {
     const std::string reason = std::generic_category().message(code);
     throw FileError(fmt::format("{} {}: {}", action, path.string(), reason), code);
+}
+
+// Calls again what a signal interrupted.
+template <class Call>
+auto uninterrupted(Call call) {
+    for (;;) {
+        const auto result = call();
+        if (result >= 0 || errno != EINTR) {
+            return result;
+        }
+    }
 }
 
 class ReadDescriptor {
@@ -44,16 +57,17 @@ private:
     int m_descriptor;
 };
 
-// Owns the temporary file until it has been renamed over the target.
+// Owns the temporary file until it has been renamed over the target. Its errors name the target.
 class TemporaryFile {
 public:
     TemporaryFile(const std::filesystem::path& target, FileOperations& operations)
         : m_operations(operations)
+        , m_target(target)
         , m_path((target.parent_path() / fmt::format(".{}.XXXXXX", target.filename().string()))
                      .string())
         , m_descriptor(operations.openTemporary(m_path)) {
         if (m_descriptor < 0) {
-            fail("cannot create a file beside", target, errno);
+            fail("cannot create a file beside", m_target, errno);
         }
     }
     TemporaryFile(const TemporaryFile&) = delete;
@@ -71,33 +85,32 @@ public:
 
     void fill(std::string_view bytes) {
         while (!bytes.empty()) {
-            const ssize_t written = m_operations.write(m_descriptor, bytes.data(), bytes.size());
+            const ssize_t written = uninterrupted(
+                [&] { return m_operations.write(m_descriptor, bytes.data(), bytes.size()); });
             if (written < 0) {
-                if (errno == EINTR) {
-                    continue;
-                }
-                fail("cannot write", m_path, errno);
+                fail("cannot write", m_target, errno);
             }
             bytes.remove_prefix(static_cast<std::size_t>(written));
         }
-        if (m_operations.synchronise(m_descriptor) != 0) {
-            fail("cannot synchronise", m_path, errno);
+        if (uninterrupted([&] { return m_operations.synchronise(m_descriptor); }) != 0) {
+            fail("cannot synchronise", m_target, errno);
         }
-        const int descriptor = std::exchange(m_descriptor, -1);
-        if (m_operations.close(descriptor) != 0) {
-            fail("cannot close", m_path, errno);
+        // An interrupted close has closed, and is not to be called again.
+        if (m_operations.close(std::exchange(m_descriptor, -1)) != 0 && errno != EINTR) {
+            fail("cannot close", m_target, errno);
         }
     }
 
-    void moveTo(const std::filesystem::path& target) {
-        if (m_operations.rename(m_path, target.string()) != 0) {
-            fail("cannot replace", target, errno);
+    void moveToTarget() {
+        if (m_operations.rename(m_path, m_target.string()) != 0) {
+            fail("cannot replace", m_target, errno);
         }
         m_renamed = true;
     }
 
 private:
     FileOperations& m_operations;
+    const std::filesystem::path& m_target;
     std::string m_path;
     int m_descriptor;
     bool m_renamed = false;
@@ -124,7 +137,7 @@ void synchroniseFolder(const std::filesystem::path& folder, FileOperations& oper
     if (descriptor < 0) {
         fail("cannot open the folder", folder, errno);
     }
-    const int result = operations.synchronise(descriptor);
+    const int result = uninterrupted([&] { return operations.synchronise(descriptor); });
     const int reason = errno;
     operations.close(descriptor);
     // Some file systems cannot synchronise a folder and say so with EINVAL.
@@ -134,14 +147,18 @@ void synchroniseFolder(const std::filesystem::path& folder, FileOperations& oper
 }
 
 // The file itself where the path is a symbolic link, as it is for people who keep their
-// configuration elsewhere.
+// configuration elsewhere. It need not exist.
 std::filesystem::path resolve(const std::filesystem::path& path) {
-    std::error_code error;
-    if (!std::filesystem::is_symlink(path, error)) {
-        return path;
+    std::filesystem::path target = path;
+    for (int links = 0; links < kMaximumLinks; ++links) {
+        std::error_code error;
+        const auto next = std::filesystem::read_symlink(target, error);
+        if (error) {
+            return target;
+        }
+        target = target.parent_path() / next;
     }
-    auto target = std::filesystem::weakly_canonical(path, error);
-    return error ? path : target;
+    fail("cannot follow", path, ELOOP);
 }
 
 }  // namespace
@@ -161,11 +178,9 @@ std::string AtomicFile::read(const std::filesystem::path& path, std::size_t maxi
     std::string bytes;
     std::array<char, std::size_t{64} * 1024> buffer{};
     for (;;) {
-        const ssize_t count = ::read(descriptor.get(), buffer.data(), buffer.size());
+        const ssize_t count =
+            uninterrupted([&] { return ::read(descriptor.get(), buffer.data(), buffer.size()); });
         if (count < 0) {
-            if (errno == EINTR) {
-                continue;
-            }
             fail("cannot read", path, errno);
         }
         if (count == 0) {
@@ -187,7 +202,7 @@ void AtomicFile::write(const std::filesystem::path& path,
     {
         TemporaryFile temporary(target, operations);
         temporary.fill(bytes);
-        temporary.moveTo(target);
+        temporary.moveToTarget();
     }
     synchroniseFolder(target.has_parent_path() ? target.parent_path() : ".", operations);
 }

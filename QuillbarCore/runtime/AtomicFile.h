@@ -38,13 +38,15 @@ inline constexpr std::size_t kMaximumSize = std::size_t{16} * 1024 * 1024;
                                std::size_t maximumSize = kMaximumSize);
 
 /// Replaces the file: a reader, or a crash at any moment, finds the old bytes or the new ones, never
-/// a mixture. Missing folders are made, mode 0700; the file has mode 0600. A symbolic link keeps
-/// pointing where it does, and the file behind it is replaced.
+/// a mixture; so do two that write at the same time, of which the later one stays. Missing folders
+/// are made, mode 0700; the file has mode 0600. A symbolic link keeps pointing where it does, and the
+/// file behind it is replaced, or made where it points in vain.
 ///
-/// Throws `FileError` when a folder cannot be made or the bytes cannot be written; the old file is
-/// then whole, and no temporary file is left. One that is thrown because the folder could not be
-/// synchronised after the file was put in place leaves the new bytes readable, but perhaps not after
-/// a power cut.
+/// Throws `FileError` when a folder cannot be made, the bytes cannot be written or symbolic links
+/// form a circle; the old file is then whole, and no temporary file is left. One that is thrown
+/// because the folder could not be synchronised after the file was put in place leaves the new bytes
+/// readable, but perhaps not after a power cut. A process that is killed while it writes may leave a
+/// temporary file beside the file, which nothing reads.
 void write(const std::filesystem::path& path,
            std::string_view bytes,
            FileOperations& operations = FileOperations::system());

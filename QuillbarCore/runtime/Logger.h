@@ -31,16 +31,16 @@ public:
 
 /// The log handle of one component. A small value: copy it freely.
 ///
-/// Lines go to the journal, with the subsystem and the category as fields of their own, when the
-/// process's standard error is the journal (a service, a desktop's autostart); to standard error
-/// when it runs by hand. May be used from any thread.
+/// Lines go to the `PlatformLog`: the journal, or standard error when the program runs by hand. A
+/// program that logs ignores SIGPIPE, or a standard error whose reader has gone ends it. May be used
+/// from any thread.
 class Logger {
 public:
     /// The subsystem of every line: the application's id.
     static constexpr std::string_view kSubsystem = "io.github.quillbar.Quillbar";
 
     /// `category` is the component's name; it must outlive the program, as a literal does.
-    explicit Logger(std::string_view category) noexcept
+    constexpr explicit Logger(std::string_view category) noexcept
         : m_category(category) {}
 
     /// Logs a notice, at the default level.

@@ -1,0 +1,91 @@
+// SPDX-FileCopyrightText: 2026 The Quillbar developers
+// SPDX-License-Identifier: MIT
+#include "QuillbarCore/runtime/PlatformLog.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <array>
+#include <iterator>
+#include <sys/stat.h>
+#include <sys/uio.h>
+#include <syslog.h>
+#include <unistd.h>
+#include <utility>
+#include <vector>
+
+// The place in the source would be this file's, whoever logs.
+#define SD_JOURNAL_SUPPRESS_LOCATION
+#include <systemd/sd-journal.h>
+
+namespace quillbar {
+
+namespace {
+
+bool isJournal(int descriptor, const char* journalStream) {
+    struct stat status {};
+    return journalStream != nullptr && ::fstat(descriptor, &status) == 0
+           && fmt::format("{}:{}", status.st_dev, status.st_ino) == journalStream;
+}
+
+bool isControlCharacter(char character) {
+    return static_cast<unsigned char>(character) < 0x20 || character == 0x7F;
+}
+
+}  // namespace
+
+PlatformLog::PlatformLog(int standardError, const char* journalStream, Journal journal)
+    : m_standardError(standardError)
+    , m_journal(std::move(journal))
+    , m_isStandardErrorJournal(isJournal(standardError, journalStream)) {}
+
+void PlatformLog::write(std::string_view category, LogLevel level, std::string_view text) noexcept {
+    try {
+        if (!m_isStandardErrorJournal || !writeToJournal(category, level, text)) {
+            writeToStandardError(category, level, text);
+        }
+    } catch (...) {
+        // A line that cannot be built (out of memory) is not worth the program.
+    }
+}
+
+bool PlatformLog::sendToJournal(std::span<std::string> fields, const char* socket) {
+    // sd_journal_sendv reports success when nobody listens.
+    if (::access(socket, F_OK) != 0) {
+        return false;
+    }
+    std::vector<iovec> vectors;
+    std::transform(
+        fields.begin(), fields.end(), std::back_inserter(vectors), [](std::string& field) {
+            return iovec{field.data(), field.size()};
+        });
+    return ::sd_journal_sendv(vectors.data(), static_cast<int>(vectors.size())) == 0;
+}
+
+bool PlatformLog::writeToJournal(std::string_view category,
+                                 LogLevel level,
+                                 std::string_view text) const {
+    std::array<std::string, 5> fields{
+        fmt::format("MESSAGE={}", text),
+        fmt::format("PRIORITY={}", level == LogLevel::error ? LOG_ERR : LOG_NOTICE),
+        "SYSLOG_IDENTIFIER=quillbar",
+        fmt::format("QUILLBAR_SUBSYSTEM={}", Logger::kSubsystem),
+        fmt::format("QUILLBAR_CATEGORY={}", category),
+    };
+    return m_journal(fields);
+}
+
+void PlatformLog::writeToStandardError(std::string_view category,
+                                       LogLevel level,
+                                       std::string_view text) const {
+    const std::string_view levelName = level == LogLevel::error ? "error" : "default";
+    std::string line = fmt::format("quillbar: {} {}: {}", category, levelName, text);
+    // One line of log is one line on the terminal, and commands it to nothing, whatever a server
+    // put into an error's text.
+    std::replace_if(line.begin(), line.end(), isControlCharacter, ' ');
+    line += '\n';
+    // One call, so that lines of several threads do not mix.
+    [[maybe_unused]] const auto written = ::write(m_standardError, line.data(), line.size());
+}
+
+}  // namespace quillbar
