@@ -5,6 +5,7 @@
 #include "Quillbar/label/LabelPrinter.h"
 #include "Quillbar/platform/CertificateAuthorities.h"
 #include "Quillbar/platform/LineOutput.h"
+#include "Quillbar/platform/ProxyFactory.h"
 #include "Quillbar/platform/SystemEvents.h"
 #include "Quillbar/platform/TerminationSignals.h"
 #include "Quillbar/ServiceEndpoints.h"
@@ -74,6 +75,8 @@ int runLabel(const LabelOptions& options, const ServiceEndpoints& endpoints) {
             return failAtStart(*error);
         }
     }
+
+    installProxyFactory();
 
     const TerminationSignals signals([] { QCoreApplication::exit(0); });
     const LineOutput output(STDOUT_FILENO, [] { QCoreApplication::exit(0); });

@@ -10,7 +10,9 @@
 
 #include <gtest/gtest.h>
 
-#include <memory>
+#include <csignal>
+#include <cstdlib>
+#include <sys/prctl.h>
 
 namespace quillbar {
 
@@ -19,9 +21,14 @@ namespace {
 /// A system bus of the tests' own, with a logind that sends what it is told.
 class SystemEventsTest : public ::testing::Test {
 protected:
-    // Qt connects to the system bus once per process, so all tests share one.
+    // Qt connects to the system bus once per process, so one serves all tests and goes with the
+    // process.
     static void SetUpTestSuite() {
-        s_bus = std::make_unique<QProcess>();
+        if (s_bus != nullptr) {
+            return;
+        }
+        s_bus = new QProcess;
+        s_bus->setChildProcessModifier([] { ::prctl(PR_SET_PDEATHSIG, SIGKILL); });
         s_bus->start(QStringLiteral("dbus-daemon"),
                      {QStringLiteral("--session"),
                       QStringLiteral("--nofork"),
@@ -31,14 +38,6 @@ protected:
         ::setenv("DBUS_SYSTEM_BUS_ADDRESS", address.toUtf8().constData(), 1);
         QDBusConnection logind = QDBusConnection::connectToBus(address, kLogind);
         ASSERT_TRUE(logind.registerService(QStringLiteral("org.freedesktop.login1")));
-    }
-
-    static void TearDownTestSuite() {
-        QDBusConnection::disconnectFromBus(kLogind);
-        ::unsetenv("DBUS_SYSTEM_BUS_ADDRESS");
-        s_bus->kill();
-        s_bus->waitForFinished();
-        s_bus.reset();
     }
 
     static void prepareForSleep(bool isGoingToSleep) {
@@ -51,7 +50,7 @@ protected:
     }
 
     inline static const QString kLogind = QStringLiteral("logind");
-    inline static std::unique_ptr<QProcess> s_bus;
+    inline static QProcess* s_bus = nullptr;
 };
 
 TEST_F(SystemEventsTest, tellOfAMachineThatWokeUpOnce) {
