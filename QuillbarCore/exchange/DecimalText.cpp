@@ -35,6 +35,10 @@ Magnitude withoutPrefix(std::string_view text) {
     return {text, false};
 }
 
+std::size_t exponentMark(Magnitude number) {
+    return number.text.find_first_of(number.isHexadecimal ? "pP" : "eE");
+}
+
 // The exponent that follows its letter in a text that has been parsed as a number. Beyond a
 // thousand million, how much it is does not matter.
 std::int64_t exponent(std::string_view text) {
@@ -52,11 +56,25 @@ std::int64_t exponent(std::string_view text) {
     return isNegative ? -value : value;
 }
 
+// Whether what follows the exponent's letter, if there is one, is a whole number. GCC 12's
+// std::from_chars also takes two signs, as in "0x1p+-3".
+bool hasProperExponent(Magnitude number) {
+    const std::size_t mark = exponentMark(number);
+    if (mark == std::string_view::npos) {
+        return true;
+    }
+    std::string_view text = number.text.substr(mark + 1);
+    if (text.starts_with('-') || text.starts_with('+')) {
+        text.remove_prefix(1);
+    }
+    return !text.empty() && isDigit(text[0], false);
+}
+
 // What strtod makes of a number that std::from_chars finds out of a double's range, where the two
 // ends of the range are not told apart: an infinity or a zero. Far from both ends of the range, so
 // it is enough to know on which side of one the number lies.
 double outOfRange(Magnitude number) {
-    const std::size_t mark = number.text.find_first_of(number.isHexadecimal ? "pP" : "eE");
+    const std::size_t mark = exponentMark(number);
     const std::string_view significand = number.text.substr(0, mark);
     std::int64_t digitsBeforePoint = 0;
     bool isBeforePoint = true;
@@ -84,7 +102,8 @@ double outOfRange(Magnitude number) {
 std::optional<double> parsed(Magnitude number) {
     // std::from_chars takes a sign of its own, and words.
     if (number.text.empty()
-        || (number.text[0] != '.' && !isDigit(number.text[0], number.isHexadecimal))) {
+        || (number.text[0] != '.' && !isDigit(number.text[0], number.isHexadecimal))
+        || !hasProperExponent(number)) {
         return std::nullopt;
     }
     const char* const end = number.text.data() + number.text.size();
