@@ -1,0 +1,171 @@
+// SPDX-FileCopyrightText: 2026 The Quillbar developers
+// SPDX-License-Identifier: MIT
+#include "Quillbar/label/LabelPrinter.h"
+#include "tests/state/AppStateFixture.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+namespace quillbar {
+
+namespace {
+
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+
+using Lines = std::vector<std::string>;
+
+class LabelPrinterTest : public AppStateFixture {
+protected:
+    void printLabel(LabelOptions options) {
+        m_printer = std::make_unique<LabelPrinter>(
+            *state,
+            m_isStarted,
+            executor,
+            time.sleeper(),
+            options,
+            LabelPrinter::Output{.print =
+                                     [this](std::string_view line) {
+                                         m_lines.emplace_back(line);
+                                         return m_hasReader;
+                                     },
+                                 .finish = [this](int status) { m_statuses.push_back(status); }});
+        m_printer->start();
+        executor.run();
+    }
+
+    void printOnce(LabelFormat format = LabelFormat::text) {
+        printLabel({LabelMode::once, format});
+    }
+    void follow(LabelFormat format = LabelFormat::text) { printLabel({LabelMode::follow, format}); }
+
+    Lines m_lines;
+    std::vector<int> m_statuses;
+    bool m_hasReader = true;
+    Observed<bool> m_isStarted;
+    std::unique_ptr<LabelPrinter> m_printer;
+};
+
+TEST_F(LabelPrinterTest, onceWaitsForThePriceAndSucceeds) {
+    startConnected(listOf({"BTC"}));
+    printOnce();
+    EXPECT_THAT(m_lines, IsEmpty());
+    time.advance(Seconds(14.9));
+    EXPECT_THAT(m_lines, IsEmpty());
+    price("BTC", 101.23);
+    EXPECT_THAT(m_lines, ElementsAre("BTC 101.23 ▲ 1.23%"));
+    EXPECT_THAT(m_statuses, ElementsAre(0));
+}
+
+TEST_F(LabelPrinterTest, oncePrintsOneLineWhateverFollows) {
+    startConnected(listOf({"BTC"}));
+    printOnce();
+    price("BTC", 101);
+    time.advance(Seconds(5));
+    price("BTC", 102);
+    time.advance(Seconds(60));
+    EXPECT_THAT(m_lines, ElementsAre("BTC 101.00 ▲ 1.00%"));
+    EXPECT_THAT(m_statuses, ElementsAre(0));
+}
+
+TEST_F(LabelPrinterTest, oncePrintsWhatThereIsAtOnce) {
+    startConnected(listOf({"BTC"}));
+    price("BTC", 101);
+    printOnce();
+    EXPECT_THAT(m_lines, ElementsAre("BTC 101.00 ▲ 1.00%"));
+}
+
+TEST_F(LabelPrinterTest, onceGivesUpAfterFifteenSecondsWithWhatTheLabelShows) {
+    startConnected(listOf({"BTC"}));
+    printOnce();
+    time.advance(Seconds(15));
+    EXPECT_THAT(m_lines, ElementsAre("BTC"));
+    EXPECT_THAT(m_statuses, ElementsAre(3));
+    price("BTC", 101);
+    EXPECT_EQ(m_lines.size(), 1U);
+}
+
+TEST_F(LabelPrinterTest, onceDoesNotWaitWithoutAPinnedCoin) {
+    startConnected(listOf({}));
+    printOnce();
+    EXPECT_THAT(m_lines, ElementsAre("Quillbar"));
+    EXPECT_THAT(m_statuses, ElementsAre(3));
+}
+
+TEST_F(LabelPrinterTest, onceWaitsForTheDaysOpenBesideThePrice) {
+    theBasisIsToday();
+    startConnected(listOf({"BTC"}));
+    printOnce();
+    price("BTC", 101);
+    EXPECT_THAT(m_lines, IsEmpty());
+    theOpenIs(50);
+    time.advance(Seconds(60));
+    EXPECT_THAT(m_statuses, ElementsAre(0));
+}
+
+TEST_F(LabelPrinterTest, onceDoesWithoutTheDaysOpenWhenTheFirstRequestsHaveFailed) {
+    theBasisIsToday();
+    startConnected(listOf({"BTC"}));
+    printOnce();
+    price("BTC", 101);
+    EXPECT_THAT(m_lines, IsEmpty());
+    m_isStarted.set(true);
+    EXPECT_THAT(m_lines, ElementsAre("BTC 101.00 —"));
+    EXPECT_THAT(m_statuses, ElementsAre(0));
+}
+
+TEST_F(LabelPrinterTest, followsTheTextAndNothingElse) {
+    startConnected(listOf({"BTC"}));
+    follow();
+    EXPECT_THAT(m_lines, ElementsAre("BTC"));
+    price("BTC", 101);
+    time.advance(Seconds(1));
+    price("BTC", 101);
+    tell(ConnectionState::waitingRetry);
+    EXPECT_THAT(m_lines, ElementsAre("BTC", "BTC 101.00 ▲ 1.00%"));
+    time.advance(Seconds(1));
+    price("BTC", 99);
+    EXPECT_THAT(m_lines, ElementsAre("BTC", "BTC 101.00 ▲ 1.00%", "BTC 99.00 ▼ 1.00%"));
+    EXPECT_THAT(m_statuses, IsEmpty());
+}
+
+TEST_F(LabelPrinterTest, followsASilentStreamToTheBaseAsset) {
+    startConnected(listOf({"BTC"}));
+    price("BTC", 101);
+    follow();
+    time.advance(Seconds(90));
+    EXPECT_THAT(m_lines, ElementsAre("BTC 101.00 ▲ 1.00%", "BTC"));
+}
+
+TEST_F(LabelPrinterTest, followsTheConnectionWhereTheFormatShowsIt) {
+    startConnected(listOf({"BTC"}));
+    price("BTC", 101);
+    follow(LabelFormat::waybar);
+    tell(ConnectionState::waitingRetry);
+    ASSERT_EQ(m_lines.size(), 2U);
+    EXPECT_THAT(m_lines[0], ::testing::HasSubstr("\"class\":\"up\""));
+    EXPECT_THAT(m_lines[1], ::testing::HasSubstr("\"class\":\"stale\""));
+}
+
+TEST_F(LabelPrinterTest, followsThePinToAnotherCoin) {
+    startConnected(listOf({"BTC", "ETH"}));
+    price("ETH", 200);
+    follow();
+    state->pin("ETHUSDT");
+    EXPECT_THAT(m_lines, ElementsAre("BTC", "ETH 200.00 ▲100.00%"));
+}
+
+TEST_F(LabelPrinterTest, stopsWhenNobodyReads) {
+    startConnected(listOf({"BTC"}));
+    follow();
+    m_hasReader = false;
+    price("BTC", 101);
+    time.advance(Seconds(1));
+    price("BTC", 102);
+    EXPECT_EQ(m_lines.size(), 2U);
+    EXPECT_THAT(m_statuses, ElementsAre(0));
+}
+
+}  // namespace
+
+}  // namespace quillbar
