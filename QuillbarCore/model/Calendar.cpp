@@ -53,9 +53,10 @@ std::string_view zoneNameOfPath(std::string_view path) {
 }
 
 /// The zone the system is set to; null when that cannot be told.
-const date::time_zone* systemZone(const std::string& localtimeLink) {
+const date::time_zone* systemZone(const std::string& systemFolder) {
+    const std::string localtime = systemFolder + "/localtime";
     std::array<char, 4096> target;  // NOLINT(cppcoreguidelines-pro-type-member-init): filled below
-    const ssize_t size = ::readlink(localtimeLink.c_str(), target.data(), target.size());
+    const ssize_t size = ::readlink(localtime.c_str(), target.data(), target.size());
     if (size >= 0) {
         return loadedZone(zoneNameOfPath({target.data(), static_cast<std::size_t>(size)}));
     }
@@ -63,15 +64,15 @@ const date::time_zone* systemZone(const std::string& localtimeLink) {
         return nullptr;
     }
     std::string name;
-    std::ifstream("/etc/timezone") >> name;
+    std::ifstream(systemFolder + "/timezone") >> name;
     return loadedZone(name);
 }
 
-const date::time_zone* currentZone(const std::string& localtimeLink) {
+const date::time_zone* currentZone(const std::string& systemFolder) {
     // NOLINTNEXTLINE(concurrency-mt-unsafe): nothing of ours changes the environment
     const char* const variable = std::getenv("TZ");
     if (variable == nullptr) {
-        return systemZone(localtimeLink);
+        return systemZone(systemFolder);
     }
     std::string_view name = variable;
     if (name.starts_with(':')) {
@@ -81,7 +82,7 @@ const date::time_zone* currentZone(const std::string& localtimeLink) {
         return nullptr;
     }
     const date::time_zone* const zone = loadedZone(zoneNameOfPath(name));
-    return zone != nullptr ? zone : systemZone(localtimeLink);
+    return zone != nullptr ? zone : systemZone(systemFolder);
 }
 
 /// The whole second at or before the instant.
@@ -101,9 +102,9 @@ date::local_days localDay(const date::time_zone* zone, date::sys_seconds instant
 
 }  // namespace
 
-Calendar::Calendar(const date::time_zone* zone, std::string localtimeLink)
+Calendar::Calendar(const date::time_zone* zone, std::string systemFolder)
     : m_zone(zone)
-    , m_localtimeLink(std::move(localtimeLink)) {}
+    , m_systemFolder(std::move(systemFolder)) {}
 
 Calendar Calendar::fixed(std::string_view zoneName) {
     const date::time_zone* const zone = loadedZone(zoneName);
@@ -117,12 +118,12 @@ Calendar Calendar::utc() {
     return {nullptr, {}};
 }
 
-Calendar Calendar::autoupdatingCurrent(std::string localtimeLink) {
-    return {nullptr, std::move(localtimeLink)};
+Calendar Calendar::autoupdatingCurrent(std::string systemFolder) {
+    return {nullptr, std::move(systemFolder)};
 }
 
 const date::time_zone* Calendar::zone() const {
-    return m_localtimeLink.empty() ? m_zone : currentZone(m_localtimeLink);
+    return m_systemFolder.empty() ? m_zone : currentZone(m_systemFolder);
 }
 
 CalendarDate Calendar::dateAt(TimePoint instant) const {

@@ -45,10 +45,10 @@ public:
     /// - the environment's TZ when it names a zone, as "Asia/Shanghai", ":Asia/Shanghai" or by its
     ///   file; the empty text is UTC, as it is for the C library;
     /// - otherwise (TZ unset, a rule such as "CET-1CEST", or an unknown name) the system's zone:
-    ///   the file of the zone database that localtimeLink links to, or, when it is a plain file,
-    ///   the zone that /etc/timezone names;
+    ///   the one whose file "localtime" in the system's folder links to, or, when that is a plain
+    ///   file, the one that "timezone" beside it names;
     /// - otherwise UTC.
-    [[nodiscard]] static Calendar autoupdatingCurrent(std::string localtimeLink = "/etc/localtime");
+    [[nodiscard]] static Calendar autoupdatingCurrent(std::string systemFolder = "/etc");
 
     /// The local date at the instant.
     [[nodiscard]] CalendarDate dateAt(TimePoint instant) const;
@@ -58,13 +58,13 @@ public:
     [[nodiscard]] TimePoint startOfDay(TimePoint instant) const;
 
 private:
-    Calendar(const date::time_zone* zone, std::string localtimeLink);
+    Calendar(const date::time_zone* zone, std::string systemFolder);
 
     /// The zone to answer from; null is UTC.
     [[nodiscard]] const date::time_zone* zone() const;
 
     const date::time_zone* m_zone;
-    std::string m_localtimeLink;  // empty: m_zone holds for good
+    std::string m_systemFolder;  // empty: m_zone holds for good
 };
 
 }  // namespace quillbar

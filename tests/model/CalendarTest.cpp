@@ -25,12 +25,12 @@ const TimePoint kAfternoon = utcInstant(2026, 11, 14, 16, 30);
 constexpr CalendarDate k14th{2026, 11, 14};
 constexpr CalendarDate k15th{2026, 11, 15};
 
-/// The date on which the user's calendar sees the afternoon, with TZ set like that and the machine
-/// in the zone of that link.
+/// The date on which the user's calendar sees the afternoon, with TZ set like that, on the machine
+/// of that folder.
 CalendarDate currentDate(const std::optional<std::string>& tz,
-                         const std::string& localtimeLink = "/etc/localtime") {
+                         const std::string& systemFolder = "/etc") {
     const TemporaryEnvironment environment("TZ", tz);
-    return Calendar::autoupdatingCurrent(localtimeLink).dateAt(kAfternoon);
+    return Calendar::autoupdatingCurrent(systemFolder).dateAt(kAfternoon);
 }
 
 /// The date on which the C library sees it.
@@ -48,14 +48,20 @@ CalendarDate dateOfTheCLibrary(const std::optional<std::string>& tz) {
 /// A machine whose zone can be changed.
 class Machine final {
 public:
-    [[nodiscard]] std::string localtimeLink() const { return m_folder.path() / "localtime"; }
+    [[nodiscard]] std::string systemFolder() const { return m_folder.path(); }
 
-    void moveTo(const std::string& target) const {
-        std::filesystem::remove(localtimeLink());
-        std::filesystem::create_symlink(target, localtimeLink());
+    void linkTo(const std::string& target) const {
+        std::filesystem::remove(localtime());
+        std::filesystem::create_symlink(target, localtime());
+    }
+    void copyUnnamedRules() const { std::ofstream(localtime()) << "rules without their name"; }
+    void nameTheZone(const std::string& name) const {
+        std::ofstream(m_folder.path() / "timezone") << name << "\n";
     }
 
 private:
+    [[nodiscard]] std::filesystem::path localtime() const { return m_folder.path() / "localtime"; }
+
     TemporaryFolder m_folder;
 };
 
@@ -105,22 +111,22 @@ TEST(Calendar, agreesWithTheCLibraryOnTheZoneOfTheEnvironment) {
 
 TEST(Calendar, followsTheMachineWhenTheEnvironmentNamesNoZone) {
     const Machine machine;
-    machine.moveTo("/usr/share/zoneinfo/Asia/Shanghai");
-    EXPECT_EQ(currentDate(std::nullopt, machine.localtimeLink()), k15th);
+    machine.linkTo("/usr/share/zoneinfo/Asia/Shanghai");
+    EXPECT_EQ(currentDate(std::nullopt, machine.systemFolder()), k15th);
     for (const char* const tz : {"CET-1CEST", "CET-1CEST,M3.5.0,M10.5.0/3", "Asia/Nowhere", "/"}) {
-        EXPECT_EQ(currentDate(tz, machine.localtimeLink()), k15th) << tz;
+        EXPECT_EQ(currentDate(tz, machine.systemFolder()), k15th) << tz;
     }
-    EXPECT_EQ(currentDate("", machine.localtimeLink()), k14th);
-    EXPECT_EQ(currentDate("UTC", machine.localtimeLink()), k14th);
+    EXPECT_EQ(currentDate("", machine.systemFolder()), k14th);
+    EXPECT_EQ(currentDate("UTC", machine.systemFolder()), k14th);
 }
 
 TEST(Calendar, noticesThatTheMachineOrTheEnvironmentMoved) {
     const TemporaryEnvironment unset("TZ", std::nullopt);
     const Machine machine;
-    const Calendar calendar = Calendar::autoupdatingCurrent(machine.localtimeLink());
-    machine.moveTo("../usr/share/zoneinfo/Asia/Shanghai");
+    const Calendar calendar = Calendar::autoupdatingCurrent(machine.systemFolder());
+    machine.linkTo("../usr/share/zoneinfo/Asia/Shanghai");
     EXPECT_EQ(calendar.dateAt(kAfternoon), k15th);
-    machine.moveTo("/usr/share/zoneinfo/America/New_York");
+    machine.linkTo("/usr/share/zoneinfo/America/New_York");
     EXPECT_EQ(calendar.dateAt(kAfternoon), k14th);
     const TemporaryEnvironment tokyo("TZ", "Asia/Tokyo");
     EXPECT_EQ(calendar.dateAt(kAfternoon), k15th);
@@ -128,18 +134,25 @@ TEST(Calendar, noticesThatTheMachineOrTheEnvironmentMoved) {
 
 TEST(Calendar, fallsBackToUTCOnAMachineWithoutAZone) {
     const Machine machine;
-    EXPECT_EQ(currentDate(std::nullopt, machine.localtimeLink()), k14th);
-    machine.moveTo("/nowhere");
-    EXPECT_EQ(currentDate(std::nullopt, machine.localtimeLink()), k14th);
-    EXPECT_EQ(currentDate("Asia/Nowhere", machine.localtimeLink()), k14th);
+    EXPECT_EQ(currentDate(std::nullopt, machine.systemFolder()), k14th);
+    machine.linkTo("/nowhere");
+    EXPECT_EQ(currentDate(std::nullopt, machine.systemFolder()), k14th);
+    EXPECT_EQ(currentDate("Asia/Nowhere", machine.systemFolder()), k14th);
 }
 
-TEST(Calendar, takesTheNamedZoneOfTheMachineWhenItsLinkIsAPlainFile) {
+TEST(Calendar, takesTheZoneThatTheMachineNamesWhenItsRulesAreAPlainFile) {
     const Machine machine;
-    std::ofstream(machine.localtimeLink()) << "the zone's rules, without its name";
-    std::string name;
-    std::ifstream("/etc/timezone") >> name;
-    EXPECT_EQ(currentDate(std::nullopt, machine.localtimeLink()), dateOfTheCLibrary(name));
+    machine.nameTheZone("Asia/Shanghai");
+    machine.copyUnnamedRules();
+    EXPECT_EQ(currentDate(std::nullopt, machine.systemFolder()), k15th);
+    machine.nameTheZone("Asia/Nowhere");
+    EXPECT_EQ(currentDate(std::nullopt, machine.systemFolder()), k14th);
+}
+
+TEST(Calendar, takesAMachineWithoutRulesForOneInUTCAsTheCLibraryDoes) {
+    const Machine machine;
+    machine.nameTheZone("Asia/Shanghai");
+    EXPECT_EQ(currentDate(std::nullopt, machine.systemFolder()), k14th);
 }
 
 }  // namespace
