@@ -1,0 +1,17 @@
+// SPDX-FileCopyrightText: 2026 The Quillbar developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+/// The groups of benchmarks; each function registers its own.
+namespace quillbar::benchmarks {
+
+/// The exchange's bodies and frames, against QJsonDocument.
+void registerDecoding();
+
+/// The texts of numbers and of the label, against ICU and QLocale.
+void registerTexts();
+
+/// A flood of frames from the socket to the label, against the least that must be done with them.
+void registerFlood();
+
+}  // namespace quillbar::benchmarks
