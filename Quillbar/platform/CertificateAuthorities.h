@@ -12,7 +12,6 @@ namespace quillbar {
 /// the process that is made from here on. For the main thread, before the first request. Returns an
 /// error text of one line, which names the file, when it cannot be read or holds no certificate;
 /// nothing has changed then.
-[[nodiscard]] std::optional<std::string> trustAuthorities(
-    const std::filesystem::path& pemFile);
+[[nodiscard]] std::optional<std::string> trustAuthorities(const std::filesystem::path& pemFile);
 
 }  // namespace quillbar

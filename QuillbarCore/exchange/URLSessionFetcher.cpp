@@ -92,8 +92,11 @@ URLError::Code codeOf(QNetworkReply::NetworkError error) {
 
 // Qt reports a status of 400 and more as an error of its own, though the answer is whole.
 bool isStatusError(QNetworkReply::NetworkError error) {
-    return (error > QNetworkReply::UnknownProxyError && error < QNetworkReply::ProtocolUnknownError)
-           || error >= QNetworkReply::InternalServerError;
+    using Reply = QNetworkReply;
+    return error == Reply::ProxyAuthenticationRequiredError  // 407
+           || error == Reply::ProtocolInvalidOperationError  // 400 and 418
+           || (error > Reply::UnknownProxyError && error <= Reply::UnknownContentError)
+           || (error >= Reply::InternalServerError && error <= Reply::UnknownServerError);
 }
 
 struct Answer {
@@ -146,7 +149,7 @@ private:
     void receive() {
         std::array<char, 64 * 1024> chunk{};
         std::string& body = m_answer.response.body;
-        while (!m_error) {
+        while (!m_error && m_reply->isOpen()) {
             const qint64 count = m_reply->read(chunk.data(), chunk.size());
             if (count <= 0) {
                 return;
@@ -212,7 +215,8 @@ Task<HTTPResponse> URLSessionFetcher::fetch(std::string url) {
     const TransferLimits limits = m_limits;
     QUrl next = QUrl::fromEncoded(QByteArray::fromStdString(url), QUrl::StrictMode);
     if (!next.isValid() || next.isRelative()) {
-        throw URLError(URLError::Code::badURL, "not a URL: " + url);
+        const QString text = QString::fromStdString(url).simplified();
+        throw URLError(URLError::Code::badURL, "not a URL: " + text.toStdString());
     }
     for (int redirects = 0;; ++redirects) {
         Answer answer = co_await Await<TransferOperation>(std::in_place, next, limits);

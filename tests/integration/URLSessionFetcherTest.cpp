@@ -1,0 +1,329 @@
+// SPDX-FileCopyrightText: 2026 The Quillbar developers
+// SPDX-License-Identifier: MIT
+#include "QuillbarCore/exchange/URLSessionFetcher.h"
+#include "QuillbarCore/runtime/Cancelled.h"
+#include "tests/integration/Fetching.h"
+#include "tests/integration/RawServer.h"
+
+#include <QTimer>
+
+#include <fmt/format.h>
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <chrono>
+#include <memory>
+
+namespace quillbar {
+namespace {
+
+using Code = URLError::Code;
+using std::chrono::milliseconds;
+using testing::HasSubstr;
+using testing::Not;
+
+RawServer::Answer say(std::string answer) {
+    return [answer = std::move(answer)](const std::string&, QTcpSocket& socket) {
+        socket.write(QByteArray::fromStdString(answer));
+    };
+}
+
+RawServer::Answer sayAndClose(std::string answer) {
+    return [answer = std::move(answer)](const std::string&, QTcpSocket& socket) {
+        socket.write(QByteArray::fromStdString(answer));
+        socket.disconnectFromHost();
+    };
+}
+
+void sayNothing(const std::string&, QTcpSocket&) {}
+
+// zlib's format, which HTTP calls deflate.
+std::string deflated(const std::string& text) {
+    constexpr int kLengthOfQtsOwnHeader = 4;
+    return qCompress(QByteArray::fromStdString(text), 9).mid(kLengthOfQtsOwnHeader).toStdString();
+}
+
+TEST(URLSessionFetcherTest, getsABodyAndItsStatus) {
+    RawServer server(say(httpAnswer("200 OK", "[1,2]")));
+    EXPECT_EQ(Fetching().get(server.url("/api")), (HTTPResponse{"[1,2]", 200}));
+}
+
+TEST(URLSessionFetcherTest, getsAnEmptyBody) {
+    RawServer server(say(httpAnswer("204 No Content", "")));
+    EXPECT_EQ(Fetching().get(server.url()), (HTTPResponse{"", 204}));
+}
+
+TEST(URLSessionFetcherTest, keepsEveryByteOfABody) {
+    std::string body;
+    for (int i = 0; i < 300'000; ++i) {
+        body += static_cast<char>(i * 7 % 256);
+    }
+    RawServer server(say(httpAnswer("200 OK", body)));
+    EXPECT_EQ(Fetching().get(server.url()).body, body);
+}
+
+TEST(URLSessionFetcherTest, sendsAPlainGetWithAUserAgentAndNoBody) {
+    RawServer server(say(httpAnswer("200 OK", "")));
+    static_cast<void>(Fetching().get(server.url("/klines?symbols=%5B%22BTCUSDT%22%5D&limit=5")));
+    ASSERT_EQ(server.heads.size(), 1U);
+    const std::string& head = server.heads[0];
+    EXPECT_EQ(head.substr(0, head.find("\r\n")),
+              "GET /klines?symbols=%5B%22BTCUSDT%22%5D&limit=5 HTTP/1.1");
+    EXPECT_THAT(head, HasSubstr("\r\nUser-Agent: Quillbar/" QUILLBAR_VERSION "\r\n"));
+    EXPECT_THAT(head, testing::ContainsRegex("\r\nAccept-Encoding: .*gzip"));
+    EXPECT_THAT(head, Not(HasSubstr("Content-Length")));
+}
+
+TEST(URLSessionFetcherTest, returnsEveryStatusThatIsNoSuccess) {
+    Fetching fetching;
+    for (const int status : {300,
+                             304,
+                             400,
+                             401,
+                             403,
+                             404,
+                             405,
+                             407,
+                             409,
+                             410,
+                             418,
+                             429,
+                             451,
+                             500,
+                             501,
+                             502,
+                             503,
+                             504,
+                             599}) {
+        SCOPED_TRACE(status);
+        RawServer server(say(httpAnswer(fmt::format("{} Said", status), R"({"code":-1})")));
+        const HTTPResponse response = fetching.get(server.url());
+        EXPECT_EQ(response.status, status);
+        if (status != 304) {
+            EXPECT_EQ(response.body, R"({"code":-1})") << status;
+        }
+    }
+}
+
+TEST(URLSessionFetcherTest, givesStatusZeroToWhatIsNotHttp) {
+    EXPECT_EQ(Fetching().get("data:text/plain,hello"), (HTTPResponse{"hello", 0}));
+}
+
+TEST(URLSessionFetcherTest, refusesWhatIsNoUrl) {
+    Fetching fetching;
+    EXPECT_EQ(fetching.failure(""), Code::badURL);
+    EXPECT_EQ(fetching.failure("/api/v3/klines"), Code::badURL);
+    EXPECT_EQ(fetching.failure("https://[half"), Code::badURL);
+    EXPECT_EQ(fetching.failure("carrier-pigeon://host/"), Code::badURL);
+    EXPECT_EQ(fetching.failure("no url\nat all"), Code::badURL);
+    EXPECT_EQ(fetching.errorText, "not a URL: no url at all");
+}
+
+TEST(URLSessionFetcherTest, failsWhereNobodyListens) {
+    std::string url;
+    {
+        const RawServer gone(sayNothing);
+        url = gone.url();
+    }
+    EXPECT_EQ(Fetching().failure(url), Code::cannotConnect);
+}
+
+TEST(URLSessionFetcherTest, failsForAHostWithoutAnAddress) {
+    EXPECT_EQ(Fetching().failure("http://nowhere.invalid/"), Code::cannotFindHost);
+}
+
+TEST(URLSessionFetcherTest, failsWhenTheBodyEndsEarly) {
+    RawServer server(
+        sayAndClose("HTTP/1.1 200 OK\r\nContent-Length: 100\r\n\r\nonly the beginning"));
+    EXPECT_EQ(Fetching().failure(server.url()), Code::connectionLost);
+}
+
+TEST(URLSessionFetcherTest, failsWhenAChunkedBodyEndsEarly) {
+    RawServer server(
+        sayAndClose("HTTP/1.1 200 OK\r\nTransfer-Encoding: chunked\r\n\r\n5\r\nhello\r\n"));
+    EXPECT_EQ(Fetching().failure(server.url()), Code::connectionLost);
+}
+
+TEST(URLSessionFetcherTest, failsWhenTheAnswerIsNotHttp) {
+    RawServer server(sayAndClose("220 mail.example ESMTP ready to greet anybody\r\n"));
+    EXPECT_TRUE(Fetching().failure(server.url()).has_value());
+}
+
+TEST(URLSessionFetcherTest, inflatesACompressedBody) {
+    const std::string body(200'000, 'x');
+    RawServer server(say(httpAnswer("200 OK", deflated(body), "Content-Encoding: deflate\r\n")));
+    EXPECT_EQ(Fetching().get(server.url()).body, body);
+}
+
+TEST(URLSessionFetcherTest, failsWhenTheCompressionIsDamaged) {
+    RawServer server(
+        say(httpAnswer("200 OK", "this was never deflated", "Content-Encoding: deflate\r\n")));
+    EXPECT_EQ(Fetching().failure(server.url()), Code::other);
+}
+
+TEST(URLSessionFetcherTest, acceptsABodyOfTheLargestSizeAndNoByteMore) {
+    constexpr std::size_t kLargest = 100'000;
+    Fetching fetching({.bodySize = kLargest});
+    RawServer fitting(say(httpAnswer("200 OK", std::string(kLargest, 'x'))));
+    EXPECT_EQ(fetching.get(fitting.url()).body.size(), kLargest);
+    RawServer exceeding(say(httpAnswer("200 OK", std::string(kLargest + 1, 'x'))));
+    EXPECT_EQ(fetching.failure(exceeding.url()), Code::tooLarge);
+    EXPECT_EQ(fetching.errorText, "the body exceeds 100000 bytes");
+}
+
+TEST(URLSessionFetcherTest, refusesABodyThatInflatesBeyondTheLargestSize) {
+    constexpr std::size_t kLargest = 100'000;
+    Fetching fetching({.bodySize = kLargest});
+    const auto answer = [](std::size_t size) {
+        const std::string small = deflated(std::string(size, 'x'));
+        return httpAnswer("200 OK", small, "Content-Encoding: deflate\r\n");
+    };
+    RawServer fitting(say(answer(kLargest)));
+    EXPECT_EQ(fetching.get(fitting.url()).body.size(), kLargest);
+    RawServer exceeding(say(answer(kLargest + 1)));
+    EXPECT_EQ(fetching.failure(exceeding.url()), Code::tooLarge);
+}
+
+TEST(URLSessionFetcherTest, abortsAnEndlessBody) {
+    const std::string chunk = "10000\r\n" + std::string(0x10000, 'x') + "\r\n";
+    RawServer server([&chunk](const std::string&, QTcpSocket& socket) {
+        QObject::connect(&socket, &QTcpSocket::bytesWritten, &socket, [&socket, &chunk] {
+            socket.write(QByteArray::fromStdString(chunk));
+        });
+        socket.write("HTTP/1.1 200 OK\r\nTransfer-Encoding: chunked\r\n\r\n");
+    });
+    EXPECT_EQ(Fetching({.bodySize = 1'000'000}).failure(server.url()), Code::tooLarge);
+    EXPECT_TRUE(spinUntil([&server] { return server.ended == 1; }));
+}
+
+TEST(URLSessionFetcherTest, timesOutWhenNothingIsAnswered) {
+    RawServer server(sayNothing);
+    EXPECT_EQ(Fetching({.withoutProgress = milliseconds(50)}).failure(server.url()),
+              Code::timedOut);
+    EXPECT_TRUE(spinUntil([&server] { return server.ended == 1; }));
+}
+
+TEST(URLSessionFetcherTest, timesOutWhenABodyStalls) {
+    RawServer server(say("HTTP/1.1 200 OK\r\nContent-Length: 100\r\n\r\nonly the beginning"));
+    EXPECT_EQ(Fetching({.withoutProgress = milliseconds(50)}).failure(server.url()),
+              Code::timedOut);
+}
+
+TEST(URLSessionFetcherTest, takesItsTimeForABodyThatKeepsComing) {
+    // Altogether longer than a transfer may take without progress.
+    constexpr int kPieces = 12;
+    RawServer server([](const std::string&, QTcpSocket& socket) {
+        socket.write("HTTP/1.1 200 OK\r\nContent-Length: 12\r\n\r\n");
+        auto* const timer = new QTimer(&socket);
+        timer->callOnTimeout(&socket, [&socket, timer, sent = 0]() mutable {
+            socket.write("x");
+            if (++sent == kPieces) {
+                timer->stop();
+            }
+        });
+        timer->start(milliseconds(100));
+    });
+    EXPECT_EQ(Fetching({.withoutProgress = milliseconds(1'000)}).get(server.url()).body,
+              std::string(kPieces, 'x'));
+}
+
+TEST(URLSessionFetcherTest, goesOnWithOtherTransfersAfterATimeout) {
+    QTcpSocket* slow = nullptr;
+    RawServer server([&slow](const std::string& head, QTcpSocket& socket) {
+        if (head.starts_with("GET /slow")) {
+            slow = &socket;
+        } else if (head.starts_with("GET /quick")) {
+            socket.write(QByteArray::fromStdString(httpAnswer("200 OK", "quick")));
+        }
+    });
+    Fetching fetching;
+    HTTPResponse response;
+    const auto fetch = [&](std::string url) -> Task<void> {
+        response = co_await fetching.fetcher().fetch(std::move(url));
+    };
+    fetching.loop().spawn(fetch(server.url("/slow")));
+    ASSERT_TRUE(spinUntil([&slow] { return slow != nullptr; }));
+    EXPECT_EQ(Fetching({.withoutProgress = milliseconds(50)}).failure(server.url("/never")),
+              Code::timedOut);
+    EXPECT_EQ(fetching.get(server.url("/quick")).body, "quick");
+    slow->write(QByteArray::fromStdString(httpAnswer("200 OK", "slow")));
+    EXPECT_TRUE(spinUntil([&response] { return response.status == 200; }));
+    EXPECT_EQ(response.body, "slow");
+}
+
+TEST(URLSessionFetcherTest, abortsTheTransferWhenTheTaskIsCancelled) {
+    RawServer server(sayNothing);
+    Fetching fetching;
+    bool isCancelled = false;
+    const auto fetch = [&](std::string url) -> Task<void> {
+        try {
+            const HTTPResponse response = co_await fetching.fetcher().fetch(std::move(url));
+        } catch (const Cancelled&) {
+            isCancelled = true;
+        }
+    };
+    const auto handle = fetching.loop().spawn(fetch(server.url()));
+    ASSERT_TRUE(spinUntil([&server] { return !server.heads.empty(); }));
+    EXPECT_EQ(server.ended, 0);
+    handle.cancel();
+    EXPECT_TRUE(spinUntil([&] { return isCancelled && server.ended == 1; }));
+}
+
+TEST(URLSessionFetcherTest, abortsTheTransferWhenTheTaskIsDestroyed) {
+    RawServer server(sayNothing);
+    {
+        Fetching fetching;
+        const auto fetch = [&fetching](std::string url) -> Task<void> {
+            const HTTPResponse response = co_await fetching.fetcher().fetch(std::move(url));
+        };
+        fetching.loop().spawn(fetch(server.url()));
+        ASSERT_TRUE(spinUntil([&server] { return !server.heads.empty(); }));
+    }
+    EXPECT_TRUE(spinUntil([&server] { return server.ended == 1; }));
+}
+
+TEST(URLSessionFetcherTest, sharesConnectionsBetweenFetchers) {
+    RawServer server(say(httpAnswer("200 OK", "")));
+    for (int i = 0; i < 3; ++i) {
+        static_cast<void>(Fetching().get(server.url()));
+    }
+    EXPECT_EQ(server.heads.size(), 3U);
+    EXPECT_EQ(server.accepted, 1);
+}
+
+TEST(URLSessionFetcherTest, asksAgainForWhatCouldBeCachedAndReturnsNoCookies) {
+    RawServer server(say(
+        httpAnswer("200 OK", "", "Set-Cookie: id=1; Path=/\r\nCache-Control: max-age=3600\r\n")));
+    Fetching fetching;
+    static_cast<void>(fetching.get(server.url()));
+    static_cast<void>(fetching.get(server.url()));
+    ASSERT_EQ(server.heads.size(), 2U);
+    EXPECT_THAT(server.heads[1], Not(HasSubstr("Cookie")));
+}
+
+TEST(URLSessionFetcherTest, doesNotFollowARedirectToPlainHttp) {
+    RawServer target(say(httpAnswer("200 OK", "never asked")));
+    for (const char* const status : {"301 Moved Permanently",
+                                     "302 Found",
+                                     "307 Temporary Redirect",
+                                     "308 Permanent Redirect"}) {
+        RawServer server(
+            say(httpAnswer(status, "elsewhere", "Location: " + target.url() + "\r\n")));
+        const HTTPResponse response = Fetching().get(server.url());
+        EXPECT_EQ(fmt::format("{}", response.status), std::string(status, 3));
+        EXPECT_EQ(response.body, "elsewhere");
+    }
+    EXPECT_TRUE(target.heads.empty());
+}
+
+TEST(URLSessionFetcherTest, doesNotFollowARedirectToAnotherScheme) {
+    for (const char* const location : {"data:text/plain,gotcha", "file:///etc/passwd", "/other"}) {
+        RawServer server(
+            say(httpAnswer("302 Found", "", fmt::format("Location: {}\r\n", location))));
+        EXPECT_EQ(Fetching().get(server.url()), (HTTPResponse{"", 302})) << location;
+        EXPECT_EQ(server.heads.size(), 1U) << location;
+    }
+}
+
+}  // namespace
+}  // namespace quillbar
