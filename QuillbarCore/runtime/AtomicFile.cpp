@@ -6,6 +6,7 @@
 
 #include <array>
 #include <cerrno>
+#include <cstring>
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <system_error>
@@ -21,8 +22,12 @@ constexpr mode_t kFolderMode = 0700;
 constexpr int kMaximumLinks = 40;
 
 [[noreturn]] void fail(std::string_view action, const std::filesystem::path& path, int code) {
-    const std::string reason = std::generic_category().message(code);
-    throw FileError(fmt::format("{} {}: {}", action, path.string(), reason), code);
+    // The system's own words, which no locale translates: they go into the log.
+    const char* const reason = ::strerrordesc_np(code);
+    throw FileError(
+        fmt::format(
+            "{} {}: {}", action, path.string(), reason == nullptr ? "unknown error" : reason),
+        code);
 }
 
 // Calls again what a signal interrupted.

@@ -8,17 +8,17 @@
 
 #include <gtest/gtest.h>
 
+#include <cstring>
 #include <filesystem>
 #include <functional>
 #include <string>
 #include <sys/stat.h>
-#include <system_error>
 #include <vector>
 
 namespace quillbar {
 
 inline std::string reasonOf(int code) {
-    return std::generic_category().message(code);
+    return ::strerrordesc_np(code);
 }
 
 /// A folder of its own, the file to write in it, and what its writing throws.
