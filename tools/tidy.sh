@@ -8,6 +8,7 @@
 # QUILLBAR_BASE, or from where this branch left origin/main. A header is checked through a source
 # that includes it. Where no base can be known, everything is checked.
 set -euo pipefail
+shopt -s inherit_errexit
 cd "$(dirname "$(readlink -f "$0")")/.."
 build=$1
 shift
@@ -64,10 +65,14 @@ check() {
 export -f check
 
 if [ $# -eq 0 ]; then
-    mapfile -t chosen < <(touched | in_database)
+    chosen=$(touched | in_database)
 else
-    chosen=("$@")
+    chosen=$(printf '%s\n' "$@")
 fi
-printf 'tidy: %d sources\n' ${#chosen[@]}
-printf '%s\n' "${chosen[@]}" |
+if [ -z "$chosen" ]; then
+    printf 'tidy: nothing to check\n'
+    exit 0
+fi
+printf 'tidy: %d sources\n' "$(wc -l <<<"$chosen")"
+printf '%s\n' "$chosen" |
     xargs -r -P "$(nproc)" -I{} bash -o pipefail -c 'check "$0" "$1"' "$build" {}
