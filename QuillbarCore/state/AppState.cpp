@@ -97,7 +97,7 @@ std::vector<std::string> AppState::symbols() const {
 
 Task<void> AppState::consumeEvents() {
     while (auto event = co_await m_stream.events().next()) {
-        handle(*event);
+        handle(*event);  // NOLINT(bugprone-unchecked-optional-access): blind to co_await
     }
 }
 
@@ -130,8 +130,8 @@ Task<void> AppState::runWatchdog() {
 }
 
 Task<void> AppState::checkStaleConnection() {
-    const bool isSilent = *m_connectionState == ConnectionState::connected && *m_lastUpdate
-                          && m_now() - **m_lastUpdate > m_staleReconnectThreshold;
+    const bool isSilent = *m_connectionState == ConnectionState::connected
+                          && m_lastUpdate->has_value() && silence() > m_staleReconnectThreshold;
     if (isSilent) {
         co_await subscribeStream();
     }
@@ -141,7 +141,11 @@ bool AppState::isDataStale() const {
     if (*m_connectionState != ConnectionState::connected) {
         return true;
     }
-    return *m_lastUpdate && m_now() - **m_lastUpdate > kStaleDataThreshold;
+    return m_lastUpdate->has_value() && silence() > kStaleDataThreshold;
+}
+
+Seconds AppState::silence() const {
+    return m_now() - m_lastUpdate->value_or(kDistantPast);
 }
 
 Task<void> AppState::refreshSnapshot() {
@@ -178,7 +182,7 @@ std::string AppState::computeMenuBarText() const {
         return std::string(kTextWithoutPin);
     }
     const Ticker* const ticker = m_tickers.find(symbol);
-    if (ticker == nullptr || !*m_lastUpdate || m_now() - **m_lastUpdate > kStaleDataThreshold) {
+    if (ticker == nullptr || silence() > kStaleDataThreshold) {
         return coin->baseAsset;
     }
     return fmt::format("{} {} {}",
@@ -205,12 +209,8 @@ std::optional<double> AppState::displayPercent(const std::string& symbol) const 
 
 // Today's opens
 
-std::int64_t AppState::localDayKey() const {
-    return LocalDay::key(m_now(), m_calendar);
-}
-
-void AppState::invalidateTodayOpensIfDayChanged() {
-    const std::int64_t today = localDayKey();
+void AppState::invalidateTodayOpensIfDayChanged(TimePoint now) {
+    const std::int64_t today = LocalDay::key(now, m_calendar);
     if (m_todayOpensDayKey != today) {
         m_todayOpensDayKey = today;
         m_todayOpens.clear();
@@ -222,7 +222,7 @@ void AppState::checkTodayOpensFreshness() {
         return;
     }
     const auto& coins = m_watchlist->coins;
-    const bool areFresh = m_todayOpensDayKey == localDayKey()
+    const bool areFresh = m_todayOpensDayKey == LocalDay::key(m_now(), m_calendar)
                           && std::all_of(coins.begin(), coins.end(), [this](const Coin& coin) {
                                  return m_todayOpens.find(coin.symbol) != nullptr;
                              });
@@ -245,8 +245,8 @@ Task<void> AppState::refreshTodayOpens() {
     if (m_settings->changeBasis != ChangeBasis::today) {
         co_return;
     }
-    invalidateTodayOpensIfDayChanged();
     const TimePoint now = m_now();
+    invalidateTodayOpensIfDayChanged(now);
     if (isWithin(kTodayOpensRetrySpacing, m_lastTodayOpensAttempt, now)) {
         co_return;
     }
@@ -255,7 +255,8 @@ Task<void> AppState::refreshTodayOpens() {
     std::erase_if(missing, [this](const std::string& symbol) {
         return m_todayOpens.find(symbol) != nullptr;
     });
-    const LocalMidnight midnight{*m_todayOpensDayKey, LocalDay::midnightEpochMs(now, m_calendar)};
+    const LocalMidnight midnight{LocalDay::key(now, m_calendar),
+                                 LocalDay::midnightEpochMs(now, m_calendar)};
     for (const std::string& symbol : missing) {
         co_await fetchTodayOpen(symbol, midnight);
     }
@@ -341,7 +342,7 @@ void AppState::setChangeBasis(ChangeBasis basis) {
     }
     m_settings.set(m_settings->settingBasis(basis));
     saveSettings(kNotSaved);
-    invalidateTodayOpensIfDayChanged();
+    invalidateTodayOpensIfDayChanged(m_now());
     updateMenuBarText();
     if (basis == ChangeBasis::today && !m_isRefreshingTodayOpens) {
         startTodayOpensRefresh();
@@ -372,7 +373,7 @@ void AppState::setLastBoard(RankingBoard board) {
 
 Task<std::vector<Candle>> AppState::chart(std::string symbol, ChartRange range) {
     if (std::optional<std::vector<Candle>> cached = m_chartCache.value(symbol, range, m_now())) {
-        co_return std::move(*cached);
+        co_return *std::move(cached);
     }
     std::string candleInterval(interval(range));
     std::vector<Candle> candles =

@@ -180,15 +180,16 @@ private:
     Task<void> checkStaleConnection();
     Task<void> subscribeStream();
 
+    /// How long ago the last ticker or snapshot came; beyond every threshold when none has.
+    [[nodiscard]] Seconds silence() const;
     [[nodiscard]] std::string computeMenuBarText() const;
     void updateMenuBarText();
 
-    void invalidateTodayOpensIfDayChanged();
+    void invalidateTodayOpensIfDayChanged(TimePoint now);
     void checkTodayOpensFreshness();
     void startTodayOpensRefresh();
     Task<void> refreshTodayOpensInBackground();
     Task<void> fetchTodayOpen(std::string symbol, LocalMidnight midnight);
-    [[nodiscard]] std::int64_t localDayKey() const;
 
     void applyWatchlist(Watchlist watchlist);
     void saveSettings(std::string_view textOnFailure);

@@ -29,7 +29,7 @@ Value fromRawText(const ordered_json& object,
     const std::string rawText = JSONDocument::requiredString(object, key);
     const std::optional<Value> value = fromRawValue(rawText);
     if (!value) {
-        throw DocumentError(fmt::format("\"{}\" cannot be \"{}\"", key, rawText));
+        throw DocumentError(fmt::format(R"("{}" cannot be "{}")", key, rawText));
     }
     return *value;
 }

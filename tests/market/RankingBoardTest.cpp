@@ -16,6 +16,7 @@ using testing::ElementsAre;
 
 TEST(RankingBoard, isStoredAsItsRawTextInTheDeclaredOrder) {
     std::vector<std::string_view> rawTexts;
+    rawTexts.reserve(kAllRankingBoards.size());
     for (const RankingBoard board : kAllRankingBoards) {
         rawTexts.push_back(rawValue(board));
     }
@@ -33,6 +34,7 @@ TEST(RankingBoard, isBuiltFromItsRawTextAndFromNoOther) {
 
 TEST(RankingBoard, isNamedInChinese) {
     std::vector<std::string_view> names;
+    names.reserve(kAllRankingBoards.size());
     for (const RankingBoard board : kAllRankingBoards) {
         names.push_back(displayName(board));
     }

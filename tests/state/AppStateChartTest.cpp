@@ -20,8 +20,7 @@ using testing::SizeIs;
 using Candles = std::vector<Candle>;
 using KlinesRequest = FakeBinanceAPI::KlinesRequest;
 
-class AppStateChartTest : public AppStateFixture {
-protected:
+struct AppStateChartTest : AppStateFixture {
     void SetUp() override { build(); }
 
     std::shared_ptr<Outcome<Candles>> chart(const std::string& symbol, ChartRange range) {

@@ -57,8 +57,7 @@ inline std::vector<Candle> candlesFrom(double open) {
 /// An AppState on a fake exchange, a fake stream, a folder of its own and a time that moves when
 /// told to. It is 2026-11-14T12:00:00Z; the days are those of UTC. Base assets stand for their
 /// pairs: "BTC" for BTCUSDT.
-class AppStateFixture : public testing::Test {
-protected:
+struct AppStateFixture : testing::Test {
     // The two documents, before the state is built.
 
     void theUserHas(const Watchlist& list) { WatchlistStore(folder.path()).save(list); }
@@ -134,6 +133,7 @@ protected:
     /// The symbols whose opens were asked for, in order.
     [[nodiscard]] std::vector<std::string> opensAskedFor() const {
         std::vector<std::string> symbols;
+        symbols.reserve(api.klinesRequests.size());
         for (const auto& request : api.klinesRequests) {
             symbols.push_back(request.symbol);
         }

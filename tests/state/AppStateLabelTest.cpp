@@ -13,7 +13,7 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-class AppStateLabelTest : public AppStateFixture {};
+struct AppStateLabelTest : AppStateFixture {};
 
 TEST_F(AppStateLabelTest, isTheProgramsNameWithoutAPin) {
     theUserHas(Watchlist{1, {coinOf("BTC")}});
@@ -134,7 +134,7 @@ TEST_F(AppStateLabelTest, followsTheBasisAtOnce) {
     EXPECT_EQ(label(), "BTC 110.00 ▲10.00%");
 }
 
-class AppStateFreshnessTest : public AppStateFixture {};
+struct AppStateFreshnessTest : AppStateFixture {};
 
 TEST_F(AppStateFreshnessTest, isStaleWhileNotConnected) {
     startConnected(listOf({"BTC"}));
@@ -174,7 +174,7 @@ TEST_F(AppStateFreshnessTest, isFreshWhenTheClockWasSetBack) {
     EXPECT_FALSE(state->isDataStale());
 }
 
-class AppStatePercentTest : public AppStateFixture {};
+struct AppStatePercentTest : AppStateFixture {};
 
 TEST_F(AppStatePercentTest, isAbsentForASymbolWithoutATicker) {
     startConnected(listOf({"BTC"}));

@@ -18,8 +18,7 @@ using testing::StartsWith;
 constexpr const char* kBasisNotSaved = "设置未能保存到磁盘";
 constexpr const char* kAppearanceNotSaved = "外观设置保存失败,重启后会恢复原值";
 
-class AppStateSettingsTest : public AppStateFixture {
-protected:
+struct AppStateSettingsTest : AppStateFixture {
     void SetUp() override { startConnected(listOf({"BTC"})); }
 };
 

@@ -18,7 +18,7 @@ using testing::SizeIs;
 
 using Symbols = std::vector<std::string>;
 
-class AppStateStartTest : public AppStateFixture {};
+struct AppStateStartTest : AppStateFixture {};
 
 TEST_F(AppStateStartTest, loadsTheDefaultsAtAFirstStart) {
     build();
@@ -86,7 +86,7 @@ TEST_F(AppStateStartTest, subscribesAnEmptyListAndFetchesNothing) {
     EXPECT_EQ(*state->lastUpdate(), std::nullopt);
 }
 
-class AppStateEventsTest : public AppStateFixture {};
+struct AppStateEventsTest : AppStateFixture {};
 
 TEST_F(AppStateEventsTest, followsTheConnectionAndTellsOfChangesAlone) {
     start();
@@ -148,8 +148,7 @@ TEST_F(AppStateEventsTest, handlesAFloodInOrder) {
     EXPECT_EQ(ticker("BTC"), (Ticker{1000, 100}));
 }
 
-class AppStateWatchdogTest : public AppStateFixture {
-protected:
+struct AppStateWatchdogTest : AppStateFixture {
     /// How often the stream has been subscribed again since the start.
     [[nodiscard]] std::size_t restartCount() const { return stream.symbolLists.size() - 1; }
 };
@@ -245,7 +244,7 @@ TEST_F(AppStateWatchdogTest, keepsTheIntervalsItIsGiven) {
     EXPECT_EQ(restartCount(), 1U);
 }
 
-class AppStateResumeTest : public AppStateFixture {};
+struct AppStateResumeTest : AppStateFixture {};
 
 TEST_F(AppStateResumeTest, subscribesAtOnceWhateverTheStateAndFetchesTheSnapshot) {
     startConnected(listOf({"BTC"}));
@@ -274,7 +273,7 @@ TEST_F(AppStateResumeTest, dropsThePriceFromBeforeTheSleep) {
     EXPECT_EQ(label(), "BTC 110.00 ▲10.00%");
 }
 
-class AppStateSnapshotTest : public AppStateFixture {};
+struct AppStateSnapshotTest : AppStateFixture {};
 
 TEST_F(AppStateSnapshotTest, fillsTickersLabelAndTime) {
     theUserHas(listOf({"BTC", "ETH"}));
@@ -347,7 +346,7 @@ TEST_F(AppStateSnapshotTest, dropsTheEntryOfACoinRemovedMeanwhile) {
     EXPECT_EQ(ticker("ETH"), std::nullopt);
 }
 
-class AppStateLifetimeTest : public AppStateFixture {};
+struct AppStateLifetimeTest : AppStateFixture {};
 
 TEST_F(AppStateLifetimeTest, stopsListeningAndWatchingWhenItIsDestroyed) {
     startConnected(listOf({"BTC"}));

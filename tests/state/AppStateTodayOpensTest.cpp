@@ -24,8 +24,7 @@ using KlinesRequest = FakeBinanceAPI::KlinesRequest;
 constexpr std::int64_t kMidnight = 1794614400000;
 constexpr std::int64_t kNextMidnight = kMidnight + 86400000;
 
-class AppStateTodayOpensTest : public AppStateFixture {
-protected:
+struct AppStateTodayOpensTest : AppStateFixture {
     void SetUp() override { theBasisIsToday(); }
 };
 

@@ -22,8 +22,7 @@ using Symbols = std::vector<std::string>;
 
 constexpr const char* kNotSaved = "设置未能保存到磁盘";
 
-class AppStateWatchlistTest : public AppStateFixture {
-protected:
+struct AppStateWatchlistTest : AppStateFixture {
     /// Forgets what was asked and saved so far.
     void forget() {
         stream.symbolLists.clear();

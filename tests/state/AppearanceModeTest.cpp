@@ -16,6 +16,7 @@ using testing::ElementsAre;
 
 TEST(AppearanceMode, isStoredAsItsRawTextInTheDeclaredOrder) {
     std::vector<std::string_view> rawTexts;
+    rawTexts.reserve(kAllAppearanceModes.size());
     for (const AppearanceMode mode : kAllAppearanceModes) {
         rawTexts.push_back(rawValue(mode));
     }
@@ -33,6 +34,7 @@ TEST(AppearanceMode, isBuiltFromItsRawTextAndFromNoOther) {
 
 TEST(AppearanceMode, isNamedInChinese) {
     std::vector<std::string_view> names;
+    names.reserve(kAllAppearanceModes.size());
     for (const AppearanceMode mode : kAllAppearanceModes) {
         names.push_back(displayName(mode));
     }

@@ -28,9 +28,10 @@ using testing::HasSubstr;
 using testing::IsEmpty;
 using testing::StartsWith;
 
+constexpr std::size_t kHugeSize = 50'000'000;
+
 template <class Store>
-class DocumentStoreTest : public testing::Test {
-protected:
+struct DocumentStoreTest : testing::Test {
     using Stored = StoredDocument<Store>;
 
     Store store() { return Store(directory, files); }
@@ -137,7 +138,7 @@ TYPED_TEST(DocumentStoreTest, loadsTheDefaultFromADeepNest) {
 }
 
 TYPED_TEST(DocumentStoreTest, loadsTheDefaultFromAHugeFile) {
-    this->theFileHolds(std::string(50 * 1000 * 1000, ' ') + TestFixture::Stored::someText());
+    this->theFileHolds(std::string(kHugeSize, ' ') + TestFixture::Stored::someText());
     this->expectDefaultAndOneLineWith("bytes");
 }
 
@@ -218,7 +219,7 @@ TYPED_TEST(DocumentStoreTest, keepsTheDocumentOfALaterVersion) {
 }
 
 TYPED_TEST(DocumentStoreTest, keepsAHugeFile) {
-    const std::string huge(50 * 1000 * 1000, ' ');
+    const std::string huge(kHugeSize, ' ');
     this->theFileHolds(huge);
     TypeParam store = this->store();
     EXPECT_EQ(store.load(), TestFixture::Stored::defaultDocument());
@@ -357,7 +358,7 @@ TYPED_TEST(DocumentStoreTest, losesNothingWhicheverSystemCallFailsWhileItKeepsTh
 
 // Named for the child processes it starts: they run before threads exist.
 template <class Store>
-class DocumentStoreDeathTest : public DocumentStoreTest<Store> {};
+struct DocumentStoreDeathTest : DocumentStoreTest<Store> {};
 
 TYPED_TEST_SUITE(DocumentStoreDeathTest, Stores);
 

@@ -17,8 +17,7 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-class SettingsStoreTest : public testing::Test {
-protected:
+struct SettingsStoreTest : testing::Test {
     AppSettings load(std::string_view text) {
         writeContents(folder.path() / "settings.json", text);
         return SettingsStore(folder.path()).load();

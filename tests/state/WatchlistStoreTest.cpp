@@ -18,8 +18,7 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-class WatchlistStoreTest : public testing::Test {
-protected:
+struct WatchlistStoreTest : testing::Test {
     Watchlist load(std::string_view text) {
         writeContents(folder.path() / "watchlist.json", text);
         return WatchlistStore(folder.path()).load();
