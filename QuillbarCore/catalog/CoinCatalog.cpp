@@ -5,6 +5,7 @@
 #include "QuillbarCore/catalog/SearchText.h"
 #include "QuillbarCore/model/JSONDocument.h"
 #include "QuillbarCore/model/ModelJSON.h"
+#include "QuillbarCore/model/ReferenceDate.h"
 #include "QuillbarCore/runtime/AtomicFile.h"
 
 #include <algorithm>
@@ -21,9 +22,6 @@ namespace {
 constexpr const char* kFileName = "coin-catalog.json";
 constexpr const char* kFetchedAt = "fetchedAt";
 constexpr const char* kCoins = "coins";
-
-/// 2001-01-01T00:00:00Z, from which the dates in our files are counted.
-constexpr TimePoint kReferenceDate{Seconds{978307200}};
 
 /// How well a coin matches; the best first.
 enum Match : std::size_t { exact, prefix, substring, matchCount };

@@ -4,9 +4,9 @@
 
 #include "QuillbarCore/exchange/DecimalText.h"
 #include "QuillbarCore/exchange/JSONDecodingError.h"
+#include "QuillbarCore/exchange/NetworkJSON.h"
 
 #include <fmt/format.h>
-#include <simdjson.h>
 
 #include <array>
 #include <cstddef>
@@ -18,105 +18,12 @@ namespace quillbar {
 
 namespace {
 
-using simdjson::dom::element;
-using simdjson::dom::parser;
-
-// A parser keeps the memory of the largest document it has met, many times the document's size.
-// Larger ones than this are rare, and are given a parser of their own.
-constexpr std::size_t kLargestKept = std::size_t{1024} * 1024;
-
-parser& keptParser() {
-    thread_local parser kept;
-    return kept;
-}
-
-element parse(parser& with, std::string_view bytes) {
-    if (bytes.empty()) {
-        throw JSONDecodingError("malformed JSON: empty");
-    }
-    element root;
-    // Copies the bytes to where the parser may read past their end.
-    if (const auto error = with.parse(bytes.data(), bytes.size(), true).get(root)) {
-        throw JSONDecodingError(fmt::format("malformed JSON: {}", simdjson::error_message(error)));
-    }
-    return root;
-}
-
-// Decodes a document with `read`, whose result must not refer to it.
-template <class Read>
-auto decode(std::string_view bytes, Read read) {
-    if (bytes.size() > kLargestKept) {
-        parser own;
-        return read(parse(own, bytes));
-    }
-    return read(parse(keptParser(), bytes));
-}
-
-[[noreturn]] void throwWrongType(std::string_view place, std::string_view type) {
-    throw JSONDecodingError(fmt::format("{} is not {}", place, type));
-}
-
-simdjson::dom::array array(element value, std::string_view place) {
-    simdjson::dom::array result;
-    if (value.get(result)) {
-        throwWrongType(place, "an array");
-    }
-    return result;
-}
-
-std::string_view string(element value, std::string_view place) {
-    std::string_view result;
-    if (value.get(result)) {
-        throwWrongType(place, "a string");
-    }
-    return result;
-}
-
-// The values of an object's keys. The object is walked rather than searched, so that the last of a
-// repeated key is found, and each key is looked at once.
-template <std::size_t count>
-class Fields {
-public:
-    using Keys = std::array<std::string_view, count>;
-
-    Fields(element value, std::string_view place, const Keys& keys)
-        : m_keys(keys) {
-        simdjson::dom::object object;
-        if (value.get(object)) {
-            throwWrongType(place, "an object");
-        }
-        for (const auto& field : object) {
-            for (std::size_t index = 0; index < count; ++index) {
-                if (field.key == keys[index]) {
-                    m_values[index] = field.value;
-                    break;
-                }
-            }
-        }
-    }
-
-    [[nodiscard]] element required(std::size_t index) const {
-        if (!m_values[index]) {
-            throw JSONDecodingError(fmt::format("the key {} is missing", m_keys[index]));
-        }
-        return *m_values[index];
-    }
-
-    [[nodiscard]] std::string_view requiredString(std::size_t index) const {
-        return string(required(index), m_keys[index]);
-    }
-
-    [[nodiscard]] std::optional<std::string_view> optionalString(std::size_t index) const {
-        if (!m_values[index] || m_values[index]->is_null()) {
-            return std::nullopt;
-        }
-        return string(*m_values[index], m_keys[index]);
-    }
-
-private:
-    const Keys& m_keys;
-    std::array<std::optional<element>, count> m_values;
-};
+using NetworkJSON::array;
+using NetworkJSON::decode;
+using NetworkJSON::Element;
+using NetworkJSON::Fields;
+using NetworkJSON::string;
+using NetworkJSON::throwWrongType;
 
 // The texts of a ticker, which live as long as the parsed document.
 struct TickerTexts {
@@ -143,7 +50,7 @@ Ticker ticker(const TickerTexts& texts) {
     return result;
 }
 
-TickerTexts frame(element root) {
+TickerTexts frame(Element root) {
     static constexpr Fields<2>::Keys kFrameKeys{"stream", "data"};
     static constexpr Fields<4>::Keys kDataKeys{"s", "c", "o", "q"};
     const Fields<2> fields(root, "the frame", kFrameKeys);
@@ -151,18 +58,18 @@ TickerTexts frame(element root) {
     return tickerTexts(Fields<4>(fields.required(1), kFrameKeys[1], kDataKeys));
 }
 
-std::vector<TickerTexts> tickers(element root) {
+std::vector<TickerTexts> tickers(Element root) {
     static constexpr Fields<4>::Keys kKeys{"symbol", "lastPrice", "openPrice", "quoteVolume"};
     const auto elements = array(root, "the answer");
     std::vector<TickerTexts> result;
     result.reserve(elements.size());
-    for (const element row : elements) {
+    for (const Element row : elements) {
         result.push_back(tickerTexts(Fields<4>(row, "a ticker", kKeys)));
     }
     return result;
 }
 
-std::optional<Coin> tradedCoin(element entry) {
+std::optional<Coin> tradedCoin(Element entry) {
     static constexpr Fields<4>::Keys kKeys{"symbol", "status", "baseAsset", "quoteAsset"};
     const Fields<4> fields(entry, "a symbol's entry", kKeys);
     const std::string_view symbol = fields.requiredString(0);
@@ -181,10 +88,10 @@ struct KlineTexts {
     std::array<std::string_view, 4> prices;
 };
 
-KlineTexts kline(element entry) {
+KlineTexts kline(Element entry) {
     KlineTexts result;
     std::size_t position = 0;
-    for (const element value : array(entry, "a kline")) {
+    for (const Element value : array(entry, "a kline")) {
         if (position == 0) {
             if (value.get(result.openTime)) {
                 throwWrongType("a kline's open time", "a signed 64-bit integer");
@@ -202,11 +109,11 @@ KlineTexts kline(element entry) {
     return result;
 }
 
-std::vector<KlineTexts> klines(element root) {
+std::vector<KlineTexts> klines(Element root) {
     const auto elements = array(root, "the answer");
     std::vector<KlineTexts> result;
     result.reserve(elements.size());
-    for (const element entry : elements) {
+    for (const Element entry : elements) {
         result.push_back(kline(entry));
     }
     return result;
@@ -225,14 +132,14 @@ Candle candle(const KlineTexts& texts) {
 }  // namespace
 
 TickerEvent BinanceDecoder::decodeMiniTickerFrame(std::string_view bytes) {
-    return decode(bytes, [](element root) {
+    return decode(bytes, [](Element root) {
         const TickerTexts texts = frame(root);
         return TickerEvent{std::string(texts.symbol), ticker(texts)};
     });
 }
 
 TickerMap BinanceDecoder::decodeTicker24hArray(std::string_view bytes) {
-    return decode(bytes, [](element root) {
+    return decode(bytes, [](Element root) {
         const std::vector<TickerTexts> rows = tickers(root);
         TickerMap result;
         result.reserve(rows.size());
@@ -244,11 +151,11 @@ TickerMap BinanceDecoder::decodeTicker24hArray(std::string_view bytes) {
 }
 
 std::vector<Coin> BinanceDecoder::decodeExchangeInfo(std::string_view bytes) {
-    return decode(bytes, [](element root) {
+    return decode(bytes, [](Element root) {
         static constexpr Fields<1>::Keys kKeys{"symbols"};
         const Fields<1> fields(root, "the answer", kKeys);
         std::vector<Coin> result;
-        for (const element entry : array(fields.required(0), kKeys[0])) {
+        for (const Element entry : array(fields.required(0), kKeys[0])) {
             if (auto coin = tradedCoin(entry)) {
                 result.push_back(std::move(*coin));
             }
@@ -258,7 +165,7 @@ std::vector<Coin> BinanceDecoder::decodeExchangeInfo(std::string_view bytes) {
 }
 
 std::vector<Candle> BinanceDecoder::decodeKlines(std::string_view bytes) {
-    return decode(bytes, [](element root) {
+    return decode(bytes, [](Element root) {
         const std::vector<KlineTexts> rows = klines(root);
         std::vector<Candle> result;
         result.reserve(rows.size());

@@ -1,0 +1,52 @@
+// SPDX-FileCopyrightText: 2026 The Quillbar developers
+// SPDX-License-Identifier: MIT
+#include "QuillbarCore/market/LoadStatus.h"
+
+#include "QuillbarCore/exchange/URLError.h"
+
+#include <exception>
+#include <utility>
+
+namespace quillbar {
+
+namespace {
+
+// Also for a refresh that is destroyed while it waits.
+class LoadingEnd {
+public:
+    explicit LoadingEnd(Observed<bool>& isLoading)
+        : m_isLoading(isLoading) {}
+    LoadingEnd(const LoadingEnd&) = delete;
+    LoadingEnd& operator=(const LoadingEnd&) = delete;
+    LoadingEnd(LoadingEnd&&) = delete;
+    LoadingEnd& operator=(LoadingEnd&&) = delete;
+    ~LoadingEnd() { m_isLoading.set(false); }
+
+private:
+    Observed<bool>& m_isLoading;
+};
+
+bool isCancelledTransfer(const std::exception& error) {
+    const auto* const transport = dynamic_cast<const URLError*>(&error);
+    return transport != nullptr && transport->code() == URLError::Code::cancelled;
+}
+
+}  // namespace
+
+Task<void> LoadStatus::run(Shown shown, Task<Outcome> load, std::string_view what, Logger logger) {
+    m_isLoading.set(shown == Shown::nothing);
+    const LoadingEnd end(m_isLoading);
+    try {
+        const Outcome outcome = co_await std::move(load);
+        if (outcome == Outcome::succeeded) {
+            m_loadFailed.set(false);
+        }
+    } catch (const std::exception& error) {
+        if (!isCancelledTransfer(error)) {
+            logger.error("{} failed: {}", what, error.what());
+            m_loadFailed.set(true);
+        }
+    }
+}
+
+}  // namespace quillbar

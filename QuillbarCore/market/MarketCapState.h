@@ -1,0 +1,85 @@
+// SPDX-FileCopyrightText: 2026 The Quillbar developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "QuillbarCore/market/CoinGeckoAPI.h"
+#include "QuillbarCore/market/LoadStatus.h"
+#include "QuillbarCore/market/MarketCapCache.h"
+#include "QuillbarCore/market/MarketCapEntry.h"
+#include "QuillbarCore/market/PollingLoop.h"
+#include "QuillbarCore/runtime/Logger.h"
+#include "QuillbarCore/runtime/Observed.h"
+#include "QuillbarCore/runtime/Time.h"
+
+#include <optional>
+#include <vector>
+
+namespace quillbar {
+
+/// The coins with the largest market capitalisations, refreshed while somebody looks at them, and
+/// kept over restarts. Belongs to the main thread; destroying it ends what it has started. The
+/// service outlives it.
+class MarketCapState final {
+public:
+    static constexpr Seconds kPollInterval{1800};
+    static constexpr Seconds kIdleTimeout{3600};
+    /// How many entries a refresh asks for.
+    static constexpr int kPoolSize = 250;
+    /// With data younger than this a refresh asks for nothing.
+    static constexpr Seconds kMinimumRefreshInterval{300};
+
+    /// Begins with what the cache holds, however old.
+    MarketCapState(Executor& executor,
+                   CoinGeckoAPI& api,
+                   MarketCapCache cache,
+                   Clock now,
+                   Sleeper sleeper);
+    MarketCapState(const MarketCapState&) = delete;
+    MarketCapState& operator=(const MarketCapState&) = delete;
+    MarketCapState(MarketCapState&&) = delete;
+    MarketCapState& operator=(MarketCapState&&) = delete;
+    ~MarketCapState() = default;
+
+    /// The last good list; empty before the first.
+    [[nodiscard]] const Observed<std::vector<MarketCapEntry>>& snapshot() const noexcept {
+        return m_snapshot;
+    }
+    /// When it was fetched.
+    [[nodiscard]] const Observed<std::optional<TimePoint>>& lastUpdate() const noexcept {
+        return m_lastUpdate;
+    }
+    [[nodiscard]] const Observed<bool>& isLoading() const noexcept { return m_status.isLoading(); }
+    [[nodiscard]] const Observed<bool>& loadFailed() const noexcept {
+        return m_status.loadFailed();
+    }
+
+    /// As those of `MarketState`.
+    void startPolling() { m_polling.start(); }
+    void stopPolling() { m_polling.stop(); }
+    [[nodiscard]] bool isPolling() const noexcept { return m_polling.isRunning(); }
+
+    /// One refresh, unless the data are young. A failure is logged, sets `loadFailed` and keeps the
+    /// data; an empty answer is logged and changes nothing. Throws `Cancelled` alone.
+    Task<void> refreshOnce();
+
+    /// The list as it stands, valid until the next suspension; counts as demand.
+    [[nodiscard]] const std::vector<MarketCapEntry>& entries();
+
+    /// How long ago the list was fetched; absent before the first time.
+    [[nodiscard]] std::optional<Seconds> dataAge() const;
+
+private:
+    Task<LoadStatus::Outcome> load();
+
+    CoinGeckoAPI& m_api;
+    MarketCapCache m_cache;
+    Clock m_now;
+    Logger m_logger{"MarketCapState"};
+    Observed<std::vector<MarketCapEntry>> m_snapshot;
+    Observed<std::optional<TimePoint>> m_lastUpdate;
+    LoadStatus m_status;
+    // Last: its refresh uses `this`.
+    PollingLoop m_polling;
+};
+
+}  // namespace quillbar

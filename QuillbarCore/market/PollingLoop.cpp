@@ -1,0 +1,63 @@
+// SPDX-FileCopyrightText: 2026 The Quillbar developers
+// SPDX-License-Identifier: MIT
+#include "QuillbarCore/market/PollingLoop.h"
+
+#include <exception>
+#include <utility>
+
+namespace quillbar {
+
+PollingLoop::PollingLoop(Executor& executor,
+                         Clock now,
+                         Sleeper sleeper,
+                         Timing timing,
+                         std::function<Task<void>()> refresh)
+    : m_now(std::move(now))
+    , m_sleeper(std::move(sleeper))
+    , m_timing(timing)
+    , m_refresh(std::move(refresh))
+    , m_scope(executor) {}
+
+void PollingLoop::start() {
+    if (m_isRunning) {
+        return;
+    }
+    recordDemand();
+    m_isRunning = true;
+    ++m_generation;
+    m_task = m_scope.spawn(run(m_generation));
+}
+
+void PollingLoop::stop() {
+    m_isRunning = false;
+    std::exchange(m_task, {}).cancel();
+}
+
+Task<void> PollingLoop::run(std::uint64_t generation) {
+    for (;;) {
+        co_await m_refresh();
+        const bool hasSlept = co_await sleep();
+        if (!hasSlept) {
+            if (generation == m_generation) {
+                m_isRunning = false;
+            }
+            co_return;
+        }
+        if (m_now() - m_lastDemand > m_timing.idleTimeout) {
+            stop();
+            co_return;
+        }
+    }
+}
+
+// False when the sleep failed, as it does for a loop that has been stopped.
+Task<bool> PollingLoop::sleep() {
+    try {
+        co_await m_sleeper(m_timing.interval);
+        co_return true;
+    } catch (...) {
+        co_return false;
+    }
+}
+
+}  // namespace quillbar

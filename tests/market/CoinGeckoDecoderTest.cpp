@@ -1,0 +1,85 @@
+// SPDX-FileCopyrightText: 2026 The Quillbar developers
+// SPDX-License-Identifier: MIT
+#include "QuillbarCore/exchange/JSONDecodingError.h"
+#include "QuillbarCore/market/CoinGeckoDecoder.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <string>
+
+namespace quillbar {
+
+namespace {
+
+using CoinGeckoDecoder::decodeMarkets;
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+
+std::string row(const std::string& symbol,
+                const std::string& price,
+                const std::string& marketCap,
+                const std::string& rank) {
+    return R"({"id":"x","symbol":)" + symbol + R"(,"current_price":)" + price + R"(,"market_cap":)"
+           + marketCap + R"(,"market_cap_rank":)" + rank + "}";
+}
+
+std::vector<MarketCapEntry> decodeRow(const std::string& symbol,
+                                      const std::string& price,
+                                      const std::string& marketCap,
+                                      const std::string& rank) {
+    return decodeMarkets("[" + row(symbol, price, marketCap, rank) + "]");
+}
+
+TEST(CoinGeckoDecoder, readsARowInUpperCase) {
+    EXPECT_THAT(decodeRow(R"("btc")", "67234.5", "1350000000000", "1"),
+                ElementsAre(MarketCapEntry{"BTC", 1, 1.35e12, 67234.5}));
+}
+
+TEST(CoinGeckoDecoder, takesIntegersAndFractions) {
+    EXPECT_THAT(decodeRow(R"("a")", "1", "2.5e3", "7.0"),
+                ElementsAre(MarketCapEntry{"A", 7, 2500, 1}));
+}
+
+TEST(CoinGeckoDecoder, keepsRepeatsInTheOrderOfTheAnswer) {
+    const auto entries =
+        decodeMarkets("[" + row(R"("eth")", "1", "3", "2") + "," + row(R"("eth")", "2", "2", "3")
+                      + "," + row(R"("btc")", "3", "9", "1") + "]");
+    ASSERT_EQ(entries.size(), 3U);
+    EXPECT_EQ(entries[0].referencePrice, 1);
+    EXPECT_EQ(entries[1].referencePrice, 2);
+    EXPECT_EQ(entries[2].symbol, "BTC");
+}
+
+TEST(CoinGeckoDecoder, dropsRowsThatCannotBeRanked) {
+    EXPECT_THAT(decodeRow("null", "1", "1", "1"), IsEmpty());
+    EXPECT_THAT(decodeRow(R"("")", "1", "1", "1"), IsEmpty());
+    EXPECT_THAT(decodeRow(R"("a")", "null", "1", "1"), IsEmpty());
+    EXPECT_THAT(decodeRow(R"("a")", "0", "1", "1"), IsEmpty());
+    EXPECT_THAT(decodeRow(R"("a")", "-1", "1", "1"), IsEmpty());
+    EXPECT_THAT(decodeRow(R"("a")", "1", "null", "1"), IsEmpty());
+    EXPECT_THAT(decodeRow(R"("a")", "1", "0", "1"), IsEmpty());
+    EXPECT_THAT(decodeRow(R"("a")", "1", "1", "null"), IsEmpty());
+    EXPECT_THAT(decodeMarkets("[{}]"), IsEmpty());
+    EXPECT_THAT(decodeMarkets("[]"), IsEmpty());
+}
+
+TEST(CoinGeckoDecoder, refusesWhatIsNotTheServicesAnswer) {
+    for (const char* const body : {"", "{}", "null", "[1]", "[", "<html>", R"({"error":"x"})"}) {
+        EXPECT_THROW((void)decodeMarkets(body), JSONDecodingError) << body;
+    }
+}
+
+TEST(CoinGeckoDecoder, refusesAFieldOfAnotherType) {
+    EXPECT_THROW((void)decodeRow("7", "1", "1", "1"), JSONDecodingError);
+    EXPECT_THROW((void)decodeRow(R"("a")", R"("1")", "1", "1"), JSONDecodingError);
+    EXPECT_THROW((void)decodeRow(R"("a")", "1", "true", "1"), JSONDecodingError);
+    EXPECT_THROW((void)decodeRow(R"("a")", "1", "1", "1.5"), JSONDecodingError);
+    EXPECT_THROW((void)decodeRow(R"("a")", "1", "1", "1e300"), JSONDecodingError);
+    // Even in a row that would be dropped.
+    EXPECT_THROW((void)decodeRow("null", "1", "1", R"("1")"), JSONDecodingError);
+}
+
+}  // namespace
+
+}  // namespace quillbar
