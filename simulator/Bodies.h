@@ -8,11 +8,9 @@
 #include <string_view>
 #include <vector>
 
-namespace quillbar::simulator {
-
 /// The JSON texts of the exchange and of the market-cap service, key for key as the real ones.
 /// Pure functions of the market's state.
-namespace Bodies {
+namespace quillbar::simulator::Bodies {
 
 /// Which of the exchange's two forms of a 24-hour row.
 enum class TickerForm { full, mini };
@@ -32,6 +30,4 @@ enum class TickerForm { full, mini };
 /// {"code":-1121,"msg":"Invalid symbol."} and the like.
 [[nodiscard]] std::string error(int code, std::string_view message);
 
-}  // namespace Bodies
-
-}  // namespace quillbar::simulator
+}  // namespace quillbar::simulator::Bodies

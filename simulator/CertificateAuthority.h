@@ -29,6 +29,8 @@ public:
     ~CertificateAuthority();
     CertificateAuthority(const CertificateAuthority&) = delete;
     CertificateAuthority& operator=(const CertificateAuthority&) = delete;
+    CertificateAuthority(CertificateAuthority&&) = delete;
+    CertificateAuthority& operator=(CertificateAuthority&&) = delete;
 
     [[nodiscard]] std::string certificatePem() const;
     /// A server certificate for localhost, 127.0.0.1 and ::1, or one at fault as asked; each call

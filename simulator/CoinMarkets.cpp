@@ -70,6 +70,10 @@ std::vector<Row> rows(const Market& market) {
 }
 
 std::string jsonOf(const Row& row, int rank) {
+    std::optional<double> supply;
+    if (row.marketCap && row.price) {
+        supply = *row.marketCap / *row.price;
+    }
     return fmt::format(
         R"({{"id":"{0}","symbol":"{1}","name":"{2}","image":null,"current_price":{3},)"
         R"("market_cap":{4},"market_cap_rank":{5},"fully_diluted_valuation":{4},)"
@@ -85,7 +89,7 @@ std::string jsonOf(const Row& row, int rank) {
         numberOrNull(row.marketCap),
         row.marketCap ? fmt::format("{}", rank) : "null",
         row.dayVolume,
-        row.marketCap ? numberOrNull(*row.marketCap / *row.price) : "null");
+        numberOrNull(supply));
 }
 
 }  // namespace

@@ -40,7 +40,7 @@ CoinFigures madeUpCoin(std::uint64_t index, std::string ticker) {
     coin.asset = std::move(ticker);
     // From a hundred-thousandth of a dollar to ten dollars, evenly over the magnitudes.
     coin.price = std::pow(10.0, -5.0 + 6.0 * unitInterval(mixed(index + 1000003)));
-    const double rank = static_cast<double>(index);
+    const auto rank = static_cast<double>(index);
     coin.dayVolume = 2.5 * kMillion * std::pow(0.985, std::min(rank, 400.0));
     coin.marketCap = coin.dayVolume * (5 + 20 * unitInterval(mixed(index + 2000003)));
     return coin;

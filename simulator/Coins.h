@@ -23,11 +23,11 @@ struct CoinFigures {
 
 /// A coin that stands in the table of known coins, as the table spells it.
 struct KnownCoin {
-    const char* asset;
-    const char* name;
-    double price;
-    double dayVolumeMillions;
-    double marketCapMillions;
+    const char* asset = "";
+    const char* name = "";
+    double price = 0;
+    double dayVolumeMillions = 0;
+    double marketCapMillions = 0;
     Peg peg = Peg::none;
 };
 

@@ -139,7 +139,8 @@ void Connection::readRequests() {
 }
 
 void Connection::readFrames() {
-    while (const auto frame = WebSocketFrames::decode(m_received)) {
+    for (auto frame = WebSocketFrames::decode(m_received); frame.has_value();
+         frame = WebSocketFrames::decode(m_received)) {
         m_received.erase(0, frame->length);
         switch (frame->opcode) {
         case WebSocketFrames::Opcode::ping:

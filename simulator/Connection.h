@@ -36,6 +36,8 @@ public:
 
     ConnectionHost(const ConnectionHost&) = delete;
     ConnectionHost& operator=(const ConnectionHost&) = delete;
+    ConnectionHost(ConnectionHost&&) = delete;
+    ConnectionHost& operator=(ConnectionHost&&) = delete;
 
 protected:
     ConnectionHost() = default;
@@ -54,6 +56,8 @@ public:
     ~Connection() override;
     Connection(const Connection&) = delete;
     Connection& operator=(const Connection&) = delete;
+    Connection(Connection&&) = delete;
+    Connection& operator=(Connection&&) = delete;
 
     /// Accepts a descriptor and never reads a byte of it.
     void beDeaf();

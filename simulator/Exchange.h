@@ -31,6 +31,8 @@ public:
     ~Exchange() override;
     Exchange(const Exchange&) = delete;
     Exchange& operator=(const Exchange&) = delete;
+    Exchange(Exchange&&) = delete;
+    Exchange& operator=(Exchange&&) = delete;
 
     void tick();
     [[nodiscard]] const Market& market() const { return m_market; }

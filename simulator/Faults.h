@@ -111,6 +111,8 @@ public:
 
     Faults(const Faults&) = delete;
     Faults& operator=(const Faults&) = delete;
+    Faults(Faults&&) = delete;
+    Faults& operator=(Faults&&) = delete;
 
 protected:
     Faults() = default;

@@ -16,8 +16,8 @@ namespace {
 constexpr std::int64_t kSecondsPerDay = 86400;
 constexpr std::int64_t kMillisecondsPerStep = 1000;
 // The day's high and low are looked for at this many moments.
-constexpr int kDaySamples = 12;
-constexpr int kCandleSamples = 4;
+constexpr std::int64_t kDaySamples = 12;
+constexpr std::int64_t kCandleSamples = 4;
 
 // A walk as a sum of noises, each of twice the period and root-two times the swing of the one
 // before, from two seconds to twelve days: over any span in between the usual change grows with the
@@ -47,21 +47,22 @@ double powerOfTen(int exponent) {
 Market::Market(std::uint64_t seed, int symbolCount, MarketTime startTime)
     : m_startTime(startTime)
     , m_listings(makeListings(symbolCount)) {
-    for (Listing& listing : m_listings) {
+    for (std::size_t i = 0; i < m_listings.size(); ++i) {
+        Listing& listing = m_listings[i];
         listing.walkId = mixed(listing.walkId ^ mixed(seed));
-        m_bySymbol.emplace(listing.symbol, &listing);
-        m_byLowerCase.emplace(lowerCased(listing.symbol), &listing);
+        m_bySymbol.emplace(listing.symbol, i);
+        m_byLowerCase.emplace(lowerCased(listing.symbol), i);
     }
 }
 
 const Listing* Market::find(std::string_view symbol) const {
-    const auto found = m_bySymbol.find(symbol);
-    return found == m_bySymbol.end() ? nullptr : found->second;
+    const auto found = m_bySymbol.find(std::string{symbol});
+    return found == m_bySymbol.end() ? nullptr : &m_listings[found->second];
 }
 
 const Listing* Market::findLowerCase(std::string_view symbol) const {
     const auto found = m_byLowerCase.find(std::string{symbol});
-    return found == m_byLowerCase.end() ? nullptr : found->second;
+    return found == m_byLowerCase.end() ? nullptr : &m_listings[found->second];
 }
 
 MarketTime Market::now() const {
@@ -114,7 +115,7 @@ DayStatistics Market::day(const Listing& listing) const {
     day.low = std::min(day.open, day.last);
     constexpr std::int64_t kSpacing = kSecondsPerDay / kDaySamples;
     const std::int64_t latest = floorDivided(m_steps, kSpacing) * kSpacing;
-    for (int i = 0; i < kDaySamples; ++i) {
+    for (std::int64_t i = 0; i < kDaySamples; ++i) {
         const double sample = priceAt(listing, latest - i * kSpacing);
         day.high = std::max(day.high, sample);
         day.low = std::min(day.low, sample);
@@ -166,7 +167,7 @@ std::vector<CandleRow> Market::candles(const Listing& listing,
         row.close = priceAt(listing, lastStep);
         row.high = std::max(row.open, row.close);
         row.low = std::min(row.open, row.close);
-        for (int i = 1; i < kCandleSamples; ++i) {
+        for (std::int64_t i = 1; i < kCandleSamples; ++i) {
             const double sample =
                 priceAt(listing, firstStep + (lastStep - firstStep) * i / kCandleSamples);
             row.high = std::max(row.high, sample);

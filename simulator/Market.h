@@ -81,8 +81,9 @@ private:
 
     MarketTime m_startTime;
     std::vector<Listing> m_listings;
-    std::unordered_map<std::string_view, const Listing*> m_bySymbol;
-    std::unordered_map<std::string, const Listing*> m_byLowerCase;
+    // Positions in m_listings, which a copy of the market shares.
+    std::unordered_map<std::string, std::size_t> m_bySymbol;
+    std::unordered_map<std::string, std::size_t> m_byLowerCase;
     std::int64_t m_steps = 0;
 };
 

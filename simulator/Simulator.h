@@ -52,6 +52,8 @@ public:
     ~Simulator();
     Simulator(const Simulator&) = delete;
     Simulator& operator=(const Simulator&) = delete;
+    Simulator(Simulator&&) = delete;
+    Simulator& operator=(Simulator&&) = delete;
 
     /// The port listened on; kept while connections are refused.
     [[nodiscard]] std::uint16_t port() const;

@@ -24,6 +24,8 @@ public:
     }
     Impl(const Impl&) = delete;
     Impl& operator=(const Impl&) = delete;
+    Impl(Impl&&) = delete;
+    Impl& operator=(Impl&&) = delete;
 
     void run(const std::function<void()>& function) {
         std::exception_ptr thrown;

@@ -19,6 +19,8 @@ public:
     ~SimulatorThread();
     SimulatorThread(const SimulatorThread&) = delete;
     SimulatorThread& operator=(const SimulatorThread&) = delete;
+    SimulatorThread(SimulatorThread&&) = delete;
+    SimulatorThread& operator=(SimulatorThread&&) = delete;
 
     /// Runs the function with the simulator, on its thread, and returns when it has returned. What
     /// it throws is thrown here.

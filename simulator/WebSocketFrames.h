@@ -8,10 +8,8 @@
 #include <string>
 #include <string_view>
 
-namespace quillbar::simulator {
-
 /// The server's half of the WebSocket framing (RFC 6455), without extensions.
-namespace WebSocketFrames {
+namespace quillbar::simulator::WebSocketFrames {
 
 enum class Opcode : std::uint8_t {
     continuation = 0,
@@ -42,6 +40,4 @@ struct Frame {
 /// The code of a close frame's payload; 1005 when it has none.
 [[nodiscard]] int closeCode(std::string_view payload);
 
-}  // namespace WebSocketFrames
-
-}  // namespace quillbar::simulator
+}  // namespace quillbar::simulator::WebSocketFrames

@@ -57,6 +57,8 @@ public:
     StreamClient(const Simulator& simulator, const std::string& names);
     StreamClient(const StreamClient&) = delete;
     StreamClient& operator=(const StreamClient&) = delete;
+    StreamClient(StreamClient&&) = delete;
+    StreamClient& operator=(StreamClient&&) = delete;
 
     /// Waits until the handshake is done; false when the connection ends instead.
     bool opened();

@@ -132,6 +132,8 @@ public:
     }
     Program(const Program&) = delete;
     Program& operator=(const Program&) = delete;
+    Program(Program&&) = delete;
+    Program& operator=(Program&&) = delete;
 
     /// Waits for "ready"; the words of its lines by the first of each.
     std::map<std::string, std::string> addresses() {
