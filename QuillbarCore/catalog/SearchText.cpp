@@ -57,4 +57,8 @@ std::string upperCased(std::string_view text) {
     return encoded(decoded(text).toUpper(icu::Locale::getRoot()));
 }
 
+std::string lowerCased(std::string_view text) {
+    return encoded(decoded(text).toLower(icu::Locale::getRoot()));
+}
+
 }  // namespace quillbar::SearchText

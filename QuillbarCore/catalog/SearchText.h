@@ -15,4 +15,7 @@ namespace quillbar::SearchText {
 /// The text in upper case, by Unicode's full mapping ("ß" gives "SS").
 [[nodiscard]] std::string upperCased(std::string_view text);
 
+/// The text in lower case, by Unicode's full mapping.
+[[nodiscard]] std::string lowerCased(std::string_view text);
+
 }  // namespace quillbar::SearchText

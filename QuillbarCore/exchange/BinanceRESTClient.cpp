@@ -6,6 +6,7 @@
 #include "QuillbarCore/exchange/BinanceError.h"
 #include "QuillbarCore/exchange/EndpointFailover.h"
 #include "QuillbarCore/exchange/ErrorText.h"
+#include "QuillbarCore/exchange/PercentEncoding.h"
 
 #include <fmt/format.h>
 
@@ -16,22 +17,6 @@
 namespace quillbar {
 
 namespace {
-
-// Encodes everything but RFC 3986's unreserved characters.
-std::string percentEncoded(std::string_view text) {
-    constexpr std::string_view kUnreserved =
-        "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789-._~";
-    std::string result;
-    result.reserve(text.size());
-    for (const char character : text) {
-        if (kUnreserved.find(character) != std::string_view::npos) {
-            result += character;
-        } else {
-            result += fmt::format("%{:02X}", static_cast<unsigned char>(character));
-        }
-    }
-    return result;
-}
 
 template <class Query>
 std::string requestURL(std::string_view base, std::string_view path, const Query& query) {

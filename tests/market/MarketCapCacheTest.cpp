@@ -2,13 +2,12 @@
 // SPDX-License-Identifier: MIT
 #include "QuillbarCore/market/MarketCapCache.h"
 #include "tests/support/CapturedLog.h"
+#include "tests/support/Files.h"
 #include "tests/support/TemporaryFolder.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <fstream>
-#include <sstream>
 #include <string>
 
 namespace quillbar {
@@ -25,14 +24,12 @@ const std::vector<MarketCapEntry> kEntries{{"BTC", 1, 1.35e12, 67234.5}, {"ETH",
 
 class MarketCapCacheTest : public ::testing::Test {
 protected:
-    void theFileHolds(const std::string& bytes) {
-        std::ofstream(m_folder.path() / "market-cap.json") << bytes;
+    void theFileHolds(const std::string& bytes) const {
+        writeContents(m_folder.path() / "market-cap.json", bytes);
     }
 
     [[nodiscard]] std::string file() const {
-        std::ostringstream bytes;
-        bytes << std::ifstream(m_folder.path() / "market-cap.json").rdbuf();
-        return bytes.str();
+        return contentsOf(m_folder.path() / "market-cap.json");
     }
 
     CapturedLog m_log;

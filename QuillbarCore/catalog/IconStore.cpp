@@ -1,0 +1,95 @@
+// SPDX-FileCopyrightText: 2026 The Quillbar developers
+// SPDX-License-Identifier: MIT
+#include "QuillbarCore/catalog/IconStore.h"
+
+#include "QuillbarCore/catalog/BinanceIconURL.h"
+#include "QuillbarCore/catalog/CoinIconDescriptor.h"
+#include "QuillbarCore/runtime/AtomicFile.h"
+#include "QuillbarCore/runtime/Cancelled.h"
+
+#include <exception>
+#include <utility>
+
+namespace quillbar {
+
+IconStore::IconStore(Executor& executor,
+                     std::filesystem::path directory,
+                     std::shared_ptr<HTTPDataFetching> fetcher,
+                     std::string baseURL)
+    : m_directory(std::move(directory))
+    , m_fetcher(std::move(fetcher))
+    , m_baseURL(std::move(baseURL))
+    , m_scope(executor) {}
+
+IconStore::~IconStore() {
+    for (const auto& [name, result] : m_inFlight) {
+        result.setError(std::make_exception_ptr(Cancelled{}));
+    }
+}
+
+Task<std::optional<std::string>> IconStore::iconData(std::string baseAsset) {
+    const CoinIconDescriptor descriptor{baseAsset};
+    if (!descriptor.canHaveLogo()) {
+        co_return std::nullopt;
+    }
+    std::string name = descriptor.fileName();
+    try {
+        std::string data = AtomicFile::read(m_directory / name, kMaximumSize);
+        if (isPNG(data)) {
+            co_return data;
+        }
+    } catch (const FileError&) {
+        // Not there yet, or damaged: the download replaces it.
+    }
+    const auto [running, isNew] = m_inFlight.try_emplace(name);
+    // Nothing of this object is touched after the wait: it may be gone by then.
+    const Deferred<Icon> result = running->second;
+    if (isNew) {
+        m_scope.spawn(load(std::move(baseAsset), std::move(name), result));
+    }
+    co_return co_await result.wait();
+}
+
+Task<void> IconStore::load(std::string baseAsset, std::string fileName, Deferred<Icon> result) {
+    Icon icon = co_await download(std::move(baseAsset), m_directory / fileName);
+    m_inFlight.erase(fileName);
+    result.setValue(std::move(icon));
+}
+
+Task<std::optional<std::string>> IconStore::download(std::string baseAsset,
+                                                     std::filesystem::path file) {
+    HTTPResponse response;
+    try {
+        std::string url = BinanceIconURL::url(m_baseURL, baseAsset);
+        response = co_await m_fetcher->fetch(std::move(url));
+    } catch (const std::exception& error) {
+        m_logger.error("icon fetch failed for {}: {}", baseAsset, error.what());
+        co_return std::nullopt;
+    }
+    if (response.status != 200) {
+        m_logger.log("icon fetch got HTTP {} for {}", response.status, baseAsset);
+        co_return std::nullopt;
+    }
+    if (!isPNG(response.body) || response.body.size() > kMaximumSize) {
+        m_logger.log("icon fetch returned a non-PNG body for {}", baseAsset);
+        co_return std::nullopt;
+    }
+    persist(response.body, file, baseAsset);
+    co_return std::move(response.body);
+}
+
+void IconStore::persist(std::string_view data,
+                        const std::filesystem::path& file,
+                        std::string_view baseAsset) const {
+    try {
+        AtomicFile::write(file, data);
+    } catch (const std::exception& error) {
+        m_logger.error("icon cache write failed for {}: {}", baseAsset, error.what());
+    }
+}
+
+bool IconStore::isPNG(std::string_view data) {
+    return data.starts_with("\x89PNG");
+}
+
+}  // namespace quillbar

@@ -1,0 +1,69 @@
+// SPDX-FileCopyrightText: 2026 The Quillbar developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "QuillbarCore/exchange/HTTPDataFetching.h"
+#include "QuillbarCore/runtime/Deferred.h"
+#include "QuillbarCore/runtime/Executor.h"
+#include "QuillbarCore/runtime/Logger.h"
+#include "QuillbarCore/runtime/Task.h"
+#include "QuillbarCore/runtime/TaskScope.h"
+
+#include <cstddef>
+#include <filesystem>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+
+namespace quillbar {
+
+/// The coins' logos: on disk for good, from the network when they are not there. Keeps none in
+/// memory.
+///
+/// Belongs to the executor's thread, which it blocks while it reads or writes a small file.
+/// Destroying it ends its downloads, and every wait for one with `Cancelled`.
+class IconStore final {
+public:
+    /// A larger file is no logo.
+    static constexpr std::size_t kMaximumSize = std::size_t{1024} * 1024;
+
+    /// `directory` need not exist. `baseURL` is where the logos lie, without a slash at its end. The
+    /// executor outlives the store.
+    IconStore(Executor& executor,
+              std::filesystem::path directory,
+              std::shared_ptr<HTTPDataFetching> fetcher,
+              std::string baseURL);
+    IconStore(const IconStore&) = delete;
+    IconStore& operator=(const IconStore&) = delete;
+    IconStore(IconStore&&) = delete;
+    IconStore& operator=(IconStore&&) = delete;
+    ~IconStore();
+
+    /// The bytes of the logo's PNG file; absent when none can be had, which is logged and not
+    /// remembered. Who asks for a logo that is being fetched shares the download; no caller's
+    /// cancellation touches it. Throws `Cancelled` alone.
+    Task<std::optional<std::string>> iconData(std::string baseAsset);
+
+private:
+    using Icon = std::optional<std::string>;
+
+    Task<void> load(std::string baseAsset, std::string fileName, Deferred<Icon> result);
+    Task<Icon> download(std::string baseAsset, std::filesystem::path file);
+    void persist(std::string_view data,
+                 const std::filesystem::path& file,
+                 std::string_view baseAsset) const;
+    [[nodiscard]] static bool isPNG(std::string_view data);
+
+    std::filesystem::path m_directory;
+    std::shared_ptr<HTTPDataFetching> m_fetcher;
+    std::string m_baseURL;
+    Logger m_logger{"IconStore"};
+    // By file name, so that all spellings of a base asset share one.
+    std::unordered_map<std::string, Deferred<Icon>> m_inFlight;
+    // Last: its tasks use `this`.
+    TaskScope m_scope;
+};
+
+}  // namespace quillbar
