@@ -42,7 +42,7 @@ std::optional<QNetworkProxy> parseProxy(const QString& value) {
     const bool isHttp = scheme == QLatin1String("http");
     const bool isSocks = scheme == QLatin1String("socks5") || scheme == QLatin1String("socks5h")
                          || scheme == QLatin1String("socks");
-    if (url.host().isEmpty() || (!isHttp && !isSocks)) {
+    if (!url.isValid() || url.host().isEmpty() || (!isHttp && !isSocks)) {
         return std::nullopt;
     }
     return QNetworkProxy(isHttp ? QNetworkProxy::HttpProxy : QNetworkProxy::Socks5Proxy,
@@ -114,7 +114,8 @@ QList<QNetworkProxy> ProxyFactory::queryProxy(const QNetworkProxyQuery& query) {
     const bool isPlain = query.protocolTag() == QLatin1String("http");
     const auto& proxy = isPlain ? m_forPlain : m_forTLS;
     if (proxy) {
-        return {isExcepted(host, query.peerPort()) ? QNetworkProxy::NoProxy : *proxy};
+        const int port = query.peerPort() > 0 ? query.peerPort() : (isPlain ? 80 : 443);
+        return {isExcepted(host, port) ? QNetworkProxy::NoProxy : *proxy};
     }
     QUrl url = query.url();
     url.setScheme(isPlain ? QStringLiteral("http") : QStringLiteral("https"));

@@ -24,7 +24,8 @@ namespace {
 using Code = URLError::Code;
 using Source = StreamSource<std::string>;
 
-URLError::Code codeOf(QAbstractSocket::SocketError error) {
+// `unreachable` is what it means at this point that the system cannot reach the peer.
+URLError::Code codeOf(QAbstractSocket::SocketError error, URLError::Code unreachable) {
     switch (error) {
     case QAbstractSocket::HostNotFoundError:
     case QAbstractSocket::ProxyNotFoundError:
@@ -44,6 +45,8 @@ URLError::Code codeOf(QAbstractSocket::SocketError error) {
         return Code::cannotConnect;
     case QAbstractSocket::RemoteHostClosedError:
         return Code::connectionLost;
+    case QAbstractSocket::NetworkError:
+        return unreachable;
     default:
         return Code::other;
     }
@@ -148,16 +151,11 @@ private:
         connect(m_socket, &QWebSocket::pong, this, [this] { m_isHeard = true; });
         // A close frame came, or is sent because the peer broke the protocol.
         connect(m_socket, &QWebSocket::aboutToClose, this, &Connection::endWithFarewell);
-        connect(
-            m_socket,
-            qOverload<QAbstractSocket::SocketError>(&QWebSocket::error),
-            this,
-            [this](QAbstractSocket::SocketError error) {
-                fail(URLError(codeOf(error), m_socket->errorString().simplified().toStdString()));
-            });
-        connect(m_socket, &QWebSocket::disconnected, this, [this] {
-            fail(URLError(Code::connectionLost, "the connection ended without a close frame"));
-        });
+        connect(m_socket,
+                qOverload<QAbstractSocket::SocketError>(&QWebSocket::error),
+                this,
+                &Connection::noteError);
+        connect(m_socket, &QWebSocket::disconnected, this, &Connection::failSoon);
     }
 
     template <class MakeBytes>
@@ -173,6 +171,7 @@ private:
         m_timer.callOnTimeout(this, &Connection::beat);
         m_timer.setSingleShot(false);
         m_timer.start(m_limits.heartbeat);
+        m_isOpen = true;
         m_isHeard = true;
     }
 
@@ -184,6 +183,27 @@ private:
         } else {
             fail(URLError(Code::timedOut, "the peer does not answer pings"));
         }
+    }
+
+    void noteError(QAbstractSocket::SocketError error) {
+        const Code unreachable = m_isOpen ? Code::connectionLost : Code::cannotConnect;
+        m_error.emplace(codeOf(error, unreachable),
+                        m_socket->errorString().simplified().toStdString());
+        // What came before the end of the connection may still be delivered, a close frame too.
+        if (error != QAbstractSocket::RemoteHostClosedError) {
+            failSoon();
+        }
+    }
+
+    // The end of a connection and its error are signalled in either order.
+    void failSoon() {
+        QMetaObject::invokeMethod(
+            this,
+            [this] {
+                fail(m_error.value_or(
+                    URLError(Code::connectionLost, "the connection ended without a close frame")));
+            },
+            Qt::QueuedConnection);
     }
 
     void endWithFarewell() {
@@ -210,6 +230,8 @@ private:
     QWebSocket* m_socket = nullptr;
     // Of the handshake, then of the heartbeat.
     QTimer m_timer;
+    std::optional<URLError> m_error;
+    bool m_isOpen = false;
     bool m_isHeard = false;
     bool m_isAsked = false;
 };
@@ -241,7 +263,8 @@ AsyncStream<std::string> URLSessionWebSocket::connect(const std::string& url) {
     const QString scheme = target.scheme();
     if (target.host().isEmpty()
         || (scheme != QLatin1String("wss") && scheme != QLatin1String("ws"))) {
-        source.fail(URLError(Code::badURL, "not a WebSocket URL: " + url));
+        const QString text = QString::fromStdString(url).simplified();
+        source.fail(URLError(Code::badURL, "not a WebSocket URL: " + text.toStdString()));
     } else {
         connection->open(target);
     }

@@ -39,7 +39,7 @@ struct WebSocketLimits {
 /// | `secureConnectionFailed` | TLS failed; a certificate is expired, for another host, or of an unknown authority |
 /// | `tooLarge` | a message is too large |
 /// | `badURL` | not a URL, or of another scheme |
-/// | `other` | one side broke the protocol, as with a text that is not UTF-8 |
+/// | `other` | one side broke the protocol, as with a text that is not UTF-8; Qt 6.4 takes the close codes 1012 to 1014 for that too |
 ///
 /// A peer that went away without a word (a suspended laptop, a router that forgot the connection)
 /// would leave the stream silent for ever, because nothing is ever sent that could fail. So a

@@ -1,0 +1,48 @@
+// SPDX-FileCopyrightText: 2026 The Quillbar developers
+// SPDX-License-Identifier: MIT
+#include "Quillbar/platform/CertificateAuthorities.h"
+#include "tests/support/TemporaryFolder.h"
+
+#include <QSslCertificate>
+#include <QSslConfiguration>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <fstream>
+
+namespace quillbar {
+namespace {
+
+// The trust itself is proven by every test that fetches from a TestExchange.
+class CertificateAuthoritiesTest : public testing::Test {
+protected:
+    std::string failure(const std::filesystem::path& file) {
+        const auto before = QSslConfiguration::defaultConfiguration().caCertificates();
+        const auto error = trustAuthorities(file);
+        EXPECT_EQ(QSslConfiguration::defaultConfiguration().caCertificates(), before);
+        return error.value_or("no error");
+    }
+
+    TemporaryFolder m_folder;
+};
+
+TEST_F(CertificateAuthoritiesTest, namesAFileThatDoesNotExist) {
+    const auto file = m_folder.path() / "none.pem";
+    EXPECT_THAT(failure(file), testing::StartsWith("no certificate authority: "));
+    EXPECT_THAT(failure(file), testing::HasSubstr(file.string()));
+}
+
+TEST_F(CertificateAuthoritiesTest, refusesAFolder) {
+    EXPECT_THAT(failure(m_folder.path()), testing::StartsWith("no certificate authority: "));
+}
+
+TEST_F(CertificateAuthoritiesTest, refusesAFileWithoutACertificate) {
+    const auto file = m_folder.path() / "empty.pem";
+    std::ofstream(file) << "-----BEGIN CERTIFICATE-----\nnothing\n-----END CERTIFICATE-----\n";
+    EXPECT_EQ(failure(file),
+              "no certificate authority: " + file.string() + " holds no PEM certificate");
+}
+
+}  // namespace
+}  // namespace quillbar
