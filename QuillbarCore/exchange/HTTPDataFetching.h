@@ -4,6 +4,7 @@
 
 #include "QuillbarCore/runtime/Task.h"
 
+#include <optional>
 #include <string>
 
 namespace quillbar {
@@ -14,6 +15,8 @@ struct HTTPResponse {
     std::string body;
     /// The HTTP status code; 0 when what answered does not speak HTTP.
     int status = 0;
+    /// The Retry-After header as it came; absent when there was none.
+    std::optional<std::string> retryAfter = std::nullopt;
 
     bool operator==(const HTTPResponse&) const = default;
 };

@@ -175,6 +175,9 @@ private:
             return;
         }
         m_answer.response.status = status;
+        if (m_reply->hasRawHeader("Retry-After")) {
+            m_answer.response.retryAfter = m_reply->rawHeader("Retry-After").toStdString();
+        }
         const QUrl target = m_reply->attribute(QNetworkRequest::RedirectionTargetAttribute).toUrl();
         if (!target.isEmpty()) {
             m_answer.location = m_url.resolved(target);
