@@ -3,12 +3,15 @@
 #include "Quillbar/AppServices.h"
 
 #include "QuillbarCore/exchange/EndpointSelector.h"
+#include "QuillbarCore/exchange/GatedFetcher.h"
 #include "QuillbarCore/exchange/ReconnectPolicy.h"
+#include "QuillbarCore/exchange/ServiceGate.h"
 #include "QuillbarCore/exchange/URLSessionFetcher.h"
 #include "QuillbarCore/exchange/URLSessionWebSocket.h"
 #include "QuillbarCore/state/SettingsStore.h"
 #include "QuillbarCore/state/WatchlistStore.h"
 
+#include <string>
 #include <utility>
 
 namespace quillbar {
@@ -21,12 +24,20 @@ constexpr Seconds kStabilityThreshold{30};
 constexpr Seconds kWatchdogInterval{30};
 constexpr Seconds kStaleReconnectThreshold{90};
 
+// The one session of the process, behind the gate of one service.
+std::shared_ptr<HTTPDataFetching> fetcher(const std::string& service,
+                                          const std::filesystem::path& folder,
+                                          const Clock& clock) {
+    return std::make_shared<GatedFetcher>(std::make_shared<URLSessionFetcher>(),
+                                          std::make_shared<ServiceGate>(service, folder, clock));
+}
+
 }  // namespace
 
 AppServices::AppServices(ServicePlatform platform,
                          const ServiceEndpoints& endpoints,
                          const std::filesystem::path& folder)
-    : m_rest(std::make_shared<URLSessionFetcher>(),
+    : m_rest(fetcher("exchange", folder, platform.clock),
              std::make_shared<EndpointSelector>(endpoints.rest),
              platform.worker)
     , m_catalog(platform.executor, m_rest, folder, platform.clock)
@@ -49,6 +60,17 @@ AppServices::AppServices(ServicePlatform platform,
                   .sleeper = platform.sleeper,
                   .watchdogInterval = kWatchdogInterval,
                   .staleReconnectThreshold = kStaleReconnectThreshold})
+    , m_marketState(platform.executor, m_rest, m_catalog, platform.clock, platform.sleeper)
+    , m_coinGecko(fetcher("market-cap", folder, platform.clock), endpoints.marketCap)
+    , m_marketCapState(platform.executor,
+                       m_coinGecko,
+                       MarketCapCache(folder, platform.clock),
+                       platform.clock,
+                       platform.sleeper)
+    , m_iconStore(platform.executor,
+                  folder / "Icons",
+                  fetcher("icons", folder, platform.clock),
+                  endpoints.icon)
     , m_scope(platform.executor) {}
 
 AppServices::~AppServices() = default;

@@ -4,8 +4,12 @@
 
 #include "Quillbar/ServiceEndpoints.h"
 #include "QuillbarCore/catalog/CoinCatalog.h"
+#include "QuillbarCore/catalog/IconStore.h"
 #include "QuillbarCore/exchange/BinanceRESTClient.h"
 #include "QuillbarCore/exchange/PriceStreamClient.h"
+#include "QuillbarCore/market/CoinGeckoRESTClient.h"
+#include "QuillbarCore/market/MarketCapState.h"
+#include "QuillbarCore/market/MarketState.h"
 #include "QuillbarCore/model/Calendar.h"
 #include "QuillbarCore/runtime/Executor.h"
 #include "QuillbarCore/runtime/Observed.h"
@@ -58,6 +62,10 @@ public:
 
     [[nodiscard]] AppState& appState() noexcept { return m_appState; }
     [[nodiscard]] const AppState& appState() const noexcept { return m_appState; }
+    /// These two poll only while somebody reads them; they need no `start`.
+    [[nodiscard]] MarketState& marketState() noexcept { return m_marketState; }
+    [[nodiscard]] MarketCapState& marketCapState() noexcept { return m_marketCapState; }
+    [[nodiscard]] IconStore& iconStore() noexcept { return m_iconStore; }
 
 private:
     Task<void> bootstrap();
@@ -66,6 +74,10 @@ private:
     CoinCatalog m_catalog;
     PriceStreamClient m_stream;
     AppState m_appState;
+    MarketState m_marketState;
+    CoinGeckoRESTClient m_coinGecko;
+    MarketCapState m_marketCapState;
+    IconStore m_iconStore;
     Observed<bool> m_isStarted;
     TaskScope::Handle m_resuming;
     // Last: its tasks use all of the above.

@@ -18,6 +18,7 @@ constexpr std::string_view kHelp = R"(用法:quillbar-label [选项]
 选项:
   --once           等到价格后输出一行并退出(默认,最多等 15 秒)
   --follow         每当文字变化时输出一行
+  --boards         输出涨幅、跌幅、成交额、市值四个榜单的前十名并退出
   --format 格式    text(默认)、json 或 waybar
   --help           显示本说明
   --version        显示版本
@@ -27,8 +28,22 @@ constexpr std::string_view kHelp = R"(用法:quillbar-label [选项]
 环境变量:
   QUILLBAR_REST_ENDPOINTS      行情接口地址,以逗号分隔
   QUILLBAR_STREAM_ENDPOINTS    实时行情地址,以逗号分隔
+  QUILLBAR_MARKETCAP_ENDPOINT  市值接口地址
   QUILLBAR_CA_FILE             额外信任的证书颁发机构(PEM 文件)
 )";
+
+std::optional<LabelMode> modeNamed(std::string_view option) {
+    if (option == "--once") {
+        return LabelMode::once;
+    }
+    if (option == "--follow") {
+        return LabelMode::follow;
+    }
+    if (option == "--boards") {
+        return LabelMode::boards;
+    }
+    return std::nullopt;
+}
 
 std::optional<LabelFormat> formatNamed(std::string_view name) {
     if (name == "text") {
@@ -57,10 +72,9 @@ std::variant<LabelOptions, LabelInformation, LabelUsageError> parseLabelOptions(
         if (*argument == "--version") {
             return LabelInformation{fmt::format("quillbar-label {}\n", QUILLBAR_VERSION)};
         }
-        if (*argument == "--once" || *argument == "--follow") {
-            const LabelMode asked = *argument == "--once" ? LabelMode::once : LabelMode::follow;
-            if (mode && *mode != asked) {
-                return LabelUsageError{"--once 与 --follow 不能同时使用"};
+        if (const auto asked = modeNamed(*argument)) {
+            if (mode && mode != asked) {
+                return LabelUsageError{"--once、--follow 与 --boards 只能使用其一"};
             }
             mode = asked;
             continue;

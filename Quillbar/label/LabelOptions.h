@@ -11,8 +11,8 @@ namespace quillbar {
 /// How a line of the label is written.
 enum class LabelFormat { text, json, waybar };
 
-/// Whether the label is printed once, or again whenever it changes.
-enum class LabelMode { once, follow };
+/// Whether the label is printed once, or again whenever it changes; or the market's boards, once.
+enum class LabelMode { once, follow, boards };
 
 /// What quillbar-label was asked to do.
 struct LabelOptions final {

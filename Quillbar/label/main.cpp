@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Quillbar developers
 // SPDX-License-Identifier: MIT
 #include "Quillbar/AppServices.h"
+#include "Quillbar/label/BoardsPrinter.h"
 #include "Quillbar/label/LabelOptions.h"
 #include "Quillbar/label/LabelPrinter.h"
 #include "Quillbar/platform/CertificateAuthorities.h"
@@ -90,20 +91,34 @@ int runLabel(const LabelOptions& options, const ServiceEndpoints& endpoints) {
                           .calendar = Calendar::autoupdatingCurrent()},
                          endpoints,
                          AppDirectories::applicationSupport());
+    // Queued: the event loop may not be running yet.
+    const auto finish = [](int status) {
+        QMetaObject::invokeMethod(
+            QCoreApplication::instance(),
+            [status] { QCoreApplication::exit(status); },
+            Qt::QueuedConnection);
+    };
+    if (options.mode == LabelMode::boards) {
+        BoardsPrinter printer(services.marketState(),
+                              services.marketCapState(),
+                              *executor,
+                              sleeper,
+                              {.print =
+                                   [&output](std::string_view text) {
+                                       text.remove_suffix(1);
+                                       static_cast<void>(output.print(text));
+                                   },
+                               .finish = finish});
+        printer.start();
+        return QCoreApplication::exec();
+    }
     LabelPrinter printer(services.appState(),
                          services.isStarted(),
                          *executor,
                          sleeper,
                          options,
                          {.print = [&output](std::string_view line) { return output.print(line); },
-                          // Queued: the event loop may not be running yet.
-                          .finish =
-                              [](int status) {
-                                  QMetaObject::invokeMethod(
-                                      QCoreApplication::instance(),
-                                      [status] { QCoreApplication::exit(status); },
-                                      Qt::QueuedConnection);
-                              }});
+                          .finish = finish});
     services.start();
     printer.start();
     std::optional<DeferredSystemEvents> systemEvents;

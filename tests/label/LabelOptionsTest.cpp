@@ -36,6 +36,7 @@ TEST(LabelOptions, withoutArgumentsPrintOnceAsText) {
 TEST(LabelOptions, nameTheMode) {
     EXPECT_EQ(optionsOf({"--once"}).mode, LabelMode::once);
     EXPECT_EQ(optionsOf({"--follow"}).mode, LabelMode::follow);
+    EXPECT_EQ(optionsOf({"--boards"}).mode, LabelMode::boards);
     EXPECT_EQ(optionsOf({"--follow", "--follow"}).mode, LabelMode::follow);
 }
 
@@ -47,7 +48,8 @@ TEST(LabelOptions, nameTheFormatInEitherSpelling) {
 }
 
 TEST(LabelOptions, thatMakeNoSenseAreToldInOneLine) {
-    EXPECT_EQ(errorOf({"--once", "--follow"}), "--once 与 --follow 不能同时使用");
+    EXPECT_EQ(errorOf({"--once", "--follow"}), "--once、--follow 与 --boards 只能使用其一");
+    EXPECT_EQ(errorOf({"--boards", "--once"}), "--once、--follow 与 --boards 只能使用其一");
     EXPECT_EQ(errorOf({"--folow"}), "未知的参数「--folow」,请看 --help");
     EXPECT_EQ(errorOf({"price"}), "未知的参数「price」,请看 --help");
     EXPECT_EQ(errorOf({"--format"}), "--format 需要一个格式:text、json 或 waybar");
@@ -59,6 +61,7 @@ TEST(LabelOptions, helpNamesEveryOptionAndExitStatus) {
     const std::string help = informationOf({"--follow", "--help"});
     for (const char* const part : {"--once",
                                    "--follow",
+                                   "--boards",
                                    "--format",
                                    "json",
                                    "waybar",

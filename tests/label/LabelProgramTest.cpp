@@ -39,6 +39,8 @@ protected:
         m_environment.insert(QStringLiteral("QUILLBAR_REST_ENDPOINTS"), text(m_binance.restBase()));
         m_environment.insert(QStringLiteral("QUILLBAR_STREAM_ENDPOINTS"),
                              text(m_binance.streamBase()));
+        m_environment.insert(QStringLiteral("QUILLBAR_MARKETCAP_ENDPOINT"),
+                             text(m_binance.marketCapBase()));
         m_environment.insert(QStringLiteral("QUILLBAR_CA_FILE"), text(m_binance.caFile()));
         m_environment.insert(QStringLiteral("XDG_DATA_HOME"), text(m_folder.path().string()));
     }
@@ -156,6 +158,15 @@ TEST_F(LabelProgramTest, survivesTheExchangesEndAndReturn) {
     // Its first retry comes after about a second.
     EXPECT_TRUE(spinUntil([&] { return m_binance.openStreams() == 1; }));
     EXPECT_EQ(m_label.state(), QProcess::Running);
+}
+
+TEST_F(LabelProgramTest, printsTheBoards) {
+    run({QStringLiteral("--boards")});
+    EXPECT_EQ(exitStatus(), 0);
+    for (const char* const name : {"涨幅\n", "\n跌幅\n", "\n成交额\n", "\n市值\n  1  BTC"}) {
+        EXPECT_THAT(m_output, HasSubstr(name));
+    }
+    EXPECT_EQ(m_binance.streamsAccepted(), 0);
 }
 
 TEST_F(LabelProgramTest, refusesWrongOptionsInOneLine) {

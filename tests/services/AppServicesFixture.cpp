@@ -69,6 +69,8 @@ void AppServicesFixture::start(const std::vector<simulator::Simulator*>& exchang
         endpoints.rest.push_back(exchange->restBase());
         endpoints.stream.push_back(exchange->streamBase());
     }
+    endpoints.marketCap = exchanges.front()->marketCapBase();
+    endpoints.icon = exchanges.front()->iconBase();
     const Clock clock = [this, system = systemClock()] { return system() + m_offset; };
     m_services = std::make_unique<AppServices>(ServicePlatform{.executor = *m_executor,
                                                                .worker = *m_worker,

@@ -1,0 +1,219 @@
+// SPDX-FileCopyrightText: 2026 The Quillbar developers
+// SPDX-License-Identifier: MIT
+#include "QuillbarCore/market/MarketCapRanking.h"
+#include "tests/qtsupport/SpinUntil.h"
+#include "tests/services/AppServicesFixture.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cmath>
+#include <string>
+#include <vector>
+
+namespace quillbar {
+
+namespace {
+
+using simulator::Listing;
+using simulator::ListingStatus;
+using simulator::RequestFault;
+using simulator::Simulator;
+using ::testing::Contains;
+using ::testing::Each;
+
+constexpr std::string_view kTickersPath = "/api/v3/ticker/24hr";
+constexpr std::string_view kMarketCapsPath = "/coingecko/api/v3/coins/markets";
+
+/// The boards over real sockets, judged by the simulator's own state.
+class BoardsTest : public AppServicesFixture {
+protected:
+    MarketState& market() { return m_services->marketState(); }
+    MarketCapState& marketCaps() { return m_services->marketCapState(); }
+
+    /// Runs one refresh of both models to its end.
+    [[nodiscard]] bool refresh() {
+        TaskScope scope(*m_executor);
+        const auto boards = scope.spawn(market().refreshOnce());
+        const auto caps = scope.spawn(marketCaps().refreshOnce());
+        return spinUntil([&] { return !boards.isRunning() && !caps.isRunning(); });
+    }
+
+    static double change(const simulator::DayStatistics& day) {
+        return (day.last - day.open) / day.open * 100;
+    }
+
+    /// The USDT pairs in trading, by an order of the test's own.
+    template <class Before>
+    static std::vector<std::string> expected(const Simulator& exchange, Before before) {
+        std::vector<const Listing*> listings;
+        for (const Listing& listing : exchange.market().listings()) {
+            if (listing.quoteAsset == "USDT" && listing.status == ListingStatus::trading) {
+                listings.push_back(&listing);
+            }
+        }
+        std::sort(listings.begin(), listings.end(), [&](const Listing* left, const Listing* right) {
+            return before(exchange.market().day(*left), exchange.market().day(*right));
+        });
+        std::vector<std::string> symbols;
+        for (const Listing* const listing : listings) {
+            symbols.push_back(listing->symbol);
+        }
+        symbols.resize(std::min<std::size_t>(symbols.size(), kRows));
+        return symbols;
+    }
+
+    static std::vector<std::string> symbolsOf(const std::vector<RankedCoin>& rows) {
+        std::vector<std::string> symbols;
+        for (const RankedCoin& row : rows) {
+            symbols.push_back(row.id());
+        }
+        return symbols;
+    }
+
+    static constexpr std::size_t kRows = 10;
+};
+
+TEST_F(BoardsTest, areTheMarketsOwnOrder) {
+    Simulator& binance = exchange();
+    start({&binance});
+    ASSERT_TRUE(refresh());
+    using Day = simulator::DayStatistics;
+    EXPECT_EQ(symbolsOf(market().board(Ranking::Board::gainers, kRows)),
+              expected(binance, [](const Day& left, const Day& right) {
+                  return change(left) > change(right);
+              }));
+    EXPECT_EQ(symbolsOf(market().board(Ranking::Board::losers, kRows)),
+              expected(binance, [](const Day& left, const Day& right) {
+                  return change(left) < change(right);
+              }));
+    EXPECT_EQ(symbolsOf(market().board(Ranking::Board::volume, kRows)),
+              expected(binance, [](const Day& left, const Day& right) {
+                  return left.quoteVolume > right.quoteVolume;
+              }));
+}
+
+TEST_F(BoardsTest, carryTheMarketsOwnNumbers) {
+    Simulator& binance = exchange();
+    start({&binance});
+    ASSERT_TRUE(refresh());
+    const auto rows = market().board(Ranking::Board::volume, 1000);
+    ASSERT_FALSE(rows.empty());
+    for (const RankedCoin& row : rows) {
+        const Listing* const listing = binance.market().find(row.id());
+        ASSERT_NE(listing, nullptr);
+        const auto day = binance.market().day(*listing);
+        // The exchange writes prices with as many digits as the pair's tick.
+        const double tick = std::pow(10, -listing->priceDigits);
+        EXPECT_NEAR(row.ticker.lastPrice, day.last, tick);
+        EXPECT_NEAR(row.ticker.openPrice24h, day.open, tick);
+        EXPECT_NEAR(*row.ticker.quoteVolume24h, day.quoteVolume, day.quoteVolume * 1e-6 + 1);
+    }
+}
+
+TEST_F(BoardsTest, fillTheMarketCapBoard) {
+    Simulator& binance = exchange();
+    start({&binance});
+    ASSERT_TRUE(refresh());
+    const auto data = market().snapshot();
+    const auto rows =
+        MarketCapRanking::rank(marketCaps().entries(), data.tickers, data.universe, 100);
+    ASSERT_GE(rows.size(), 3U);
+    EXPECT_EQ(rows.front().id(), "BTCUSDT");
+    for (std::size_t index = 0; index < rows.size(); ++index) {
+        EXPECT_EQ(rows[index].rank, static_cast<int>(index) + 1);
+        EXPECT_NE(rows[index].coin.baseAsset, "USDC");
+    }
+    EXPECT_THAT(m_log.lines(), ::testing::IsEmpty());
+}
+
+TEST_F(BoardsTest, keepTheirRowsOverABadAnswer) {
+    Simulator& binance = exchange();
+    start({&binance});
+    ASSERT_TRUE(refresh());
+    const auto before = market().board(Ranking::Board::volume, kRows);
+    for (const RequestFault::Kind kind : {RequestFault::Kind::cutShort,
+                                          RequestFault::Kind::wrongNumber,
+                                          RequestFault::Kind::notJson}) {
+        SCOPED_TRACE(static_cast<int>(kind));
+        binance.faults().on(kind, std::string(kTickersPath), 1);
+        ASSERT_TRUE(refresh());
+        EXPECT_TRUE(*market().loadFailed());
+        EXPECT_EQ(market().board(Ranking::Board::volume, kRows), before);
+        ASSERT_TRUE(refresh());
+        EXPECT_FALSE(*market().loadFailed());
+    }
+    EXPECT_THAT(m_log.lines("MarketState"),
+                Each(::testing::StartsWith("MarketState|error|market refresh failed: ")));
+}
+
+TEST_F(BoardsTest, showTheMarketCapsAgainAfterARestartWithoutARequest) {
+    Simulator& binance = exchange();
+    start({&binance});
+    ASSERT_TRUE(refresh());
+    const auto entries = marketCaps().entries();
+    ASSERT_FALSE(entries.empty());
+    ASSERT_EQ(requestCount(binance, kMarketCapsPath), 1);
+
+    m_services.reset();
+    letPass(Seconds(299));
+    start({&binance});
+    EXPECT_EQ(marketCaps().entries(), entries);
+    ASSERT_TRUE(refresh());
+    EXPECT_EQ(requestCount(binance, kMarketCapsPath), 1);
+    letPass(Seconds(2));
+    ASSERT_TRUE(refresh());
+    EXPECT_EQ(requestCount(binance, kMarketCapsPath), 2);
+}
+
+TEST_F(BoardsTest, keepAwayFromAServiceThatHasAskedUsTo) {
+    Simulator& binance = exchange();
+    binance.faults().onRequests({.kind = RequestFault::Kind::status,
+                                 .times = 1,
+                                 .pathPrefix = std::string(kMarketCapsPath),
+                                 .status = 429,
+                                 .retryAfter = std::chrono::seconds(119),
+                                 .location = {}});
+    start({&binance});
+    ASSERT_TRUE(refresh());
+    EXPECT_TRUE(*marketCaps().loadFailed());
+    letPass(Seconds(118));
+    ASSERT_TRUE(refresh());
+    EXPECT_EQ(requestCount(binance, kMarketCapsPath), 1);
+    EXPECT_THAT(m_log.lines("ServiceGate"),
+                Contains("ServiceGate|default|market-cap answered 429: not asked again for 119 s"));
+    // The exchange is another service.
+    EXPECT_FALSE(*market().loadFailed());
+
+    m_services.reset();
+    start({&binance});
+    ASSERT_TRUE(refresh());
+    EXPECT_EQ(requestCount(binance, kMarketCapsPath), 1);
+    letPass(Seconds(2));
+    ASSERT_TRUE(refresh());
+    EXPECT_EQ(requestCount(binance, kMarketCapsPath), 2);
+    EXPECT_FALSE(*marketCaps().loadFailed());
+}
+
+TEST_F(BoardsTest, fetchALogoOnce) {
+    Simulator& binance = exchange();
+    start({&binance});
+    std::vector<std::string> logos;
+    TaskScope scope(*m_executor);
+    const auto fetch = [&]() -> Task<void> {
+        const std::optional<std::string> logo = co_await m_services->iconStore().iconData("btc");
+        logos.push_back(logo.value_or(""));
+    };
+    for (int round = 1; round <= 2; ++round) {
+        scope.spawn(fetch);
+        ASSERT_TRUE(spinUntil([&] { return logos.size() == static_cast<std::size_t>(round); }));
+    }
+    EXPECT_EQ(logos[0].substr(0, 4), "\x89PNG");
+    EXPECT_EQ(logos[0], logos[1]);
+    EXPECT_EQ(requestCount(binance, "/icons/BTC.png"), 1);
+}
+
+}  // namespace
+
+}  // namespace quillbar
