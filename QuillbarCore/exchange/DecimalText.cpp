@@ -89,9 +89,6 @@ double outOfRange(Magnitude number) {
             digitsBeforePoint += isBeforePoint ? 1 : 0;
         }
     }
-    if (isLeading) {
-        return 0;
-    }
     const std::int64_t scale =
         digitsBeforePoint * (number.isHexadecimal ? 4 : 1)
         + (mark == std::string_view::npos ? 0 : exponent(number.text.substr(mark + 1)));

@@ -205,7 +205,9 @@ Task<bool> PriceStreamClient::readConnection(std::string url, std::uint64_t gene
         attempt.close();
         m_logger.error("connection failed: {}", errorText(std::current_exception()));
     }
-    co_return hasDelivered&& m_now() - connectedAt >= m_stabilityThreshold;
+    const bool hasLived = m_now() - connectedAt >= m_stabilityThreshold;
+    const bool isStable = hasDelivered && hasLived;
+    co_return isStable;
 }
 
 void PriceStreamClient::receive(std::string_view frame) const {

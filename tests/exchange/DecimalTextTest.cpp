@@ -219,6 +219,8 @@ TEST(DecimalTextTest, RefusesWhatIsTooLargeForADouble) {
     expectRejected("1" + std::string(400, '0'));
     expectRejected("0x1p1024");
     expectRejected("0x" + std::string(300, 'f'));
+    expectRejected("0x" + std::string(400, 'f') + "p-500");
+    expectRejected("1" + std::string(400, '0') + "e-20");
     EXPECT_LT(decimalNumber("0x1.fffffffffffffp1023"), kInfinity);
 }
 
@@ -229,6 +231,7 @@ TEST(DecimalTextTest, TakesWhatIsTooSmallForADoubleAsZeroOrDenormal) {
     expectNumber("-1e-400", -0.0);
     expectNumber("1e-99999999999999999999", 0);
     expectNumber("0." + std::string(400, '0') + "1", 0);
+    expectNumber("0." + std::string(400, '0') + "1e+20", 0);
     expectNumber("0x1p-1074", std::numeric_limits<double>::denorm_min());
     expectNumber("-0x1p-2000", -0.0);
     expectNumber("0x." + std::string(300, '0') + "1", 0);

@@ -106,7 +106,7 @@ std::vector<std::string> PriceStreamSession::takeEvents() {
 std::size_t PriceStreamSession::openCount() const {
     std::size_t count = 0;
     for (const auto& connection : connections.made) {
-        count += connection->isCancelled() ? 0 : 1;
+        count += connection->isCancelled() ? 0U : 1U;
     }
     return count;
 }

@@ -9,6 +9,8 @@
 #include <gtest/gtest.h>
 
 #include <stdexcept>
+#include <string>
+#include <vector>
 
 namespace quillbar {
 
@@ -242,7 +244,7 @@ TEST_F(PriceStreamReconnectTest, DoesNothingWhenPokedWithNothingSubscribed) {
 }
 
 TEST(PriceStreamWithoutEndpointsTest, GivesUpForGood) {
-    PriceStreamSession session({});
+    PriceStreamSession session(std::vector<std::string>{});
     session.watch({"BTCUSDT"});
     EXPECT_THAT(session.takeEvents(), ElementsAre("disconnected"));
     EXPECT_THAT(session.log.lines(), ElementsAre("PriceStream|error|no stream endpoint available"));
