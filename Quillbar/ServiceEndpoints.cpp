@@ -44,10 +44,11 @@ std::string baseURL(std::string_view variable, std::string_view text, const Sche
     const QString typed =
         QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size())).trimmed();
     const QUrl url(typed, QUrl::StrictMode);
-    if (!url.isValid() || url.isRelative() || url.host().isEmpty()) {
+    if (!url.isValid() || url.isRelative() || url.host().isEmpty()
+        || typed.contains(QLatin1Char(','))) {
         fail("不是有效的网址");
     }
-    if (url.hasQuery() || url.hasFragment() || !url.userInfo().isEmpty()) {
+    if (url.hasQuery() || url.hasFragment() || typed.contains(QLatin1Char('@'))) {
         fail("不能带有参数、片段或账号");
     }
     const std::string scheme = url.scheme().toStdString();
