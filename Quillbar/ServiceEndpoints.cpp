@@ -10,6 +10,7 @@
 
 #include <fmt/format.h>
 
+#include <algorithm>
 #include <cstdlib>
 #include <string_view>
 #include <utility>
@@ -37,9 +38,17 @@ bool isLoopback(const QString& host) {
     return !address.isNull() && address.isLoopback();
 }
 
+// What the user typed, on one line whatever it holds.
+std::string quoted(std::string_view text) {
+    std::string line(text);
+    std::replace_if(
+        line.begin(), line.end(), [](char c) { return c == '\n' || c == '\r'; }, ' ');
+    return line;
+}
+
 std::string baseURL(std::string_view variable, std::string_view text, const Schemes& schemes) {
     const auto fail = [&](std::string_view reason) {
-        throw EndpointError(fmt::format("{}:「{}」{}", variable, text, reason));
+        throw EndpointError(fmt::format("{}:「{}」{}", variable, quoted(text), reason));
     };
     const QString typed =
         QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size())).trimmed();

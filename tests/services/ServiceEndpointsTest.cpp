@@ -95,6 +95,8 @@ TEST(ServiceEndpoints, refuseWhatIsMalformed) {
     }
     EXPECT_EQ(errorFrom({{"QUILLBAR_REST_ENDPOINTS", "https://a.test,,https://b.test"}}),
               "QUILLBAR_REST_ENDPOINTS:「」不是有效的网址");
+    EXPECT_EQ(errorFrom({{"QUILLBAR_REST_ENDPOINTS", "non\nsense\r"}}),
+              "QUILLBAR_REST_ENDPOINTS:「non sense 」不是有效的网址");
     // One address, where a list is not what is meant.
     EXPECT_EQ(errorFrom({{"QUILLBAR_ICON_ENDPOINT", "https://a.test,https://b.test"}}),
               "QUILLBAR_ICON_ENDPOINT:「https://a.test,https://b.test」不是有效的网址");
