@@ -45,6 +45,9 @@ public:
     /// | `tooLarge` | the body is too large; found out while it arrives, so memory stays bounded |
     /// | `badURL` | not an absolute URL, or of an unknown scheme |
     /// | `other` | the answer is not HTTP, its compression is damaged, … |
+    ///
+    /// A body that comes in chunks and breaks off is not always noticed by Qt 6.4: what came of it
+    /// may be returned as if it were whole, so a decoder must not accept half a document.
     Task<HTTPResponse> fetch(std::string url) override;
 
 private:

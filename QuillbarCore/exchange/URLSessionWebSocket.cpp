@@ -55,8 +55,9 @@ URLError::Code codeOf(QAbstractSocket::SocketError error, URLError::Code unreach
 // What a close frame means. Absent: a farewell. The other codes say that one side broke the
 // protocol; QWebSocket closes with them itself when it is the peer.
 std::optional<URLError> errorOf(const QWebSocket& socket) {
-    const auto code = socket.closeCode();
-    const std::string text = "closed with code " + std::to_string(int(code)) + ": "
+    // Never kept as the enumeration, which has no room for the private codes from 4000 on.
+    const int code = static_cast<int>(socket.closeCode());
+    const std::string text = "closed with code " + std::to_string(code) + ": "
                              + socket.closeReason().simplified().toStdString();
     switch (code) {
     case QWebSocketProtocol::CloseCodeTooMuchData:

@@ -50,6 +50,11 @@ protected:
     URLSessionWebSocket m_socket;
 };
 
+TEST_F(URLSessionWebSocketTest, givesAHandshakeAMinuteAndNoticesADeadPeerSooner) {
+    EXPECT_EQ(WebSocketLimits{}.handshake, std::chrono::seconds(60));
+    EXPECT_LT(3 * WebSocketLimits{}.heartbeat, std::chrono::seconds(60));
+}
+
 TEST_F(URLSessionWebSocketTest, deliversEachMessageAsItsBytes) {
     using namespace std::string_literals;
     RawServer server(upgradeAndSay(encode(Opcode::text, R"({"a":1})")
