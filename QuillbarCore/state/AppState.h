@@ -61,7 +61,7 @@ struct AppStateDependencies final {
 ///
 /// Belongs to the executor's thread. Observers are told of each change of a field, and of nothing
 /// else: a field that is set to an equal value stays silent. An observer may read any field, but it
-/// destroys nothing of this object.
+/// calls no edit and destroys nothing of this object; it posts such things to the executor.
 ///
 /// Each operation that returns a task uses this object until the task ends: who awaits one ends it
 /// before destroying this object. What the object started by itself ends in its destructor.

@@ -17,6 +17,7 @@
 
 #include <filesystem>
 #include <memory>
+#include <optional>
 #include <string>
 #include <utility>
 #include <vector>
@@ -71,11 +72,12 @@ struct CoinCatalogTest : testing::Test {
     std::vector<std::string> found(const std::string& query) {
         const CoinsOutcome outcome = spawnRecorded(scope, catalog->search(query));
         executor.run();
-        if (!outcome->value) {
+        const std::optional<Coins>& listed = outcome->value;
+        if (!listed) {
             return {"(no answer)"};
         }
         std::vector<std::string> baseAssets;
-        for (const Coin& each : *outcome->value) {
+        for (const Coin& each : *listed) {
             baseAssets.push_back(each.baseAsset);
         }
         return baseAssets;
