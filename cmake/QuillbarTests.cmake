@@ -29,6 +29,7 @@ if(QUILLBAR_SANITIZERS)
         check_initialization_order=1 strict_init_order=1)
     set(QUILLBAR_TEST_ENVIRONMENT
         "ASAN_OPTIONS=${asan_options}"
+        "LSAN_OPTIONS=suppressions=${CMAKE_CURRENT_LIST_DIR}/../tests/leaks.supp:print_suppressions=0"
         "UBSAN_OPTIONS=print_stacktrace=1:halt_on_error=1"
         "TSAN_OPTIONS=halt_on_error=1:second_deadlock_stack=1"
         "ASAN_SYMBOLIZER_PATH=/usr/bin/llvm-symbolizer-16")
