@@ -139,23 +139,30 @@ void Connection::readRequests() {
 }
 
 void Connection::readFrames() {
-    for (auto frame = WebSocketFrames::decode(m_received); frame.has_value();
-         frame = WebSocketFrames::decode(m_received)) {
-        m_received.erase(0, frame->length);
-        switch (frame->opcode) {
-        case WebSocketFrames::Opcode::ping:
-            m_host.pinged(*this, frame->payload);
-            break;
-        case WebSocketFrames::Opcode::pong:
-            m_host.ponged(frame->payload);
-            break;
-        case WebSocketFrames::Opcode::close:
-            m_host.closed(*this, WebSocketFrames::closeCode(frame->payload));
-            break;
-        default:
-            // The exchange's subscriptions by message are not offered.
-            break;
+    while (true) {
+        const std::optional<WebSocketFrames::Frame> frame = WebSocketFrames::decode(m_received);
+        if (!frame.has_value()) {
+            return;
         }
+        m_received.erase(0, frame->length);
+        handle(*frame);
+    }
+}
+
+void Connection::handle(const WebSocketFrames::Frame& frame) {
+    switch (frame.opcode) {
+    case WebSocketFrames::Opcode::ping:
+        m_host.pinged(*this, frame.payload);
+        break;
+    case WebSocketFrames::Opcode::pong:
+        m_host.ponged(frame.payload);
+        break;
+    case WebSocketFrames::Opcode::close:
+        m_host.closed(*this, WebSocketFrames::closeCode(frame.payload));
+        break;
+    default:
+        // The exchange's subscriptions by message are not offered.
+        break;
     }
 }
 

@@ -94,6 +94,7 @@ private:
     void read();
     void readRequests();
     void readFrames();
+    void handle(const WebSocketFrames::Frame& frame);
     void afterAnswer();
 
     ConnectionHost& m_host;

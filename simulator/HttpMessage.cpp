@@ -149,7 +149,8 @@ bool HttpRequest::wantsClose() const {
 HttpParse parseRequest(std::string_view buffer) {
     HttpParse parse;
     const std::size_t headLength = buffer.find("\r\n\r\n");
-    if (headLength == std::string_view::npos || headLength > kLargestHead) {
+    // Not found is the largest number of all.
+    if (headLength > kLargestHead) {
         parse.state = buffer.size() > kLargestHead ? HttpParse::State::malformed
                                                    : HttpParse::State::incomplete;
         return parse;

@@ -87,7 +87,7 @@ double Market::priceAt(const Listing& listing, std::int64_t step) const {
 }
 
 double Market::volumeAt(const Listing& listing, std::int64_t step) const {
-    constexpr std::int64_t kSlow = 6 * 3600;
+    constexpr std::int64_t kSlow = kSecondsPerDay / 4;
     constexpr std::int64_t kFast = 60;
     const std::uint64_t key = mixed(listing.walkId + 4242);
     const double swing =

@@ -47,7 +47,7 @@ public:
     Exchange exchange;
 };
 
-Simulator::Simulator(SimulatorOptions options)
+Simulator::Simulator(const SimulatorOptions& options)
     : m_impl(std::make_unique<Impl>(options)) {}
 
 Simulator::~Simulator() = default;

@@ -47,7 +47,7 @@ class Simulator final {
 public:
     /// Throws std::runtime_error, with a one-line English text, when the port cannot be had, the
     /// authority's files cannot be read, understood or written, or an option is out of range.
-    explicit Simulator(SimulatorOptions options = {});
+    explicit Simulator(const SimulatorOptions& options = {});
     /// Ends every connection without ceremony.
     ~Simulator();
     Simulator(const Simulator&) = delete;

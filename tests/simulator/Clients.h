@@ -55,6 +55,7 @@ class StreamClient final {
 public:
     /// Connects to the combined stream of those names ("btcusdt@miniTicker/…"), without waiting.
     StreamClient(const Simulator& simulator, const std::string& names);
+    ~StreamClient() = default;
     StreamClient(const StreamClient&) = delete;
     StreamClient& operator=(const StreamClient&) = delete;
     StreamClient(StreamClient&&) = delete;

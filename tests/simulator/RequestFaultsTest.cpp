@@ -33,7 +33,10 @@ protected:
     }
     Answer tickers() { return m_client.get(simulator.restBase() + "/ticker/24hr"); }
 
+public:
     Simulator simulator{options()};
+
+protected:
     HttpClient m_client{simulator};
 };
 
@@ -264,12 +267,22 @@ TEST_F(ControlTest, TheStateIsCounted) {
               R"("abandonedConnections":0,"requests":1,"closeCodes":[],"pings":0,"pongs":0})");
 }
 
-TEST_F(ControlTest, ThePortClosesForAWhile) {
-    EXPECT_EQ(control("refuse?for=40&open=drop").status, 200);
+TEST_F(ControlTest, ThePortCloses) {
+    EXPECT_EQ(control("refuse?for=600000&open=drop").status, 200);
     ASSERT_TRUE(spinUntil([this] { return simulator.openConnections() == 0; }));
     spinUntilIdle();
     EXPECT_EQ(candles().error, QNetworkReply::ConnectionRefusedError);
-    ASSERT_TRUE(spinUntil([this] { return candles().status == 200; }));
+}
+
+TEST_F(ControlTest, AClosedPortOpensByItself) {
+    simulator.faults().refuseConnections();
+    HttpClient fresh(simulator);
+    const std::string url = simulator.controlBase() + "/state";
+    EXPECT_EQ(fresh.get(url).error, QNetworkReply::ConnectionRefusedError);
+    simulator.faults().listenAgain();
+    EXPECT_EQ(control("refuse?for=1&open=drop").status, 200);
+    ASSERT_TRUE(spinUntil([this] { return simulator.openConnections() == 0; }));
+    EXPECT_TRUE(spinUntil([&fresh, &url] { return fresh.get(url).status == 200; }));
 }
 
 TEST_F(ControlTest, WhatMakesNoSenseIsExplained) {

@@ -44,6 +44,7 @@ protected:
         return keys;
     }
 
+public:
     Simulator simulator{options()};
 
 private:

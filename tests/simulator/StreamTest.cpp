@@ -27,9 +27,10 @@ SimulatorOptions smallMarket() {
 }
 
 class StreamTest : public ::testing::Test {
-protected:
+public:
     Simulator simulator{smallMarket()};
 
+protected:
     /// A stream of two pairs whose prices change at every step, open.
     StreamClient& twoPairs() {
         m_client.emplace(simulator, "btcusdt@miniTicker/ethusdt@miniTicker");

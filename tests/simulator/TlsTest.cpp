@@ -91,7 +91,7 @@ std::string complaintOf(Function function) {
 }
 
 class TlsTest : public ::testing::Test {
-protected:
+public:
     Simulator simulator{smallMarket()};
 };
 
