@@ -298,7 +298,7 @@ TEST(SimulatorThreadTest, AnswersAClientThatBlocksItsOwnThread) {
     QSslSocket socket;
     socket.setProxy(QNetworkProxy::NoProxy);
     socket.setSslConfiguration(tls);
-    socket.connectToHostEncrypted(QStringLiteral("localhost"), port);
+    socket.connectToHostEncrypted(QStringLiteral("127.0.0.1"), port);
     ASSERT_TRUE(socket.waitForEncrypted());
     socket.write("GET /icons/BTC.png HTTP/1.1\r\nConnection: close\r\n\r\n");
     ASSERT_TRUE(socket.waitForDisconnected());
