@@ -7,15 +7,14 @@
 # configure PRESET: makes build/PRESET when that is due. The build tool notices changed lists of
 # sources by itself, but not a changed preset.
 configure() {
-    local folder=build/$1
-    if [ -e "$folder/build.ninja" ] && [ ! CMakePresets.json -nt "$folder/CMakeCache.txt" ]; then
+    local made=build/$1/build.ninja
+    if [ -e "$made" ] && [ ! CMakePresets.json -nt "$made" ]; then
         return
     fi
     if command -v ccache >/dev/null; then
         export CMAKE_CXX_COMPILER_LAUNCHER=ccache
     fi
     cmake --preset "$1"
-    touch "$folder/CMakeCache.txt"
 }
 
 # build PRESET [TARGET...]
