@@ -25,7 +25,8 @@ std::optional<std::string> trustAuthorities(const std::filesystem::path& pemFile
                            pemFile.string());
     }
     QSslConfiguration configuration = QSslConfiguration::defaultConfiguration();
-    configuration.addCaCertificates(certificates);
+    // A configuration with authorities of its own no longer looks the system's up as they are needed.
+    configuration.setCaCertificates(QSslConfiguration::systemCaCertificates() + certificates);
     QSslConfiguration::setDefaultConfiguration(configuration);
     return std::nullopt;
 }

@@ -50,7 +50,6 @@ QNetworkRequest makeRequest(const QUrl& url, const TransferLimits& limits) {
     request.setHeader(QNetworkRequest::UserAgentHeader, QString::fromLatin1(kUserAgent));
     request.setAttribute(QNetworkRequest::RedirectPolicyAttribute,
                          QNetworkRequest::ManualRedirectPolicy);
-    request.setAttribute(QNetworkRequest::CookieLoadControlAttribute, QNetworkRequest::Manual);
     request.setAttribute(QNetworkRequest::CookieSaveControlAttribute, QNetworkRequest::Manual);
     // Receiving counts the bytes itself; Qt's own check refuses what merely compresses well.
     request.setDecompressedSafetyCheckThreshold(-1);
@@ -61,8 +60,6 @@ QNetworkRequest makeRequest(const QUrl& url, const TransferLimits& limits) {
 URLError::Code codeOf(QNetworkReply::NetworkError error) {
     using Code = URLError::Code;
     switch (error) {
-    // Nobody but the transfer's own timer cancels a reply that is still listened to.
-    case QNetworkReply::OperationCanceledError:
     case QNetworkReply::TimeoutError:
     case QNetworkReply::ProxyTimeoutError:
         return Code::timedOut;
@@ -170,6 +167,12 @@ private:
         }
         const int status = m_reply->attribute(QNetworkRequest::HttpStatusCodeAttribute).toInt();
         const QNetworkReply::NetworkError error = m_reply->error();
+        if (error == QNetworkReply::OperationCanceledError) {
+            // Nobody but the transfer's own timer cancels a reply that is still listened to.
+            fail(URLError::Code::timedOut,
+                 "no progress for " + std::to_string(m_limits.withoutProgress.count()) + " ms");
+            return;
+        }
         if (error != QNetworkReply::NoError && !(status >= 400 && isStatusError(error))) {
             fail(codeOf(error), m_reply->errorString().simplified().toStdString());
             return;

@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Quillbar developers
 // SPDX-License-Identifier: MIT
 #include "Quillbar/platform/CertificateAuthorities.h"
+#include "tests/integration/TestExchange.h"
 #include "tests/support/TemporaryFolder.h"
 
 #include <QSslCertificate>
@@ -26,6 +27,16 @@ protected:
 
     TemporaryFolder m_folder;
 };
+
+TEST_F(CertificateAuthoritiesTest, addsToTheAuthoritiesOfTheSystem) {
+    const TestExchange exchange(Trust::trusted);
+    const auto system = QSslConfiguration::systemCaCertificates();
+    const auto trusted = QSslConfiguration::defaultConfiguration().caCertificates();
+    EXPECT_EQ(trusted.size(), system.size() + 1);
+    for (const QSslCertificate& authority : system) {
+        EXPECT_TRUE(trusted.contains(authority));
+    }
+}
 
 TEST_F(CertificateAuthoritiesTest, namesAFileThatDoesNotExist) {
     const auto file = m_folder.path() / "none.pem";

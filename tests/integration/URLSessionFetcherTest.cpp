@@ -197,8 +197,9 @@ TEST(URLSessionFetcherTest, abortsAnEndlessBody) {
 
 TEST(URLSessionFetcherTest, timesOutWhenNothingIsAnswered) {
     RawServer server(sayNothing);
-    EXPECT_EQ(Fetching({.withoutProgress = milliseconds(50)}).failure(server.url()),
-              Code::timedOut);
+    Fetching fetching({.withoutProgress = milliseconds(50)});
+    EXPECT_EQ(fetching.failure(server.url()), Code::timedOut);
+    EXPECT_EQ(fetching.errorText, "no progress for 50 ms");
     EXPECT_TRUE(spinUntil([&server] { return server.ended == 1; }));
 }
 

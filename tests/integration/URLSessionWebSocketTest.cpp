@@ -143,6 +143,14 @@ TEST_F(URLSessionWebSocketTest, acceptsAMessageOfTheLargestSizeAndNoByteMore) {
     }
 }
 
+TEST_F(URLSessionWebSocketTest, failsForAFrameThatAnnouncesTooMuchBeforeItComes) {
+    using namespace std::string_literals;
+    RawServer server(upgradeAndSay("\x82\x7F\0\0\0\0\0\x10\0\x01"s));
+    StreamReader reader = connect(server.streamUrl());
+    ASSERT_TRUE(reader.ends());
+    EXPECT_EQ(reader.error, Code::tooLarge) << reader.errorText;
+}
+
 TEST_F(URLSessionWebSocketTest, failsForAMessageThatIsTooLargeAsAWhole) {
     const std::string half(WebSocketLimits{}.messageSize / 2 + 1, 'x');
     RawServer server(upgradeAndSay(inTwoFrames(half, half)));
