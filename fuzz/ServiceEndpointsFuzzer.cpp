@@ -27,23 +27,34 @@ std::map<std::string, std::string, std::less<>> environment(std::string_view inp
     return variables;
 }
 
-bool isLoopback(std::string_view rest) {
-    return rest.starts_with("localhost") || rest.starts_with("127.") || rest.starts_with("[");
+/// Whether the host of an authority, in the form in which a parsed URL is written, is this machine.
+/// An address in brackets is left to the code under test.
+bool isLoopback(std::string_view authority) {
+    if (authority.starts_with('[')) {
+        return true;
+    }
+    const std::string_view host = authority.substr(0, authority.find(':'));
+    const bool isAddress = host.find_first_not_of("0123456789.") == std::string_view::npos;
+    return host == "localhost" || (host.starts_with("127.") && isAddress);
 }
 
 void requireSound(std::string_view url, std::string_view encrypted, std::string_view plain) {
+    const bool isPlain = url.starts_with(plain);
+    require(isPlain || url.starts_with(encrypted), "a base has one of two schemes");
     require(!url.ends_with('/'), "a base has no slash at its end");
-    require(url.find_first_of("?#@ \t\n\r,") == std::string_view::npos,
-            "a base has no query, fragment, credentials, spaces or commas");
+    require(url.find_first_of("?#") == std::string_view::npos, "a base has no query or fragment");
     for (const char character : url) {
-        require(character > ' ' && character < '\x7f', "a base is in ASCII");
+        require(character > ' ' && character < '\x7f', "a base is in ASCII, without spaces");
     }
-    if (url.starts_with(plain)) {
-        require(isLoopback(url.substr(plain.size())), "nothing leaves the machine unencrypted");
-    } else {
-        require(url.starts_with(encrypted) && url.size() > encrypted.size(),
-                "a base has a scheme and a host");
+    std::string_view authority = url.substr(isPlain ? plain.size() : encrypted.size());
+    authority = authority.substr(0, authority.find('/'));
+    const std::size_t mark = authority.find('@');
+    if (mark != std::string_view::npos) {
+        require(mark == 0, "a base has no credentials");
+        authority.remove_prefix(1);
     }
+    require(!authority.empty(), "a base has a host");
+    require(!isPlain || isLoopback(authority), "nothing leaves the machine unencrypted");
 }
 
 }  // namespace
@@ -68,7 +79,6 @@ void fuzz(std::string_view input) {
     } catch (const EndpointError& error) {
         const std::string_view text = error.what();
         require(text.starts_with("QUILLBAR_"), "the error names the variable");
-        require(text.find('\n') == std::string_view::npos, "the error is one line");
     }
 }
 

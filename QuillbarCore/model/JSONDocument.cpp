@@ -8,6 +8,7 @@
 #include <limits>
 #include <nlohmann/json.hpp>
 #include <optional>
+#include <vector>
 
 namespace quillbar::JSONDocument {
 
@@ -40,6 +41,35 @@ std::optional<std::int64_t> integer(const ordered_json& value) {
     return std::nullopt;
 }
 
+/// Refuses an object with more keys than any of ours: looking one up among ordered keys takes a time
+/// that grows with their number, and so parsing them all one that grows with its square.
+class KeyLimit {
+public:
+    bool operator()(int /*depth*/,
+                    ordered_json::parse_event_t event,
+                    const ordered_json& /*value*/) {
+        switch (event) {
+        case ordered_json::parse_event_t::object_start:
+            m_counts.push_back(0);
+            break;
+        case ordered_json::parse_event_t::object_end:
+            m_counts.pop_back();
+            break;
+        case ordered_json::parse_event_t::key:
+            if (++m_counts.back() > kMaximumKeys) {
+                throw DocumentError(fmt::format("more than {} keys in an object", kMaximumKeys));
+            }
+            break;
+        default:
+            break;
+        }
+        return true;
+    }
+
+private:
+    std::vector<int> m_counts;
+};
+
 }  // namespace
 
 ordered_json parse(std::string_view text) {
@@ -49,7 +79,7 @@ ordered_json parse(std::string_view text) {
         throw DocumentError("a zero byte in the text");
     }
     try {
-        return ordered_json::parse(text);
+        return ordered_json::parse(text, KeyLimit());
     } catch (const ordered_json::exception& error) {
         throw DocumentError(error.what());
     }

@@ -13,7 +13,11 @@
 /// asks for are ignored; a null counts as an absent key. Pure; callable from any thread.
 namespace quillbar::JSONDocument {
 
-/// The text as JSON. Throws DocumentError when it is not exactly one JSON value in UTF-8.
+/// An object of ours has a handful of keys; with more than this it is not one of ours.
+inline constexpr int kMaximumKeys = 1000;
+
+/// The text as JSON. Throws DocumentError when it is not exactly one JSON value in UTF-8 (a byte
+/// order mark in front is passed over), and when an object in it has more than `kMaximumKeys` keys.
 [[nodiscard]] nlohmann::ordered_json parse(std::string_view text);
 
 /// The value as compact text, its keys in the order in which they were set. Throws DocumentError

@@ -70,5 +70,19 @@ TEST(JSONDocument, readsTheNumberOfAKey) {
     }
 }
 
+TEST(JSONDocument, refusesAnObjectWithMoreKeysThanAnyOfOurs) {
+    const auto objectOf = [](int keys) {
+        std::string text = R"({"inner":{"a":1})";
+        for (int key = 1; key < keys; ++key) {
+            text += ",\"" + std::to_string(key) + "\":0";
+        }
+        return text + "}";
+    };
+    EXPECT_EQ(parse(objectOf(1000)).size(), 1000U);
+    EXPECT_THROW(static_cast<void>(parse(objectOf(1001))), DocumentError);
+    // Megabytes of keys are refused as soon as the limit is passed.
+    EXPECT_THROW(static_cast<void>(parse(objectOf(1'000'000))), DocumentError);
+}
+
 }  // namespace
 }  // namespace quillbar

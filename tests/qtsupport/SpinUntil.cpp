@@ -4,7 +4,6 @@
 
 #include <QAbstractEventDispatcher>
 #include <QCoreApplication>
-#include <QDeadlineTimer>
 #include <QEvent>
 #include <QTimer>
 
@@ -20,13 +19,15 @@ void deleteWhatWaits() {
 }  // namespace
 
 bool spinUntil(const std::function<bool()>& predicate, std::chrono::milliseconds timeout) {
-    const QDeadlineTimer deadline(timeout);
-    // Its event ends the last wait; nothing listens to it.
-    QTimer wake;
-    wake.setSingleShot(true);
-    wake.start(timeout);
+    // The timer's own word that it is over, not a clock's: a timer may fire a little early, and no
+    // event would end the wait after that.
+    bool isOver = false;
+    QTimer end;
+    end.setSingleShot(true);
+    QObject::connect(&end, &QTimer::timeout, &end, [&isOver] { isOver = true; });
+    end.start(timeout);
     while (!predicate()) {
-        if (deadline.hasExpired()) {
+        if (isOver) {
             return false;
         }
         QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
