@@ -1,0 +1,30 @@
+// SPDX-FileCopyrightText: 2026 The Quillbar developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "QuillbarCore/catalog/IconStore.h"
+#include "QuillbarCore/model/Calendar.h"
+#include "QuillbarCore/runtime/Executor.h"
+#include "QuillbarCore/runtime/TaskScope.h"
+#include "QuillbarCore/runtime/Time.h"
+#include "QuillbarCore/state/AppState.h"
+
+namespace quillbar {
+
+/// What every view of the panel is built on. All of it, and the environment itself, outlives the
+/// views.
+struct ViewEnvironment final {
+    /// On whose thread the views live.
+    Executor& executor;
+    Clock now;
+    /// In which the charts' days and hours are taken.
+    Calendar calendar;
+    AppState& appState;
+    /// Where the edits that a view asks for run: they are finished even when the view goes. Ends
+    /// before `appState`.
+    TaskScope& edits;
+    /// Without one, coins keep their placeholder.
+    IconStore* iconStore = nullptr;
+};
+
+}  // namespace quillbar

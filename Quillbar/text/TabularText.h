@@ -1,0 +1,26 @@
+// SPDX-FileCopyrightText: 2026 The Quillbar developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QFont>
+#include <QRectF>
+#include <QString>
+
+class QPainter;
+
+/// Text whose digits all take the same width, whatever the font: numbers stand still while they
+/// change, and columns align. Qt 6.4 cannot ask a font for its tabular figures.
+namespace quillbar::TabularText {
+
+/// The width of the text in points. The same for all texts that differ in their digits alone.
+[[nodiscard]] double width(const QString& text, const QFont& font);
+
+/// Draws one line in the painter's pen. `alignment` is one of the horizontal and one of the vertical
+/// alignments; a text wider than the rectangle runs out of it on the side away from its alignment.
+void draw(QPainter& painter,
+          const QRectF& rectangle,
+          Qt::Alignment alignment,
+          const QString& text,
+          const QFont& font);
+
+}  // namespace quillbar::TabularText

@@ -1,0 +1,82 @@
+// SPDX-FileCopyrightText: 2026 The Quillbar developers
+// SPDX-License-Identifier: MIT
+#include "Quillbar/text/SystemFont.h"
+#include "Quillbar/text/TabularText.h"
+
+#include <QFontInfo>
+#include <QFontMetricsF>
+#include <QImage>
+#include <QPainter>
+
+#include <gtest/gtest.h>
+
+namespace quillbar {
+
+namespace {
+
+QFont font() {
+    return systemFont(12);
+}
+
+/// The leftmost and rightmost inked columns of what is drawn.
+struct Ink {
+    int left = -1;
+    int right = -1;
+};
+
+Ink inkOf(const QString& text, Qt::Alignment alignment) {
+    QImage image(120, 30, QImage::Format_RGB32);
+    image.fill(Qt::white);
+    QPainter painter(&image);
+    TabularText::draw(painter, QRectF(10, 0, 100, 30), alignment, text, font());
+    painter.end();
+    Ink ink;
+    for (int x = 0; x < image.width(); ++x) {
+        for (int y = 0; y < image.height(); ++y) {
+            if (image.pixelColor(x, y).lightness() < 200) {
+                ink.left = ink.left < 0 ? x : ink.left;
+                ink.right = x;
+            }
+        }
+    }
+    return ink;
+}
+
+TEST(TabularTextTest, textsThatDifferInDigitsAloneAreEquallyWide) {
+    EXPECT_DOUBLE_EQ(TabularText::width(QStringLiteral("BTC 11,111.11 ▲ 1.11%"), font()),
+                     TabularText::width(QStringLiteral("BTC 67,234.50 ▲ 8.88%"), font()));
+    EXPECT_GT(TabularText::width(QStringLiteral("100.00"), font()),
+              TabularText::width(QStringLiteral("10.00"), font()));
+    EXPECT_DOUBLE_EQ(TabularText::width(QString(), font()), 0);
+}
+
+TEST(TabularTextTest, isNotNarrowerThanTheTextItself) {
+    const QString text = QStringLiteral("67,234.50");
+    EXPECT_GE(TabularText::width(text, font()) + 0.01,
+              QFontMetricsF(font()).horizontalAdvance(text));
+}
+
+TEST(TabularTextTest, drawsAtTheSideItIsAlignedTo) {
+    const QString text = QStringLiteral("8.88");
+    const Ink left = inkOf(text, Qt::AlignLeft | Qt::AlignVCenter);
+    const Ink centre = inkOf(text, Qt::AlignHCenter | Qt::AlignVCenter);
+    const Ink right = inkOf(text, Qt::AlignRight | Qt::AlignVCenter);
+    EXPECT_NEAR(left.left, 10, 2);
+    EXPECT_NEAR(right.right, 110, 2);
+    EXPECT_NEAR((centre.left + centre.right) / 2, 60, 2);
+}
+
+TEST(TabularTextTest, aDigitThatChangesMovesNoOther) {
+    const auto end = inkOf(QStringLiteral("1.18"), Qt::AlignLeft | Qt::AlignVCenter).right;
+    EXPECT_EQ(inkOf(QStringLiteral("7.78"), Qt::AlignLeft | Qt::AlignVCenter).right, end);
+}
+
+TEST(SystemFontTest, isAsManyPixelsAsItIsAskedPoints) {
+    EXPECT_NEAR(QFontInfo(systemFont(10)).pixelSize(), 10, 0.5);
+    EXPECT_NEAR(systemFont(10.5).pointSizeF() / systemFont(21).pointSizeF(), 0.5, 1e-9);
+    EXPECT_EQ(systemFont(13, QFont::DemiBold).weight(), QFont::DemiBold);
+}
+
+}  // namespace
+
+}  // namespace quillbar
