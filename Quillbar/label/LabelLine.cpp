@@ -2,9 +2,9 @@
 // SPDX-License-Identifier: MIT
 #include "Quillbar/label/LabelLine.h"
 
+#include "Quillbar/labelstate/ConnectionName.h"
 #include "QuillbarCore/model/PriceFormatter.h"
 #include "QuillbarCore/model/VolumeFormatter.h"
-#include "QuillbarCore/state/AppState.h"
 
 #include <QDateTime>
 
@@ -29,20 +29,6 @@ std::string_view nameOf(ConnectionState connection) {
         return "connected";
     case ConnectionState::waitingRetry:
         return "waitingRetry";
-    }
-    return "";
-}
-
-std::string_view displayName(ConnectionState connection) {
-    switch (connection) {
-    case ConnectionState::disconnected:
-        return "未连接";
-    case ConnectionState::connecting:
-        return "正在连接";
-    case ConnectionState::connected:
-        return "已连接";
-    case ConnectionState::waitingRetry:
-        return "连接中断,等待重试";
     }
     return "";
 }
@@ -156,32 +142,6 @@ std::string onOneLine(std::string text) {
 }
 
 }  // namespace
-
-LabelSnapshot LabelSnapshot::of(const AppState& state) {
-    LabelSnapshot snapshot;
-    snapshot.text = *state.menuBarText();
-    snapshot.basis = state.settings()->changeBasis;
-    snapshot.connection = *state.connectionState();
-    snapshot.lastUpdate = *state.lastUpdate();
-    const Watchlist& watchlist = *state.watchlist();
-    const auto pinned =
-        std::find_if(watchlist.coins.begin(), watchlist.coins.end(), [&](const Coin& listed) {
-            return watchlist.pinnedSymbol == listed.symbol;
-        });
-    if (pinned != watchlist.coins.end()) {
-        snapshot.coin = *pinned;
-        if (const Ticker* const ticker = state.tickers().find(pinned->symbol)) {
-            snapshot.ticker = *ticker;
-        }
-        snapshot.changePercent = state.displayPercent(pinned->symbol);
-    }
-    snapshot.isStale = state.isDataStale() || !snapshot.showsPrice();
-    return snapshot;
-}
-
-bool LabelSnapshot::showsPrice() const {
-    return coin && ticker && text != coin->baseAsset;
-}
 
 std::string labelLine(const LabelSnapshot& snapshot, LabelFormat format) {
     switch (format) {

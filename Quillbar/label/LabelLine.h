@@ -3,42 +3,11 @@
 #pragma once
 
 #include "Quillbar/label/LabelOptions.h"
-#include "QuillbarCore/exchange/ConnectionState.h"
-#include "QuillbarCore/model/ChangeBasis.h"
-#include "QuillbarCore/model/Coin.h"
-#include "QuillbarCore/model/Ticker.h"
-#include "QuillbarCore/runtime/Time.h"
+#include "Quillbar/labelstate/LabelSnapshot.h"
 
-#include <optional>
 #include <string>
 
 namespace quillbar {
-
-class AppState;
-
-/// All that one line of the label can say, as it stands at one moment. A plain value.
-struct LabelSnapshot final {
-    /// The menu-bar text.
-    std::string text;
-    /// The pinned coin; absent when none is pinned.
-    std::optional<Coin> coin = std::nullopt;
-    /// Its last known ticker, however old.
-    std::optional<Ticker> ticker = std::nullopt;
-    /// Its change in percent on `basis`, when known.
-    std::optional<double> changePercent = std::nullopt;
-    ChangeBasis basis = ChangeBasis::rolling24h;
-    ConnectionState connection = ConnectionState::disconnected;
-    std::optional<TimePoint> lastUpdate = std::nullopt;
-    /// Whether the data must not be taken for live: the stream is down or silent, or the text
-    /// shows no price.
-    bool isStale = true;
-
-    /// Reads the application's state.
-    [[nodiscard]] static LabelSnapshot of(const AppState& state);
-
-    /// Whether the text shows a price.
-    [[nodiscard]] bool showsPrice() const;
-};
 
 /// The line that `snapshot` makes in `format`, without a line feed; JSON formats give one compact
 /// object. Pure, but for the time zone of the update's time of day in the waybar tooltip.
