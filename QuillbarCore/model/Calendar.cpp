@@ -69,7 +69,6 @@ const date::time_zone* systemZone(const std::string& systemFolder) {
 }
 
 const date::time_zone* currentZone(const std::string& systemFolder) {
-    // NOLINTNEXTLINE(concurrency-mt-unsafe): nothing of ours changes the environment
     const char* const variable = std::getenv("TZ");
     if (variable == nullptr) {
         return systemZone(systemFolder);

@@ -24,8 +24,7 @@ std::optional<std::filesystem::path> absolutePath(const std::optional<std::strin
 }
 
 std::optional<std::string> environmentVariable(const char* name) {
-    // Nothing changes the environment while the program runs.
-    const char* const value = std::getenv(name);  // NOLINT(concurrency-mt-unsafe)
+    const char* const value = std::getenv(name);
     return value == nullptr ? std::nullopt : std::optional<std::string>(value);
 }
 

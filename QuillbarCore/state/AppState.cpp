@@ -97,7 +97,7 @@ std::vector<std::string> AppState::symbols() const {
 
 Task<void> AppState::consumeEvents() {
     while (auto event = co_await m_stream.events().next()) {
-        handle(*event);  // NOLINT(bugprone-unchecked-optional-access): blind to co_await
+        handle(*event);
     }
 }
 

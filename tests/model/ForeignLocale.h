@@ -8,8 +8,6 @@
 
 namespace quillbar {
 
-// NOLINTBEGIN(concurrency-mt-unsafe): for tests of one thread
-
 /// While it lives, the process writes numbers with a comma for the point and apostrophes between
 /// the groups: in C++ streams always, in the C library where a German locale is installed. Puts
 /// back what was there.
@@ -39,7 +37,5 @@ private:
     std::string m_beforeInC;
     std::locale m_before;
 };
-
-// NOLINTEND(concurrency-mt-unsafe)
 
 }  // namespace quillbar

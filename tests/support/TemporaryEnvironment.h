@@ -9,8 +9,6 @@
 
 namespace quillbar {
 
-// NOLINTBEGIN(concurrency-mt-unsafe): for tests of one thread
-
 /// Sets one variable of the environment, or removes it, and puts back what was there when it dies.
 /// For tests of one thread: the environment is the process's.
 class TemporaryEnvironment final {
@@ -40,7 +38,5 @@ private:
     std::string m_name;
     std::optional<std::string> m_before;
 };
-
-// NOLINTEND(concurrency-mt-unsafe)
 
 }  // namespace quillbar
