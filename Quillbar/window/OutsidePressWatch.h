@@ -1,0 +1,45 @@
+// SPDX-FileCopyrightText: 2026 The Quillbar developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QAbstractNativeEventFilter>
+#include <QByteArray>
+
+#include <cstdint>
+#include <functional>
+
+namespace quillbar {
+
+/// Hears every press and release of the three main buttons anywhere on the desktop, on bars and on
+/// the bare background too, where no window of ours gets an event and no focus changes. It takes
+/// nothing away from anybody. On X11 with the second version of its input extension; elsewhere it
+/// hears nothing. For the main thread, while a QGuiApplication lives.
+class OutsidePressWatch final : public QAbstractNativeEventFilter {
+public:
+    /// Both are called from the event loop.
+    struct Handlers {
+        std::function<void()> pressed;
+        std::function<void()> released;
+    };
+
+    explicit OutsidePressWatch(Handlers handlers);
+    OutsidePressWatch(const OutsidePressWatch&) = delete;
+    OutsidePressWatch& operator=(const OutsidePressWatch&) = delete;
+    OutsidePressWatch(OutsidePressWatch&&) = delete;
+    OutsidePressWatch& operator=(OutsidePressWatch&&) = delete;
+    ~OutsidePressWatch() override;
+
+    /// Begins and ends to listen; costs nothing while it does not. Repeated calls change nothing.
+    void listen();
+    void stopListening();
+
+private:
+    bool nativeEventFilter(const QByteArray& type, void* message, qintptr* result) override;
+    bool select(std::uint32_t mask);
+
+    Handlers m_handlers;
+    std::uint8_t m_extension = 0;
+    bool m_isListening = false;
+};
+
+}  // namespace quillbar

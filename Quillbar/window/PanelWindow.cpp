@@ -1,0 +1,277 @@
+// SPDX-FileCopyrightText: 2026 The Quillbar developers
+// SPDX-License-Identifier: MIT
+#include "Quillbar/window/PanelWindow.h"
+
+#include "Quillbar/Theme.h"
+#include "Quillbar/window/PanelPlacement.h"
+#include "Quillbar/window/X11Session.h"
+
+#include <QApplication>
+#include <QBitmap>
+#include <QCursor>
+#include <QGuiApplication>
+#include <QKeyEvent>
+#include <QPainter>
+#include <QPainterPath>
+#include <QScreen>
+#include <QWindow>
+
+#include <chrono>
+#include <utility>
+
+namespace quillbar {
+
+namespace {
+
+constexpr double kCornerRadius = 10;
+/// The focus is with nobody for a moment when it moves between two windows of ours.
+constexpr std::chrono::milliseconds kFocusSettles{60};
+
+QScreen* screenOf(std::optional<QPoint> anchor) {
+    QScreen* const found = anchor ? QGuiApplication::screenAt(*anchor) : nullptr;
+    return found != nullptr ? found : QGuiApplication::primaryScreen();
+}
+
+}  // namespace
+
+/// The hairline around the panel, above the content, which reaches to the window's edges.
+class PanelWindow::Edge final : public QWidget {
+public:
+    Edge(QWidget* parent, const QWidget& content)
+        : QWidget(parent)
+        , m_content(content) {
+        setAttribute(Qt::WA_TransparentForMouseEvents);
+        setFocusPolicy(Qt::NoFocus);
+    }
+
+protected:
+    void paintEvent(QPaintEvent* /*event*/) override {
+        QPainter painter(this);
+        painter.setRenderHint(QPainter::Antialiasing);
+        painter.setPen(QPen(ThemeKey::value(m_content).colors.separator, 1));
+        painter.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5),
+                                kCornerRadius - 0.5,
+                                kCornerRadius - 0.5);
+    }
+
+private:
+    // Has the theme.
+    const QWidget& m_content;
+};
+
+PanelWindow::PanelWindow(QWidget* content, ToggleGuard::Elapsed elapsed)
+    : QWidget(
+        nullptr,
+        Qt::Tool | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint | Qt::NoDropShadowWindowHint)
+    , m_content(content)
+    , m_edge(new Edge(this, *content))
+    , m_guard(std::move(elapsed))
+    , m_presses({.pressed = [this] { handlePress(); }, .released = [this] { handleRelease(); }}) {
+    setWindowTitle(QStringLiteral("Quillbar"));
+    setAccessibleName(QStringLiteral("Quillbar"));
+    m_isTranslucent = X11Session::isComposited() || !X11Session::isX11();
+    setAttribute(Qt::WA_TranslucentBackground, m_isTranslucent);
+    m_content->setParent(this);
+    m_content->installEventFilter(this);
+    m_content->show();
+    m_edge->raise();
+    m_focusCheck.setSingleShot(true);
+    m_focusCheck.setInterval(kFocusSettles);
+    connect(&m_focusCheck, &QTimer::timeout, this, [this] { handleFocusLoss(); });
+    connect(qGuiApp, &QGuiApplication::focusWindowChanged, this, [this](const QWindow* window) {
+        if (window == nullptr && isVisible()) {
+            m_focusCheck.start();
+        }
+    });
+    connect(qGuiApp, &QGuiApplication::screenRemoved, this, [this] {
+        if (isVisible()) {
+            place();
+        }
+    });
+}
+
+PanelWindow::~PanelWindow() = default;
+
+void PanelWindow::toggleAt(QPoint anchor) {
+    switch (m_guard.clicked()) {
+    case ToggleGuard::Action::open:
+        open(anchor);
+        break;
+    case ToggleGuard::Action::close:
+        closeBy(ToggleGuard::HiddenBy::pointer);
+        break;
+    case ToggleGuard::Action::nothing:
+        break;
+    }
+}
+
+void PanelWindow::open(std::optional<QPoint> anchor) {
+    m_anchor = anchor;
+    // The native window carries what window managers read before it is mapped.
+    winId();
+    place();
+    X11Session::skipTaskbar(*windowHandle());
+    X11Session::setStartupToken(*windowHandle(), std::exchange(m_token, QString()));
+    show();
+    raise();
+    activateWindow();
+    if (focusWidget() == nullptr) {
+        m_content->setFocus(Qt::PopupFocusReason);
+    }
+}
+
+void PanelWindow::dismiss() {
+    closeBy(ToggleGuard::HiddenBy::other);
+}
+
+void PanelWindow::setActivationToken(const QString& token) {
+    m_token = token;
+    if (!X11Session::isX11()) {
+        // From where Qt takes the token when it asks a Wayland compositor for the focus.
+        qputenv("XDG_ACTIVATION_TOKEN", token.toUtf8());
+    }
+}
+
+bool PanelWindow::event(QEvent* event) {
+    switch (event->type()) {
+    case QEvent::LayoutRequest:
+        if (isVisible()) {
+            place();
+        }
+        break;
+    case QEvent::WindowDeactivate:
+        m_focusCheck.start();
+        break;
+    default:
+        break;
+    }
+    return QWidget::event(event);
+}
+
+bool PanelWindow::eventFilter(QObject* watched, QEvent* event) {
+    if (watched == m_content && event->type() == ThemeKey::changeEvent()) {
+        update();
+    }
+    return QWidget::eventFilter(watched, event);
+}
+
+void PanelWindow::keyPressEvent(QKeyEvent* event) {
+    if (event->key() == Qt::Key_Escape) {
+        dismiss();
+    } else {
+        QWidget::keyPressEvent(event);
+    }
+}
+
+void PanelWindow::paintEvent(QPaintEvent* /*event*/) {
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(ThemeKey::value(*m_content).colors.surface);
+    painter.drawRoundedRect(QRectF(rect()), kCornerRadius, kCornerRadius);
+}
+
+void PanelWindow::resizeEvent(QResizeEvent* /*event*/) {
+    m_content->setGeometry(rect());
+    m_edge->setGeometry(rect());
+    applyShape();
+}
+
+void PanelWindow::showEvent(QShowEvent* /*event*/) {
+    m_guard.shown();
+    m_presses.listen();
+}
+
+void PanelWindow::hideEvent(QHideEvent* /*event*/) {
+    m_focusCheck.stop();
+    m_guard.hidden(std::exchange(m_cause, ToggleGuard::HiddenBy::other));
+    if (!m_guard.isPressHeld()) {
+        m_presses.stopListening();
+    }
+}
+
+void PanelWindow::closeBy(ToggleGuard::HiddenBy cause) {
+    if (isVisible()) {
+        m_cause = cause;
+        hide();
+    }
+}
+
+void PanelWindow::place() {
+    const QScreen* const screen = screenOf(m_anchor);
+    if (screen == nullptr) {
+        return;
+    }
+    const QRect workArea = screen->availableGeometry();
+    const QSize wanted = m_content->sizeHint();
+    if (m_anchor) {
+        setGeometry(PanelPlacement::rectangle(*m_anchor, wanted, screen->geometry(), workArea));
+    } else {
+        const QSize size = wanted.boundedTo(workArea.size());
+        QRect centred(QPoint(), size);
+        centred.moveCenter(workArea.center());
+        setGeometry(centred);
+    }
+}
+
+void PanelWindow::handlePress() {
+    // The first press outside an open menu closes the menu alone.
+    if (!m_guard.closesAtPress() || QApplication::activePopupWidget() != nullptr
+        || QApplication::activeModalWidget() != nullptr || isOverOurs(QCursor::pos())) {
+        return;
+    }
+    m_guard.pressedOutside();
+    // Not from inside the filter of native events.
+    QMetaObject::invokeMethod(
+        this, [this] { closeBy(ToggleGuard::HiddenBy::pointer); }, Qt::QueuedConnection);
+}
+
+void PanelWindow::handleRelease() {
+    m_guard.released();
+    QMetaObject::invokeMethod(
+        this,
+        [this] {
+            if (!isVisible() && !m_guard.isPressHeld()) {
+                m_presses.stopListening();
+            }
+        },
+        Qt::QueuedConnection);
+}
+
+void PanelWindow::handleFocusLoss() {
+    if (isVisible() && !hasFocusOfOurs()) {
+        closeBy(ToggleGuard::HiddenBy::pointer);
+    }
+}
+
+bool PanelWindow::hasFocusOfOurs() {
+    return QApplication::activePopupWidget() != nullptr
+           || QApplication::activeModalWidget() != nullptr
+           || QGuiApplication::focusWindow() != nullptr;
+}
+
+bool PanelWindow::isOverOurs(QPoint point) {
+    for (const QWidget* const window : QApplication::topLevelWidgets()) {
+        if (window->isVisible() && window->frameGeometry().contains(point)) {
+            return true;
+        }
+    }
+    return false;
+}
+
+void PanelWindow::applyShape() {
+    if (m_isTranslucent) {
+        return;
+    }
+    // Nobody blends windows here, so the corners are cut instead.
+    QBitmap shape(size());
+    shape.clear();
+    QPainter painter(&shape);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(Qt::color1);
+    painter.drawRoundedRect(rect(), kCornerRadius, kCornerRadius);
+    painter.end();
+    setMask(shape);
+}
+
+}  // namespace quillbar

@@ -1,0 +1,77 @@
+// SPDX-FileCopyrightText: 2026 The Quillbar developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "Quillbar/window/OutsidePressWatch.h"
+#include "Quillbar/window/ToggleGuard.h"
+
+#include <QPoint>
+#include <QTimer>
+#include <QWidget>
+
+#include <functional>
+#include <optional>
+
+namespace quillbar {
+
+/// The window that drops down from the item: beside it, without a frame or an entry in the task
+/// bar, above other windows, with the keyboard's focus. It closes at Escape, at a press anywhere
+/// outside, and when another program takes the focus; not when one of its own menus, popovers or
+/// dialogs opens. Hidden, it costs nothing and keeps its content, so that it opens at once.
+///
+/// Where there is no item to drop from (no tray at all), it is placed in the middle of the screen.
+class PanelWindow final : public QWidget {
+public:
+    /// Takes `content` over; it decides the size, and is shrunk where the screen is too small.
+    PanelWindow(QWidget* content, ToggleGuard::Elapsed elapsed);
+    PanelWindow(const PanelWindow&) = delete;
+    PanelWindow& operator=(const PanelWindow&) = delete;
+    PanelWindow(PanelWindow&&) = delete;
+    PanelWindow& operator=(PanelWindow&&) = delete;
+    ~PanelWindow() override;
+
+    /// A click on the item, which lies at `anchor`: opens or closes the panel.
+    void toggleAt(QPoint anchor);
+    /// Opens the panel, or raises it when it is open. Without an anchor it goes to the middle of
+    /// the primary screen.
+    void open(std::optional<QPoint> anchor);
+    /// Closes the panel; the next click opens it at once.
+    void dismiss();
+
+    /// The token that the host handed out for the click that follows.
+    void setActivationToken(const QString& token);
+
+protected:
+    bool event(QEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    void showEvent(QShowEvent* event) override;
+    void hideEvent(QHideEvent* event) override;
+
+private:
+    class Edge;
+
+    void closeBy(ToggleGuard::HiddenBy cause);
+    void place();
+    void handlePress();
+    void handleRelease();
+    void handleFocusLoss();
+    /// Whether the keyboard is with one of the program's own windows.
+    [[nodiscard]] static bool hasFocusOfOurs();
+    [[nodiscard]] static bool isOverOurs(QPoint point);
+    void applyShape();
+
+    QWidget* m_content;
+    Edge* m_edge;
+    ToggleGuard m_guard;
+    ToggleGuard::HiddenBy m_cause = ToggleGuard::HiddenBy::other;
+    OutsidePressWatch m_presses;
+    QTimer m_focusCheck;
+    std::optional<QPoint> m_anchor;
+    QString m_token;
+    bool m_isTranslucent = false;
+};
+
+}  // namespace quillbar

@@ -1,0 +1,75 @@
+// SPDX-FileCopyrightText: 2026 The Quillbar developers
+// SPDX-License-Identifier: MIT
+#include "Quillbar/window/PanelPlacement.h"
+
+#include <gtest/gtest.h>
+
+namespace quillbar {
+
+namespace {
+
+using PanelPlacement::anchor;
+using PanelPlacement::PointerTrust;
+using PanelPlacement::rectangle;
+
+constexpr QRect kScreen(0, 0, 1280, 800);
+constexpr QRect kBelowTopBar(0, 28, 1280, 772);
+constexpr QSize kPanel(400, 480);
+
+TEST(PanelPlacementTest, hangsFromABarAtTheTop) {
+    EXPECT_EQ(rectangle({700, 14}, kPanel, kScreen, kBelowTopBar), QRect(500, 32, 400, 480));
+}
+
+TEST(PanelPlacementTest, standsOnABarAtTheBottom) {
+    EXPECT_EQ(rectangle({700, 790}, kPanel, kScreen, {0, 0, 1280, 768}), QRect(500, 284, 400, 480));
+}
+
+TEST(PanelPlacementTest, leansOnABarAtTheLeftOrTheRight) {
+    EXPECT_EQ(rectangle({10, 400}, kPanel, kScreen, {40, 0, 1240, 800}), QRect(44, 160, 400, 480));
+    EXPECT_EQ(rectangle({1270, 400}, kPanel, kScreen, {0, 0, 1240, 800}),
+              QRect(836, 160, 400, 480));
+}
+
+TEST(PanelPlacementTest, staysInsideTheWorkAreaAtItsCorners) {
+    EXPECT_EQ(rectangle({1275, 14}, kPanel, kScreen, kBelowTopBar), QRect(876, 32, 400, 480));
+    EXPECT_EQ(rectangle({2, 14}, kPanel, kScreen, kBelowTopBar), QRect(4, 32, 400, 480));
+}
+
+TEST(PanelPlacementTest, goesBelowOrAboveAPointerThatIsOnNoBar) {
+    EXPECT_EQ(rectangle({700, 100}, kPanel, kScreen, kScreen), QRect(500, 120, 400, 480));
+    EXPECT_EQ(rectangle({700, 700}, kPanel, kScreen, kScreen), QRect(500, 200, 400, 480));
+}
+
+TEST(PanelPlacementTest, shrinksToASmallWorkArea) {
+    EXPECT_EQ(rectangle({150, 10}, kPanel, {0, 0, 320, 240}, {0, 20, 320, 220}),
+              QRect(4, 24, 312, 212));
+}
+
+TEST(PanelPlacementTest, keepsToTheScreenOfItsAnchor) {
+    const QRect second(1280, 0, 1920, 1080);
+    EXPECT_EQ(rectangle({3190, 10}, kPanel, second, {1280, 30, 1920, 1050}),
+              QRect(2796, 34, 400, 480));
+}
+
+TEST(PanelAnchorTest, thePointerIsBelievedOnX11) {
+    EXPECT_EQ(anchor(PointerTrust::pointer, QPoint(0, 28), {900, 12}, kScreen, kBelowTopBar),
+              QPoint(900, 12));
+    EXPECT_EQ(anchor(PointerTrust::pointer, QPoint(905, 10), {900, 12}, kScreen, kBelowTopBar),
+              QPoint(900, 12));
+}
+
+TEST(PanelAnchorTest, aClickOnTheBarFarFromThePointerWasTheKeyboard) {
+    EXPECT_EQ(anchor(PointerTrust::pointer, QPoint(1200, 14), {300, 500}, kScreen, kBelowTopBar),
+              QPoint(1200, 14));
+}
+
+TEST(PanelAnchorTest, theHostIsBelievedWhereThePointerIsStale) {
+    EXPECT_EQ(anchor(PointerTrust::host, QPoint(1200, 14), {300, 500}, kScreen, kBelowTopBar),
+              QPoint(1200, 14));
+    EXPECT_EQ(anchor(PointerTrust::host, std::nullopt, {300, 500}, kScreen, kBelowTopBar),
+              QPoint(300, 500));
+}
+
+}  // namespace
+
+}  // namespace quillbar

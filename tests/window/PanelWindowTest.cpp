@@ -1,0 +1,128 @@
+// SPDX-FileCopyrightText: 2026 The Quillbar developers
+// SPDX-License-Identifier: MIT
+#include "Quillbar/Theme.h"
+#include "Quillbar/window/PanelWindow.h"
+#include "tests/qtsupport/SpinUntil.h"
+
+#include <QGuiApplication>
+#include <QMenu>
+#include <QScreen>
+#include <QTest>
+
+#include <gtest/gtest.h>
+
+namespace quillbar {
+
+namespace {
+
+using namespace std::chrono_literals;
+
+/// Content of a size that the test sets.
+class Content final : public QWidget {
+public:
+    explicit Content(QSize size)
+        : m_size(size) {
+        setFocusPolicy(Qt::StrongFocus);
+    }
+
+    [[nodiscard]] QSize sizeHint() const override { return m_size; }
+
+    void grow(QSize size) {
+        m_size = size;
+        updateGeometry();
+    }
+
+private:
+    QSize m_size;
+};
+
+class PanelWindowTest : public ::testing::Test {
+protected:
+    void clickItem() {
+        m_window.toggleAt({300, 0});
+        m_elapsed += 1s;
+    }
+
+    std::chrono::milliseconds m_elapsed{0};
+    Content* m_content = new Content({400, 300});
+    PanelWindow m_window{m_content, [this] { return m_elapsed; }};
+};
+
+TEST_F(PanelWindowTest, opensAtTheSizeOfItsContentAndClosesAtTheSecondClick) {
+    clickItem();
+    EXPECT_TRUE(m_window.isVisible());
+    EXPECT_EQ(m_window.size(), QSize(400, 300));
+    EXPECT_EQ(m_content->size(), QSize(400, 300));
+    EXPECT_TRUE(m_window.screen()->availableGeometry().contains(m_window.geometry()));
+    clickItem();
+    EXPECT_FALSE(m_window.isVisible());
+    clickItem();
+    EXPECT_TRUE(m_window.isVisible());
+}
+
+TEST_F(PanelWindowTest, takesTheFocusAndClosesAtEscape) {
+    clickItem();
+    EXPECT_TRUE(spinUntil([this] { return m_content->hasFocus(); }));
+    QTest::keyClick(m_content, Qt::Key_Escape);
+    EXPECT_FALSE(m_window.isVisible());
+    m_window.toggleAt({300, 0});
+    EXPECT_TRUE(m_window.isVisible()) << "the keyboard's closing must not hold the item back";
+}
+
+TEST_F(PanelWindowTest, otherKeysLeaveItOpen) {
+    clickItem();
+    QTest::keyClick(m_content, Qt::Key_A);
+    EXPECT_TRUE(m_window.isVisible());
+}
+
+TEST_F(PanelWindowTest, followsTheSizeOfItsContent) {
+    clickItem();
+    m_content->grow({400, 420});
+    EXPECT_TRUE(spinUntil([this] { return m_window.height() == 420; }));
+    EXPECT_EQ(m_content->height(), 420);
+}
+
+TEST_F(PanelWindowTest, shrinksContentThatTheScreenCannotHold) {
+    m_content->grow({400, 100'000});
+    clickItem();
+    EXPECT_LT(m_window.height(), m_window.screen()->availableGeometry().height());
+    EXPECT_EQ(m_content->height(), m_window.height());
+}
+
+TEST_F(PanelWindowTest, opensInTheMiddleWhenThereIsNoItem) {
+    m_window.open(std::nullopt);
+    const QRect workArea = QGuiApplication::primaryScreen()->availableGeometry();
+    EXPECT_EQ(m_window.geometry().center(), QRect(workArea).center());
+}
+
+TEST_F(PanelWindowTest, itsOwnMenuDoesNotCloseIt) {
+    clickItem();
+    QMenu menu(&m_window);
+    menu.addAction(QStringLiteral("x"));
+    menu.popup({310, 50});
+    EXPECT_TRUE(spinUntil([&menu] { return menu.isVisible(); }));
+    spinUntilIdle();
+    EXPECT_TRUE(m_window.isVisible());
+    QTest::keyClick(&menu, Qt::Key_Escape);
+    EXPECT_FALSE(menu.isVisible());
+    EXPECT_TRUE(m_window.isVisible());
+}
+
+TEST_F(PanelWindowTest, isDrawnInTheContentsTheme) {
+    ThemeKey::set(*m_content, {.colors = ThemeColors::light()});
+    clickItem();
+    const QImage picture = m_window.grab().toImage();
+    EXPECT_EQ(picture.pixelColor(200, 150), ThemeColors::light().surface);
+}
+
+TEST_F(PanelWindowTest, hasRoundCornersAndAnEdge) {
+    clickItem();
+    const QImage picture = m_window.grab().toImage();
+    EXPECT_LT(picture.pixelColor(0, 0).alpha(), 255);
+    EXPECT_NE(picture.pixelColor(200, 0), ThemeColors::dark().surface);
+    EXPECT_EQ(picture.pixelColor(200, 3), ThemeColors::dark().surface);
+}
+
+}  // namespace
+
+}  // namespace quillbar
