@@ -10,8 +10,6 @@
 #include <string_view>
 #include <vector>
 
-namespace quillbar {
-
 /// Turns what the exchange sends into the core's types: pure functions over the bytes of a body,
 /// for any thread.
 ///
@@ -19,7 +17,7 @@ namespace quillbar {
 /// absent and a value of another type, and then `BinanceDecodingError` for a decimal text that
 /// `decimalNumber` refuses. One bad element fails the whole body. Other keys are ignored, whatever
 /// they hold; of a key that is repeated, the last one counts.
-namespace BinanceDecoder {
+namespace quillbar::BinanceDecoder {
 
 /// One frame of the combined mini-ticker stream: `stream` and, in `data`, the symbol `s`, the last
 /// price `c`, the open price `o` and, unless absent or null, the quote volume `q`.
@@ -38,6 +36,4 @@ namespace BinanceDecoder {
 /// texts; then anything.
 [[nodiscard]] std::vector<Candle> decodeKlines(std::string_view bytes);
 
-}  // namespace BinanceDecoder
-
-}  // namespace quillbar
+}  // namespace quillbar::BinanceDecoder

@@ -5,11 +5,9 @@
 #include <string>
 #include <vector>
 
-namespace quillbar {
-
 /// Where the exchange is reached, in the order in which the addresses are tried. The lists live as
 /// long as the process.
-namespace BinanceEndpoints {
+namespace quillbar::BinanceEndpoints {
 
 /// The bases of REST requests; each ends in "/api/v3", without a slash.
 [[nodiscard]] const std::vector<std::string>& rest();
@@ -17,6 +15,4 @@ namespace BinanceEndpoints {
 /// The bases of the price stream, without a path.
 [[nodiscard]] const std::vector<std::string>& stream();
 
-}  // namespace BinanceEndpoints
-
-}  // namespace quillbar
+}  // namespace quillbar::BinanceEndpoints

@@ -43,9 +43,9 @@ private:
     using Query = std::vector<std::pair<std::string, std::string>>;
 
     // The body of a path below the endpoint in use.
-    Task<std::string> get(std::string path, Query query) const;
+    [[nodiscard]] Task<std::string> get(std::string path, Query query) const;
     // One attempt.
-    Task<std::string> fetch(std::string url) const;
+    [[nodiscard]] Task<std::string> fetch(std::string url) const;
 
     std::shared_ptr<HTTPDataFetching> m_fetcher;
     std::shared_ptr<EndpointSelector> m_endpoints;

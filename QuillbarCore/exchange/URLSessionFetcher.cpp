@@ -144,7 +144,7 @@ public:
 
 private:
     void receive() {
-        std::array<char, 64 * 1024> chunk{};
+        std::array<char, std::size_t{64} * 1024> chunk{};
         std::string& body = m_answer.response.body;
         while (!m_error && m_reply->isOpen()) {
             const qint64 count = m_reply->read(chunk.data(), chunk.size());

@@ -44,6 +44,14 @@ struct StreamState {
         }
     }
 
+    void whenEnded(std::function<void()> callback) {
+        if (ended) {
+            callback();
+        } else {
+            onTermination = std::move(callback);
+        }
+    }
+
     std::deque<T> buffer;
     bool ended = false;
     std::exception_ptr error;
@@ -91,11 +99,7 @@ public:
     /// happened. A later callback takes the place of an earlier one. It does not throw, and holds no
     /// copy of the source, which would keep itself alive by it; it may destroy either end.
     void onTermination(std::function<void()> callback) const {
-        if (m_guard->state->ended) {
-            callback();
-        } else {
-            m_guard->state->onTermination = std::move(callback);
-        }
+        m_guard->state->whenEnded(std::move(callback));
     }
 
     /// Whether the stream has ended or its consumer has gone.

@@ -30,7 +30,7 @@ LogSink* Logger::setSink(LogSink* sink) noexcept {
     return currentSink.exchange(sink);
 }
 
-void Logger::write(LogLevel level, std::string text) const noexcept {
+void Logger::write(LogLevel level, std::string_view text) const noexcept {
     LogSink* const sink = currentSink.load();
     (sink != nullptr ? *sink : platformLog()).write(m_category, level, text);
 }

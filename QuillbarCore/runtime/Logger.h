@@ -4,7 +4,6 @@
 
 #include <fmt/core.h>
 
-#include <string>
 #include <string_view>
 #include <utility>
 
@@ -60,7 +59,7 @@ public:
     static LogSink* setSink(LogSink* sink) noexcept;
 
 private:
-    void write(LogLevel level, std::string text) const noexcept;
+    void write(LogLevel level, std::string_view text) const noexcept;
 
     std::string_view m_category;
 };

@@ -21,7 +21,10 @@ public:
     }
 
 protected:
-    void wake() noexcept override { QCoreApplication::postEvent(this, new QEvent(QEvent::User)); }
+    void wake() noexcept override {
+        // NOLINTNEXTLINE(bugprone-unhandled-exception-at-new): a task that cannot be woken is lost
+        QCoreApplication::postEvent(this, new QEvent(QEvent::User));
+    }
 
     bool event(QEvent* event) override {
         if (event->type() != QEvent::User) {

@@ -23,6 +23,7 @@ namespace quillbar {
 /// Destroying a scope from inside one of its own tasks is a programming error and aborts; post the
 /// destruction to the executor instead.
 class TaskScope {
+    // NOLINTNEXTLINE(cppcoreguidelines-virtual-class-destructor): final, where it is defined
     class Root;
 
 public:
