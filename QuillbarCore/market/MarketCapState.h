@@ -3,15 +3,14 @@
 #pragma once
 
 #include "QuillbarCore/market/CoinGeckoAPI.h"
-#include "QuillbarCore/market/LoadStatus.h"
 #include "QuillbarCore/market/MarketCapCache.h"
 #include "QuillbarCore/market/MarketCapEntry.h"
+#include "QuillbarCore/market/PolledModel.h"
 #include "QuillbarCore/market/PollingLoop.h"
 #include "QuillbarCore/runtime/Logger.h"
 #include "QuillbarCore/runtime/Observed.h"
 #include "QuillbarCore/runtime/Time.h"
 
-#include <optional>
 #include <vector>
 
 namespace quillbar {
@@ -19,7 +18,7 @@ namespace quillbar {
 /// The coins with the largest market capitalisations, refreshed while somebody looks at them, and
 /// kept over restarts. Belongs to the main thread; destroying it ends what it has started. The
 /// service outlives it.
-class MarketCapState final {
+class MarketCapState final : public PolledModel {
 public:
     static constexpr Seconds kPollInterval{1800};
     static constexpr Seconds kIdleTimeout{3600};
@@ -44,19 +43,6 @@ public:
     [[nodiscard]] const Observed<std::vector<MarketCapEntry>>& snapshot() const noexcept {
         return m_snapshot;
     }
-    /// When it was fetched.
-    [[nodiscard]] const Observed<std::optional<TimePoint>>& lastUpdate() const noexcept {
-        return m_lastUpdate;
-    }
-    [[nodiscard]] const Observed<bool>& isLoading() const noexcept { return m_status.isLoading(); }
-    [[nodiscard]] const Observed<bool>& loadFailed() const noexcept {
-        return m_status.loadFailed();
-    }
-
-    /// As those of `MarketState`.
-    void startPolling() { m_polling.start(); }
-    void stopPolling() { m_polling.stop(); }
-    [[nodiscard]] bool isPolling() const noexcept { return m_polling.isRunning(); }
 
     /// One refresh, unless the data are young. A failure is logged, sets `loadFailed` and keeps the
     /// data; an empty answer is logged and changes nothing. Throws `Cancelled` alone.
@@ -65,19 +51,13 @@ public:
     /// The list as it stands, valid until the next suspension; counts as demand.
     [[nodiscard]] const std::vector<MarketCapEntry>& entries();
 
-    /// How long ago the list was fetched; absent before the first time.
-    [[nodiscard]] std::optional<Seconds> dataAge() const;
-
 private:
-    Task<LoadStatus::Outcome> load();
+    Task<Outcome> load();
 
     CoinGeckoAPI& m_api;
     MarketCapCache m_cache;
-    Clock m_now;
     Logger m_logger{"MarketCapState"};
     Observed<std::vector<MarketCapEntry>> m_snapshot;
-    Observed<std::optional<TimePoint>> m_lastUpdate;
-    LoadStatus m_status;
     // Last: its refresh uses `this`.
     PollingLoop m_polling;
 };

@@ -4,7 +4,7 @@
 
 #include "QuillbarCore/catalog/CoinCatalog.h"
 #include "QuillbarCore/exchange/BinanceAPI.h"
-#include "QuillbarCore/market/LoadStatus.h"
+#include "QuillbarCore/market/PolledModel.h"
 #include "QuillbarCore/market/PollingLoop.h"
 #include "QuillbarCore/market/RankedCoin.h"
 #include "QuillbarCore/market/Ranking.h"
@@ -14,7 +14,6 @@
 #include "QuillbarCore/runtime/Observed.h"
 #include "QuillbarCore/runtime/Time.h"
 
-#include <optional>
 #include <vector>
 
 namespace quillbar {
@@ -22,7 +21,7 @@ namespace quillbar {
 /// The whole market: the 24-hour statistics of every pair, refreshed while somebody looks at a
 /// board. Belongs to the main thread; destroying it ends what it has started. The exchange and the
 /// catalog outlive it.
-class MarketState final {
+class MarketState final : public PolledModel {
 public:
     static constexpr Seconds kPollInterval{30};
     static constexpr Seconds kIdleTimeout{60};
@@ -44,20 +43,6 @@ public:
     [[nodiscard]] const Observed<std::vector<Coin>>& universe() const noexcept {
         return m_universe;
     }
-    /// When the last refresh that succeeded ended.
-    [[nodiscard]] const Observed<std::optional<TimePoint>>& lastUpdate() const noexcept {
-        return m_lastUpdate;
-    }
-    [[nodiscard]] const Observed<bool>& isLoading() const noexcept { return m_status.isLoading(); }
-    [[nodiscard]] const Observed<bool>& loadFailed() const noexcept {
-        return m_status.loadFailed();
-    }
-
-    /// Refreshes at once and then at each interval until `stopPolling`, or until nobody has read a
-    /// board for the idle time-out. Does nothing while it polls.
-    void startPolling() { m_polling.start(); }
-    void stopPolling() { m_polling.stop(); }
-    [[nodiscard]] bool isPolling() const noexcept { return m_polling.isRunning(); }
 
     /// One refresh. A failure is logged, sets `loadFailed` and keeps all data. Throws `Cancelled`
     /// alone.
@@ -73,20 +58,14 @@ public:
     /// The data as they stand, valid until the next suspension; counts as demand.
     [[nodiscard]] Snapshot snapshot();
 
-    /// How long ago the data were fetched; absent before the first time.
-    [[nodiscard]] std::optional<Seconds> dataAge() const;
-
 private:
-    Task<LoadStatus::Outcome> load();
+    Task<Outcome> load();
 
     BinanceAPI& m_api;
     CoinCatalog& m_catalog;
-    Clock m_now;
     Logger m_logger{"MarketState"};
     Observed<TickerMap> m_tickers;
     Observed<std::vector<Coin>> m_universe;
-    Observed<std::optional<TimePoint>> m_lastUpdate;
-    LoadStatus m_status;
     // Last: its refresh uses `this`.
     PollingLoop m_polling;
 };

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The Quillbar developers
 // SPDX-License-Identifier: MIT
-#include "QuillbarCore/market/LoadStatus.h"
+#include "QuillbarCore/market/PolledModel.h"
 
 #include "QuillbarCore/exchange/URLError.h"
 
@@ -33,7 +33,18 @@ bool isCancelledTransfer(const std::exception& error) {
 
 }  // namespace
 
-Task<void> LoadStatus::run(Shown shown, Task<Outcome> load, std::string_view what, Logger logger) {
+PolledModel::PolledModel(Clock now, PollingLoop& polling)
+    : m_now(std::move(now))
+    , m_polling(polling) {}
+
+std::optional<Seconds> PolledModel::dataAge() const {
+    if (!*m_lastUpdate) {
+        return std::nullopt;
+    }
+    return m_now() - **m_lastUpdate;
+}
+
+Task<void> PolledModel::run(Shown shown, Task<Outcome> load, std::string_view what, Logger logger) {
     m_isLoading.set(shown == Shown::nothing);
     const LoadingEnd end(m_isLoading);
     try {

@@ -1,0 +1,70 @@
+// SPDX-FileCopyrightText: 2026 The Quillbar developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "QuillbarCore/market/PollingLoop.h"
+#include "QuillbarCore/runtime/Logger.h"
+#include "QuillbarCore/runtime/Observed.h"
+#include "QuillbarCore/runtime/Task.h"
+#include "QuillbarCore/runtime/Time.h"
+
+#include <optional>
+#include <string_view>
+
+namespace quillbar {
+
+/// What the models of the boards have in common, and all that a view needs to say how things stand:
+/// whether the data load, have failed to load, and how old they are. Belongs to the main thread.
+class PolledModel {
+public:
+    PolledModel(const PolledModel&) = delete;
+    PolledModel& operator=(const PolledModel&) = delete;
+    PolledModel(PolledModel&&) = delete;
+    PolledModel& operator=(PolledModel&&) = delete;
+
+    /// When the data were fetched; absent before the first time.
+    [[nodiscard]] const Observed<std::optional<TimePoint>>& lastUpdate() const noexcept {
+        return m_lastUpdate;
+    }
+    /// A refresh runs and there is nothing to show yet.
+    [[nodiscard]] const Observed<bool>& isLoading() const noexcept { return m_isLoading; }
+    /// The last refresh failed.
+    [[nodiscard]] const Observed<bool>& loadFailed() const noexcept { return m_loadFailed; }
+    /// How long ago the data were fetched; absent before the first time.
+    [[nodiscard]] std::optional<Seconds> dataAge() const;
+
+    /// Refreshes at once and then at each interval until `stopPolling`, or until nobody has read the
+    /// data for the idle time-out. Does nothing while it polls.
+    void startPolling() { m_polling.start(); }
+    void stopPolling() { m_polling.stop(); }
+    [[nodiscard]] bool isPolling() const noexcept { return m_polling.isRunning(); }
+
+protected:
+    /// `polling` is the model's last member, so that its refresh ends before what it uses does; it
+    /// need not be constructed yet.
+    PolledModel(Clock now, PollingLoop& polling);
+    ~PolledModel() = default;
+
+    enum class Shown { nothing, data };
+    enum class Outcome { succeeded, unchanged };
+
+    /// Runs a load, which stores what it has loaded and says whether that counts as a success
+    /// (clearing `loadFailed`) or changes nothing. Its error is logged as "WHAT failed: ERROR" and
+    /// sets `loadFailed`, unless it is a cancellation of the transfer. Throws `Cancelled` alone.
+    Task<void> run(Shown shown, Task<Outcome> load, std::string_view what, Logger logger);
+
+    /// Notes that somebody reads the data.
+    void recordDemand() { m_polling.recordDemand(); }
+    /// Notes when the data were fetched.
+    void setLastUpdate(TimePoint fetchedAt) { m_lastUpdate.set(fetchedAt); }
+    [[nodiscard]] TimePoint now() const { return m_now(); }
+
+private:
+    Clock m_now;
+    PollingLoop& m_polling;
+    Observed<std::optional<TimePoint>> m_lastUpdate;
+    Observed<bool> m_isLoading;
+    Observed<bool> m_loadFailed;
+};
+
+}  // namespace quillbar
