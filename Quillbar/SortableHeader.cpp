@@ -1,0 +1,65 @@
+// SPDX-FileCopyrightText: 2026 The Quillbar developers
+// SPDX-License-Identifier: MIT
+#include "Quillbar/SortableHeader.h"
+
+#include "Quillbar/ColumnHeader.h"
+#include "Quillbar/Glyphs.h"
+#include "Quillbar/Theme.h"
+
+#include <QPainter>
+#include <QRect>
+#include <QRectF>
+
+namespace quillbar {
+
+namespace {
+
+constexpr double kArrowSize = 9;
+
+QString spoken(const QString& title, std::optional<SortDirection> direction) {
+    if (!direction) {
+        return title;
+    }
+    return title
+           + (direction == SortDirection::descending ? QStringLiteral(",降序")
+                                                     : QStringLiteral(",升序"));
+}
+
+}  // namespace
+
+SortableHeader::SortableHeader(const QString& title, int width, QWidget* parent)
+    : PlainButton(parent) {
+    setText(title);
+    setAccessibleName(title);
+    setToolTip(QStringLiteral("点击排序:降序 → 升序 → 手动顺序"));
+    setAccessibleDescription(toolTip());
+    setFixedSize(width, ColumnHeader::kHeight - 1);
+}
+
+void SortableHeader::setDirection(std::optional<SortDirection> direction) {
+    if (direction != m_direction) {
+        m_direction = direction;
+        setAccessibleName(spoken(text(), direction));
+        update();
+    }
+}
+
+void SortableHeader::drawContent(QPainter& painter) {
+    const ThemeColors::Resolved& colors = ThemeKey::value(*this).colors;
+    painter.setFont(ColumnHeader::titleFont());
+    painter.setPen(isHovered() || m_direction ? colors.primaryText : colors.secondaryText);
+    painter.drawText(rect().adjusted(0, 0, -kSortIndicatorWidth, 0),
+                     static_cast<int>(Qt::AlignRight | Qt::AlignVCenter),
+                     text());
+    if (m_direction) {
+        QRectF arrow(0, 0, kSortIndicatorWidth, kArrowSize);
+        arrow.moveCenter(QRectF(rect()).center());
+        arrow.moveRight(width());
+        drawGlyph(painter,
+                  *m_direction == SortDirection::descending ? Glyph::chevronDown : Glyph::chevronUp,
+                  arrow,
+                  colors.accent);
+    }
+}
+
+}  // namespace quillbar
