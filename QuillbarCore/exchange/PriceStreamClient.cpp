@@ -98,12 +98,6 @@ Task<void> PriceStreamClient::stop() {
     co_return;
 }
 
-void PriceStreamClient::poke() {
-    if (m_runTask.isRunning()) {
-        restart();
-    }
-}
-
 std::string PriceStreamClient::streamURL(const std::vector<std::string>& symbols,
                                          std::string_view base) {
     std::string url(base);

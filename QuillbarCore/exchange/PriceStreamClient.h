@@ -56,7 +56,6 @@ public:
     /// none is left, `disconnected` is told and nothing is opened.
     Task<void> setSymbols(std::vector<std::string> symbols) override;
     Task<void> stop() override;
-    void poke() override;
 
     /// The address of the combined stream of these pairs below a base.
     [[nodiscard]] static std::string streamURL(const std::vector<std::string>& symbols,

@@ -25,18 +25,14 @@ public:
     /// fails, and ends only with this object.
     [[nodiscard]] virtual AsyncStream<PriceEvent>& events() = 0;
 
-    /// Replaces the pairs that are watched and connects again, also when they are the same. The
-    /// events tell what becomes of it. Throws only `Cancelled`.
+    /// Replaces the pairs that are watched and connects again at once, also when they are the same:
+    /// a connection that lives is replaced, and a wait before the next attempt ends. The events tell
+    /// what becomes of it. Throws only `Cancelled`.
     virtual Task<void> setSymbols(std::vector<std::string> symbols) = 0;
 
     /// Ends the connection and reports `disconnected`. `setSymbols` starts again. Throws only
     /// `Cancelled`.
     virtual Task<void> stop() = 0;
-
-    /// Says that the machine woke from sleep or that a network came back: a connection that lives is
-    /// probably dead, and waiting out a back-off is pointless. Connects again at once, as
-    /// `setSymbols` with the same pairs does; does nothing while nothing is subscribed.
-    virtual void poke() = 0;
 };
 
 }  // namespace quillbar

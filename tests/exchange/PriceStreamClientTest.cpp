@@ -185,6 +185,19 @@ TEST_F(PriceStreamClientTest, StopsWhileItReads) {
     EXPECT_THAT(log.lines(), IsEmpty());
 }
 
+TEST_F(PriceStreamClientTest, ClosesTheConnectionWithinTheCallThatEndsIt) {
+    watch({"BTCUSDT"});
+    TaskScope scope(executor);
+    scope.spawn(client->setSymbols({"BTCUSDT"}));
+    ASSERT_TRUE(executor.runOne());
+    EXPECT_EQ(openCount(), 0U);
+    executor.run();
+    ASSERT_EQ(openCount(), 1U);
+    scope.spawn(client->stop());
+    ASSERT_TRUE(executor.runOne());
+    EXPECT_EQ(openCount(), 0U);
+}
+
 TEST_F(PriceStreamClientTest, StopsWhileItWaits) {
     watch({"BTCUSDT"});
     fail();

@@ -69,11 +69,6 @@ void PriceStreamSession::stop() {
     executor.run();
 }
 
-void PriceStreamSession::poke() {
-    client->poke();
-    executor.run();
-}
-
 void PriceStreamSession::destroy() {
     client.reset();
     executor.run();

@@ -29,8 +29,6 @@ public:
     void watch(std::vector<std::string> symbols);
     /// Calls `stop`.
     void stop();
-    /// Calls `poke`.
-    void poke();
     /// Destroys the client.
     void destroy();
 

@@ -207,40 +207,15 @@ TEST_F(PriceStreamReconnectTest, SurvivesASleeperThatFails) {
     EXPECT_EQ(openCount(), 1U);
 }
 
-TEST_F(PriceStreamReconnectTest, EndsTheBackOffWhenPoked) {
+TEST_F(PriceStreamReconnectTest, EndsABackOffForTheSameSymbols) {
     watch({"BTCUSDT", "ETHUSDT"});
     failAndWait(1);
     fail();
     takeEvents();
-    poke();
+    watch({"BTCUSDT", "ETHUSDT"});
     EXPECT_THAT(takeEvents(), ElementsAre("connecting", "connected"));
     EXPECT_EQ(time.sleepingCount(), 0U);
     EXPECT_EQ(urls().back(), "wss://three/stream?streams=btcusdt@miniTicker/ethusdt@miniTicker");
-}
-
-TEST_F(PriceStreamReconnectTest, ReplacesTheConnectionWhenPoked) {
-    watch({"BTCUSDT"});
-    takeEvents();
-    poke();
-    EXPECT_THAT(takeEvents(), ElementsAre("connecting", "connected"));
-    EXPECT_EQ(openCount(), 1U);
-    EXPECT_EQ(endpointInUse(), 0);
-}
-
-TEST_F(PriceStreamReconnectTest, DoesNothingWhenPokedWithNothingSubscribed) {
-    poke();
-    EXPECT_THAT(takeEvents(), IsEmpty());
-    watch({"BTCUSDT"});
-    stop();
-    takeEvents();
-    poke();
-    EXPECT_THAT(takeEvents(), IsEmpty());
-    watch({"-"});
-    takeEvents();
-    log.clear();
-    poke();
-    EXPECT_THAT(takeEvents(), IsEmpty());
-    EXPECT_THAT(log.lines(), IsEmpty());
 }
 
 TEST(PriceStreamWithoutEndpointsTest, GivesUpForGood) {
@@ -249,7 +224,6 @@ TEST(PriceStreamWithoutEndpointsTest, GivesUpForGood) {
     EXPECT_THAT(session.takeEvents(), ElementsAre("disconnected"));
     EXPECT_THAT(session.log.lines(), ElementsAre("PriceStream|error|no stream endpoint available"));
     session.advance(1000);
-    session.poke();
     EXPECT_THAT(session.takeEvents(), IsEmpty());
     EXPECT_THAT(session.connections.made, IsEmpty());
 }

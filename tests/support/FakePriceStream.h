@@ -18,7 +18,6 @@ public:
     AsyncStream<PriceEvent>& events() override { return m_events; }
     Task<void> setSymbols(std::vector<std::string> symbols) override;
     Task<void> stop() override;
-    void poke() override { ++pokeCount; }
 
     /// Tells of a price.
     void ticker(std::string symbol, Ticker ticker);
@@ -32,7 +31,6 @@ public:
     // What was asked, in order.
     std::vector<std::vector<std::string>> symbolLists;
     int stopCount = 0;
-    int pokeCount = 0;
 
 private:
     explicit FakePriceStream(std::pair<AsyncStream<PriceEvent>, StreamSource<PriceEvent>> ends);
