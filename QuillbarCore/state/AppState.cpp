@@ -9,6 +9,7 @@
 #include <fmt/format.h>
 
 #include <algorithm>
+#include <cmath>
 #include <exception>
 #include <utility>
 #include <variant>
@@ -28,6 +29,12 @@ constexpr std::string_view kAppearanceNotSaved = "外观设置保存失败,重�
 /// set back, has long passed: otherwise what waits for it would wait as long as the clock went back.
 bool isWithin(Seconds span, const std::optional<TimePoint>& since, TimePoint now) {
     return since && *since <= now && now - *since < span;
+}
+
+/// The whole minutes of UTC up to the instant. No local day begins within one: every zone of our
+/// time is whole minutes away from UTC.
+std::int64_t minuteOf(TimePoint instant) {
+    return static_cast<std::int64_t>(std::floor(instant.time_since_epoch() / Seconds(60)));
 }
 
 /// Clears a flag whichever way the task that holds it ends.
@@ -117,7 +124,7 @@ void AppState::handleTicker(const TickerEvent& event) {
         updateMenuBarText();
         m_lastLabelStamp = now;
     }
-    checkTodayOpensFreshness();
+    checkTodayOpensFreshness(now);
 }
 
 Task<void> AppState::runWatchdog() {
@@ -213,20 +220,28 @@ void AppState::invalidateTodayOpensIfDayChanged(TimePoint now) {
     const std::int64_t today = LocalDay::key(now, m_calendar);
     if (m_todayOpensDayKey != today) {
         m_todayOpensDayKey = today;
+        m_freshOpensMinute.reset();
         m_todayOpens.clear();
     }
 }
 
-void AppState::checkTodayOpensFreshness() {
+void AppState::checkTodayOpensFreshness(TimePoint now) {
     if (m_settings->changeBasis != ChangeBasis::today || m_isRefreshingTodayOpens) {
         return;
     }
+    // Neither the day nor what is there changes within a minute, but for the edits that reset it.
+    const std::int64_t minute = minuteOf(now);
+    if (m_freshOpensMinute == minute) {
+        return;
+    }
     const auto& coins = m_watchlist->coins;
-    const bool areFresh = m_todayOpensDayKey == LocalDay::key(m_now(), m_calendar)
+    const bool areFresh = m_todayOpensDayKey == LocalDay::key(now, m_calendar)
                           && std::all_of(coins.begin(), coins.end(), [this](const Coin& coin) {
                                  return m_todayOpens.find(coin.symbol) != nullptr;
                              });
-    if (!areFresh) {
+    if (areFresh) {
+        m_freshOpensMinute = minute;
+    } else {
         startTodayOpensRefresh();
     }
 }
@@ -281,6 +296,7 @@ Task<void> AppState::fetchTodayOpen(std::string symbol, LocalMidnight midnight) 
 // Edits
 
 void AppState::applyWatchlist(Watchlist watchlist) {
+    m_freshOpensMinute.reset();
     m_watchlist.set(std::move(watchlist));
     try {
         m_store.save(*m_watchlist);

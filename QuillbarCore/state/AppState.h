@@ -186,7 +186,7 @@ private:
     void updateMenuBarText();
 
     void invalidateTodayOpensIfDayChanged(TimePoint now);
-    void checkTodayOpensFreshness();
+    void checkTodayOpensFreshness(TimePoint now);
     void startTodayOpensRefresh();
     Task<void> refreshTodayOpensInBackground();
     Task<void> fetchTodayOpen(std::string symbol, LocalMidnight midnight);
@@ -220,6 +220,9 @@ private:
     std::optional<TimePoint> m_lastLabelStamp;
     std::optional<std::int64_t> m_todayOpensDayKey;
     std::optional<TimePoint> m_lastTodayOpensAttempt;
+    // The minute in which every open of the day was last seen to be there; absent since an edit.
+    // It spares all but the first price of a minute the look at the time zone and the list.
+    std::optional<std::int64_t> m_freshOpensMinute;
     bool m_isRefreshingTodayOpens = false;
     // Last: its tasks use all of the above.
     TaskScope m_scope;

@@ -1,11 +1,13 @@
 // SPDX-FileCopyrightText: 2026 The Quillbar developers
 // SPDX-License-Identifier: MIT
 #include "tests/state/AppStateFixture.h"
+#include "tests/support/TemporaryEnvironment.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <cstdint>
+#include <filesystem>
 #include <optional>
 #include <string>
 #include <vector>
@@ -208,6 +210,51 @@ TEST_F(AppStateTodayOpensTest, fetchesTheOpensOfTheNextDayAfterLocalMidnight) {
     EXPECT_EQ(todayOpen("BTC"), 55);
     EXPECT_EQ(todayOpen("ETH"), 100);
     EXPECT_EQ(label(), "BTC 110.00 ▲100.00%");
+}
+
+TEST_F(AppStateTodayOpensTest, asksForAnOpenThatAnEditMadeMissingWithinTheSameMinute) {
+    theUserHas(listOf({"BTC"}));
+    time.setClock(time.now() - Seconds(60));
+    api.klinesAnswers.value(candlesFrom(100));
+    start();
+    time.advance(Seconds(60));
+    price("BTC", 110);
+    api.klinesAnswers.error(BinanceError(503));
+    run(state->add(coinOf("ETH")));
+    EXPECT_EQ(todayOpen("ETH"), std::nullopt);
+    theOpenIs(40);
+    time.setClock(time.now() - Seconds(1));
+    price("BTC", 110);
+    EXPECT_EQ(todayOpen("ETH"), 40);
+}
+
+TEST_F(AppStateTodayOpensTest, followsAChangeOfTheZoneWithTheNextMinute) {
+    const TemporaryEnvironment noVariable("TZ", std::nullopt);
+    const auto localtime = folder.path() / "localtime";
+    std::filesystem::create_symlink("/usr/share/zoneinfo/Etc/UTC", localtime);
+    theUserHas(listOf({"BTC"}));
+    theOpenIs(100);
+    state = std::make_unique<AppState>(
+        AppStateDependencies{.executor = executor,
+                             .api = api,
+                             .stream = stream,
+                             .store = WatchlistStore(folder.path()),
+                             .settingsStore = SettingsStore(folder.path()),
+                             .catalog = catalog,
+                             .now = time.clock(),
+                             .calendar = Calendar::autoupdatingCurrent(folder.path().string()),
+                             .sleeper = time.sleeper()});
+    run(state->bootstrap());
+    price("BTC", 110);
+    std::filesystem::remove(localtime);
+    std::filesystem::create_symlink("/usr/share/zoneinfo/Pacific/Kiritimati", localtime);
+    time.advance(Seconds(59.9));
+    price("BTC", 110);
+    EXPECT_THAT(api.klinesRequests, SizeIs(1)) << "one look at the zone serves a minute";
+    time.advance(Seconds(0.1));
+    price("BTC", 110);
+    EXPECT_EQ(api.klinesRequests.back(),
+              (KlinesRequest{"BTCUSDT", "1m", 1, kMidnight + std::int64_t{10} * 3600 * 1000}));
 }
 
 TEST_F(AppStateTodayOpensTest, keepsTheOpensUntilAPriceComesAfterMidnight) {
