@@ -40,7 +40,8 @@ TEST(JSONDocument, refusesWhatIsNotExactlyOneJSONValueInUTF8) {
 }
 
 TEST(JSONDocument, survivesNestingThatWouldExhaustTheStack) {
-    const std::string deep(1'000'000, '[');
+    // Of 8 MiB, by whoever takes 48 bytes for a level.
+    const std::string deep(200'000, '[');
     EXPECT_THROW(static_cast<void>(parse(deep)), DocumentError);
     EXPECT_TRUE(parse(deep + std::string(deep.size(), ']')).is_array());
 }
@@ -80,8 +81,8 @@ TEST(JSONDocument, refusesAnObjectWithMoreKeysThanAnyOfOurs) {
     };
     EXPECT_EQ(parse(objectOf(1000)).size(), 1000U);
     EXPECT_THROW(static_cast<void>(parse(objectOf(1001))), DocumentError);
-    // Megabytes of keys are refused as soon as the limit is passed.
-    EXPECT_THROW(static_cast<void>(parse(objectOf(1'000'000))), DocumentError);
+    // Many more are refused as soon as the limit is passed, not after minutes.
+    EXPECT_THROW(static_cast<void>(parse(objectOf(200'000))), DocumentError);
 }
 
 }  // namespace
