@@ -93,10 +93,25 @@ date::sys_seconds wholeSecond(TimePoint instant) {
     return date::sys_seconds{std::chrono::seconds{static_cast<std::int64_t>(seconds)}};
 }
 
-date::local_days localDay(const date::time_zone* zone, date::sys_seconds instant) {
+date::local_seconds localSecond(const date::time_zone* zone, date::sys_seconds instant) {
     const std::chrono::seconds offset =
         zone == nullptr ? std::chrono::seconds{0} : zone->get_info(instant).offset;
-    return date::floor<date::days>(date::local_seconds{instant.time_since_epoch() + offset});
+    return date::local_seconds{instant.time_since_epoch() + offset};
+}
+
+date::local_days localDay(const date::time_zone* zone, date::sys_seconds instant) {
+    return date::floor<date::days>(localSecond(zone, instant));
+}
+
+TimePoint firstInstant(const date::time_zone* zone, date::local_days day) {
+    const date::sys_seconds start = zone == nullptr ? date::sys_seconds{day.time_since_epoch()}
+                                                    : zone->to_sys(day, date::choose::earliest);
+    return TimePoint{Seconds{start.time_since_epoch()}};
+}
+
+CalendarDate calendarDate(date::local_days day) {
+    const date::year_month_day ymd{day};
+    return {int{ymd.year()}, unsigned{ymd.month()}, unsigned{ymd.day()}};
 }
 
 }  // namespace
@@ -126,16 +141,39 @@ const date::time_zone* Calendar::zone() const {
 }
 
 CalendarDate Calendar::dateAt(TimePoint instant) const {
-    const date::year_month_day day{localDay(zone(), wholeSecond(instant))};
-    return {int{day.year()}, unsigned{day.month()}, unsigned{day.day()}};
+    return calendarDate(localDay(zone(), wholeSecond(instant)));
 }
 
 TimePoint Calendar::startOfDay(TimePoint instant) const {
     const date::time_zone* const zone = this->zone();
-    const date::local_days day = localDay(zone, wholeSecond(instant));
-    const date::sys_seconds start = zone == nullptr ? date::sys_seconds{day.time_since_epoch()}
-                                                    : zone->to_sys(day, date::choose::earliest);
-    return TimePoint{Seconds{start.time_since_epoch()}};
+    return firstInstant(zone, localDay(zone, wholeSecond(instant)));
+}
+
+TimePoint Calendar::startOfNextDay(TimePoint instant) const {
+    const date::time_zone* const zone = this->zone();
+    return firstInstant(zone, localDay(zone, wholeSecond(instant)) + date::days{1});
+}
+
+CalendarTime Calendar::timeAt(TimePoint instant) const {
+    const date::local_seconds local = localSecond(zone(), wholeSecond(instant));
+    const date::local_days day = date::floor<date::days>(local);
+    const auto minutes = date::floor<std::chrono::minutes>(local - day);
+    return {calendarDate(day), static_cast<int>(minutes.count())};
+}
+
+std::optional<TimePoint> Calendar::instantAt(const CalendarTime& time) const {
+    const date::local_days day{date::year{time.date.year} / static_cast<int>(time.date.month)
+                               / static_cast<int>(time.date.day)};
+    const date::local_seconds local = day + std::chrono::minutes{time.minuteOfDay};
+    const date::time_zone* const zone = this->zone();
+    if (zone == nullptr) {
+        return TimePoint{Seconds{local.time_since_epoch()}};
+    }
+    const date::local_info info = zone->get_info(local);
+    if (info.result == date::local_info::nonexistent) {
+        return std::nullopt;
+    }
+    return TimePoint{Seconds{local.time_since_epoch() - info.first.offset}};
 }
 
 }  // namespace quillbar

@@ -4,6 +4,7 @@
 
 #include "QuillbarCore/runtime/Time.h"
 
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -20,6 +21,14 @@ struct CalendarDate final {
     unsigned day = 0;    ///< 1 to 31
 
     [[nodiscard]] bool operator==(const CalendarDate&) const = default;
+};
+
+/// What a local clock and calendar show, to the minute. Equality compares both fields.
+struct CalendarTime final {
+    CalendarDate date;
+    int minuteOfDay = 0;  ///< 0 to 1439, as the clock shows it, not as minutes go by
+
+    [[nodiscard]] bool operator==(const CalendarTime&) const = default;
 };
 
 /// The time zone in which a day is taken. A small value, copied freely. It answers from the
@@ -56,6 +65,17 @@ public:
     /// The first instant of the local day that holds the given one: its midnight; the first instant
     /// after the gap on a day that begins inside one; the earlier of two midnights.
     [[nodiscard]] TimePoint startOfDay(TimePoint instant) const;
+
+    /// The first instant of the local day that follows the one of the given instant, as
+    /// `startOfDay` has it. A day that the zone leaves out is passed over.
+    [[nodiscard]] TimePoint startOfNextDay(TimePoint instant) const;
+
+    /// The local date and time at the instant.
+    [[nodiscard]] CalendarTime timeAt(TimePoint instant) const;
+
+    /// The instant at which the local clock shows this time, which is one of the calendar's dates
+    /// and minutes; the earlier of two; absent for a time that the clock skips.
+    [[nodiscard]] std::optional<TimePoint> instantAt(const CalendarTime& time) const;
 
 private:
     Calendar(const date::time_zone* zone, std::string systemFolder);

@@ -85,6 +85,52 @@ TEST(Calendar, countsDaysBeforeTheEpochAndFractionsOfASecondDownwards) {
     EXPECT_EQ(utc.dateAt(utcInstant(2024, 2, 29, 23, 59, 59.999)), (CalendarDate{2024, 2, 29}));
 }
 
+TEST(Calendar, readsTheLocalClockToTheMinute) {
+    EXPECT_EQ(Calendar::fixed("Asia/Shanghai").timeAt(kAfternoon), (CalendarTime{k15th, 30}));
+    EXPECT_EQ(Calendar::fixed("America/New_York").timeAt(kAfternoon),
+              (CalendarTime{k14th, 11 * 60 + 30}));
+    EXPECT_EQ(Calendar::utc().timeAt(kAfternoon + Seconds(59.9)),
+              (CalendarTime{k14th, 16 * 60 + 30}));
+    EXPECT_EQ(Calendar::utc().timeAt(utcInstant(1970, 1, 1, 0, 0, -0.5)),
+              (CalendarTime{{1969, 12, 31}, 24 * 60 - 1}));
+}
+
+TEST(Calendar, findsTheInstantOfALocalTime) {
+    EXPECT_EQ(Calendar::fixed("Asia/Shanghai").instantAt({k15th, 30}), kAfternoon);
+    EXPECT_EQ(Calendar::utc().instantAt({k14th, 16 * 60 + 30}), kAfternoon);
+    const Calendar kathmandu = Calendar::fixed("Asia/Kathmandu");
+    EXPECT_EQ(kathmandu.instantAt({k14th, 12 * 60}), utcInstant(2026, 11, 14, 6, 15));
+}
+
+TEST(Calendar, knowsTheTimesThatAClockSkipsOrShowsTwice) {
+    const Calendar newYork = Calendar::fixed("America/New_York");
+    EXPECT_EQ(newYork.instantAt({{2026, 3, 8}, 2 * 60}), std::nullopt);
+    EXPECT_EQ(newYork.instantAt({{2026, 3, 8}, 2 * 60 + 59}), std::nullopt);
+    EXPECT_EQ(newYork.instantAt({{2026, 3, 8}, 3 * 60}), utcInstant(2026, 3, 8, 7));
+    EXPECT_EQ(newYork.instantAt({{2026, 11, 1}, 60}), utcInstant(2026, 11, 1, 5));
+    const Calendar santiago = Calendar::fixed("America/Santiago");
+    EXPECT_EQ(santiago.instantAt({{2025, 9, 7}, 0}), std::nullopt);
+    EXPECT_EQ(santiago.timeAt(utcInstant(2025, 9, 7, 4)), (CalendarTime{{2025, 9, 7}, 60}));
+}
+
+TEST(Calendar, goesFromDayToDay) {
+    const Calendar shanghai = Calendar::fixed("Asia/Shanghai");
+    EXPECT_EQ(shanghai.startOfNextDay(kAfternoon), utcInstant(2026, 11, 15, 16));
+    EXPECT_EQ(shanghai.startOfNextDay(utcInstant(2026, 11, 15, 16)), utcInstant(2026, 11, 16, 16));
+    EXPECT_EQ(Calendar::utc().startOfNextDay(utcInstant(2024, 2, 28, 23, 59)),
+              utcInstant(2024, 2, 29));
+}
+
+TEST(Calendar, goesToADayThatBeginsLateOrIsLeftOut) {
+    const Calendar santiago = Calendar::fixed("America/Santiago");
+    EXPECT_EQ(santiago.startOfNextDay(utcInstant(2025, 9, 6, 12)), utcInstant(2025, 9, 7, 4));
+    EXPECT_EQ(santiago.startOfNextDay(utcInstant(2025, 9, 7, 4)), utcInstant(2025, 9, 8, 3));
+    // Samoa went from the 29th of December 2011 to the 31st.
+    const Calendar apia = Calendar::fixed("Pacific/Apia");
+    EXPECT_EQ(apia.startOfNextDay(utcInstant(2011, 12, 30, 0)), utcInstant(2011, 12, 30, 10));
+    EXPECT_EQ(apia.dateAt(utcInstant(2011, 12, 30, 10)), (CalendarDate{2011, 12, 31}));
+}
+
 TEST(CalendarDeathTest, abortsOnAnInstantThatNoDateCanName) {
     GTEST_FLAG_SET(death_test_style, "threadsafe");
     for (const double seconds : {std::numeric_limits<double>::infinity(), std::nan(""), -1e18}) {
