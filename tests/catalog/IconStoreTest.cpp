@@ -163,6 +163,16 @@ TEST_F(IconStoreTest, refusesABodyThatIsNoLogo) {
     EXPECT_THAT(m_log.lines(), ElementsAre(line, line));
 }
 
+TEST_F(IconStoreTest, takesALogoOfTheLargestSize) {
+    const std::string largest = kLogo + std::string(IconStore::kMaximumSize - kLogo.size(), 'x');
+    m_fetcher->answer(200, largest);
+    ask("BTC");
+    m_icons.clear();
+    ask("BTC");
+    EXPECT_EQ(m_icons.at(0), largest);
+    EXPECT_EQ(m_fetcher->requests.size(), 1U);
+}
+
 TEST_F(IconStoreTest, returnsALogoThatItCannotStore) {
     writeContents(iconsFolder(), "a file where the folder should be");
     m_fetcher->answer(200, kLogo);

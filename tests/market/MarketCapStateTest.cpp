@@ -3,16 +3,21 @@
 #include "QuillbarCore/exchange/URLError.h"
 #include "QuillbarCore/market/CoinGeckoError.h"
 #include "QuillbarCore/market/MarketCapState.h"
+#include "QuillbarCore/model/ReferenceDate.h"
 #include "QuillbarCore/runtime/ManualExecutor.h"
 #include "QuillbarCore/runtime/ManualTime.h"
 #include "tests/support/CapturedLog.h"
 #include "tests/support/FakeCoinGeckoAPI.h"
+#include "tests/support/Files.h"
 #include "tests/support/TemporaryFolder.h"
 
+#include <fmt/format.h>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <filesystem>
 #include <memory>
+#include <string>
 
 namespace quillbar {
 
@@ -22,6 +27,7 @@ using ::testing::Each;
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 using ::testing::SizeIs;
+using ::testing::StartsWith;
 
 const std::vector<MarketCapEntry> kFirst{{"BTC", 1, 2, 3}};
 const std::vector<MarketCapEntry> kSecond{{"BTC", 1, 2, 4}, {"ETH", 2, 1, 1}};
@@ -87,6 +93,53 @@ TEST_F(MarketCapStateTest, doesNotThrottleWithNothingToShow) {
     refresh();
     refresh();
     EXPECT_THAT(m_api.counts, SizeIs(2));
+}
+
+TEST_F(MarketCapStateTest, doesNotThrottleWithNothingToShowHoweverYoungTheCache) {
+    writeContents(
+        m_folder.path() / "market-cap.json",
+        fmt::format(R"({{"fetchedAt":{},"entries":[]}})", (m_time.now() - kReferenceDate).count()));
+    restart();
+    ASSERT_EQ(m_state->dataAge(), Seconds(0));
+    refresh();
+    EXPECT_THAT(m_api.counts, SizeIs(1));
+    EXPECT_EQ(m_state->entries(), kFirst);
+}
+
+TEST_F(MarketCapStateTest, changesNothingWhileItIsThrottled) {
+    refresh();
+    m_time.advance(Seconds(400));
+    m_api.answers.error(CoinGeckoError(503));
+    refresh();
+    ASSERT_TRUE(*m_state->loadFailed());
+    restart();
+    m_time.setClock(*m_state->lastUpdate().get() + Seconds(299));
+    refresh();
+    EXPECT_THAT(m_api.counts, SizeIs(2));
+    EXPECT_FALSE(*m_state->loadFailed());
+    EXPECT_FALSE(*m_state->isLoading());
+    EXPECT_EQ(m_state->dataAge(), Seconds(299));
+}
+
+TEST_F(MarketCapStateTest, keepsTheLastListOnDiskOverAFailureAndAnEmptyAnswer) {
+    refresh();
+    const std::string saved = contentsOf(m_folder.path() / "market-cap.json");
+    ASSERT_FALSE(saved.empty());
+    m_time.advance(Seconds(400));
+    m_api.answers.error(CoinGeckoError(429));
+    refresh();
+    m_api.answers.value({});
+    refresh();
+    EXPECT_EQ(contentsOf(m_folder.path() / "market-cap.json"), saved);
+}
+
+TEST_F(MarketCapStateTest, showsAListThatItCannotSave) {
+    std::filesystem::create_directories(m_folder.path() / "market-cap.json" / "a folder");
+    refresh();
+    EXPECT_EQ(m_state->entries(), kFirst);
+    EXPECT_FALSE(*m_state->loadFailed());
+    EXPECT_THAT(m_log.lines(),
+                ElementsAre(StartsWith("MarketCapCache|error|failed to save market cap cache: ")));
 }
 
 TEST_F(MarketCapStateTest, showsTheCachedListAtOnceAfterARestart) {
@@ -176,6 +229,30 @@ TEST_F(MarketCapStateTest, pollsEveryHalfHourAndStopsAfterAnHourWithoutALook) {
     EXPECT_THAT(m_api.counts, SizeIs(3));
     EXPECT_FALSE(m_state->isPolling());
     EXPECT_THAT(m_time.requested, Each(1800));
+}
+
+TEST_F(MarketCapStateTest, isSilentWhenItsPollingIsStoppedInFlight) {
+    auto answer = m_api.answers.held();
+    m_state->startPolling();
+    m_executor.run();
+    ASSERT_TRUE(*m_state->isLoading());
+    m_state->stopPolling();
+    m_executor.run();
+    EXPECT_FALSE(m_state->isPolling());
+    EXPECT_FALSE(*m_state->isLoading());
+    EXPECT_FALSE(*m_state->loadFailed());
+    EXPECT_THAT(m_log.lines(), IsEmpty());
+}
+
+TEST_F(MarketCapStateTest, canBeDestroyedWhilePolling) {
+    auto answer = m_api.answers.held();
+    m_state->startPolling();
+    m_executor.run();
+    m_state.reset();
+    answer.setValue(kFirst);
+    m_executor.run();
+    EXPECT_EQ(m_time.sleepingCount(), 0U);
+    EXPECT_THAT(m_log.lines(), IsEmpty());
 }
 
 TEST_F(MarketCapStateTest, keepsPollingAtExactlyAnHour) {

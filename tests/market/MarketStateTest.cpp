@@ -194,6 +194,39 @@ TEST_F(MarketStateTest, pollsOnAfterAFailure) {
     EXPECT_FALSE(*m_market->loadFailed());
 }
 
+TEST_F(MarketStateTest, isSilentWhenItsPollingIsStoppedInFlight) {
+    auto answer = m_api.ticker24hAllAnswers.held();
+    m_market->startPolling();
+    m_executor.run();
+    ASSERT_TRUE(*m_market->isLoading());
+    m_market->stopPolling();
+    m_executor.run();
+    EXPECT_FALSE(m_market->isPolling());
+    EXPECT_FALSE(*m_market->isLoading());
+    EXPECT_FALSE(*m_market->loadFailed());
+    EXPECT_EQ(m_api.ticker24hAllAnswers.waitingCount(), 0U);
+    EXPECT_THAT(m_log.lines("MarketState"), IsEmpty());
+}
+
+TEST_F(MarketStateTest, pollsAgainAfterItWasStopped) {
+    m_market->startPolling();
+    m_executor.run();
+    m_market->stopPolling();
+    m_market->startPolling();
+    m_executor.run();
+    EXPECT_TRUE(m_market->isPolling());
+    EXPECT_EQ(m_api.ticker24hAllRequests, 2);
+    EXPECT_EQ(m_time.sleepingCount(), 1U);
+}
+
+TEST_F(MarketStateTest, keepsItsAgeWhileARefreshFails) {
+    refresh();
+    m_time.advance(Seconds(61));
+    m_api.ticker24hAllAnswers.error(BinanceError(503));
+    refresh();
+    EXPECT_EQ(m_market->dataAge(), Seconds(61));
+}
+
 TEST_F(MarketStateTest, canBeDestroyedWhilePolling) {
     auto answer = m_api.ticker24hAllAnswers.held();
     m_market->startPolling();

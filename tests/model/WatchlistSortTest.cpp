@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <array>
 #include <random>
 
 namespace quillbar {
@@ -49,6 +50,11 @@ TEST(WatchlistSort, cyclesFromDescendingOverAscendingToTheManualOrder) {
     sort = WatchlistSort::next(sort, Column::price);
     EXPECT_EQ(sort, ascending(Column::price));
     EXPECT_EQ(WatchlistSort::next(sort, Column::price), std::nullopt);
+}
+
+TEST(WatchlistSort, offersItsColumnsInTheOrderOfTheTable) {
+    EXPECT_EQ(kAllWatchlistSortColumns,
+              (std::array{Column::volume, Column::price, Column::change}));
 }
 
 TEST(WatchlistSort, beginsDescendingOnAnotherColumn) {
@@ -100,6 +106,12 @@ TEST_F(WatchlistSorterTest, ordersEqualValuesBySymbolInBothDirections) {
     ticker("ADA", 0.5, 0.5);
     EXPECT_EQ(sorted({"XRP", "ADA"}, ascending(Column::price)), "ADA XRP");
     EXPECT_EQ(sorted({"XRP", "ADA"}, descending(Column::price)), "ADA XRP");
+}
+
+TEST_F(WatchlistSorterTest, ordersSymbolsByCodePoint) {
+    // In UTF-16 the second would come first, because it needs surrogates.
+    EXPECT_EQ(sorted({"😀", "ＢＴＣ", "币", "a", "B"}, descending(Column::price)),
+              "B a 币 ＢＴＣ 😀");
 }
 
 TEST_F(WatchlistSorterTest, sinksCoinsWithoutATickerInSymbolOrder) {
