@@ -43,27 +43,40 @@ std::optional<std::int64_t> integer(const ordered_json& value) {
 
 /// Refuses an object with more keys than any of ours: looking one up among ordered keys takes a time
 /// that grows with their number, and so parsing them all one that grows with its square.
-class KeyLimit {
+///
+/// A pass of its own: the library's parser with a callback looks at all earlier elements of a list at
+/// each one's end, and so takes minutes for a long list.
+class KeyLimit final : public nlohmann::json_sax<ordered_json> {
 public:
-    bool operator()(int /*depth*/,
-                    ordered_json::parse_event_t event,
-                    const ordered_json& /*value*/) {
-        switch (event) {
-        case ordered_json::parse_event_t::object_start:
-            m_counts.push_back(0);
-            break;
-        case ordered_json::parse_event_t::object_end:
-            m_counts.pop_back();
-            break;
-        case ordered_json::parse_event_t::key:
-            if (++m_counts.back() > kMaximumKeys) {
-                throw DocumentError(fmt::format("more than {} keys in an object", kMaximumKeys));
-            }
-            break;
-        default:
-            break;
+    bool start_object(std::size_t /*count*/) override {
+        m_counts.push_back(0);
+        return true;
+    }
+    bool end_object() override {
+        m_counts.pop_back();
+        return true;
+    }
+    bool key(string_t& /*text*/) override {
+        if (++m_counts.back() > kMaximumKeys) {
+            throw DocumentError(fmt::format("more than {} keys in an object", kMaximumKeys));
         }
         return true;
+    }
+
+    bool null() override { return true; }
+    bool boolean(bool /*value*/) override { return true; }
+    bool number_integer(number_integer_t /*value*/) override { return true; }
+    bool number_unsigned(number_unsigned_t /*value*/) override { return true; }
+    bool number_float(number_float_t /*value*/, const string_t& /*text*/) override { return true; }
+    bool string(string_t& /*value*/) override { return true; }
+    bool binary(binary_t& /*value*/) override { return true; }
+    bool start_array(std::size_t /*count*/) override { return true; }
+    bool end_array() override { return true; }
+    // What is wrong with the text is told by the parser, which reads it next.
+    bool parse_error(std::size_t /*position*/,
+                     const std::string& /*token*/,
+                     const nlohmann::detail::exception& /*error*/) override {
+        return false;
     }
 
 private:
@@ -79,7 +92,9 @@ ordered_json parse(std::string_view text) {
         throw DocumentError("a zero byte in the text");
     }
     try {
-        return ordered_json::parse(text, KeyLimit());
+        KeyLimit limit;
+        ordered_json::sax_parse(text, &limit);
+        return ordered_json::parse(text);
     } catch (const ordered_json::exception& error) {
         throw DocumentError(error.what());
     }

@@ -85,5 +85,15 @@ TEST(JSONDocument, refusesAnObjectWithMoreKeysThanAnyOfOurs) {
     EXPECT_THROW(static_cast<void>(parse(objectOf(200'000))), DocumentError);
 }
 
+TEST(JSONDocument, readsALongListOfObjectsOnce) {
+    // Reading the list again at each object's end would take minutes.
+    constexpr std::size_t kLength = 200'000;
+    std::string text = "[{}";
+    for (std::size_t index = 1; index < kLength; ++index) {
+        text += ",{}";
+    }
+    EXPECT_EQ(parse(text + "]").size(), kLength);
+}
+
 }  // namespace
 }  // namespace quillbar
