@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Quillbar developers
 // SPDX-License-Identifier: MIT
 #include "QuillbarCore/market/MarketCapRanking.h"
+#include "simulator/Coins.h"
 #include "tests/qtsupport/SpinUntil.h"
 #include "tests/services/AppServicesFixture.h"
 
@@ -20,8 +21,11 @@ using simulator::Listing;
 using simulator::ListingStatus;
 using simulator::RequestFault;
 using simulator::Simulator;
+using ::testing::AllOf;
 using ::testing::Contains;
 using ::testing::Each;
+using ::testing::ElementsAre;
+using ::testing::SizeIs;
 
 constexpr std::string_view kTickersPath = "/api/v3/ticker/24hr";
 constexpr std::string_view kMarketCapsPath = "/coingecko/api/v3/coins/markets";
@@ -64,6 +68,30 @@ protected:
         return symbols;
     }
 
+    struct Capitalised {
+        std::string symbol;
+        double marketCap = 0;
+    };
+
+    /// The pairs of the coins with the largest capitalisations that have a market of their own.
+    static std::vector<Capitalised> largestCoins(const Simulator& exchange, std::size_t count) {
+        std::vector<Capitalised> coins;
+        for (const simulator::CoinFigures& coin : simulator::makeCoins(kCoins)) {
+            const Listing* const listing = exchange.market().find(coin.asset + "USDT");
+            if (listing == nullptr || listing->status != ListingStatus::trading
+                || coin.peg == simulator::Peg::pegged) {
+                continue;
+            }
+            const double supply = coin.marketCap / coin.price;
+            coins.push_back({listing->symbol, supply * exchange.market().price(*listing)});
+        }
+        std::sort(coins.begin(), coins.end(), [](const auto& left, const auto& right) {
+            return left.marketCap > right.marketCap;
+        });
+        coins.resize(std::min(coins.size(), count));
+        return coins;
+    }
+
     static std::vector<std::string> symbolsOf(const std::vector<RankedCoin>& rows) {
         std::vector<std::string> symbols;
         for (const RankedCoin& row : rows) {
@@ -73,6 +101,8 @@ protected:
     }
 
     static constexpr std::size_t kRows = 10;
+    // More than the exchange lists.
+    static constexpr std::size_t kCoins = 200;
 };
 
 TEST_F(BoardsTest, areTheMarketsOwnOrder) {
@@ -119,11 +149,14 @@ TEST_F(BoardsTest, fillTheMarketCapBoard) {
     const auto data = market().snapshot();
     const auto rows =
         MarketCapRanking::rank(marketCaps().entries(), data.tickers, data.universe, 100);
+    const auto capitalised = largestCoins(binance, rows.size());
     ASSERT_GE(rows.size(), 3U);
+    ASSERT_EQ(capitalised.size(), rows.size());
     EXPECT_EQ(rows.front().id(), "BTCUSDT");
     for (std::size_t index = 0; index < rows.size(); ++index) {
         EXPECT_EQ(rows[index].rank, static_cast<int>(index) + 1);
-        EXPECT_NE(rows[index].coin.baseAsset, "USDC");
+        EXPECT_EQ(rows[index].id(), capitalised[index].symbol);
+        EXPECT_DOUBLE_EQ(*rows[index].marketCap, capitalised[index].marketCap);
     }
     EXPECT_THAT(m_log.lines(), ::testing::IsEmpty());
 }
@@ -146,6 +179,30 @@ TEST_F(BoardsTest, keepTheirRowsOverABadAnswer) {
     }
     EXPECT_THAT(m_log.lines("MarketState"),
                 Each(::testing::StartsWith("MarketState|error|market refresh failed: ")));
+}
+
+TEST_F(BoardsTest, keepTheMarketCapsOverABadAnswer) {
+    Simulator& binance = exchange();
+    start({&binance});
+    ASSERT_TRUE(refresh());
+    const auto before = marketCaps().entries();
+    const auto updated = *marketCaps().lastUpdate();
+    for (const RequestFault::Kind kind :
+         {RequestFault::Kind::cutShort, RequestFault::Kind::notJson}) {
+        SCOPED_TRACE(static_cast<int>(kind));
+        letPass(Seconds(300));
+        binance.faults().on(kind, std::string(kMarketCapsPath), 1);
+        ASSERT_TRUE(refresh());
+        EXPECT_TRUE(*marketCaps().loadFailed());
+        EXPECT_EQ(marketCaps().entries(), before);
+        EXPECT_EQ(*marketCaps().lastUpdate(), updated);
+    }
+    EXPECT_THAT(
+        m_log.lines("MarketCapState"),
+        AllOf(SizeIs(2),
+              Each(::testing::StartsWith("MarketCapState|error|market cap refresh failed: "))));
+    ASSERT_TRUE(refresh());
+    EXPECT_FALSE(*marketCaps().loadFailed());
 }
 
 TEST_F(BoardsTest, showTheMarketCapsAgainAfterARestartWithoutARequest) {
@@ -194,6 +251,30 @@ TEST_F(BoardsTest, keepAwayFromAServiceThatHasAskedUsTo) {
     ASSERT_TRUE(refresh());
     EXPECT_EQ(requestCount(binance, kMarketCapsPath), 2);
     EXPECT_FALSE(*marketCaps().loadFailed());
+}
+
+TEST_F(BoardsTest, keepAwayFromAllHostsOfAnExchangeThatHasBannedUs) {
+    Simulator& first = exchange();
+    Simulator& second = exchange();
+    start({&first, &second});
+    ASSERT_TRUE(isSettled(first));
+    first.faults().onRequests({.kind = RequestFault::Kind::status,
+                               .times = 1,
+                               .pathPrefix = std::string(kTickersPath),
+                               .status = 418,
+                               .retryAfter = std::chrono::seconds(600),
+                               .location = {}});
+    ASSERT_TRUE(refresh());
+    letPass(Seconds(599));
+    ASSERT_TRUE(refresh());
+    EXPECT_TRUE(*market().loadFailed());
+    EXPECT_EQ(requestCount(second, kTickersPath), 0);
+    letPass(Seconds(2));
+    ASSERT_TRUE(refresh());
+    EXPECT_FALSE(*market().loadFailed());
+    EXPECT_THAT(m_log.lines("ServiceGate"),
+                ElementsAre("ServiceGate|default|exchange answered 418: not asked again for 600 s",
+                            "ServiceGate|default|exchange may be asked again"));
 }
 
 TEST_F(BoardsTest, fetchALogoOnce) {
