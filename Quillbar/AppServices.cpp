@@ -8,6 +8,8 @@
 #include "QuillbarCore/exchange/ServiceGate.h"
 #include "QuillbarCore/exchange/URLSessionFetcher.h"
 #include "QuillbarCore/exchange/URLSessionWebSocket.h"
+#include "QuillbarCore/market/CoinGeckoRESTClient.h"
+#include "QuillbarCore/market/MarketCapCache.h"
 #include "QuillbarCore/state/SettingsStore.h"
 #include "QuillbarCore/state/WatchlistStore.h"
 
@@ -34,10 +36,34 @@ std::shared_ptr<HTTPDataFetching> fetcher(const std::string& service,
 
 }  // namespace
 
+/// The models of the boards.
+struct AppServices::Market final {
+    explicit Market(AppServices& services)
+        : state(services.m_platform.executor,
+                services.m_rest,
+                services.m_catalog,
+                services.m_platform.clock,
+                services.m_platform.sleeper)
+        , coinGecko(fetcher("market-cap", services.m_folder, services.m_platform.clock),
+                    services.m_endpoints.marketCap)
+        , capState(services.m_platform.executor,
+                   coinGecko,
+                   MarketCapCache(services.m_folder, services.m_platform.clock),
+                   services.m_platform.clock,
+                   services.m_platform.sleeper) {}
+
+    MarketState state;
+    CoinGeckoRESTClient coinGecko;
+    MarketCapState capState;
+};
+
 AppServices::AppServices(ServicePlatform platform,
                          const ServiceEndpoints& endpoints,
                          const std::filesystem::path& folder)
-    : m_rest(fetcher("exchange", folder, platform.clock),
+    : m_platform(platform)
+    , m_endpoints(endpoints)
+    , m_folder(folder)
+    , m_rest(fetcher("exchange", folder, platform.clock),
              std::make_shared<EndpointSelector>(endpoints.rest),
              platform.worker)
     , m_catalog(platform.executor, m_rest, folder, platform.clock)
@@ -60,17 +86,6 @@ AppServices::AppServices(ServicePlatform platform,
                   .sleeper = platform.sleeper,
                   .watchdogInterval = kWatchdogInterval,
                   .staleReconnectThreshold = kStaleReconnectThreshold})
-    , m_marketState(platform.executor, m_rest, m_catalog, platform.clock, platform.sleeper)
-    , m_coinGecko(fetcher("market-cap", folder, platform.clock), endpoints.marketCap)
-    , m_marketCapState(platform.executor,
-                       m_coinGecko,
-                       MarketCapCache(folder, platform.clock),
-                       platform.clock,
-                       platform.sleeper)
-    , m_iconStore(platform.executor,
-                  folder / "Icons",
-                  fetcher("icons", folder, platform.clock),
-                  endpoints.icon)
     , m_scope(platform.executor) {}
 
 AppServices::~AppServices() = default;
@@ -85,6 +100,31 @@ void AppServices::resume() {
     if (!m_resuming.isRunning()) {
         m_resuming = m_scope.spawn(m_appState.resume());
     }
+}
+
+MarketState& AppServices::marketState() {
+    return market().state;
+}
+
+MarketCapState& AppServices::marketCapState() {
+    return market().capState;
+}
+
+AppServices::Market& AppServices::market() {
+    if (!m_market) {
+        m_market = std::make_unique<Market>(*this);
+    }
+    return *m_market;
+}
+
+IconStore& AppServices::iconStore() {
+    if (!m_iconStore) {
+        m_iconStore.emplace(m_platform.executor,
+                            m_folder / "Icons",
+                            fetcher("icons", m_folder, m_platform.clock),
+                            m_endpoints.icon);
+    }
+    return *m_iconStore;
 }
 
 Task<void> AppServices::bootstrap() {

@@ -7,7 +7,6 @@
 #include "QuillbarCore/catalog/IconStore.h"
 #include "QuillbarCore/exchange/BinanceRESTClient.h"
 #include "QuillbarCore/exchange/PriceStreamClient.h"
-#include "QuillbarCore/market/CoinGeckoRESTClient.h"
 #include "QuillbarCore/market/MarketCapState.h"
 #include "QuillbarCore/market/MarketState.h"
 #include "QuillbarCore/model/Calendar.h"
@@ -21,6 +20,7 @@
 
 #include <filesystem>
 #include <memory>
+#include <optional>
 
 namespace quillbar {
 
@@ -34,14 +34,15 @@ struct ServicePlatform final {
     Calendar calendar;
 };
 
-/// Every long-lived object behind the label, built once and wired together. The one place that
-/// knows the production constants.
+/// Every long-lived object behind the label and the boards, wired together. The one place that knows
+/// the production constants.
 ///
 /// Lives on the main thread. Destroying it ends everything it started, silently.
 class AppServices final {
 public:
-    /// Builds everything; loads the user's watchlist and settings from `folder` and connects to
-    /// nothing. Never fails: an unreadable document is logged and replaced by the default.
+    /// Builds what the label needs; loads the user's watchlist and settings from `folder` and
+    /// connects to nothing. Never fails: an unreadable document is logged and replaced by the
+    /// default.
     AppServices(ServicePlatform platform,
                 const ServiceEndpoints& endpoints,
                 const std::filesystem::path& folder);
@@ -62,22 +63,30 @@ public:
 
     [[nodiscard]] AppState& appState() noexcept { return m_appState; }
     [[nodiscard]] const AppState& appState() const noexcept { return m_appState; }
+
+    // What a label alone never needs: each is built, over what `folder` holds, when it is first
+    // asked for, and lives as long as the services.
+
     /// These two poll only while somebody reads them; they need no `start`.
-    [[nodiscard]] MarketState& marketState() noexcept { return m_marketState; }
-    [[nodiscard]] MarketCapState& marketCapState() noexcept { return m_marketCapState; }
-    [[nodiscard]] IconStore& iconStore() noexcept { return m_iconStore; }
+    [[nodiscard]] MarketState& marketState();
+    [[nodiscard]] MarketCapState& marketCapState();
+    [[nodiscard]] IconStore& iconStore();
 
 private:
-    Task<void> bootstrap();
+    struct Market;
 
+    Task<void> bootstrap();
+    Market& market();
+
+    ServicePlatform m_platform;
+    ServiceEndpoints m_endpoints;
+    std::filesystem::path m_folder;
     BinanceRESTClient m_rest;
     CoinCatalog m_catalog;
     PriceStreamClient m_stream;
     AppState m_appState;
-    MarketState m_marketState;
-    CoinGeckoRESTClient m_coinGecko;
-    MarketCapState m_marketCapState;
-    IconStore m_iconStore;
+    std::unique_ptr<Market> m_market;
+    std::optional<IconStore> m_iconStore;
     Observed<bool> m_isStarted;
     TaskScope::Handle m_resuming;
     // Last: its tasks use all of the above.
