@@ -19,7 +19,7 @@ constexpr std::string_view kHelp = R"(用法:quillbar-label [选项]
   --once           等到价格后输出一行并退出(默认,最多等 15 秒)
   --follow         每当文字变化时输出一行
   --boards         输出涨幅、跌幅、成交额、市值四个榜单的前十名并退出
-  --format 格式    text(默认)、json 或 waybar
+  --format 格式    text(默认)、json 或 waybar,不能与 --boards 同用
   --help           显示本说明
   --version        显示版本
 
@@ -64,7 +64,7 @@ std::variant<LabelOptions, LabelInformation, LabelUsageError> parseLabelOptions(
     const std::vector<std::string>& arguments) {
     constexpr std::string_view kFormatOption = "--format";
     std::optional<LabelMode> mode;
-    LabelOptions options;
+    std::optional<LabelFormat> format;
     for (auto argument = arguments.begin(); argument != arguments.end(); ++argument) {
         if (*argument == "--help" || *argument == "-h") {
             return LabelInformation{std::string(kHelp)};
@@ -90,14 +90,15 @@ std::variant<LabelOptions, LabelInformation, LabelUsageError> parseLabelOptions(
         } else {
             return LabelUsageError{fmt::format("未知的参数「{}」,请看 --help", *argument)};
         }
-        const std::optional<LabelFormat> format = formatNamed(name);
+        format = formatNamed(name);
         if (!format) {
             return LabelUsageError{fmt::format("未知的格式「{}」,可用 text、json 或 waybar", name)};
         }
-        options.format = *format;
     }
-    options.mode = mode.value_or(LabelMode::once);
-    return options;
+    if (mode == LabelMode::boards && format) {
+        return LabelUsageError{"--boards 只能输出文本,不能与 --format 同用"};
+    }
+    return LabelOptions{mode.value_or(LabelMode::once), format.value_or(LabelFormat::text)};
 }
 
 }  // namespace quillbar

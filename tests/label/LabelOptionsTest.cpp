@@ -50,11 +50,20 @@ TEST(LabelOptions, nameTheFormatInEitherSpelling) {
 TEST(LabelOptions, thatMakeNoSenseAreToldInOneLine) {
     EXPECT_EQ(errorOf({"--once", "--follow"}), "--once、--follow 与 --boards 只能使用其一");
     EXPECT_EQ(errorOf({"--boards", "--once"}), "--once、--follow 与 --boards 只能使用其一");
+    EXPECT_EQ(errorOf({"--follow", "--boards"}), "--once、--follow 与 --boards 只能使用其一");
     EXPECT_EQ(errorOf({"--folow"}), "未知的参数「--folow」,请看 --help");
     EXPECT_EQ(errorOf({"price"}), "未知的参数「price」,请看 --help");
     EXPECT_EQ(errorOf({"--format"}), "--format 需要一个格式:text、json 或 waybar");
     EXPECT_EQ(errorOf({"--format", "xml"}), "未知的格式「xml」,可用 text、json 或 waybar");
     EXPECT_EQ(errorOf({"--format="}), "未知的格式「」,可用 text、json 或 waybar");
+}
+
+TEST(LabelOptions, giveTheBoardsNoFormat) {
+    const std::string text = "--boards 只能输出文本,不能与 --format 同用";
+    EXPECT_EQ(errorOf({"--boards", "--format", "json"}), text);
+    EXPECT_EQ(errorOf({"--format=waybar", "--boards"}), text);
+    EXPECT_EQ(errorOf({"--format=text", "--boards"}), text);
+    EXPECT_NE(informationOf({"--boards", "--format=json", "--help"}), "");
 }
 
 TEST(LabelOptions, helpNamesEveryOptionAndExitStatus) {

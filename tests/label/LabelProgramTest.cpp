@@ -174,6 +174,11 @@ TEST_F(LabelProgramTest, refusesWrongOptionsInOneLine) {
     EXPECT_EQ(exitStatus(), 2);
     EXPECT_EQ(m_output, "");
     EXPECT_EQ(m_errors, "quillbar-label: 未知的参数「--loud」,请看 --help\n");
+    m_errors.clear();
+    run({QStringLiteral("--boards"), QStringLiteral("--format=json")});
+    EXPECT_EQ(exitStatus(), 2);
+    EXPECT_EQ(m_output, "");
+    EXPECT_EQ(m_errors, "quillbar-label: --boards 只能输出文本,不能与 --format 同用\n");
 }
 
 TEST_F(LabelProgramTest, refusesAMalformedOverrideInOneLine) {
