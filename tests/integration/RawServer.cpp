@@ -6,6 +6,7 @@
 
 #include <fmt/format.h>
 
+#include <sys/socket.h>
 #include <utility>
 
 namespace quillbar {
@@ -36,6 +37,11 @@ std::string RawServer::streamUrl() const {
     return fmt::format("ws://127.0.0.1:{}/stream", port());
 }
 
+void RawServer::setWindow(int bytes) {
+    ::setsockopt(
+        static_cast<int>(m_server.socketDescriptor()), SOL_SOCKET, SO_RCVBUF, &bytes, sizeof bytes);
+}
+
 void RawServer::accept() {
     while (QTcpSocket* const socket = m_server.nextPendingConnection()) {
         ++accepted;
@@ -59,6 +65,14 @@ void RawServer::read(QTcpSocket& socket) {
         heads.push_back(more.toStdString());
         m_answer(heads.back(), socket);
     }
+}
+
+std::string hostWithoutAnAddress() {
+    std::string name;
+    for (int label = 0; label < 5; ++label) {
+        name += std::string(60, 'a') + '.';
+    }
+    return name + "invalid";
 }
 
 std::string httpAnswer(std::string_view status,

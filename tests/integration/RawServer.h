@@ -28,6 +28,9 @@ public:
     /// "ws://127.0.0.1:PORT/stream".
     [[nodiscard]] std::string streamUrl() const;
 
+    /// How many bytes the connections to come may send ahead of being read, about.
+    void setWindow(int bytes);
+
     /// The heads of the requests so far.
     std::vector<std::string> heads;
     /// What came after a WebSocket upgrade, as it came.
@@ -43,6 +46,10 @@ private:
     Answer m_answer;
     QTcpServer m_server;
 };
+
+/// A host's name that no lookup finds. It is longer than the 255 bytes that a name may have, so the
+/// system says so by itself and asks no server.
+[[nodiscard]] std::string hostWithoutAnAddress();
 
 /// An HTTP answer with a length.
 [[nodiscard]] std::string httpAnswer(std::string_view status,

@@ -5,6 +5,8 @@
 #include "tests/integration/RawServer.h"
 #include "tests/integration/StreamReader.h"
 
+#include <QTimer>
+
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -181,7 +183,7 @@ TEST_F(URLSessionWebSocketTest, failsWhereNobodyListens) {
 }
 
 TEST_F(URLSessionWebSocketTest, failsForAHostWithoutAnAddress) {
-    StreamReader reader = connect("wss://nowhere.invalid:9443/stream");
+    StreamReader reader = connect("wss://" + hostWithoutAnAddress() + ":9443/stream");
     ASSERT_TRUE(reader.ends());
     EXPECT_EQ(reader.error, Code::cannotFindHost);
 }
@@ -253,19 +255,35 @@ TEST_F(URLSessionWebSocketTest, cancelEndsAHandshake) {
 }
 
 TEST_F(URLSessionWebSocketTest, cancelGivesUpOnAPeerThatReadsNothing) {
-    // Its window is full, so not even the close frame gets out.
+    // Pongs fill its window, so that not even the close frame gets out.
+    constexpr int kPings = 40'000;
     QTcpSocket* peer = nullptr;
     const auto upgrade = upgradeAndSay({});
     RawServer server([&](const std::string& head, QTcpSocket& socket) {
         upgrade(head, socket);
         peer = &socket;
     });
+    server.setWindow(4096);
     URLSessionWebSocket socket({.farewell = milliseconds(50)});
     StreamReader reader(m_loop, socket.connect(server.streamUrl()));
     ASSERT_TRUE(spinUntil([&peer] { return peer != nullptr; }));
-    spinUntilIdle();
+    peer->setReadBufferSize(1);
+    const QByteArray ping = QByteArray::fromStdString(encode(Opcode::ping, std::string(125, 'p')));
+    peer->write(ping.repeated(kPings) + QByteArray::fromStdString(encode(Opcode::text, "end")));
+    ASSERT_TRUE(reader.receives(1));
     socket.cancel();
+    bool isLate = false;
+    QTimer::singleShot(milliseconds(200), [&isLate] { isLate = true; });
+    ASSERT_TRUE(spinUntil([&isLate] { return isLate; }));
+    EXPECT_EQ(server.ended, 0);
+
+    // It reads at last what had got out by then.
+    peer->setReadBufferSize(0);
     EXPECT_TRUE(spinUntil([&server] { return server.ended == 1; }));
+    const auto frames = framesIn(server.received);
+    ASSERT_FALSE(frames.empty());
+    EXPECT_LT(frames.size(), kPings);
+    EXPECT_EQ(frames.back().opcode, Opcode::pong);
 }
 
 TEST_F(URLSessionWebSocketTest, abandoningTheStreamLeavesTheConnectionOpenUntilCancel) {
