@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Quillbar developers
 // SPDX-License-Identifier: MIT
 #include "Quillbar/platform/CertificateAuthorities.h"
+#include "tests/integration/Fetching.h"
 #include "tests/integration/TestExchange.h"
 #include "tests/support/TemporaryFolder.h"
 
@@ -15,7 +16,6 @@
 namespace quillbar {
 namespace {
 
-// The trust itself is proven by every test that fetches from a TestExchange.
 class CertificateAuthoritiesTest : public testing::Test {
 protected:
     std::string failure(const std::filesystem::path& file) {
@@ -29,7 +29,9 @@ protected:
 };
 
 TEST_F(CertificateAuthoritiesTest, addsToTheAuthoritiesOfTheSystem) {
-    const TestExchange exchange(Trust::trusted);
+    const TestExchange exchange(Trust::unknown);
+    ASSERT_EQ(trustAuthorities(exchange.caFile()), std::nullopt);
+    EXPECT_EQ(Fetching().get(exchange.klinesUrl()).status, 200);
     const auto system = QSslConfiguration::systemCaCertificates();
     const auto trusted = QSslConfiguration::defaultConfiguration().caCertificates();
     EXPECT_EQ(trusted.size(), system.size() + 1);

@@ -2,19 +2,17 @@
 // SPDX-License-Identifier: MIT
 #include "tests/integration/TestExchange.h"
 
-#include "Quillbar/platform/CertificateAuthorities.h"
-
-#include <stdexcept>
-#include <utility>
+#include <QSslCertificate>
 
 namespace quillbar {
 
-TestExchange::TestExchange(Trust trust, simulator::SimulatorOptions options)
-    : m_simulator(std::move(options)) {
+TestExchange::TestExchange(Trust trust, const simulator::SimulatorOptions& options)
+    : m_simulator(options) {
     if (trust == Trust::trusted) {
-        if (const auto error = trustAuthorities(m_simulator.caFile())) {
-            throw std::runtime_error(*error);
-        }
+        QSslConfiguration configuration = m_before;
+        configuration.setCaCertificates(
+            QSslCertificate::fromPath(QString::fromStdString(m_simulator.caFile())));
+        QSslConfiguration::setDefaultConfiguration(configuration);
     }
 }
 

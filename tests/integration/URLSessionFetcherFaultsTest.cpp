@@ -92,10 +92,11 @@ TEST_F(FetcherFaultsTest, returnsABodyWithAWrongNumber) {
 }
 
 TEST_F(FetcherFaultsTest, refusesABodyThatIsTooLarge) {
-    m_exchange.faults().onRequests(
-        {.kind = Kind::oversized, .bytes = TransferLimits{}.bodySize + 1});
-    EXPECT_EQ(m_fetching.failure(m_exchange.klinesUrl()), Code::tooLarge);
-    EXPECT_EQ(m_fetching.errorText, "the body exceeds 67108864 bytes");
+    constexpr std::size_t kLimit = 1'000'000;
+    Fetching fetching({.bodySize = kLimit});
+    m_exchange.faults().onRequests({.kind = Kind::oversized, .bytes = kLimit + 1});
+    EXPECT_EQ(fetching.failure(m_exchange.klinesUrl()), Code::tooLarge);
+    EXPECT_EQ(fetching.errorText, "the body exceeds 1000000 bytes");
 }
 
 TEST_F(FetcherFaultsTest, failsWhileConnectionsAreRefused) {
