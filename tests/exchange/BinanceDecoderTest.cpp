@@ -149,7 +149,7 @@ TEST(BinanceDecoderTest, FailsWhatIsNotJSON) {
                                      whole + "x",
                                      std::string("{\"a\":01}"),
                                      std::string("{\"a\":\"\xff\"}"),
-                                     std::string("{\"a\":\"\\ud800\"}"),
+                                     std::string(R"({"a":"\ud800"})"),
                                      std::string("{\"a\":1,}"),
                                      std::string("{\"a\":\"line\nfeed\"}"),
                                      std::string("{'a':1}"),

@@ -42,8 +42,7 @@ public:
     std::vector<std::function<void()>> jobs;
 };
 
-class BinanceRESTClientTest : public ::testing::Test {
-protected:
+struct BinanceRESTClientTest : ::testing::Test {
     using Tickers = TaskRun<TickerMap>;
 
     Tickers tickers() { return Tickers(executor, client.ticker24h({"BTCUSDT"})); }

@@ -7,11 +7,11 @@
 
 #include <array>
 #include <bit>
+#include <clocale>
 #include <cmath>
 #include <cstdint>
 #include <cstdlib>
 #include <limits>
-#include <locale.h>
 #include <optional>
 #include <random>
 #include <string>

@@ -58,7 +58,7 @@ protected:
     }
 
     /// How long, in seconds, the gate stays closed after this answer; 0 when it stays open.
-    double pauseAfter(int status, std::optional<std::string> retryAfter) {
+    double pauseAfter(int status, const std::optional<std::string>& retryAfter) {
         ServiceGate gate("other", m_folder.path() / "other", m_time.clock());
         gate.noteAnswer(status, retryAfter);
         const TimePoint start = m_time.now();
