@@ -1,0 +1,203 @@
+// SPDX-FileCopyrightText: 2026 The Quillbar developers
+// SPDX-License-Identifier: MIT
+#include "Quillbar/tray/DBusMenu.h"
+
+#include <QDBusError>
+
+#include <utility>
+
+namespace quillbar {
+
+namespace {
+
+const MenuEntry* find(const QList<MenuEntry>& entries, int id) {
+    for (const MenuEntry& entry : entries) {
+        if (entry.id == id) {
+            return &entry;
+        }
+        if (const MenuEntry* const below = find(entry.children, id)) {
+            return below;
+        }
+    }
+    return nullptr;
+}
+
+void collectIds(const QList<MenuEntry>& entries, QList<int>& ids) {
+    for (const MenuEntry& entry : entries) {
+        ids.append(entry.id);
+        collectIds(entry.children, ids);
+    }
+}
+
+const QString kChildrenDisplay = QStringLiteral("children-display");
+const QString kSubmenu = QStringLiteral("submenu");
+
+QVariantMap propertiesOf(const MenuEntry& entry) {
+    QVariantMap properties{{QStringLiteral("visible"), true}};
+    if (entry.kind == MenuEntry::Kind::separator) {
+        properties.insert(QStringLiteral("type"), QStringLiteral("separator"));
+        return properties;
+    }
+    // A single underscore would mark a mnemonic.
+    QString label = entry.label;
+    properties.insert(QStringLiteral("label"), label.replace(u'_', QStringLiteral("__")));
+    properties.insert(QStringLiteral("enabled"), entry.isEnabled);
+    if (entry.kind == MenuEntry::Kind::submenu) {
+        properties.insert(kChildrenDisplay, kSubmenu);
+    }
+    if (entry.mark != MenuEntry::Mark::none) {
+        properties.insert(QStringLiteral("toggle-type"),
+                          entry.mark == MenuEntry::Mark::check ? QStringLiteral("checkmark")
+                                                               : QStringLiteral("radio"));
+        properties.insert(QStringLiteral("toggle-state"), entry.isOn ? 1 : 0);
+    }
+    return properties;
+}
+
+}  // namespace
+
+DBusMenu::DBusMenu(Handlers handlers)
+    : m_handlers(std::move(handlers)) {
+    registerMenuMessages();
+}
+
+void DBusMenu::setEntries(const QList<MenuEntry>& entries) {
+    if (entries == m_entries) {
+        return;
+    }
+    m_entries = entries;
+    ++m_revision;
+    Q_EMIT LayoutUpdated(m_revision, kRoot);
+}
+
+uint DBusMenu::version() const {
+    constexpr uint kProtocolVersion = 3;
+    return kProtocolVersion;
+}
+
+bool DBusMenu::isKnown(int id) const {
+    return id == kRoot || find(m_entries, id) != nullptr;
+}
+
+QVariantMap DBusMenu::propertiesOf(int id, const QStringList& names) const {
+    const MenuEntry* const entry = find(m_entries, id);
+    QVariantMap properties = entry != nullptr ? quillbar::propertiesOf(*entry)
+                                              : QVariantMap{{kChildrenDisplay, kSubmenu}};
+    if (!names.isEmpty()) {
+        properties.removeIf(
+            [&names](const auto& property) { return !names.contains(property.key()); });
+    }
+    return properties;
+}
+
+MenuLayout DBusMenu::layoutOf(int id, int depth, const QStringList& names) const {
+    MenuLayout layout{id, propertiesOf(id, names)};
+    if (depth == 0) {
+        return layout;
+    }
+    const MenuEntry* const entry = find(m_entries, id);
+    for (const MenuEntry& child : entry != nullptr ? entry->children : m_entries) {
+        layout.children.append(
+            QDBusVariant(QVariant::fromValue(layoutOf(child.id, depth - 1, names))));
+    }
+    return layout;
+}
+
+void DBusMenu::refuse(int id) {
+    if (calledFromDBus()) {
+        sendErrorReply(QDBusError::InvalidArgs,
+                       QStringLiteral("no entry of the menu has the id %1").arg(id));
+    }
+}
+
+void DBusMenu::handle(int id, const QString& type) {
+    if (id == kRoot) {
+        if (type == QStringLiteral("opened")) {
+            m_handlers.shown();
+        }
+        return;
+    }
+    const MenuEntry* const entry = find(m_entries, id);
+    if (type == QStringLiteral("clicked") && entry != nullptr && entry->isEnabled
+        && entry->kind == MenuEntry::Kind::action) {
+        m_handlers.clicked(id);
+    }
+}
+
+uint DBusMenu::GetLayout(int parentId, int depth, const QStringList& names, MenuLayout& layout) {
+    if (!isKnown(parentId)) {
+        refuse(parentId);
+        return m_revision;
+    }
+    layout = layoutOf(parentId, depth, names);
+    return m_revision;
+}
+
+QList<MenuProperties> DBusMenu::GetGroupProperties(const QList<int>& ids,
+                                                   const QStringList& names) {
+    QList<int> wanted = ids;
+    if (wanted.isEmpty()) {
+        collectIds(m_entries, wanted);
+    }
+    QList<MenuProperties> result;
+    for (const int id : wanted) {
+        if (isKnown(id)) {
+            result.append(MenuProperties{id, propertiesOf(id, names)});
+        }
+    }
+    return result;
+}
+
+QDBusVariant DBusMenu::GetProperty(int id, const QString& name) {
+    const QVariantMap properties = isKnown(id) ? propertiesOf(id, {name}) : QVariantMap{};
+    if (properties.isEmpty()) {
+        refuse(id);
+        return QDBusVariant(QString());
+    }
+    return QDBusVariant(properties.value(name));
+}
+
+void DBusMenu::Event(int id,
+                     const QString& type,
+                     const QDBusVariant& /*data*/,
+                     uint /*timestamp*/) {
+    if (!isKnown(id)) {
+        refuse(id);
+        return;
+    }
+    handle(id, type);
+}
+
+QList<int> DBusMenu::EventGroup(const QList<MenuEvent>& events) {
+    QList<int> unknown;
+    for (const MenuEvent& event : events) {
+        if (isKnown(event.id)) {
+            handle(event.id, event.type);
+        } else {
+            unknown.append(event.id);
+        }
+    }
+    return unknown;
+}
+
+bool DBusMenu::AboutToShow(int id) {
+    if (!isKnown(id)) {
+        refuse(id);
+    } else if (id == kRoot) {
+        m_handlers.shown();
+    }
+    return false;
+}
+
+QList<int> DBusMenu::AboutToShowGroup(const QList<int>& ids, QList<int>& idErrors) {
+    for (const int id : ids) {
+        if (!isKnown(id)) {
+            idErrors.append(id);
+        } else if (id == kRoot) {
+            m_handlers.shown();
+        }
+    }
+    return {};
+}
+
+}  // namespace quillbar

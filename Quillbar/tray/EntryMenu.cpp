@@ -1,0 +1,59 @@
+// SPDX-FileCopyrightText: 2026 The Quillbar developers
+// SPDX-License-Identifier: MIT
+#include "Quillbar/tray/EntryMenu.h"
+
+#include <QAction>
+#include <QActionGroup>
+#include <QMenu>
+
+namespace quillbar {
+
+namespace {
+
+// A single ampersand would mark a mnemonic.
+QString withoutMnemonic(QString label) {
+    return label.replace(u'&', QStringLiteral("&&"));
+}
+
+void addAction(QMenu& menu, const MenuEntry& entry, const std::function<void(int id)>& clicked) {
+    QAction* const action = menu.addAction(withoutMnemonic(entry.label));
+    action->setEnabled(entry.isEnabled);
+    if (entry.mark != MenuEntry::Mark::none) {
+        action->setCheckable(true);
+        action->setChecked(entry.isOn);
+    }
+    if (entry.mark == MenuEntry::Mark::radio) {
+        // Of a group by itself, for the look: which entries go together is their owner's business.
+        (new QActionGroup(action))->addAction(action);
+    }
+    QObject::connect(
+        action, &QAction::triggered, action, [clicked, id = entry.id] { clicked(id); });
+}
+
+}  // namespace
+
+void fillMenu(QMenu& menu,
+              const QList<MenuEntry>& entries,
+              const std::function<void(int id)>& clicked) {
+    menu.clear();
+    qDeleteAll(menu.findChildren<QMenu*>(Qt::FindDirectChildrenOnly));
+    for (const MenuEntry& entry : entries) {
+        switch (entry.kind) {
+        case MenuEntry::Kind::action:
+            addAction(menu, entry, clicked);
+            break;
+        case MenuEntry::Kind::separator:
+            menu.addSeparator();
+            break;
+        case MenuEntry::Kind::submenu: {
+            auto* const below = new QMenu(withoutMnemonic(entry.label), &menu);
+            below->setEnabled(entry.isEnabled);
+            fillMenu(*below, entry.children, clicked);
+            menu.addMenu(below);
+            break;
+        }
+        }
+    }
+}
+
+}  // namespace quillbar

@@ -1,0 +1,21 @@
+// SPDX-FileCopyrightText: 2026 The Quillbar developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "Quillbar/tray/MenuEntry.h"
+
+#include <QList>
+
+#include <functional>
+
+class QMenu;
+
+namespace quillbar {
+
+/// Makes `menu` show these entries instead of its own. `clicked` is called with the id of each
+/// action that is chosen; its captures live as long as the menu's entries.
+void fillMenu(QMenu& menu,
+              const QList<MenuEntry>& entries,
+              const std::function<void(int id)>& clicked);
+
+}  // namespace quillbar

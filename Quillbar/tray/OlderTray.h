@@ -1,0 +1,45 @@
+// SPDX-FileCopyrightText: 2026 The Quillbar developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "Quillbar/tray/LabelPicture.h"
+#include "Quillbar/tray/MenuEntry.h"
+
+#include <QList>
+#include <QMenu>
+#include <QObject>
+#include <QString>
+#include <QSystemTrayIcon>
+
+#include <functional>
+#include <optional>
+
+namespace quillbar {
+
+/// The status item in a tray of the X Window System's older protocol, which embeds windows. Shows a
+/// square picture. Its menu stays the given one's, in the toolkit's own form.
+class OlderTray final : public QObject {
+    Q_OBJECT
+
+public:
+    /// What the user does, on the main thread. Both are set.
+    struct Handlers final {
+        std::function<void()> activate;
+        std::function<void()> secondaryActivate;
+    };
+
+    /// `menu` outlives this object.
+    OlderTray(QMenu& menu, Handlers handlers);
+
+    /// Draws the picture unless it is the one shown. The tooltip is plain text.
+    void show(const LabelPicture& picture, const QString& tooltip);
+
+private:
+    void handle(QSystemTrayIcon::ActivationReason reason);
+
+    Handlers m_handlers;
+    std::optional<LabelPicture> m_picture;
+    QSystemTrayIcon* m_icon;
+};
+
+}  // namespace quillbar

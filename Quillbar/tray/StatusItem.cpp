@@ -1,0 +1,303 @@
+// SPDX-FileCopyrightText: 2026 The Quillbar developers
+// SPDX-License-Identifier: MIT
+#include "Quillbar/tray/StatusItem.h"
+
+#include "Quillbar/tray/EntryMenu.h"
+
+#include <QDBusConnection>
+#include <QDBusPendingCallWatcher>
+#include <QDBusServiceWatcher>
+
+#include <algorithm>
+#include <utility>
+
+namespace quillbar {
+
+namespace {
+
+const QString kWatcherService = QStringLiteral("org.kde.StatusNotifierWatcher");
+const QString kWatcherPath = QStringLiteral("/StatusNotifierWatcher");
+const QString kThemeIcon = QStringLiteral("io.github.quillbar.Quillbar");
+
+QDBusMessage questionToBus(const QString& method, const QString& argument) {
+    const QString bus = QStringLiteral("org.freedesktop.DBus");
+    QDBusMessage question =
+        QDBusMessage::createMethodCall(bus, QStringLiteral("/org/freedesktop/DBus"), bus, method);
+    question << argument;
+    return question;
+}
+
+// As wide as the text gets while its digits change.
+QString guideOf(QString text) {
+    std::replace_if(
+        text.begin(),
+        text.end(),
+        [](QChar character) { return character >= u'0' && character <= u'9'; },
+        QChar(u'8'));
+    return text;
+}
+
+}  // namespace
+
+StatusItem::StatusItem(StatusItemEnvironment environment, Handlers handlers)
+    : m_environment(std::move(environment))
+    , m_handlers(std::move(handlers))
+    , m_item(
+          DBusMenu::kPath,
+          {
+              .activate = [this](QPoint reported) { activate(reported); },
+              .secondaryActivate = [this](std::optional<QPoint> reported) { activate(reported); },
+              .contextMenu = [this](QPoint reported) { popUpMenu(reported); },
+              .activationToken =
+                  [this](const QString& token) { m_handlers.onActivationToken(token); },
+          })
+    , m_menu({
+          .shown = [this] { menuShown(); },
+          .clicked = [this](int id) { menuClicked(id); },
+      })
+    , m_scope(m_environment.executor) {
+    connect(&m_ownMenu, &QMenu::aboutToShow, this, &StatusItem::menuShown);
+    setMenu({});
+}
+
+StatusItem::~StatusItem() = default;
+
+void StatusItem::show(const LabelFace& face) {
+    const bool isFirst = !m_face;
+    m_face = face;
+    if (isFirst) {
+        begin();
+    }
+    refresh();
+}
+
+void StatusItem::setMenu(const QList<MenuEntry>& middle) {
+    constexpr int kFirstSeparator = 3;
+    constexpr int kSecondSeparator = 4;
+    const auto separator = [](int id) {
+        return MenuEntry{.id = id, .kind = MenuEntry::Kind::separator};
+    };
+    QList<MenuEntry> entries{MenuEntry{.id = kOpenPanel, .label = QStringLiteral("打开面板")},
+                             separator(kFirstSeparator)};
+    if (!middle.isEmpty()) {
+        entries << middle << separator(kSecondSeparator);
+    }
+    entries << MenuEntry{.id = kQuit, .label = QStringLiteral("退出")};
+    m_menu.setEntries(entries);
+    // A choice is handled after the menu is done with it, because it may change the menu.
+    fillMenu(m_ownMenu, entries, [this](int id) {
+        QMetaObject::invokeMethod(
+            this, [this, id] { menuClicked(id); }, Qt::QueuedConnection);
+    });
+}
+
+void StatusItem::begin() {
+    QDBusConnection& bus = m_environment.bus;
+    if (bus.isConnected()) {
+        constexpr auto kExported = QDBusConnection::ExportAllProperties
+                                   | QDBusConnection::ExportScriptableSlots
+                                   | QDBusConnection::ExportScriptableSignals;
+        if (!bus.registerObject(StatusNotifierItem::kPath, &m_item, kExported)
+            || !bus.registerObject(DBusMenu::kPath, &m_menu, kExported)) {
+            m_logger.error("cannot export the status item over D-Bus");
+        }
+        m_desktopShade.emplace(bus, [this](BarShade bar) {
+            m_desktopBar = bar;
+            refresh();
+        });
+        auto* const owners = new QDBusServiceWatcher(
+            kWatcherService, bus, QDBusServiceWatcher::WatchForOwnerChange, this);
+        connect(
+            owners,
+            &QDBusServiceWatcher::serviceOwnerChanged,
+            this,
+            [this](const QString& /*service*/, const QString& /*before*/, const QString& owner) {
+                watcherIs(owner);
+            });
+        ask(questionToBus(QStringLiteral("GetNameOwner"), kWatcherService),
+            [this](const QDBusMessage& reply) {
+                if (reply.type() == QDBusMessage::ReplyMessage) {
+                    watcherIs(reply.arguments().value(0).toString());
+                }
+            });
+    }
+    waitForWatcher();
+}
+
+void StatusItem::ask(const QDBusMessage& question, Reply reply) {
+    auto* const answer = new QDBusPendingCallWatcher(m_environment.bus.asyncCall(question), this);
+    connect(answer, &QDBusPendingCallWatcher::finished, this, [answer, reply = std::move(reply)] {
+        answer->deleteLater();
+        reply(answer->reply());
+    });
+}
+
+void StatusItem::watcherIs(const QString& owner) {
+    if (owner == m_watcher) {
+        return;
+    }
+    if (owner.isEmpty()) {
+        loseWatcher();
+        return;
+    }
+    m_watcher = owner;
+    m_waiting.cancel();
+    introduceTo(owner);
+}
+
+// The item is made ready for the host before the host is told of it.
+void StatusItem::introduceTo(const QString& owner) {
+    ask(questionToBus(QStringLiteral("GetConnectionUnixProcessID"), owner),
+        [this, owner](const QDBusMessage& reply) {
+            if (owner != m_watcher) {
+                return;
+            }
+            m_host = reply.type() == QDBusMessage::ReplyMessage ? TrayHost::ofProcess(
+                         m_environment.processName(reply.arguments().value(0).toUInt()))
+                                                                : TrayHost{};
+            m_hadTray = true;
+            m_olderTray.reset();
+            refresh();
+            registerWith(owner);
+        });
+}
+
+void StatusItem::registerWith(const QString& owner) {
+    // With the connection's own name: for one of the item's own, GNOME's extension 46 loses the item
+    // in two of five starts.
+    QDBusMessage question = QDBusMessage::createMethodCall(
+        owner, kWatcherPath, kWatcherService, QStringLiteral("RegisterStatusNotifierItem"));
+    question << m_environment.bus.baseService();
+    ask(question, [this, owner](const QDBusMessage& reply) {
+        if (reply.type() == QDBusMessage::ErrorMessage && owner == m_watcher) {
+            m_logger.error("the tray host refused the item: {}",
+                           reply.errorMessage().toStdString());
+            loseWatcher();
+        }
+    });
+}
+
+void StatusItem::loseWatcher() {
+    m_watcher.clear();
+    waitForWatcher();
+}
+
+void StatusItem::waitForWatcher() {
+    m_waiting.cancel();
+    m_waiting = m_scope.spawn(lookForOlderTray());
+}
+
+Task<void> StatusItem::lookForOlderTray() {
+    // Without a bus no watcher can be on its way.
+    bool hasWaited = m_environment.bus.isConnected();
+    if (hasWaited) {
+        co_await m_environment.sleeper(kPatience);
+    }
+    while (!m_environment.hasOlderTray()) {
+        if (hasWaited) {
+            reportNoTray();
+        }
+        co_await m_environment.sleeper(kPatience);
+        hasWaited = true;
+    }
+    useOlderTray();
+}
+
+void StatusItem::reportNoTray() {
+    if (m_hadTray || m_toldNoTray) {
+        return;
+    }
+    m_toldNoTray = true;
+    m_logger.log("no tray host: the panel opens as a window");
+    m_handlers.onNoTray();
+}
+
+void StatusItem::useOlderTray() {
+    m_hadTray = true;
+    m_olderTray =
+        std::make_unique<OlderTray>(m_ownMenu,
+                                    OlderTray::Handlers{
+                                        .activate = [this] { activate(std::nullopt); },
+                                        .secondaryActivate = [this] { activate(std::nullopt); },
+                                    });
+    refresh();
+}
+
+BarShade StatusItem::shade() const {
+    return m_host.bar == TrayHost::Bar::alwaysDark ? BarShade::dark : m_desktopBar;
+}
+
+void StatusItem::refresh() {
+    if (!m_face) {
+        return;
+    }
+    if (m_olderTray) {
+        const QString tooltip = m_face->text + u'\n' + m_face->details;
+        m_olderTray->show(LabelPicture::of(*m_face, LabelForm::square, m_desktopBar), tooltip);
+    }
+    // Nobody looks at the item while there is no host.
+    if (!m_watcher.isEmpty()) {
+        refreshItem();
+    }
+}
+
+void StatusItem::refreshItem() {
+    const LabelPicture picture = LabelPicture::of(*m_face, m_host.form, shade());
+    if (m_host.icon == TrayHost::Icon::themeName) {
+        m_picture.reset();
+        m_item.setIcon(kThemeIcon, {});
+    } else if (m_picture != picture) {
+        m_picture = picture;
+        StatusImages images;
+        for (const int height : kPictureHeights) {
+            images.append(StatusImage::of(picture.drawn(height)));
+        }
+        m_item.setIcon(QString(), images);
+    }
+    m_item.setLabel(m_face->text,
+                    guideOf(m_face->text),
+                    m_host.label == TrayHost::Label::shown
+                        ? StatusNotifierItem::Announcement::sent
+                        : StatusNotifierItem::Announcement::omitted);
+    const QString title = m_face->text.toHtmlEscaped();
+    const QString details = m_face->details.toHtmlEscaped();
+    if (m_host.tooltip == TrayHost::Tooltip::titleAlone) {
+        m_item.setTooltip(title + u'\n' + details, QString());
+    } else {
+        m_item.setTooltip(title, details);
+    }
+}
+
+void StatusItem::activate(std::optional<QPoint> reported) {
+    const QPoint anchor = reported ? anchorOf(*reported) : m_environment.pointer();
+    m_handlers.onActivate(anchor, ActivationSource::click);
+}
+
+void StatusItem::popUpMenu(QPoint reported) {
+    m_ownMenu.popup(anchorOf(reported));
+}
+
+void StatusItem::menuShown() {
+    // By the time an entry is chosen, the pointer is on that entry.
+    m_menuAnchor = m_environment.pointer();
+}
+
+void StatusItem::menuClicked(int id) {
+    const QPoint anchor =
+        std::exchange(m_menuAnchor, std::nullopt).value_or(m_environment.pointer());
+    if (id == kOpenPanel) {
+        m_handlers.onActivate(anchor, ActivationSource::menu);
+    } else {
+        m_handlers.onMenu(id);
+    }
+}
+
+QPoint StatusItem::anchorOf(QPoint reported) const {
+    return clickAnchor(reported,
+                       m_environment.isInBar(reported),
+                       m_environment.pointer(),
+                       m_environment.pointerPosition,
+                       m_host.clickPosition);
+}
+
+}  // namespace quillbar

@@ -1,0 +1,50 @@
+// SPDX-FileCopyrightText: 2026 The Quillbar developers
+// SPDX-License-Identifier: MIT
+#include "Quillbar/tray/StatusItemEnvironment.h"
+
+#include <QCursor>
+#include <QFile>
+#include <QGuiApplication>
+#include <QScreen>
+#include <QSystemTrayIcon>
+
+#include <utility>
+
+namespace quillbar {
+
+namespace {
+
+bool isOnX11() {
+    return QGuiApplication::platformName() == QStringLiteral("xcb");
+}
+
+std::string nameOfProcess(uint processId) {
+    QFile file(QStringLiteral("/proc/%1/comm").arg(processId));
+    if (!file.open(QIODevice::ReadOnly)) {
+        return {};
+    }
+    return file.readAll().trimmed().toStdString();
+}
+
+bool liesInBar(QPoint position) {
+    const QScreen* const screen = QGuiApplication::screenAt(position);
+    return screen != nullptr && !screen->availableGeometry().contains(position);
+}
+
+}  // namespace
+
+StatusItemEnvironment StatusItemEnvironment::ofDesktop(Executor& executor, Sleeper sleeper) {
+    const bool knowsPointer = isOnX11() && !qEnvironmentVariableIsSet("WAYLAND_DISPLAY");
+    return {
+        .bus = QDBusConnection::sessionBus(),
+        .executor = executor,
+        .sleeper = std::move(sleeper),
+        .hasOlderTray = [] { return isOnX11() && QSystemTrayIcon::isSystemTrayAvailable(); },
+        .processName = nameOfProcess,
+        .pointer = [] { return QCursor::pos(); },
+        .pointerPosition = knowsPointer ? PointerPosition::current : PointerPosition::outdated,
+        .isInBar = liesInBar,
+    };
+}
+
+}  // namespace quillbar

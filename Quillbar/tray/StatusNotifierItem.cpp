@@ -1,0 +1,72 @@
+// SPDX-FileCopyrightText: 2026 The Quillbar developers
+// SPDX-License-Identifier: MIT
+#include "Quillbar/tray/StatusNotifierItem.h"
+
+#include <QDBusMetaType>
+
+#include <utility>
+
+namespace quillbar {
+
+StatusNotifierItem::StatusNotifierItem(const QString& menu, Handlers handlers)
+    : m_menu(menu)
+    , m_handlers(std::move(handlers)) {
+    qDBusRegisterMetaType<StatusImage>();
+    qDBusRegisterMetaType<StatusImages>();
+    qDBusRegisterMetaType<StatusTooltip>();
+}
+
+void StatusNotifierItem::setIcon(const QString& name, const StatusImages& pixmap) {
+    if (name == m_iconName && pixmap == m_iconPixmap) {
+        return;
+    }
+    m_iconName = name;
+    m_iconPixmap = pixmap;
+    Q_EMIT NewIcon();
+}
+
+void StatusNotifierItem::setTooltip(const QString& title, const QString& text) {
+    const StatusTooltip tooltip{.title = title, .text = text};
+    if (tooltip == m_tooltip) {
+        return;
+    }
+    m_tooltip = tooltip;
+    Q_EMIT NewToolTip();
+}
+
+void StatusNotifierItem::setLabel(const QString& label,
+                                  const QString& guide,
+                                  Announcement announcement) {
+    if (label == m_label && guide == m_labelGuide) {
+        return;
+    }
+    m_label = label;
+    m_labelGuide = guide;
+    if (announcement == Announcement::sent) {
+        Q_EMIT XAyatanaNewLabel(label, guide);
+    }
+}
+
+void StatusNotifierItem::Activate(int x, int y) {
+    m_handlers.activate(QPoint(x, y));
+}
+
+void StatusNotifierItem::ContextMenu(int x, int y) {
+    m_handlers.contextMenu(QPoint(x, y));
+}
+
+void StatusNotifierItem::SecondaryActivate(int x, int y) {
+    m_handlers.secondaryActivate(QPoint(x, y));
+}
+
+void StatusNotifierItem::Scroll(int /*delta*/, const QString& /*orientation*/) {}
+
+void StatusNotifierItem::ProvideXdgActivationToken(const QString& token) {
+    m_handlers.activationToken(token);
+}
+
+void StatusNotifierItem::XAyatanaSecondaryActivate(uint /*timestamp*/) {
+    m_handlers.secondaryActivate(std::nullopt);
+}
+
+}  // namespace quillbar

@@ -1,0 +1,39 @@
+// SPDX-FileCopyrightText: 2026 The Quillbar developers
+// SPDX-License-Identifier: MIT
+#include "Quillbar/tray/TrayHost.h"
+
+namespace quillbar {
+
+TrayHost TrayHost::ofProcess(std::string_view comm) {
+    TrayHost host;
+    if (comm == "gnome-shell") {
+        host.form = LabelForm::text;
+        host.bar = Bar::alwaysDark;
+    } else if (comm == "ayatana-indicat") {
+        // ayatana-indicator-application 22.2 shows a picture of "missing" for any pixmap.
+        host.form = LabelForm::text;
+        host.icon = Icon::themeName;
+    } else if (comm == "notification-ar") {
+        // MATE 1.26 says (0,28) for every click.
+        host.form = LabelForm::text;
+        host.clickPosition = ClickPosition::unusable;
+    } else if (comm == "waybar") {
+        // waybar 0.9 counts from the item's corner.
+        host.form = LabelForm::widePicture;
+        host.label = Label::ignored;
+        host.clickPosition = ClickPosition::unusable;
+    } else if (comm == "swaybar") {
+        // swaybar 1.7 counts from the output's corner, and shows an error for a wide picture.
+        host.label = Label::ignored;
+        host.clickPosition = ClickPosition::unusable;
+    } else if (comm == "lxqt-panel") {
+        host.label = Label::ignored;
+        host.tooltip = Tooltip::titleAlone;
+    } else if (comm == "kded5" || (comm.starts_with("panel-") && comm.ends_with("-systray"))) {
+        // Plasma 5.27 and Xfce 4.18.
+        host.label = Label::ignored;
+    }
+    return host;
+}
+
+}  // namespace quillbar
