@@ -9,7 +9,6 @@
 #include <cstddef>
 #include <string>
 #include <unordered_map>
-#include <unordered_set>
 
 namespace quillbar::MarketCapRanking {
 
@@ -21,13 +20,31 @@ struct Candidate {
     const Ticker* ticker;
 };
 
-std::unordered_map<std::string, const Coin*> indexedByBaseAsset(const std::vector<Coin>& universe) {
-    std::unordered_map<std::string, const Coin*> index;
-    index.reserve(universe.size());
-    for (const Coin& coin : universe) {
-        index.try_emplace(SearchText::upperCased(coin.baseAsset), &coin);
+/// What the walk below knows of a symbol.
+struct Asset {
+    /// The first coin of the universe whose base asset it is; null when it is not listed.
+    const Coin* coin = nullptr;
+    bool isTaken = false;
+};
+
+/// Symbols in upper case.
+using Assets = std::unordered_map<std::string, Asset>;
+
+/// The snapshot's symbols with their coins. The snapshot is the shorter list, so it is what is
+/// indexed; a coin of the universe then costs one look-up and nothing that must be kept.
+Assets assetsOf(const std::vector<MarketCapEntry>& snapshot, const std::vector<Coin>& universe) {
+    Assets assets;
+    assets.reserve(snapshot.size());
+    for (const MarketCapEntry& entry : snapshot) {
+        assets.try_emplace(SearchText::upperCased(entry.symbol));
     }
-    return index;
+    for (const Coin& coin : universe) {
+        const auto asset = assets.find(SearchText::upperCased(coin.baseAsset));
+        if (asset != assets.end() && asset->second.coin == nullptr) {
+            asset->second.coin = &coin;
+        }
+    }
+    return assets;
 }
 
 bool isSamePrice(double reference, double last) {
@@ -38,25 +55,21 @@ bool isSamePrice(double reference, double last) {
 std::vector<Candidate> accepted(const std::vector<MarketCapEntry>& snapshot,
                                 const TickerMap& tickers,
                                 const std::vector<Coin>& universe) {
-    const auto coins = indexedByBaseAsset(universe);
-    std::unordered_set<std::string> taken;
+    Assets assets = assetsOf(snapshot, universe);
     std::vector<Candidate> candidates;
     for (const MarketCapEntry& entry : snapshot) {
         const std::string key = SearchText::upperCased(entry.symbol);
-        if (taken.contains(key) || PeggedAssets::isPegged(key)) {
+        Asset& asset = assets.find(key)->second;
+        if (asset.isTaken || asset.coin == nullptr || PeggedAssets::isPegged(key)) {
             continue;
         }
-        const auto coin = coins.find(key);
-        if (coin == coins.end()) {
-            continue;
-        }
-        const auto ticker = tickers.find(coin->second->symbol);
+        const auto ticker = tickers.find(asset.coin->symbol);
         if (ticker == tickers.end()
             || !isSamePrice(entry.referencePrice, ticker->second.lastPrice)) {
             continue;
         }
-        taken.insert(key);
-        candidates.push_back({&entry, coin->second, &ticker->second});
+        asset.isTaken = true;
+        candidates.push_back({&entry, asset.coin, &ticker->second});
     }
     return candidates;
 }
