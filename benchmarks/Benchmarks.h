@@ -5,8 +5,11 @@
 /// The groups of benchmarks; each function registers its own.
 namespace quillbar::benchmarks {
 
-/// The exchange's bodies and frames, against QJsonDocument.
+/// The bodies of exchange and market-cap service, and the stream's frames, against QJsonDocument.
 void registerDecoding();
+
+/// The boards and the sorted watchlist, against sorting and indexing everything.
+void registerBoards();
 
 /// The texts of numbers and of the label, against ICU and QLocale.
 void registerTexts();

@@ -4,7 +4,9 @@
 #include "benchmarks/Comparison.h"
 #include "benchmarks/ExchangeBodies.h"
 #include "benchmarks/QtDecoder.h"
+#include "benchmarks/QtMarketCaps.h"
 #include "QuillbarCore/exchange/BinanceDecoder.h"
+#include "QuillbarCore/market/CoinGeckoDecoder.h"
 
 namespace quillbar::benchmarks {
 
@@ -26,6 +28,10 @@ void registerDecoding() {
     Comparison(
         "a frame of the stream", ExchangeBodies::frames(100), BinanceDecoder::decodeMiniTickerFrame)
         .with("QJsonDocument", QtDecoder::decodeMiniTickerFrame);
+    Comparison("market caps of 250 coins",
+               std::vector{ExchangeBodies::coinMarkets()},
+               CoinGeckoDecoder::decodeMarkets)
+        .with("QJsonDocument", decodeMarketsWithQt);
 }
 
 }  // namespace quillbar::benchmarks

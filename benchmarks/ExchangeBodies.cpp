@@ -14,6 +14,7 @@ namespace {
 constexpr std::uint64_t kSeed = 1;
 constexpr int kListed = 2000;
 constexpr int kTickers = 2500;
+constexpr int kCoinMarkets = 250;
 
 simulator::Market market(int listed) {
     return {kSeed, listed, simulator::MarketTime(std::chrono::milliseconds(1'794'657'600'000))};
@@ -49,6 +50,10 @@ std::vector<std::string> frames(int count) {
             }
         }
     }
+}
+
+std::string coinMarkets() {
+    return simulator::Bodies::coinMarkets(market(kListed), kCoinMarkets, 1);
 }
 
 }  // namespace quillbar::benchmarks::ExchangeBodies

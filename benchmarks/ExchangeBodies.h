@@ -7,7 +7,8 @@
 #include <string>
 #include <vector>
 
-/// What the exchange sends, row for row as large as the real thing. The same at each call.
+/// What the exchange and the market-cap service send, row for row as large as the real thing. The
+/// same at each call.
 namespace quillbar::benchmarks::ExchangeBodies {
 
 /// About 3.7 MB.
@@ -18,5 +19,8 @@ namespace quillbar::benchmarks::ExchangeBodies {
 
 /// So many frames of the combined stream, of the USDT pairs in turn, each time with other prices.
 [[nodiscard]] std::vector<std::string> frames(int count);
+
+/// The 250 coins with the largest capitalisations.
+[[nodiscard]] std::string coinMarkets();
 
 }  // namespace quillbar::benchmarks::ExchangeBodies

@@ -10,6 +10,7 @@ int main(int argc, char* argv[]) {
         return 2;
     }
     quillbar::benchmarks::registerDecoding();
+    quillbar::benchmarks::registerBoards();
     quillbar::benchmarks::registerTexts();
     quillbar::benchmarks::registerFlood();
     benchmark::RunSpecifiedBenchmarks();
