@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstdint>
+#include <span>
 #include <string>
 #include <vector>
 
@@ -33,7 +34,7 @@ struct KnownCoin {
 
 /// The table: real coins in about the order of their volume, odd names among them (a digit first,
 /// one letter, beyond ASCII).
-[[nodiscard]] const std::vector<KnownCoin>& knownCoins();
+[[nodiscard]] std::span<const KnownCoin> knownCoins();
 
 /// The first `count` coins: the table, then as many made-up ones as it takes. Tickers are unique.
 /// Always the same ones.
