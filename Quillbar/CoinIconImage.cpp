@@ -39,7 +39,7 @@ QImage decoded(std::string_view png) {
     if (image.isNull()) {
         return {};
     }
-    const QImage square = squareMiddle(image).convertToFormat(QImage::Format_ARGB32_Premultiplied);
+    QImage square = squareMiddle(image).convertToFormat(QImage::Format_ARGB32_Premultiplied);
     if (square.width() <= kSide) {
         return square;
     }

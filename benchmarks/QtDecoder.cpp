@@ -17,7 +17,7 @@ namespace {
 
 QJsonDocument parsed(const std::string& bytes) {
     QJsonParseError error;
-    const QJsonDocument document = QJsonDocument::fromJson(
+    QJsonDocument document = QJsonDocument::fromJson(
         QByteArray::fromRawData(bytes.data(), static_cast<qsizetype>(bytes.size())), &error);
     if (error.error != QJsonParseError::NoError) {
         throw std::runtime_error("malformed JSON");

@@ -11,6 +11,7 @@
 
 #include <fmt/format.h>
 
+#include <algorithm>
 #include <cmath>
 #include <random>
 #include <string>
@@ -26,10 +27,8 @@ namespace {
 std::vector<double> prices() {
     std::mt19937_64 random(1);
     std::uniform_real_distribution<double> magnitude(0, 5);
-    std::vector<double> prices;
-    for (int count = 0; count < 1000; ++count) {
-        prices.push_back(std::pow(10, magnitude(random)));
-    }
+    std::vector<double> prices(1000);
+    std::generate(prices.begin(), prices.end(), [&] { return std::pow(10, magnitude(random)); });
     return prices;
 }
 

@@ -128,7 +128,7 @@ int runLabel(const LabelOptions& options, const ServiceEndpoints& endpoints) {
     return QCoreApplication::exec();
 }
 
-int run(int argc, char* argv[]) {
+int run(int argc, char** argv) {
     const std::vector<std::string> arguments(argv + 1, argv + argc);
     const auto parsed = parseLabelOptions(arguments);
     if (const auto* const error = std::get_if<LabelUsageError>(&parsed)) {

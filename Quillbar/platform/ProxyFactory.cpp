@@ -58,7 +58,7 @@ std::optional<QNetworkProxy> readProxy(const QProcessEnvironment& environment,
     if (!variable) {
         return std::nullopt;
     }
-    const auto proxy = parseProxy(variable->value);
+    auto proxy = parseProxy(variable->value);
     if (!proxy) {
         Logger("Proxy").error("ignoring {}: not the URL of an http or socks5 proxy",
                               variable->name.toStdString());
