@@ -12,6 +12,8 @@
 
 #include <map>
 #include <string>
+#include <utility>
+#include <vector>
 
 namespace quillbar {
 namespace {
@@ -58,7 +60,7 @@ std::string forSocket(const Variables& variables, const char* host, const char* 
 constexpr const char* kUrl = "https://api.example.com/api";
 
 TEST(ProxyFactoryTest, readsAProxyInEveryForm) {
-    const std::pair<const char*, const char*> forms[] = {
+    const std::vector<std::pair<const char*, const char*>> forms{
         {"http://proxy.test:3128", "http proxy.test:3128 '' ''"},
         {"http://proxy.test", "http proxy.test:80 '' ''"},
         {"proxy.test:3128", "http proxy.test:3128 '' ''"},

@@ -16,7 +16,6 @@ namespace {
 
 using simulator::CertificateKind;
 using simulator::SimulatorOptions;
-using testing::Each;
 using testing::ElementsAre;
 using testing::IsEmpty;
 using testing::StartsWith;
@@ -27,7 +26,7 @@ constexpr const char* kExchangeName = "elsewhere.example";
 // An exchange that can be reached through a proxy alone.
 class ProxyTest : public testing::Test {
 protected:
-    ~ProxyTest() override { QNetworkProxyFactory::setApplicationProxyFactory(nullptr); }
+    void TearDown() override { QNetworkProxyFactory::setApplicationProxyFactory(nullptr); }
 
     static SimulatorOptions named() {
         SimulatorOptions options;

@@ -8,6 +8,9 @@
 #include <gtest/gtest.h>
 
 #include <chrono>
+#include <optional>
+#include <utility>
+#include <vector>
 
 namespace quillbar {
 namespace {
@@ -61,20 +64,18 @@ TEST_F(WebSocketFaultsTest, cancelSaysGoingAway) {
 }
 
 TEST_F(WebSocketFaultsTest, endsAsTheConnectionDoesAfterSomeFrames) {
-    const struct {
-        StreamEnd how;
-        std::optional<Code> error;
-    } endings[] = {{StreamEnd::close, std::nullopt},
-                   {StreamEnd::drop, Code::connectionLost},
-                   {StreamEnd::reset, Code::connectionLost}};
-    for (const auto& ending : endings) {
+    const std::vector<std::pair<StreamEnd, std::optional<Code>>> endings{
+        {StreamEnd::close, std::nullopt},
+        {StreamEnd::drop, Code::connectionLost},
+        {StreamEnd::reset, Code::connectionLost}};
+    for (const auto& [how, error] : endings) {
         StreamReader reader = connect();
         ASSERT_TRUE(isStreaming(reader));
-        m_exchange.faults().endStreamsAfter(4, ending.how);
+        m_exchange.faults().endStreamsAfter(4, how);
         m_exchange->tick();
         ASSERT_TRUE(reader.ends());
-        EXPECT_EQ(reader.error, ending.error) << reader.errorText;
-        if (ending.how != StreamEnd::reset) {
+        EXPECT_EQ(reader.error, error) << reader.errorText;
+        if (how != StreamEnd::reset) {
             // A reset overtakes what was sent.
             EXPECT_EQ(reader.buffers.size(), 4U);
         }

@@ -45,7 +45,7 @@ protected:
         m_environment.insert(QStringLiteral("XDG_DATA_HOME"), text(m_folder.path().string()));
     }
 
-    ~LabelProgramTest() override {
+    void TearDown() override {
         m_label.kill();
         m_label.waitForFinished();
     }
@@ -209,7 +209,7 @@ TEST_F(LabelProgramTest, explainsItself) {
 }
 
 TEST_F(LabelProgramTest, startsWithADamagedWatchlistAndKeepsIt) {
-    theWatchlistIs("{\"schemaVersion\":1,\"coins\":[{");
+    theWatchlistIs(R"({"schemaVersion":1,"coins":[{)");
     run({});
     EXPECT_EQ(exitStatus(), 0);
     EXPECT_THAT(m_output, MatchesRegex(kPriceLine));

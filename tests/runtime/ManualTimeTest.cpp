@@ -24,7 +24,7 @@ struct ManualTimeTest : TaskFixture {
 
     void noteInstant(const std::string& name) { note(fmt::format("{} at {}", name, elapsed())); }
 
-    TaskScope::Handle startPause(std::string name, Seconds span) {
+    TaskScope::Handle startPause(const std::string& name, Seconds span) {
         return start([this, name, span]() -> Task<void> {
             co_await pause(span);
             noteInstant(name);

@@ -36,7 +36,7 @@ AppServicesFixture::AppServicesFixture()
     : m_executor(makeQtExecutor())
     , m_worker(makeQtWorker()) {}
 
-AppServicesFixture::~AppServicesFixture() {
+void AppServicesFixture::TearDown() {
     m_services.reset();
     m_worker.reset();
     spinUntilIdle();

@@ -23,7 +23,7 @@ namespace quillbar {
 class AppServicesFixture : public ::testing::Test {
 protected:
     AppServicesFixture();
-    ~AppServicesFixture() override;
+    void TearDown() override;
 
     /// An authority that the process trusts, for every simulator of the test.
     static void SetUpTestSuite();

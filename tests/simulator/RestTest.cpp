@@ -70,7 +70,7 @@ TEST_F(RestTest, KlinesAreArraysOfTwelve) {
     EXPECT_THAT(answer.contentType, HasSubstr("application/json"));
     const QJsonArray rows = answer.json().array();
     ASSERT_EQ(rows.size(), 288);
-    for (const QJsonValue& each : rows) {
+    for (const auto& each : rows) {
         const QJsonArray row = each.toArray();
         ASSERT_EQ(row.size(), 12);
         for (const int number : {0, 6, 8}) {
@@ -168,7 +168,7 @@ TEST_F(RestTest, MiniTickersOfAllPairsHaveFewerKeys) {
 TEST_F(RestTest, DeadPairsStandAmongTheTickersWithZeroPrices) {
     int dead = 0;
     const QJsonArray rows = rest("/ticker/24hr?type=MINI").json().array();
-    for (const QJsonValue& row : rows) {
+    for (const auto& row : rows) {
         if (text(row[u"lastPrice"]) == "0.00000000") {
             ++dead;
             EXPECT_EQ(text(row[u"openPrice"]), "0.00000000");
@@ -226,7 +226,7 @@ TEST_F(RestTest, MarketCapsComeByFallingCapitalisationWithNullsAndRepeats) {
     double previous = rows[0][u"market_cap"].toDouble();
     int nulls = 0;
     int pepes = 0;
-    for (const QJsonValue& row : rows) {
+    for (const auto& row : rows) {
         pepes += text(row[u"symbol"]) == "pepe" ? 1 : 0;
         if (row[u"market_cap"].isNull()) {
             ++nulls;

@@ -25,7 +25,6 @@ namespace quillbar::simulator {
 namespace {
 
 using ::testing::HasSubstr;
-using ::testing::Not;
 using ::testing::UnorderedElementsAre;
 
 SimulatorOptions smallMarket() {

@@ -15,7 +15,6 @@ namespace quillbar::simulator {
 namespace {
 
 using ::testing::ElementsAre;
-using ::testing::HasSubstr;
 using ::testing::Pair;
 using State = HttpParse::State;
 
