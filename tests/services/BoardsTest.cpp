@@ -269,35 +269,6 @@ TEST_F(BoardsTest, keepAwayFromAServiceThatHasAskedUsTo) {
     EXPECT_FALSE(*marketCaps().loadFailed());
 }
 
-TEST_F(BoardsTest, keepAwayFromAServiceThatHasAskedUsTo) {
-    Simulator& binance = exchange();
-    binance.faults().onRequests({.kind = RequestFault::Kind::status,
-                                 .times = 1,
-                                 .pathPrefix = std::string(kMarketCapsPath),
-                                 .status = 429,
-                                 .retryAfter = std::chrono::seconds(119),
-                                 .location = {}});
-    start({&binance});
-    ASSERT_TRUE(refresh());
-    EXPECT_TRUE(*marketCaps().loadFailed());
-    letPass(Seconds(118));
-    ASSERT_TRUE(refresh());
-    EXPECT_EQ(requestCount(binance, kMarketCapsPath), 1);
-    EXPECT_THAT(m_log.lines("ServiceGate"),
-                Contains("ServiceGate|default|market-cap answered 429: not asked again for 119 s"));
-    // The exchange is another service.
-    EXPECT_FALSE(*market().loadFailed());
-
-    m_services.reset();
-    start({&binance});
-    ASSERT_TRUE(refresh());
-    EXPECT_EQ(requestCount(binance, kMarketCapsPath), 1);
-    letPass(Seconds(2));
-    ASSERT_TRUE(refresh());
-    EXPECT_EQ(requestCount(binance, kMarketCapsPath), 2);
-    EXPECT_FALSE(*marketCaps().loadFailed());
-}
-
 TEST_F(BoardsTest, keepAwayFromAllHostsOfAnExchangeThatHasBannedUs) {
     Simulator& first = exchange();
     Simulator& second = exchange();
