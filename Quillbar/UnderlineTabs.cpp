@@ -60,6 +60,15 @@ protected:
         }
     }
 
+    void keyPressEvent(QKeyEvent* event) override {
+        // The strip's, not a button's way to another one.
+        if (event->key() == Qt::Key_Left || event->key() == Qt::Key_Right) {
+            event->ignore();
+        } else {
+            PlainButton::keyPressEvent(event);
+        }
+    }
+
 private:
     double m_underlineHeight;
 };

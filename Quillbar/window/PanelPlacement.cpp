@@ -8,9 +8,6 @@ namespace quillbar::PanelPlacement {
 
 namespace {
 
-/// Wider than any item.
-constexpr int kFar = 200;
-
 // Where something of `length` begins so that it is inside [first, last].
 int inside(int wanted, int length, int first, int last) {
     return std::max(first, std::min(wanted, last + 1 - length));
@@ -46,20 +43,22 @@ QRect rectangle(QPoint anchor, QSize wanted, QRect screen, QRect workArea) {
     return {QPoint(x, y), size};
 }
 
-QPoint anchor(PointerTrust trust,
-              std::optional<QPoint> clicked,
-              QPoint pointer,
-              QRect screenOfClick,
-              QRect workAreaOfClick) {
-    if (!clicked) {
-        return pointer;
+QRect rectangleWithoutAnchor(QSize wanted, QRect screen, QRect workArea) {
+    if (workArea.top() > screen.top()) {
+        return rectangle({workArea.right(), screen.top()}, wanted, screen, workArea);
     }
-    if (trust == PointerTrust::host) {
-        return *clicked;
+    if (workArea.bottom() < screen.bottom()) {
+        return rectangle({workArea.right(), screen.bottom()}, wanted, screen, workArea);
     }
-    const bool isOnBar = screenOfClick.contains(*clicked) && !workAreaOfClick.contains(*clicked);
-    const bool isFar = (*clicked - pointer).manhattanLength() > kFar;
-    return isOnBar && isFar ? *clicked : pointer;
+    if (workArea.left() > screen.left()) {
+        return rectangle({screen.left(), workArea.bottom()}, wanted, screen, workArea);
+    }
+    if (workArea.right() < screen.right()) {
+        return rectangle({screen.right(), workArea.bottom()}, wanted, screen, workArea);
+    }
+    QRect centred(QPoint(), wanted.boundedTo(workArea.size()));
+    centred.moveCenter(workArea.center());
+    return centred;
 }
 
 }  // namespace quillbar::PanelPlacement

@@ -6,8 +6,6 @@
 #include <QRect>
 #include <QSize>
 
-#include <optional>
-
 namespace quillbar {
 
 /// Where the panel goes. Pure; all in logical pixels of the desktop.
@@ -23,23 +21,9 @@ inline constexpr int kPointerOffset = 16;
 /// and inside `workArea` in any case, shrunk where it must be.
 [[nodiscard]] QRect rectangle(QPoint anchor, QSize wanted, QRect screen, QRect workArea);
 
-/// What can tell where the item is.
-enum class PointerTrust {
-    /// An X11 session: the pointer's position is always fresh.
-    pointer,
-    /// A Wayland session, where an X11 program learns the pointer's position only over its own
-    /// windows.
-    host,
-};
-
-/// The item's place after a click that the host says was at `clicked` (absent when it says nothing)
-/// with the pointer at `pointer`. Hosts may report nonsense, so on X11 the pointer is believed,
-/// unless it is far from a click that lies on a bar: that was the keyboard.
-[[nodiscard]] QPoint anchor(PointerTrust trust,
-                            std::optional<QPoint> clicked,
-                            QPoint pointer,
-                            QRect screenOfClick,
-                            QRect workAreaOfClick);
+/// Where the panel goes when nobody can tell where the item is: beside the end of the bar, where
+/// items usually are, and on a screen without a bar in the middle.
+[[nodiscard]] QRect rectangleWithoutAnchor(QSize wanted, QRect screen, QRect workArea);
 
 }  // namespace PanelPlacement
 

@@ -106,7 +106,9 @@ void PanelWindow::toggleAt(QPoint anchor) {
 }
 
 void PanelWindow::open(std::optional<QPoint> anchor) {
-    m_anchor = anchor;
+    if (anchor) {
+        m_anchor = anchor;
+    }
     // The native window carries what window managers read before it is mapped.
     winId();
     place();
@@ -204,14 +206,9 @@ void PanelWindow::place() {
     }
     const QRect workArea = screen->availableGeometry();
     const QSize wanted = m_content->sizeHint();
-    if (m_anchor) {
-        setGeometry(PanelPlacement::rectangle(*m_anchor, wanted, screen->geometry(), workArea));
-    } else {
-        const QSize size = wanted.boundedTo(workArea.size());
-        QRect centred(QPoint(), size);
-        centred.moveCenter(workArea.center());
-        setGeometry(centred);
-    }
+    const QRect area = screen->geometry();
+    setGeometry(m_anchor ? PanelPlacement::rectangle(*m_anchor, wanted, area, workArea)
+                         : PanelPlacement::rectangleWithoutAnchor(wanted, area, workArea));
 }
 
 void PanelWindow::handlePress() {

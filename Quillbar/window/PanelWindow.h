@@ -19,7 +19,7 @@ namespace quillbar {
 /// outside, and when another program takes the focus; not when one of its own menus, popovers or
 /// dialogs opens. Hidden, it costs nothing and keeps its content, so that it opens at once.
 ///
-/// Where there is no item to drop from (no tray at all), it is placed in the middle of the screen.
+/// Where there is no item to drop from, it goes where the item would be.
 class PanelWindow final : public QWidget {
 public:
     /// Takes `content` over; it decides the size, and is shrunk where the screen is too small.
@@ -32,8 +32,8 @@ public:
 
     /// A click on the item, which lies at `anchor`: opens or closes the panel.
     void toggleAt(QPoint anchor);
-    /// Opens the panel, or raises it when it is open. Without an anchor it goes to the middle of
-    /// the primary screen.
+    /// Opens the panel, or raises it when it is open. Without an anchor it goes beside the item where
+    /// that was last, or else where it would be on the primary screen.
     void open(std::optional<QPoint> anchor);
     /// Closes the panel; the next click opens it at once.
     void dismiss();

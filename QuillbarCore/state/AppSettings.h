@@ -21,7 +21,7 @@ struct AppSettings final {
     std::int64_t schemaVersion = kCurrentSchemaVersion;
     ChangeBasis changeBasis = ChangeBasis::rolling24h;
     AppearanceMode appearance = AppearanceMode::dark;
-    /// The board that was open last; absent until one has been.
+    /// The board that was open last; absent when it was the watchlist.
     std::optional<RankingBoard> lastBoard = std::nullopt;
 
     /// The settings of a first start: the rolling 24 hours, dark, no board. The reference stays

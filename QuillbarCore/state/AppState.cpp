@@ -373,7 +373,7 @@ void AppState::setAppearance(AppearanceMode mode) {
     saveSettings(kAppearanceNotSaved);
 }
 
-void AppState::setLastBoard(RankingBoard board) {
+void AppState::setLastBoard(std::optional<RankingBoard> board) {
     if (board == m_settings->lastBoard) {
         return;
     }

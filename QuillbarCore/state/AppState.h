@@ -152,8 +152,8 @@ public:
     /// Also fetches today's opens, in the background, when they are what the basis needs.
     void setChangeBasis(ChangeBasis basis);
     void setAppearance(AppearanceMode mode);
-    /// A save that fails is logged and not shown: little is lost.
-    void setLastBoard(RankingBoard board);
+    /// None stands for the watchlist. A save that fails is logged and not shown: little is lost.
+    void setLastBoard(std::optional<RankingBoard> board);
 
     // Requests.
 

@@ -37,6 +37,13 @@ TEST_F(AppStateSettingsTest, savesEachSettingAtOnce) {
     EXPECT_EQ(*state->lastError(), std::nullopt);
 }
 
+TEST_F(AppStateSettingsTest, forgetsTheBoardForTheWatchlist) {
+    state->setLastBoard(RankingBoard::marketCap);
+    state->setLastBoard(std::nullopt);
+    EXPECT_EQ(storedSettings().lastBoard, std::nullopt);
+    EXPECT_EQ(*state->settings(), AppSettings::defaultSettings());
+}
+
 TEST_F(AppStateSettingsTest, doesNothingForTheValueThatIsSet) {
     state->setLastBoard(RankingBoard::gainers);
     files.calls.clear();

@@ -8,8 +8,6 @@ namespace quillbar {
 
 namespace {
 
-using PanelPlacement::anchor;
-using PanelPlacement::PointerTrust;
 using PanelPlacement::rectangle;
 
 constexpr QRect kScreen(0, 0, 1280, 800);
@@ -51,23 +49,15 @@ TEST(PanelPlacementTest, keepsToTheScreenOfItsAnchor) {
               QRect(2796, 34, 400, 480));
 }
 
-TEST(PanelAnchorTest, thePointerIsBelievedOnX11) {
-    EXPECT_EQ(anchor(PointerTrust::pointer, QPoint(0, 28), {900, 12}, kScreen, kBelowTopBar),
-              QPoint(900, 12));
-    EXPECT_EQ(anchor(PointerTrust::pointer, QPoint(905, 10), {900, 12}, kScreen, kBelowTopBar),
-              QPoint(900, 12));
-}
-
-TEST(PanelAnchorTest, aClickOnTheBarFarFromThePointerWasTheKeyboard) {
-    EXPECT_EQ(anchor(PointerTrust::pointer, QPoint(1200, 14), {300, 500}, kScreen, kBelowTopBar),
-              QPoint(1200, 14));
-}
-
-TEST(PanelAnchorTest, theHostIsBelievedWhereThePointerIsStale) {
-    EXPECT_EQ(anchor(PointerTrust::host, QPoint(1200, 14), {300, 500}, kScreen, kBelowTopBar),
-              QPoint(1200, 14));
-    EXPECT_EQ(anchor(PointerTrust::host, std::nullopt, {300, 500}, kScreen, kBelowTopBar),
-              QPoint(300, 500));
+TEST(PanelPlacementTest, withoutAnAnchorItGoesToTheEndOfTheBar) {
+    const auto place = [](QRect workArea) {
+        return PanelPlacement::rectangleWithoutAnchor(kPanel, kScreen, workArea);
+    };
+    EXPECT_EQ(place(kBelowTopBar), QRect(876, 32, 400, 480));
+    EXPECT_EQ(place({0, 0, 1280, 768}), QRect(876, 284, 400, 480));
+    EXPECT_EQ(place({40, 0, 1240, 800}), QRect(44, 316, 400, 480));
+    EXPECT_EQ(place({0, 0, 1240, 800}), QRect(836, 316, 400, 480));
+    EXPECT_EQ(place(kScreen), QRect(440, 160, 400, 480));
 }
 
 }  // namespace

@@ -1,0 +1,94 @@
+// SPDX-FileCopyrightText: 2026 The Quillbar developers
+// SPDX-License-Identifier: MIT
+#include "Quillbar/Theme.h"
+#include "Quillbar/UnderlineTabs.h"
+
+#include <QAbstractButton>
+#include <QImage>
+#include <QTest>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+namespace quillbar {
+
+namespace {
+
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+
+class UnderlineTabsTest : public ::testing::Test {
+protected:
+    UnderlineTabsTest() {
+        m_tabs.onSelect = [this](std::size_t index) { m_selected.push_back(index); };
+        m_tabs.show();
+    }
+
+    QAbstractButton& tab(const QString& title) {
+        for (auto* const button : m_tabs.findChildren<QAbstractButton*>()) {
+            if (button->accessibleName() == title) {
+                return *button;
+            }
+        }
+        throw std::runtime_error("no such tab");
+    }
+
+    /// The colour of the bar along a tab's bottom edge.
+    QColor underline(const QString& title) {
+        QWidget& button = tab(title);
+        QImage picture(m_tabs.size(), QImage::Format_ARGB32);
+        picture.fill(ThemeColors::dark().surface);
+        m_tabs.render(&picture, QPoint(), QRegion(), QWidget::DrawChildren);
+        return picture.pixelColor(button.geometry().center().x(), button.geometry().bottom());
+    }
+
+    std::vector<std::size_t> m_selected;
+    UnderlineTabs m_tabs{{QStringLiteral("自选"), QStringLiteral("涨幅"), QStringLiteral("跌幅")},
+                         8,
+                         2};
+};
+
+TEST_F(UnderlineTabsTest, aClickSelectsAndTellsOnce) {
+    QTest::mouseClick(&tab(QStringLiteral("跌幅")), Qt::LeftButton);
+    EXPECT_THAT(m_selected, ElementsAre(2U));
+    EXPECT_EQ(m_tabs.selection(), 2U);
+    QTest::mouseClick(&tab(QStringLiteral("跌幅")), Qt::LeftButton);
+    EXPECT_THAT(m_selected, ElementsAre(2U));
+    EXPECT_TRUE(tab(QStringLiteral("跌幅")).isChecked());
+}
+
+TEST_F(UnderlineTabsTest, theSelectedTabAloneIsUnderlined) {
+    m_tabs.setSelection(1);
+    EXPECT_THAT(m_selected, IsEmpty());
+    EXPECT_EQ(underline(QStringLiteral("涨幅")), ThemeColors::dark().accent);
+    EXPECT_EQ(underline(QStringLiteral("自选")), ThemeColors::dark().surface);
+}
+
+TEST_F(UnderlineTabsTest, theArrowsGoFromTabToTabAndStopAtTheEnds) {
+    tab(QStringLiteral("自选")).setFocus(Qt::TabFocusReason);
+    QTest::keyClick(&tab(QStringLiteral("自选")), Qt::Key_Right);
+    QTest::keyClick(&tab(QStringLiteral("涨幅")), Qt::Key_Right);
+    QTest::keyClick(&tab(QStringLiteral("跌幅")), Qt::Key_Right);
+    EXPECT_THAT(m_selected, ElementsAre(1U, 2U));
+    QTest::keyClick(&tab(QStringLiteral("跌幅")), Qt::Key_Left);
+    EXPECT_EQ(m_tabs.selection(), 1U);
+}
+
+TEST_F(UnderlineTabsTest, theTabKeyStopsAtTheSelectedTabAlone) {
+    m_tabs.setSelection(1);
+    EXPECT_EQ(tab(QStringLiteral("自选")).focusPolicy(), Qt::NoFocus);
+    EXPECT_EQ(tab(QStringLiteral("涨幅")).focusPolicy(), Qt::TabFocus);
+}
+
+TEST_F(UnderlineTabsTest, tabsAreEightPointsApartAndKeepTheirWidth) {
+    const QRect first = tab(QStringLiteral("自选")).geometry();
+    const QRect second = tab(QStringLiteral("涨幅")).geometry();
+    EXPECT_EQ(first.left(), 8);
+    EXPECT_EQ(second.left() - (first.right() + 1), 8);
+    m_tabs.setSelection(2);
+    EXPECT_EQ(tab(QStringLiteral("自选")).geometry(), first);
+}
+
+}  // namespace
+
+}  // namespace quillbar
