@@ -1,0 +1,74 @@
+// SPDX-FileCopyrightText: 2026 The Quillbar developers
+// SPDX-License-Identifier: MIT
+#include "Quillbar/CoinRowView.h"
+
+#include "Quillbar/ChangeText.h"
+#include "Quillbar/CoinCell.h"
+#include "Quillbar/NumericCell.h"
+#include "Quillbar/TableRow.h"
+#include "QuillbarCore/model/MissingValue.h"
+#include "QuillbarCore/model/PriceFormatter.h"
+#include "QuillbarCore/model/Ticker.h"
+#include "QuillbarCore/model/VolumeFormatter.h"
+
+#include <QHBoxLayout>
+
+#include <optional>
+#include <string>
+
+namespace quillbar {
+
+namespace {
+
+constexpr double kVolumeSize = 10.5;
+constexpr double kPriceSize = 12;
+
+}  // namespace
+
+CoinRowView::CoinRowView(const ViewEnvironment& environment, QWidget* parent)
+    : QWidget(parent)
+    , m_appState(environment.appState)
+    , m_coinCell(new CoinCell(environment, this))
+    , m_volume(new NumericCell(kVolumeWidth, kVolumeSize, this))
+    , m_price(new NumericCell(kPriceWidth, kPriceSize, this))
+    , m_change(new ChangeText(kChangeWidth, this)) {
+    // The gap after the last cell is a margin and the spacing before it.
+    auto* const layout = new QHBoxLayout(this);
+    layout->setContentsMargins(0, 0, kTrailingGap + TableRow::kSpacing, 0);
+    layout->setSpacing(TableRow::kSpacing);
+    layout->addWidget(m_coinCell, 1);
+    layout->addWidget(m_volume);
+    layout->addWidget(m_price);
+    layout->addWidget(m_change);
+    setAttribute(Qt::WA_TransparentForMouseEvents);
+}
+
+void CoinRowView::setCoin(const Coin& coin) {
+    m_coin = coin;
+    m_coinCell->setBaseAsset(coin.baseAsset);
+    refresh();
+}
+
+void CoinRowView::refresh() {
+    const Ticker* const ticker = m_appState.tickers().find(m_coin.symbol);
+    const std::optional<double> volume = ticker == nullptr ? std::nullopt : ticker->quoteVolume24h;
+    const std::string price = ticker == nullptr ? std::string(kMissingValueText)
+                                                : PriceFormatter::price(ticker->lastPrice);
+    const bool isPinned = m_appState.watchlist()->pinnedSymbol == m_coin.symbol;
+    m_coinCell->setPinMark(isPinned ? PinMark::pinned : PinMark::none);
+    m_volume->setText(QString::fromStdString(VolumeFormatter::compact(volume)));
+    m_price->setText(QString::fromStdString(price));
+    m_price->setColor(m_appState.isDataStale() ? &ThemeColors::Resolved::secondaryText
+                                               : &ThemeColors::Resolved::primaryText);
+    m_change->setPercent(m_appState.displayPercent(m_coin.symbol));
+}
+
+QString CoinRowView::spokenText() const {
+    return QStringLiteral("%1, 价格 %2, 涨跌 %3, 成交额 %4")
+        .arg(QString::fromStdString(m_coin.baseAsset),
+             m_price->text(),
+             m_change->text(),
+             m_volume->text());
+}
+
+}  // namespace quillbar

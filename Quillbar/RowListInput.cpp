@@ -1,0 +1,252 @@
+// SPDX-FileCopyrightText: 2026 The Quillbar developers
+// SPDX-License-Identifier: MIT
+#include "Quillbar/RowList.h"
+
+#include <QApplication>
+#include <QContextMenuEvent>
+#include <QEvent>
+#include <QFocusEvent>
+#include <QGuiApplication>
+#include <QKeyEvent>
+#include <QWheelEvent>
+
+#include <algorithm>
+#include <cmath>
+
+// How a `RowList` follows the keyboard, the wheel and the pointer.
+namespace quillbar {
+
+namespace {
+
+constexpr double kNotch = 120;
+
+bool takesTab(const QWidget& widget) {
+    return (widget.focusPolicy() & Qt::TabFocus) == Qt::TabFocus && widget.isVisible()
+           && widget.isEnabled();
+}
+
+// How far the event turns the list, in points; upwards is positive.
+double turnedBy(const QWheelEvent& event) {
+    // Under X11 the pixels of the event are what the driver says, which is not pixels.
+    const bool hasPixels =
+        !event.pixelDelta().isNull() && QGuiApplication::platformName() != QStringLiteral("xcb");
+    if (hasPixels) {
+        return event.pixelDelta().y();
+    }
+    return event.angleDelta().y() / kNotch * QApplication::wheelScrollLines() * TableRow::kHeight;
+}
+
+bool isMenuKey(const QKeyEvent& event) {
+    return event.key() == Qt::Key_Menu
+           || (event.key() == Qt::Key_F10 && event.modifiers() == Qt::ShiftModifier);
+}
+
+}  // namespace
+
+// The wheel
+
+void RowList::wheelEvent(QWheelEvent* event) {
+    m_turned += turnedBy(*event);
+    const double whole = std::trunc(m_turned);
+    m_turned -= whole;
+    scrollTo(m_offset - static_cast<int>(whole));
+    event->accept();
+}
+
+// The focus
+
+bool RowList::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::FocusIn) {
+        if (const Slot* const slot = slotOf(watched)) {
+            noteFocus(*slot, static_cast<QFocusEvent*>(event)->reason());
+        }
+    }
+    return QWidget::eventFilter(watched, event);
+}
+
+void RowList::noteFocus(const Slot& slot, Qt::FocusReason reason) {
+    m_current = slot.id;
+    if (reason != Qt::ActiveWindowFocusReason && reason != Qt::PopupFocusReason) {
+        m_focusReason = reason;
+    }
+}
+
+void RowList::replaceLostCurrent(std::size_t lostIndex) {
+    if (m_ids.empty()) {
+        m_current.reset();
+    } else {
+        m_current = m_ids[std::min(lostIndex, m_ids.size() - 1)];
+    }
+}
+
+void RowList::giveFocusBack() {
+    const Slot* const slot = m_current ? slotOf(*m_current) : nullptr;
+    if (slot != nullptr) {
+        slot->widget->setFocus(m_focusReason);
+    }
+}
+
+std::size_t RowList::currentIndex() const {
+    const auto index = m_current ? indexOf(*m_current) : std::optional<std::size_t>();
+    return index ? *index : m_layout.rowAt(m_offset).value_or(0);
+}
+
+void RowList::focusRow(std::size_t index, Qt::FocusReason reason) {
+    if (index >= m_ids.size()) {
+        return;
+    }
+    // Its widget is made by scrolling to it.
+    reveal(m_layout.top(index), m_layout.top(index) + m_layout.rowHeight());
+    if (const Slot* const slot = slotOf(m_ids[index])) {
+        slot->widget->setFocus(reason);
+        // The row left behind keeps a widget no longer.
+        synchronize();
+    }
+}
+
+std::vector<QWidget*> RowList::stopsInDetail() const {
+    std::vector<QWidget*> stops;
+    for (const RowDetails::Entry& entry : m_details.entries()) {
+        if (entry.to == 0) {
+            continue;
+        }
+        for (QWidget* const widget : entry.frame->findChildren<QWidget*>()) {
+            if (takesTab(*widget)) {
+                stops.push_back(widget);
+            }
+        }
+    }
+    return stops;
+}
+
+void RowList::focusInDetail(QWidget* stop, Qt::FocusReason reason) {
+    const int top = stop->mapTo(this, QPoint(0, 0)).y() + m_offset;
+    reveal(top, top + stop->height());
+    stop->setFocus(reason);
+}
+
+bool RowList::focusOutside(bool next) {
+    // Rows and details come and go, so their place in the window's own order means nothing.
+    QWidget* widget = this;
+    do {
+        widget = next ? widget->nextInFocusChain() : widget->previousInFocusChain();
+    } while (widget != this && (isAncestorOf(widget) || !takesTab(*widget)));
+    if (widget == this) {
+        return false;
+    }
+    widget->setFocus(next ? Qt::TabFocusReason : Qt::BacktabFocusReason);
+    return true;
+}
+
+bool RowList::focusNextPrevChild(bool next) {
+    const Qt::FocusReason reason = next ? Qt::TabFocusReason : Qt::BacktabFocusReason;
+    const std::vector<QWidget*> stops = stopsInDetail();
+    const auto here = std::find(stops.begin(), stops.end(), QApplication::focusWidget());
+    if (here == stops.end()) {
+        if (next && !stops.empty()) {
+            focusInDetail(stops.front(), reason);
+            return true;
+        }
+        return focusOutside(next);
+    }
+    if (next) {
+        if (here + 1 == stops.end()) {
+            return focusOutside(next);
+        }
+        focusInDetail(*(here + 1), reason);
+    } else if (here == stops.begin()) {
+        focusRow(currentIndex(), reason);
+    } else {
+        focusInDetail(*(here - 1), reason);
+    }
+    return true;
+}
+
+void RowList::focusInEvent(QFocusEvent* event) {
+    QWidget::focusInEvent(event);
+    const std::vector<QWidget*> stops = stopsInDetail();
+    if (event->reason() == Qt::BacktabFocusReason && !stops.empty()) {
+        focusInDetail(stops.back(), event->reason());
+    } else {
+        focusRow(currentIndex(), event->reason());
+    }
+}
+
+// Keys
+
+void RowList::keyPressEvent(QKeyEvent* event) {
+    // Keys that a detail has left over say nothing to the rows.
+    const bool isOnRow = slotOf(QApplication::focusWidget()) != nullptr;
+    if (!isOnRow) {
+        QWidget::keyPressEvent(event);
+    } else if (isMenuKey(*event)) {
+        openMenuOfCurrent();
+    } else if ((event->modifiers() & ~Qt::KeypadModifier) != Qt::NoModifier) {
+        QWidget::keyPressEvent(event);
+    } else if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
+        if (!event->isAutoRepeat()) {
+            m_content.activate(std::string(*m_current));
+        }
+    } else if (!moveCurrent(event->key())) {
+        QWidget::keyPressEvent(event);
+    }
+}
+
+bool RowList::moveCurrent(int key) {
+    const std::size_t here = currentIndex();
+    const std::size_t last = m_ids.size() - 1;
+    const auto page = static_cast<std::size_t>(std::max(1, height() / m_layout.rowHeight() - 1));
+    std::size_t target = here;
+    switch (key) {
+    case Qt::Key_Up:
+        target = here - std::min<std::size_t>(here, 1);
+        break;
+    case Qt::Key_Down:
+        target = std::min(here + 1, last);
+        break;
+    case Qt::Key_PageUp:
+        target = here - std::min(here, page);
+        break;
+    case Qt::Key_PageDown:
+        target = std::min(here + page, last);
+        break;
+    case Qt::Key_Home:
+        target = 0;
+        break;
+    case Qt::Key_End:
+        target = last;
+        break;
+    default:
+        return false;
+    }
+    focusRow(target, Qt::TabFocusReason);
+    return true;
+}
+
+// Menus
+
+void RowList::openMenuOfCurrent() {
+    const std::size_t index = currentIndex();
+    focusRow(index, m_focusReason);
+    if (const Slot* const slot = slotOf(m_ids[index])) {
+        const QPoint corner(TableRow::kPadding, m_layout.rowHeight());
+        m_content.openMenu(std::string(slot->id), slot->widget->mapToGlobal(corner));
+    }
+}
+
+void RowList::contextMenuEvent(QContextMenuEvent* event) {
+    // The keys are followed as keys: some platforms send this event for them, others do not.
+    if (event->reason() == QContextMenuEvent::Keyboard) {
+        event->accept();
+        return;
+    }
+    const int line = event->pos().y() + m_offset;
+    const auto index = m_layout.rowAt(line);
+    if (!index || line >= m_layout.top(*index) + m_layout.rowHeight()) {
+        event->ignore();
+        return;
+    }
+    m_content.openMenu(std::string(m_ids[*index]), event->globalPos());
+}
+
+}  // namespace quillbar
