@@ -125,6 +125,7 @@ std::vector<RankedCoin> sortedPointers(const Market& market, Board board) {
     });
     entries.resize(std::min<std::size_t>(entries.size(), kBoardRows));
     std::vector<RankedCoin> rows;
+    rows.reserve(entries.size());
     for (const Entry& entry : entries) {
         rows.push_back({.coin = *entry.coin, .ticker = *entry.ticker});
     }

@@ -48,7 +48,7 @@ public:
     }
 
 private:
-    char peek() const { return m_rest.empty() ? '\0' : m_rest.front(); }
+    [[nodiscard]] char peek() const { return m_rest.empty() ? '\0' : m_rest.front(); }
 
     bool take(char c) {
         if (m_rest.empty() || m_rest.front() != c) {

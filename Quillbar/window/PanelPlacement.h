@@ -6,10 +6,8 @@
 #include <QRect>
 #include <QSize>
 
-namespace quillbar {
-
 /// Where the panel goes. Pure; all in logical pixels of the desktop.
-namespace PanelPlacement {
+namespace quillbar::PanelPlacement {
 
 /// The panel's distance from the bar and from the edges of the work area.
 inline constexpr int kGap = 4;
@@ -25,6 +23,4 @@ inline constexpr int kPointerOffset = 16;
 /// items usually are, and on a screen without a bar in the middle.
 [[nodiscard]] QRect rectangleWithoutAnchor(QSize wanted, QRect screen, QRect workArea);
 
-}  // namespace PanelPlacement
-
-}  // namespace quillbar
+}  // namespace quillbar::PanelPlacement

@@ -15,7 +15,6 @@ namespace {
 
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
-using ::testing::SizeIs;
 
 std::vector<double> ticks(double lower, double upper, int most = 5) {
     return PriceTicks::within({lower, upper}, most);
