@@ -54,6 +54,7 @@ public:
     [[nodiscard]] QString status() const { return QStringLiteral("normal"); }
     [[nodiscard]] QStringList iconThemePath() const { return {}; }
 
+    // NOLINTBEGIN(readability-identifier-naming): the protocol spells them so
     /// `depth` is how far below the parent the layout goes; negative for all of it. Returns the
     /// menu's revision.
     Q_SCRIPTABLE Q_SLOT uint GetLayout(int parentId,
@@ -77,6 +78,7 @@ public:
     Q_SCRIPTABLE Q_SLOT QList<int> AboutToShowGroup(const QList<int>& ids, QList<int>& idErrors);
 
     Q_SCRIPTABLE Q_SIGNAL void LayoutUpdated(uint revision, int parent);
+    // NOLINTEND(readability-identifier-naming)
 
 private:
     [[nodiscard]] bool isKnown(int id) const;

@@ -18,7 +18,7 @@ using namespace std::string_view_literals;
 constexpr int kGap = 1;
 
 struct Glyph {
-    char16_t character;
+    char16_t character = 0;
     // From top to bottom; # is ink. All of the same length.
     std::array<std::string_view, kHeight> rows;
 

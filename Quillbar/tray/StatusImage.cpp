@@ -11,7 +11,7 @@ StatusImage StatusImage::of(const QImage& image) {
     StatusImage result{straight.width(), straight.height()};
     for (int y = 0; y < straight.height(); ++y) {
         for (int x = 0; x < straight.width(); ++x) {
-            const quint32 pixel = qToBigEndian<quint32>(straight.pixel(x, y));
+            const auto pixel = qToBigEndian<quint32>(straight.pixel(x, y));
             result.data.append(reinterpret_cast<const char*>(&pixel), sizeof pixel);
         }
     }

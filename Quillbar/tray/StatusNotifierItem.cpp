@@ -8,8 +8,8 @@
 
 namespace quillbar {
 
-StatusNotifierItem::StatusNotifierItem(const QString& menu, Handlers handlers)
-    : m_menu(menu)
+StatusNotifierItem::StatusNotifierItem(QString menu, Handlers handlers)
+    : m_menu(std::move(menu))
     , m_handlers(std::move(handlers)) {
     qDBusRegisterMetaType<StatusImage>();
     qDBusRegisterMetaType<StatusImages>();

@@ -63,7 +63,7 @@ public:
     static inline const QString kPath = QStringLiteral("/StatusNotifierItem");
 
     /// `menu` is the path of the item's menu on the same connection.
-    StatusNotifierItem(const QString& menu, Handlers handlers);
+    StatusNotifierItem(QString menu, Handlers handlers);
 
     /// An icon of the desktop's theme, or pictures, whose name is empty.
     void setIcon(const QString& name, const StatusImages& pixmap);
@@ -90,6 +90,7 @@ public:
     [[nodiscard]] QString empty() const { return {}; }
     [[nodiscard]] StatusImages noPixmap() const { return {}; }
 
+    // NOLINTBEGIN(readability-identifier-naming): the protocol spells them so
     Q_SCRIPTABLE Q_SLOT void Activate(int x, int y);
     Q_SCRIPTABLE Q_SLOT void ContextMenu(int x, int y);
     Q_SCRIPTABLE Q_SLOT void SecondaryActivate(int x, int y);
@@ -105,6 +106,7 @@ public:
     Q_SCRIPTABLE Q_SIGNAL void NewToolTip();
     Q_SCRIPTABLE Q_SIGNAL void NewStatus(const QString& status);
     Q_SCRIPTABLE Q_SIGNAL void XAyatanaNewLabel(const QString& label, const QString& guide);
+    // NOLINTEND(readability-identifier-naming)
 
 private:
     QString m_menu;

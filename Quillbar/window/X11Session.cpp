@@ -20,6 +20,7 @@ namespace quillbar::X11Session {
 namespace {
 
 struct Free {
+    // NOLINTNEXTLINE(cppcoreguidelines-no-malloc): xcb returns what malloc made
     void operator()(void* reply) const noexcept { std::free(reply); }
 };
 

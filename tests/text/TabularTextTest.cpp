@@ -63,7 +63,7 @@ TEST(TabularTextTest, drawsAtTheSideItIsAlignedTo) {
     const Ink right = inkOf(text, Qt::AlignRight | Qt::AlignVCenter);
     EXPECT_NEAR(left.left, 10, 2);
     EXPECT_NEAR(right.right, 110, 2);
-    EXPECT_NEAR((centre.left + centre.right) / 2, 60, 2);
+    EXPECT_NEAR((centre.left + centre.right) / 2.0, 60, 2);
 }
 
 TEST(TabularTextTest, aDigitThatChangesMovesNoOther) {
