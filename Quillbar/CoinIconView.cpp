@@ -4,7 +4,7 @@
 
 #include "Quillbar/CoinIconCache.h"
 #include "Quillbar/CoinIconImage.h"
-#include "Quillbar/text/SystemFont.h"
+#include "Quillbar/text/FittedText.h"
 #include "QuillbarCore/catalog/CoinIconDescriptor.h"
 
 #include <QBrush>
@@ -12,7 +12,6 @@
 #include <QPainter>
 #include <QTransform>
 
-#include <algorithm>
 #include <array>
 #include <cmath>
 #include <cstddef>
@@ -37,6 +36,7 @@ CoinIconView::CoinIconView(const ViewEnvironment& environment, double size, QWid
     const int side = static_cast<int>(std::ceil(size));
     setFixedSize(side, side);
     setAttribute(Qt::WA_TransparentForMouseEvents);
+    describe();
 }
 
 void CoinIconView::setBaseAsset(std::string baseAsset) {
@@ -44,6 +44,7 @@ void CoinIconView::setBaseAsset(std::string baseAsset) {
         return;
     }
     m_baseAsset = std::move(baseAsset);
+    describe();
     cancelLoad();
     setImage({});
     update();
@@ -94,6 +95,12 @@ void CoinIconView::showEvent(QShowEvent* event) {
 void CoinIconView::hideEvent(QHideEvent* event) {
     QWidget::hideEvent(event);
     cancelLoad();
+}
+
+void CoinIconView::describe() {
+    const CoinIconDescriptor descriptor{m_baseAsset};
+    m_monogram = QString::fromStdString(descriptor.monogram());
+    m_color = placeholderColor(descriptor.colorIndex());
 }
 
 void CoinIconView::restartLoad() {
@@ -153,25 +160,20 @@ void CoinIconView::paintLogo(QPainter& painter, const QRectF& disc) {
 }
 
 void CoinIconView::paintPlaceholder(QPainter& painter, const QRectF& disc) const {
-    const CoinIconDescriptor descriptor{m_baseAsset};
-    painter.setBrush(placeholderColor(descriptor.colorIndex()));
+    painter.setBrush(m_color);
     painter.drawEllipse(disc);
-
-    const QString monogram = QString::fromStdString(descriptor.monogram());
-    const double room = m_size - 2 * kMonogramPadding;
-    const double points = m_size * kMonogramRatio;
-    const double width =
-        QFontMetricsF(systemFont(points, QFont::DemiBold)).horizontalAdvance(monogram);
-    const double shrink = std::clamp(room / width, kSmallestMonogramScale, 1.0);
-    const QFont font = systemFont(points * shrink, QFont::DemiBold);
-    const QFontMetricsF metrics(font);
-    const QString text =
-        metrics.elidedText(monogram, Qt::ElideRight, std::max(room, width * shrink));
-    painter.setFont(font);
+    const FittedText::Fit fit = FittedText::fit(m_monogram,
+                                                m_size * kMonogramRatio,
+                                                QFont::DemiBold,
+                                                m_size - 2 * kMonogramPadding,
+                                                kSmallestMonogramScale);
+    // Capitals look centred by their own height, not by that of their line.
+    const QFontMetricsF metrics(fit.font);
+    painter.setFont(fit.font);
     painter.setPen(Qt::white);
-    painter.drawText(QPointF(disc.center().x() - metrics.horizontalAdvance(text) / 2,
+    painter.drawText(QPointF(disc.center().x() - metrics.horizontalAdvance(fit.text) / 2,
                              disc.center().y() + metrics.capHeight() / 2),
-                     text);
+                     fit.text);
 }
 
 }  // namespace quillbar

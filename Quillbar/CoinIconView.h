@@ -9,6 +9,7 @@
 #include <QColor>
 #include <QImage>
 #include <QPixmap>
+#include <QString>
 #include <QWidget>
 
 #include <cstdint>
@@ -44,6 +45,7 @@ protected:
     void hideEvent(QHideEvent* event) override;
 
 private:
+    void describe();
     void restartLoad();
     void cancelLoad();
     Task<void> load(std::string baseAsset, std::uint64_t generation);
@@ -55,6 +57,9 @@ private:
     IconStore* m_iconStore;
     double m_size;
     std::string m_baseAsset;
+    // Of the placeholder.
+    QString m_monogram;
+    QColor m_color;
     QImage m_image;
     // The logo at the size and on the screen where it was last painted.
     QPixmap m_scaled;
