@@ -220,6 +220,7 @@ void StatusItem::useOlderTray() {
                                         .activate = [this] { activate(std::nullopt); },
                                         .secondaryActivate = [this] { activate(std::nullopt); },
                                     });
+    m_olderTray->setParent(this);
     refresh();
 }
 

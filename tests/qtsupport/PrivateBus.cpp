@@ -1,0 +1,26 @@
+// SPDX-FileCopyrightText: 2026 The Quillbar developers
+// SPDX-License-Identifier: MIT
+#include "tests/qtsupport/PrivateBus.h"
+
+#include <csignal>
+#include <sys/prctl.h>
+
+namespace quillbar {
+
+PrivateBus::PrivateBus() {
+    m_daemon.setChildProcessModifier([] { ::prctl(PR_SET_PDEATHSIG, SIGKILL); });
+    m_daemon.start(QStringLiteral("dbus-daemon"),
+                   {QStringLiteral("--session"),
+                    QStringLiteral("--nofork"),
+                    QStringLiteral("--print-address")});
+    if (m_daemon.waitForReadyRead()) {
+        m_address = QString::fromUtf8(m_daemon.readLine()).trimmed();
+    }
+}
+
+PrivateBus::~PrivateBus() {
+    m_daemon.kill();
+    m_daemon.waitForFinished();
+}
+
+}  // namespace quillbar

@@ -1,0 +1,30 @@
+// SPDX-FileCopyrightText: 2026 The Quillbar developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QProcess>
+#include <QString>
+
+namespace quillbar {
+
+/// A message bus of the tests' own, which ends with this object, or with the process at the latest.
+/// Needs a QCoreApplication.
+class PrivateBus final {
+public:
+    /// The address is empty when no bus could be started.
+    PrivateBus();
+    PrivateBus(const PrivateBus&) = delete;
+    PrivateBus& operator=(const PrivateBus&) = delete;
+    PrivateBus(PrivateBus&&) = delete;
+    PrivateBus& operator=(PrivateBus&&) = delete;
+    ~PrivateBus();
+
+    /// Where programs connect to it.
+    [[nodiscard]] const QString& address() const noexcept { return m_address; }
+
+private:
+    QProcess m_daemon;
+    QString m_address;
+};
+
+}  // namespace quillbar

@@ -1,0 +1,47 @@
+// SPDX-FileCopyrightText: 2026 The Quillbar developers
+// SPDX-License-Identifier: MIT
+#include "Quillbar/tray/ClickAnchor.h"
+
+#include <gtest/gtest.h>
+
+namespace quillbar {
+
+namespace {
+
+constexpr QPoint kReported(1000, 10);
+constexpr QPoint kNear(1010, 14);
+constexpr QPoint kFar(300, 600);
+
+struct Click {
+    QPoint pointer = kNear;
+    bool reportedInBar = true;
+    PointerPosition trust = PointerPosition::current;
+    TrayHost::ClickPosition host = TrayHost::ClickPosition::onScreen;
+
+    [[nodiscard]] QPoint anchor() const {
+        return clickAnchor(kReported, reportedInBar, pointer, trust, host);
+    }
+};
+
+TEST(ClickAnchor, isThePointer) {
+    EXPECT_EQ(Click{}.anchor(), kNear);
+}
+
+TEST(ClickAnchor, isTheReportedPlaceForAHostToldByTheKeyboard) {
+    EXPECT_EQ((Click{.pointer = kFar}.anchor()), kReported);
+    EXPECT_EQ((Click{.pointer = kFar, .reportedInBar = false}.anchor()), kFar);
+}
+
+TEST(ClickAnchor, isTheReportedPlaceWhereThePointerStandsStill) {
+    EXPECT_EQ((Click{.trust = PointerPosition::outdated}.anchor()), kReported);
+}
+
+TEST(ClickAnchor, isThePointerForAHostThatReportsNoPlaceOnTheScreen) {
+    constexpr auto kUnusable = TrayHost::ClickPosition::unusable;
+    EXPECT_EQ((Click{.pointer = kFar, .host = kUnusable}.anchor()), kFar);
+    EXPECT_EQ((Click{.trust = PointerPosition::outdated, .host = kUnusable}.anchor()), kNear);
+}
+
+}  // namespace
+
+}  // namespace quillbar

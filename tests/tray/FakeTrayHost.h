@@ -1,0 +1,79 @@
+// SPDX-FileCopyrightText: 2026 The Quillbar developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "Quillbar/tray/MenuMessages.h"
+#include "Quillbar/tray/StatusImage.h"
+
+#include <QDBusConnection>
+#include <QDBusContext>
+#include <QDBusMessage>
+#include <QList>
+#include <QObject>
+#include <QString>
+#include <QStringList>
+#include <QVariantList>
+
+namespace quillbar {
+
+/// A tray host that is its own StatusNotifierWatcher: it records what it is told, and asks what it
+/// is told to ask. Each has a connection of its own, as another process has.
+class FakeTrayHost final : public QObject,
+                           protected QDBusContext {
+    Q_OBJECT
+    Q_CLASSINFO("D-Bus Interface", "org.kde.StatusNotifierWatcher")
+
+public:
+    explicit FakeTrayHost(const QString& address);
+    FakeTrayHost(const FakeTrayHost&) = delete;
+    FakeTrayHost& operator=(const FakeTrayHost&) = delete;
+    FakeTrayHost(FakeTrayHost&&) = delete;
+    FakeTrayHost& operator=(FakeTrayHost&&) = delete;
+    ~FakeTrayHost() override;
+
+    /// Takes the watcher's name, from another host if need be.
+    void beWatcher();
+    /// Gives the name up, as a host that dies does.
+    void resign();
+
+    /// Calls a method of the item or of its menu, whose name is that of the connection that
+    /// registered last; runs the event loop until the answer comes.
+    QDBusMessage callItem(const QString& method, const QVariantList& arguments = {});
+    QDBusMessage callMenu(const QString& method, const QVariantList& arguments = {});
+    /// A property of the item as a host reads it.
+    QVariant property(const QString& name);
+    QVariant menuProperty(const QString& name);
+    StatusImages icon();
+    StatusTooltip tooltip();
+
+    Q_SCRIPTABLE Q_SLOT void RegisterStatusNotifierItem(const QString& service);
+
+    /// In the order in which they came.
+    QStringList registered;
+    /// The names of the signals of the item and of its menu.
+    QStringList signalled;
+    /// What each new label was.
+    QStringList labels;
+    /// The revision that each change of the menu's layout was announced with.
+    QList<uint> revisions;
+    /// Answers registrations with an error.
+    bool refuses = false;
+
+private:
+    Q_SLOT void newIcon() { signalled << QStringLiteral("NewIcon"); }
+    Q_SLOT void newTooltip() { signalled << QStringLiteral("NewToolTip"); }
+    Q_SLOT void newTitle() { signalled << QStringLiteral("NewTitle"); }
+    Q_SLOT void newLabel(const QString& label, const QString& guide);
+    Q_SLOT void layoutUpdated(uint revision, int parent);
+
+    QDBusMessage call(const QString& path,
+                      const QString& interface,
+                      const QString& method,
+                      const QVariantList& arguments);
+
+    QString m_name;
+    QDBusConnection m_bus;
+    QString m_item;
+};
+
+}  // namespace quillbar

@@ -1,0 +1,121 @@
+// SPDX-FileCopyrightText: 2026 The Quillbar developers
+// SPDX-License-Identifier: MIT
+#include "Quillbar/tray/LabelFace.h"
+#include "tests/support/TemporaryEnvironment.h"
+
+#include <gtest/gtest.h>
+
+#include <chrono>
+#include <ctime>
+#include <string>
+
+namespace quillbar {
+
+namespace {
+
+using namespace std::chrono_literals;
+
+// 2026-11-14T12:00:00Z
+constexpr TimePoint kUpdate{Seconds(1794657600)};
+
+LabelSnapshot bitcoin() {
+    LabelSnapshot snapshot;
+    snapshot.text = "BTC 67,234.50 ▲ 1.23%";
+    snapshot.coin = Coin{"BTCUSDT", "BTC"};
+    snapshot.ticker = Ticker{67234.5, 66417.56, 1.5e9};
+    snapshot.changePercent = 1.23;
+    snapshot.connection = ConnectionState::connected;
+    snapshot.lastUpdate = kUpdate;
+    snapshot.isStale = false;
+    return snapshot;
+}
+
+LabelFace after(Seconds age, const LabelSnapshot& snapshot = bitcoin()) {
+    return LabelFace::of(snapshot, kUpdate + age);
+}
+
+QString firstLine(const LabelFace& face) {
+    return face.details.section(u'\n', 0, 0);
+}
+
+struct LabelFaceTest : ::testing::Test {
+    LabelFaceTest() { ::tzset(); }
+
+    const TemporaryEnvironment zone{"TZ", "Asia/Shanghai"};
+};
+
+TEST_F(LabelFaceTest, ofALivePriceSaysItLongAndShort) {
+    const LabelFace face = after(1s);
+    EXPECT_EQ(face.text, QStringLiteral("BTC 67,234.50 ▲ 1.23%"));
+    EXPECT_EQ(face.symbol, QStringLiteral("BTC"));
+    EXPECT_EQ(face.shortPrice, QStringLiteral("67.2k"));
+    EXPECT_EQ(face.shortChange, QStringLiteral("+1.2%"));
+    EXPECT_EQ(face.direction, LabelDirection::up);
+    EXPECT_EQ(face.details, QStringLiteral("刚刚更新\n已连接"));
+}
+
+TEST_F(LabelFaceTest, pointsWhereTheChangeGoes) {
+    LabelSnapshot snapshot = bitcoin();
+    snapshot.changePercent = -0.5;
+    EXPECT_EQ(after(1s, snapshot).direction, LabelDirection::down);
+    snapshot.changePercent = 0;
+    EXPECT_EQ(after(1s, snapshot).direction, LabelDirection::flat);
+    snapshot.changePercent = std::nullopt;
+    EXPECT_EQ(after(1s, snapshot).direction, LabelDirection::flat);
+    EXPECT_EQ(after(1s, snapshot).shortChange, QString());
+}
+
+TEST_F(LabelFaceTest, ofAStaleCoinShowsNoPrice) {
+    LabelSnapshot snapshot = bitcoin();
+    snapshot.text = "BTC";
+    snapshot.isStale = true;
+    const LabelFace face = after(1s, snapshot);
+    EXPECT_EQ(face.symbol, QStringLiteral("BTC"));
+    EXPECT_EQ(face.shortPrice, QString());
+    EXPECT_EQ(face.shortChange, QString());
+    EXPECT_EQ(face.direction, LabelDirection::stale);
+}
+
+TEST_F(LabelFaceTest, ofNothingPinnedIsTheApplicationsName) {
+    const LabelFace face = LabelFace::of(LabelSnapshot{.text = "Quillbar"}, kUpdate);
+    EXPECT_EQ(face.text, QStringLiteral("Quillbar"));
+    EXPECT_EQ(face.symbol, QString());
+    EXPECT_EQ(face.details, QStringLiteral("尚无数据\n未连接"));
+}
+
+TEST_F(LabelFaceTest, neverHasAnEmptyText) {
+    EXPECT_EQ(LabelFace::of(LabelSnapshot{.text = ""}, kUpdate).text, QStringLiteral("Quillbar"));
+    EXPECT_EQ(LabelFace::of(LabelSnapshot{.text = " \n"}, kUpdate).text,
+              QStringLiteral("Quillbar"));
+}
+
+TEST_F(LabelFaceTest, isOneLineWhateverTheBaseAsset) {
+    EXPECT_EQ(LabelFace::of(LabelSnapshot{.text = "B\nT\rC"}, kUpdate).text,
+              QStringLiteral("B T C"));
+}
+
+TEST_F(LabelFaceTest, staysTheSameForAMinute) {
+    EXPECT_EQ(after(0s), after(59.9s));
+    EXPECT_EQ(after(60s), after(119.9s));
+    EXPECT_NE(after(119.9s), after(120s));
+}
+
+TEST_F(LabelFaceTest, countsTheAgeInMinutesHoursAndDays) {
+    EXPECT_EQ(firstLine(after(-5s)), QStringLiteral("刚刚更新"));
+    EXPECT_EQ(firstLine(after(60s)), QStringLiteral("1 分钟前更新 (20:00:00)"));
+    EXPECT_EQ(firstLine(after(59min)), QStringLiteral("59 分钟前更新 (20:00:00)"));
+    EXPECT_EQ(firstLine(after(60min)), QStringLiteral("1 小时前更新 (20:00:00)"));
+    EXPECT_EQ(firstLine(after(23h)), QStringLiteral("23 小时前更新 (20:00:00)"));
+    EXPECT_EQ(firstLine(after(50h)), QStringLiteral("2 天前更新 (2026-11-14 20:00:00)"));
+}
+
+TEST_F(LabelFaceTest, saysWhatTheConnectionDoesAndWhatIsWrong) {
+    LabelSnapshot snapshot = bitcoin();
+    snapshot.connection = ConnectionState::waitingRetry;
+    snapshot.lastError = "无法保存";
+    EXPECT_EQ(after(1s, snapshot).details, QStringLiteral("刚刚更新\n连接中断,等待重试\n无法保存"));
+}
+
+}  // namespace
+
+}  // namespace quillbar
