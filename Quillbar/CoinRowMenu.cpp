@@ -20,6 +20,7 @@
 #include <cstddef>
 #include <optional>
 #include <utility>
+#include <vector>
 
 namespace quillbar {
 
@@ -69,9 +70,9 @@ void addMoves(QMenu& menu, const ViewEnvironment& environment, const std::string
     if (!index) {
         return;
     }
-    const std::pair<QString, Move> items[] = {{QStringLiteral("置顶"), Move::toTop},
-                                              {QStringLiteral("上移"), Move::up},
-                                              {QStringLiteral("下移"), Move::down}};
+    const std::vector<std::pair<QString, Move>> items{{QStringLiteral("置顶"), Move::toTop},
+                                                      {QStringLiteral("上移"), Move::up},
+                                                      {QStringLiteral("下移"), Move::down}};
     for (const auto& [title, move] : items) {
         QAction* const action = menu.addAction(title);
         action->setEnabled(destination(move, *index, watchlist.coins.size()).has_value());

@@ -10,10 +10,8 @@
 class QMenu;
 class QWidget;
 
-namespace quillbar {
-
 /// The context menu of a watched coin.
-namespace CoinRowMenu {
+namespace quillbar::CoinRowMenu {
 
 /// Makes the menu of the coin of that symbol as the watchlist stands; `parent` owns it, and it goes
 /// when it closes. `restoreManualOrder` is set while the list is sorted: the menu then offers that in
@@ -24,6 +22,4 @@ namespace CoinRowMenu {
                           std::function<void()> restoreManualOrder,
                           QWidget* parent);
 
-}  // namespace CoinRowMenu
-
-}  // namespace quillbar
+}  // namespace quillbar::CoinRowMenu
