@@ -18,4 +18,30 @@ std::string_view displayName(ConnectionState connection) {
     return "";
 }
 
+std::string_view rawValue(ConnectionState connection) {
+    switch (connection) {
+    case ConnectionState::disconnected:
+        return "disconnected";
+    case ConnectionState::connecting:
+        return "connecting";
+    case ConnectionState::connected:
+        return "connected";
+    case ConnectionState::waitingRetry:
+        return "waitingRetry";
+    }
+    return "";
+}
+
+std::optional<ConnectionState> connectionFromRawValue(std::string_view rawText) {
+    for (const auto connection : {ConnectionState::disconnected,
+                                  ConnectionState::connecting,
+                                  ConnectionState::connected,
+                                  ConnectionState::waitingRetry}) {
+        if (rawText == rawValue(connection)) {
+            return connection;
+        }
+    }
+    return std::nullopt;
+}
+
 }  // namespace quillbar

@@ -4,11 +4,18 @@
 
 #include "QuillbarCore/exchange/ConnectionState.h"
 
+#include <optional>
 #include <string_view>
 
 namespace quillbar {
 
 /// The connection's state in the words that the label's tooltips use.
 [[nodiscard]] std::string_view displayName(ConnectionState connection);
+
+/// The text that stands for the connection's state in what programs read. Stable for ever.
+[[nodiscard]] std::string_view rawValue(ConnectionState connection);
+
+/// The state of exactly this raw text; absent for any other text.
+[[nodiscard]] std::optional<ConnectionState> connectionFromRawValue(std::string_view rawText);
 
 }  // namespace quillbar

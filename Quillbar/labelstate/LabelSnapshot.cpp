@@ -35,4 +35,9 @@ bool LabelSnapshot::showsPrice() const {
     return coin && ticker && text != coin->baseAsset;
 }
 
+bool differsVisibly(const LabelSnapshot& previous, const LabelSnapshot& current) {
+    return previous.text != current.text || previous.connection != current.connection
+           || previous.isStale != current.isStale;
+}
+
 }  // namespace quillbar

@@ -39,6 +39,12 @@ struct LabelSnapshot final {
 
     /// Whether the text shows a price.
     [[nodiscard]] bool showsPrice() const;
+
+    [[nodiscard]] bool operator==(const LabelSnapshot&) const = default;
 };
+
+/// Whether somebody who sees the text, the connection and the staleness must be told of `current`
+/// after `previous`. The age of a price alone is no reason.
+[[nodiscard]] bool differsVisibly(const LabelSnapshot& previous, const LabelSnapshot& current);
 
 }  // namespace quillbar

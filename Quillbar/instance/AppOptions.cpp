@@ -1,0 +1,72 @@
+// SPDX-FileCopyrightText: 2026 The Quillbar developers
+// SPDX-License-Identifier: MIT
+#include "Quillbar/instance/AppOptions.h"
+
+#include <fmt/format.h>
+
+#include <string_view>
+
+namespace quillbar {
+
+namespace {
+
+constexpr std::string_view kHelp = R"(用法:quillbar [选项]
+
+在桌面的状态栏里显示固定币种的实时价格,点击后打开行情面板。
+已在运行时,再次启动会显示或隐藏面板。
+
+选项:
+  --show           显示面板
+  --toggle         显示或隐藏面板,适合绑定快捷键
+  --quit           退出正在运行的程序
+  --help           显示本说明
+  --version        显示版本
+
+退出状态:0 成功;2 参数或环境变量有误。
+
+环境变量:
+  QUILLBAR_REST_ENDPOINTS      行情接口地址,以逗号分隔
+  QUILLBAR_STREAM_ENDPOINTS    实时行情地址,以逗号分隔
+  QUILLBAR_MARKETCAP_ENDPOINT  市值接口地址
+  QUILLBAR_ICON_ENDPOINT       图标地址
+  QUILLBAR_CA_FILE             额外信任的证书颁发机构(PEM 文件)
+)";
+
+std::optional<ApplicationAction> actionOf(std::string_view option) {
+    if (option == "--show") {
+        return ApplicationAction::showPanel;
+    }
+    if (option == "--toggle") {
+        return ApplicationAction::togglePanel;
+    }
+    if (option == "--quit") {
+        return ApplicationAction::quit;
+    }
+    return std::nullopt;
+}
+
+}  // namespace
+
+std::variant<AppOptions, AppInformation, AppUsageError> parseAppOptions(
+    const std::vector<std::string>& arguments) {
+    AppOptions options;
+    for (const std::string& argument : arguments) {
+        if (argument == "--help" || argument == "-h") {
+            return AppInformation{std::string(kHelp)};
+        }
+        if (argument == "--version") {
+            return AppInformation{fmt::format("quillbar {}\n", QUILLBAR_VERSION)};
+        }
+        const auto action = actionOf(argument);
+        if (!action) {
+            return AppUsageError{fmt::format("未知的参数「{}」,请看 --help", argument)};
+        }
+        if (options.action && options.action != action) {
+            return AppUsageError{"--show、--toggle 与 --quit 只能使用其一"};
+        }
+        options.action = action;
+    }
+    return options;
+}
+
+}  // namespace quillbar

@@ -1,0 +1,15 @@
+// SPDX-FileCopyrightText: 2026 The Quillbar developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+/// The names under which the application is found on the session bus. Stable for ever: desktop
+/// files, users' hot keys and scripts hold them.
+namespace quillbar::ApplicationNames {
+
+inline constexpr char kBusName[] = "io.github.quillbar.Quillbar";
+inline constexpr char kObjectPath[] = "/io/github/quillbar/Quillbar";
+/// What desktops call when the user starts the application a second time.
+inline constexpr char kApplicationInterface[] = "org.freedesktop.Application";
+inline constexpr char kLabelInterface[] = "io.github.quillbar.Quillbar.Label";
+
+}  // namespace quillbar::ApplicationNames

@@ -1,0 +1,74 @@
+// SPDX-FileCopyrightText: 2026 The Quillbar developers
+// SPDX-License-Identifier: MIT
+#include "Quillbar/instance/ApplicationService.h"
+
+#include "Quillbar/instance/ApplicationNames.h"
+#include "Quillbar/instance/BusCalls.h"
+
+#include <QDBusMessage>
+#include <QDBusPendingCallWatcher>
+#include <QDBusPendingReply>
+#include <QLatin1String>
+#include <QMetaObject>
+
+#include <utility>
+
+namespace quillbar {
+
+namespace {
+
+// The bus's own words for the flag and for its answers.
+constexpr uint kDoNotQueue = 4;
+constexpr uint kPrimaryOwner = 1;
+constexpr uint kAlreadyOwner = 4;
+
+}  // namespace
+
+ApplicationService::ApplicationService(const QDBusConnection& bus,
+                                       ApplicationAdaptor::OnAction onAction)
+    : m_bus(bus)
+    , m_label(new LabelAdaptor(&m_object)) {
+    new ApplicationAdaptor(&m_object, std::move(onAction));
+    m_bus.registerObject(
+        QLatin1String(ApplicationNames::kObjectPath), &m_object, QDBusConnection::ExportAdaptors);
+}
+
+ApplicationService::~ApplicationService() {
+    m_bus.unregisterObject(QLatin1String(ApplicationNames::kObjectPath));
+    if (m_hasName) {
+        QDBusMessage release = callOfTheBus("ReleaseName");
+        release << QString(QLatin1String(ApplicationNames::kBusName));
+        m_bus.send(release);
+    }
+}
+
+void ApplicationService::claim(std::function<void(Claim)> onOutcome,
+                               std::chrono::milliseconds patience) {
+    if (!m_bus.isConnected()) {
+        QMetaObject::invokeMethod(
+            &m_object,
+            [onOutcome = std::move(onOutcome)] { onOutcome(Claim::noBus); },
+            Qt::QueuedConnection);
+        return;
+    }
+    QDBusMessage request = callOfTheBus("RequestName");
+    request << QString(QLatin1String(ApplicationNames::kBusName)) << kDoNotQueue;
+    auto* const watcher = new QDBusPendingCallWatcher(
+        m_bus.asyncCall(request, static_cast<int>(patience.count())), &m_object);
+    QObject::connect(watcher,
+                     &QDBusPendingCallWatcher::finished,
+                     &m_object,
+                     [this, watcher, onOutcome = std::move(onOutcome)] {
+                         watcher->deleteLater();
+                         const QDBusPendingReply<uint> reply = *watcher;
+                         if (reply.isError()) {
+                             onOutcome(Claim::noBus);
+                             return;
+                         }
+                         const uint answer = reply.value();
+                         m_hasName = answer == kPrimaryOwner || answer == kAlreadyOwner;
+                         onOutcome(m_hasName ? Claim::claimed : Claim::alreadyRunning);
+                     });
+}
+
+}  // namespace quillbar

@@ -1,0 +1,61 @@
+// SPDX-FileCopyrightText: 2026 The Quillbar developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "Quillbar/instance/ApplicationAdaptor.h"
+#include "Quillbar/instance/LabelAdaptor.h"
+
+#include <QDBusConnection>
+#include <QObject>
+
+#include <chrono>
+#include <functional>
+
+namespace quillbar {
+
+/// The running application on the session bus: org.freedesktop.Application and the label's interface
+/// at its object path, and its name, which only one instance has.
+///
+/// Main thread; needs a QCoreApplication. Destroying it takes the object off the bus and gives up
+/// the name; no callback is called after that.
+class ApplicationService final {
+public:
+    /// How the claim of the name ended.
+    enum class Claim {
+        /// This is the one instance.
+        claimed,
+        /// Another one runs.
+        alreadyRunning,
+        /// There is no bus, or it did not answer: nothing can be known of others.
+        noBus,
+    };
+
+    /// How long the bus may take to answer.
+    static constexpr std::chrono::milliseconds kPatience{5000};
+
+    /// Exports the object, so that a call that comes right behind the claim is answered. `onAction`
+    /// is called for each action that another program asks for.
+    ApplicationService(const QDBusConnection& bus, ApplicationAdaptor::OnAction onAction);
+    ApplicationService(const ApplicationService&) = delete;
+    ApplicationService& operator=(const ApplicationService&) = delete;
+    ApplicationService(ApplicationService&&) = delete;
+    ApplicationService& operator=(ApplicationService&&) = delete;
+    ~ApplicationService();
+
+    /// Asks for the name without waiting. `onOutcome` is called once, from the event loop, after
+    /// `patience` at the latest; it does not destroy this object. Once.
+    void claim(std::function<void(Claim)> onOutcome,
+               std::chrono::milliseconds patience = kPatience);
+
+    /// What a `LabelService` speaks through. Lives as long as this.
+    [[nodiscard]] LabelAdaptor& label() noexcept { return *m_label; }
+
+private:
+    QDBusConnection m_bus;
+    // The adaptors are its children, and the callbacks of the claim end with it.
+    QObject m_object;
+    LabelAdaptor* m_label;
+    bool m_hasName = false;
+};
+
+}  // namespace quillbar

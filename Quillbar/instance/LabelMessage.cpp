@@ -1,0 +1,145 @@
+// SPDX-FileCopyrightText: 2026 The Quillbar developers
+// SPDX-License-Identifier: MIT
+#include "Quillbar/instance/LabelMessage.h"
+
+#include "Quillbar/labelstate/ConnectionName.h"
+
+#include <QString>
+
+#include <chrono>
+#include <cmath>
+#include <string_view>
+
+namespace quillbar {
+
+namespace {
+
+// The first second of the year 10000.
+constexpr double kEndOfTime = 253402300800.0;
+
+const QString kText = QStringLiteral("text");
+const QString kSymbol = QStringLiteral("symbol");
+const QString kBaseAsset = QStringLiteral("baseAsset");
+const QString kPrice = QStringLiteral("price");
+const QString kOpenPrice = QStringLiteral("openPrice24h");
+const QString kQuoteVolume = QStringLiteral("quoteVolume24h");
+const QString kChangePercent = QStringLiteral("changePercent");
+const QString kBasis = QStringLiteral("basis");
+const QString kConnection = QStringLiteral("connection");
+const QString kLastUpdate = QStringLiteral("lastUpdate");
+const QString kStale = QStringLiteral("stale");
+const QString kLastError = QStringLiteral("lastError");
+const QString kStarted = QStringLiteral("started");
+
+QString toQString(std::string_view utf8) {
+    return QString::fromUtf8(utf8.data(), static_cast<qsizetype>(utf8.size()));
+}
+
+std::optional<std::string> textAt(const QVariantMap& message, const QString& key) {
+    const QVariant value = message.value(key);
+    if (value.typeId() != QMetaType::QString) {
+        return std::nullopt;
+    }
+    return value.toString().toStdString();
+}
+
+std::optional<double> numberAt(const QVariantMap& message, const QString& key) {
+    const QVariant value = message.value(key);
+    if (value.typeId() != QMetaType::Double || !std::isfinite(value.toDouble())) {
+        return std::nullopt;
+    }
+    return value.toDouble();
+}
+
+bool flagAt(const QVariantMap& message, const QString& key, bool valueWhenMissing) {
+    const QVariant value = message.value(key);
+    return value.typeId() == QMetaType::Bool ? value.toBool() : valueWhenMissing;
+}
+
+std::optional<Coin> coinIn(const QVariantMap& message) {
+    auto symbol = textAt(message, kSymbol);
+    auto baseAsset = textAt(message, kBaseAsset);
+    if (!symbol || !baseAsset) {
+        return std::nullopt;
+    }
+    return Coin{*std::move(symbol), *std::move(baseAsset)};
+}
+
+std::optional<Ticker> tickerIn(const QVariantMap& message) {
+    const auto price = numberAt(message, kPrice);
+    const auto open = numberAt(message, kOpenPrice);
+    if (!price || !open) {
+        return std::nullopt;
+    }
+    return Ticker{*price, *open, numberAt(message, kQuoteVolume)};
+}
+
+std::optional<TimePoint> lastUpdateIn(const QVariantMap& message) {
+    const auto seconds = numberAt(message, kLastUpdate);
+    if (!seconds || *seconds < 0 || *seconds >= kEndOfTime) {
+        return std::nullopt;
+    }
+    return TimePoint(Seconds(*seconds));
+}
+
+void insertTicker(QVariantMap& message, const Ticker& ticker) {
+    message.insert(kPrice, ticker.lastPrice);
+    message.insert(kOpenPrice, ticker.openPrice24h);
+    if (ticker.quoteVolume24h) {
+        message.insert(kQuoteVolume, *ticker.quoteVolume24h);
+    }
+}
+
+}  // namespace
+
+QVariantMap labelMessage(const LabelReport& report) {
+    const LabelSnapshot& label = report.label;
+    QVariantMap message{{kText, toQString(label.text)},
+                        {kBasis, toQString(rawValue(label.basis))},
+                        {kConnection, toQString(rawValue(label.connection))},
+                        {kStale, label.isStale},
+                        {kStarted, report.isStarted}};
+    if (label.coin) {
+        message.insert(kSymbol, toQString(label.coin->symbol));
+        message.insert(kBaseAsset, toQString(label.coin->baseAsset));
+    }
+    if (label.ticker) {
+        insertTicker(message, *label.ticker);
+    }
+    if (label.changePercent) {
+        message.insert(kChangePercent, *label.changePercent);
+    }
+    if (label.lastUpdate) {
+        message.insert(kLastUpdate, label.lastUpdate->time_since_epoch().count());
+    }
+    if (label.lastError) {
+        message.insert(kLastError, toQString(*label.lastError));
+    }
+    return message;
+}
+
+std::optional<LabelReport> labelReport(const QVariantMap& message) {
+    auto text = textAt(message, kText);
+    if (!text) {
+        return std::nullopt;
+    }
+    LabelReport report;
+    LabelSnapshot& label = report.label;
+    label.text = *std::move(text);
+    label.coin = coinIn(message);
+    if (label.coin) {
+        label.ticker = tickerIn(message);
+        label.changePercent = numberAt(message, kChangePercent);
+    }
+    label.basis =
+        changeBasisFromRawValue(textAt(message, kBasis).value_or("")).value_or(label.basis);
+    label.connection = connectionFromRawValue(textAt(message, kConnection).value_or(""))
+                           .value_or(label.connection);
+    label.lastUpdate = lastUpdateIn(message);
+    label.isStale = flagAt(message, kStale, label.isStale);
+    label.lastError = textAt(message, kLastError);
+    report.isStarted = flagAt(message, kStarted, report.isStarted);
+    return report;
+}
+
+}  // namespace quillbar

@@ -1,0 +1,37 @@
+// SPDX-FileCopyrightText: 2026 The Quillbar developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "Quillbar/instance/ActivationTokens.h"
+#include "Quillbar/instance/ApplicationAction.h"
+
+#include <QDBusConnection>
+
+#include <chrono>
+
+/// The application that runs in this session, as another program of the user's sees it. Blocking
+/// calls, for programs that do nothing else meanwhile; none starts the application.
+namespace quillbar::RunningApplication {
+
+/// What became of an action that was asked for.
+enum class Outcome {
+    /// The application has taken it.
+    done,
+    /// No application runs, or there is no bus.
+    notRunning,
+    /// It runs, and refused or did not answer in time.
+    failed,
+};
+
+/// Whether the application runs. False when the bus does not answer within `patience`.
+[[nodiscard]] bool isRunning(const QDBusConnection& bus,
+                             std::chrono::milliseconds patience = std::chrono::seconds(2));
+
+/// Asks the application for an action, and waits until it has taken it, for `patience` at the
+/// longest.
+[[nodiscard]] Outcome activate(const QDBusConnection& bus,
+                               ApplicationAction action,
+                               const ActivationTokens& tokens,
+                               std::chrono::milliseconds patience = std::chrono::seconds(5));
+
+}  // namespace quillbar::RunningApplication

@@ -1,0 +1,37 @@
+// SPDX-FileCopyrightText: 2026 The Quillbar developers
+// SPDX-License-Identifier: MIT
+#include "Quillbar/labelstate/StateLabelSource.h"
+
+#include "QuillbarCore/state/AppState.h"
+
+#include <utility>
+
+namespace quillbar {
+
+StateLabelSource::StateLabelSource(const AppState& state, const Observed<bool>& isStarted)
+    : m_state(state)
+    , m_isStarted(isStarted) {}
+
+LabelSnapshot StateLabelSource::snapshot() const {
+    return LabelSnapshot::of(m_state);
+}
+
+bool StateLabelSource::isStarted() const {
+    return *m_isStarted;
+}
+
+void StateLabelSource::observe(std::function<void()> onChange) {
+    m_observations.clear();
+    m_onChange = std::move(onChange);
+    if (!m_onChange) {
+        return;
+    }
+    const auto changed = [this](const auto& /*value*/) { m_onChange(); };
+    m_observations.emplace_back(m_state.menuBarText().observe(changed));
+    m_observations.emplace_back(m_state.connectionState().observe(changed));
+    m_observations.emplace_back(m_state.todayOpens().observe(changed));
+    m_observations.emplace_back(m_state.watchlist().observe(changed));
+    m_observations.emplace_back(m_isStarted.observe(changed));
+}
+
+}  // namespace quillbar
