@@ -1,18 +1,16 @@
 // SPDX-FileCopyrightText: 2026 The Quillbar developers
 // SPDX-License-Identifier: MIT
 #include "Quillbar/platform/SystemEvents.h"
+#include "tests/qtsupport/PrivateBus.h"
 #include "tests/qtsupport/SpinUntil.h"
 
 #include <QDBusConnection>
 #include <QDBusMessage>
-#include <QProcess>
 #include <QString>
 
 #include <gtest/gtest.h>
 
-#include <csignal>
 #include <cstdlib>
-#include <sys/prctl.h>
 
 namespace quillbar {
 
@@ -24,17 +22,12 @@ protected:
     // Qt connects to the system bus once per process, so one serves all tests and goes with the
     // process.
     static void SetUpTestSuite() {
-        if (s_bus != nullptr) {
+        if (systemBus != nullptr) {
             return;
         }
-        s_bus = new QProcess;
-        s_bus->setChildProcessModifier([] { ::prctl(PR_SET_PDEATHSIG, SIGKILL); });
-        s_bus->start(QStringLiteral("dbus-daemon"),
-                     {QStringLiteral("--session"),
-                      QStringLiteral("--nofork"),
-                      QStringLiteral("--print-address")});
-        ASSERT_TRUE(s_bus->waitForReadyRead());
-        const QString address = QString::fromUtf8(s_bus->readLine()).trimmed();
+        systemBus = new PrivateBus;
+        const QString address = systemBus->address();
+        ASSERT_FALSE(address.isEmpty());
         ::setenv("DBUS_SYSTEM_BUS_ADDRESS", address.toUtf8().constData(), 1);
         QDBusConnection logind = QDBusConnection::connectToBus(address, kLogind);
         ASSERT_TRUE(logind.registerService(QStringLiteral("org.freedesktop.login1")));
@@ -50,7 +43,7 @@ protected:
     }
 
     inline static const QString kLogind = QStringLiteral("logind");
-    inline static QProcess* s_bus = nullptr;
+    inline static PrivateBus* systemBus = nullptr;
 };
 
 TEST_F(SystemEventsTest, tellOfAMachineThatWokeUpOnce) {
