@@ -68,9 +68,9 @@ void RowList::setIds(std::vector<std::string> ids) {
 
 void RowList::setExpanded(const std::optional<std::string>& id) {
     const std::optional<std::size_t> index = id ? indexOf(*id) : std::optional<std::size_t>();
-    const QWidget* const focused = QApplication::focusWidget();
+    const QWidget* const focus = focused();
     for (const RowDetails::Entry& entry : m_details.entries()) {
-        if (entry.id != id && focused != nullptr && entry.frame->isAncestorOf(focused)) {
+        if (entry.id != id && focus != nullptr && entry.frame->isAncestorOf(focus)) {
             focusRow(indexOf(entry.id).value_or(0), m_focusReason);
         }
     }
@@ -186,7 +186,7 @@ void RowList::synchronize() {
     if (!isVisible()) {
         return;
     }
-    const bool hadFocus = slotOf(QApplication::focusWidget()) != nullptr;
+    const bool hadFocus = slotOf(focused()) != nullptr;
     const std::vector<std::size_t> wanted = wantedRows();
     retireAllBut(wanted);
     fill(wanted);
@@ -209,7 +209,7 @@ std::vector<std::size_t> RowList::wantedRows() const {
         wanted.push_back(index);
     }
     // The row that has the focus keeps its widget wherever it is.
-    if (m_current && slotOf(QApplication::focusWidget()) != nullptr) {
+    if (m_current && slotOf(focused()) != nullptr) {
         const auto index = indexOf(*m_current);
         if (index && (*index < first || *index >= end)) {
             wanted.push_back(*index);
@@ -342,7 +342,7 @@ std::string RowList::brokenRule() const {
         }
         const bool isNear =
             slot.index + kMargin >= inView.first && slot.index < inView.end + kMargin;
-        if (!isNear && !slot.widget->hasFocus()) {
+        if (!isNear && slot.id != m_current) {
             return fmt::format("row {} has a widget far from the view", slot.index);
         }
         const QRect where(0, m_layout.top(slot.index) - m_offset, width(), m_layout.rowHeight());

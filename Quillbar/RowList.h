@@ -126,7 +126,8 @@ private:
     void place();
     void followPointer();
 
-    void noteFocus(const Slot& slot, Qt::FocusReason reason);
+    [[nodiscard]] QWidget* focused() const;
+    void noteFocus(const std::string& id, Qt::FocusReason reason);
     void replaceLostCurrent(std::size_t lostIndex);
     void giveFocusBack();
     [[nodiscard]] std::size_t currentIndex() const;

@@ -58,16 +58,25 @@ void RowList::wheelEvent(QWheelEvent* event) {
 bool RowList::eventFilter(QObject* watched, QEvent* event) {
     if (event->type() == QEvent::FocusIn) {
         if (const Slot* const slot = slotOf(watched)) {
-            noteFocus(*slot, static_cast<QFocusEvent*>(event)->reason());
+            noteFocus(std::string(slot->id), static_cast<QFocusEvent*>(event)->reason());
         }
     }
     return QWidget::eventFilter(watched, event);
 }
 
-void RowList::noteFocus(const Slot& slot, Qt::FocusReason reason) {
-    m_current = slot.id;
+QWidget* RowList::focused() const {
+    // Of this window, whether or not it is the active one.
+    return window()->focusWidget();
+}
+
+void RowList::noteFocus(const std::string& id, Qt::FocusReason reason) {
     if (reason != Qt::ActiveWindowFocusReason && reason != Qt::PopupFocusReason) {
         m_focusReason = reason;
+    }
+    if (id != m_current) {
+        m_current = id;
+        // The row left behind may have had a widget for its focus alone.
+        synchronize();
     }
 }
 
@@ -99,8 +108,6 @@ void RowList::focusRow(std::size_t index, Qt::FocusReason reason) {
     reveal(m_layout.top(index), m_layout.top(index) + m_layout.rowHeight());
     if (const Slot* const slot = slotOf(m_ids[index])) {
         slot->widget->setFocus(reason);
-        // The row left behind keeps a widget no longer.
-        synchronize();
     }
 }
 
@@ -141,7 +148,7 @@ bool RowList::focusOutside(bool next) {
 bool RowList::focusNextPrevChild(bool next) {
     const Qt::FocusReason reason = next ? Qt::TabFocusReason : Qt::BacktabFocusReason;
     const std::vector<QWidget*> stops = stopsInDetail();
-    const auto here = std::find(stops.begin(), stops.end(), QApplication::focusWidget());
+    const auto here = std::find(stops.begin(), stops.end(), focused());
     if (here == stops.end()) {
         if (next && !stops.empty()) {
             focusInDetail(stops.front(), reason);
@@ -176,7 +183,7 @@ void RowList::focusInEvent(QFocusEvent* event) {
 
 void RowList::keyPressEvent(QKeyEvent* event) {
     // Keys that a detail has left over say nothing to the rows.
-    const bool isOnRow = slotOf(QApplication::focusWidget()) != nullptr;
+    const bool isOnRow = slotOf(focused()) != nullptr;
     if (!isOnRow) {
         QWidget::keyPressEvent(event);
     } else if (isMenuKey(*event)) {

@@ -6,8 +6,6 @@
 
 #include <QFontMetricsF>
 
-#include <algorithm>
-
 namespace quillbar::FittedText {
 
 Fit fit(const QString& text,
@@ -20,14 +18,17 @@ Fit fit(const QString& text,
     if (needed <= width) {
         return {.font = font, .text = text};
     }
-    const QFont smaller = systemFont(points * std::max(smallestScale, width / needed), weight);
-    const QFontMetricsF metrics(smaller);
-    // Hinting rounds the letters' widths, so the scaled text may be a hair wider than computed.
-    constexpr double kSlack = 1;
-    if (metrics.horizontalAdvance(text) <= width + kSlack) {
-        return {.font = smaller, .text = text};
+    // Hinting makes letters wider than their share, so the first guess may be too wide.
+    constexpr double kStep = 0.02;
+    for (double scale = width / needed; scale > smallestScale; scale -= kStep) {
+        const QFont smaller = systemFont(points * scale, weight);
+        if (QFontMetricsF(smaller).horizontalAdvance(text) <= width) {
+            return {.font = smaller, .text = text};
+        }
     }
-    return {.font = smaller, .text = metrics.elidedText(text, Qt::ElideRight, width)};
+    const QFont smallest = systemFont(points * smallestScale, weight);
+    const QFontMetricsF metrics(smallest);
+    return {.font = smallest, .text = metrics.elidedText(text, Qt::ElideRight, width)};
 }
 
 }  // namespace quillbar::FittedText

@@ -1,0 +1,339 @@
+// SPDX-FileCopyrightText: 2026 The Quillbar developers
+// SPDX-License-Identifier: MIT
+#include "Quillbar/ChangeText.h"
+#include "Quillbar/ColumnHeader.h"
+#include "Quillbar/GlyphButton.h"
+#include "Quillbar/Glyphs.h"
+#include "Quillbar/NumericCell.h"
+#include "Quillbar/SortableHeader.h"
+#include "Quillbar/TableRow.h"
+#include "Quillbar/text/FittedText.h"
+#include "Quillbar/text/SystemFont.h"
+#include "tests/views/Widgets.h"
+
+#include <QFontMetricsF>
+#include <QImage>
+#include <QLineEdit>
+#include <QTest>
+#include <QWindow>
+
+#include <gtest/gtest.h>
+
+#include <limits>
+#include <set>
+
+namespace quillbar {
+namespace {
+
+using Roles = ThemeColors::Resolved;
+
+/// A widget of a fixed width that takes the height it is given.
+QWidget* column(int width, QWidget* parent) {
+    auto* const widget = new QWidget(parent);
+    widget->setFixedWidth(width);
+    return widget;
+}
+
+/// Counts how often a widget is painted.
+class Paints final : public QObject {
+public:
+    explicit Paints(QWidget& widget) { widget.installEventFilter(this); }
+
+    int count = 0;
+
+protected:
+    bool eventFilter(QObject* /*watched*/, QEvent* event) override {
+        count += event->type() == QEvent::Paint ? 1 : 0;
+        return false;
+    }
+};
+
+/// The colours of the pixels that are drawn, without those at the edges of shapes.
+std::set<QRgb> solidColors(const QImage& image) {
+    std::set<QRgb> colors;
+    for (int y = 0; y < image.height(); ++y) {
+        for (int x = 0; x < image.width(); ++x) {
+            if (qAlpha(image.pixel(x, y)) == 255) {
+                colors.insert(image.pixel(x, y));
+            }
+        }
+    }
+    return colors;
+}
+
+QImage drawn(Glyph glyph, int side, const QColor& color) {
+    QImage image(side, side, QImage::Format_ARGB32_Premultiplied);
+    image.fill(Qt::transparent);
+    QPainter painter(&image);
+    drawGlyph(painter, glyph, QRectF(0, 0, side, side), color);
+    return image;
+}
+
+// Glyphs
+
+TEST(GlyphsTest, everyGlyphIsItsOwnAndInOneColour) {
+    std::vector<QImage> pictures;
+    for (const Glyph glyph : {Glyph::chevronRight,
+                              Glyph::chevronDown,
+                              Glyph::chevronUp,
+                              Glyph::pinFill,
+                              Glyph::plus,
+                              Glyph::gear,
+                              Glyph::checkmark,
+                              Glyph::trash}) {
+        const QImage picture = drawn(glyph, 40, Qt::red);
+        EXPECT_EQ(solidColors(picture), std::set<QRgb>{QColor(Qt::red).rgba()});
+        for (const QImage& other : pictures) {
+            EXPECT_NE(picture, other);
+        }
+        pictures.push_back(picture);
+    }
+}
+
+TEST(GlyphsTest, standsInTheMiddleOfItsRectangle) {
+    QImage image(60, 20, QImage::Format_ARGB32_Premultiplied);
+    image.fill(Qt::transparent);
+    QPainter painter(&image);
+    drawGlyph(painter, Glyph::plus, QRectF(0, 0, 60, 20), Qt::red);
+    EXPECT_EQ(image.pixelColor(30, 10), QColor(Qt::red));
+    EXPECT_EQ(image.pixelColor(10, 10).alpha(), 0);
+    EXPECT_EQ(image.pixelColor(50, 10).alpha(), 0);
+}
+
+// TableRow
+
+TEST(TableRowTest, isOf28PointsWithItsContentSixApartAndTwelveFromTheEdges) {
+    TableRow row;
+    QWidget* const first = column(16, &row);
+    auto* const flexible = new QWidget(&row);
+    QWidget* const last = column(62, &row);
+    row.addContent(first);
+    row.addContent(flexible, 1);
+    row.addContent(last);
+    row.addGap(14);
+    row.resize(400, TableRow::kHeight);
+    row.show();
+    EXPECT_EQ(row.height(), 28);
+    EXPECT_EQ(first->geometry(), QRect(12, 0, 16, 28));
+    EXPECT_EQ(flexible->x(), 12 + 16 + 6);
+    EXPECT_EQ(last->geometry(), QRect(400 - 12 - 14 - 6 - 62, 0, 62, 28));
+    EXPECT_EQ(flexible->geometry().right() + 1 + 6, last->x());
+}
+
+TEST(TableRowTest, isTintedWhileThePointerIsOverIt) {
+    TableRow row;
+    row.resize(100, TableRow::kHeight);
+    const auto background = [&row] {
+        QImage image(row.size(), QImage::Format_ARGB32);
+        image.fill(Qt::transparent);
+        row.render(&image, {}, {}, QWidget::DrawChildren);
+        EXPECT_EQ(image.pixelColor(0, 0), image.pixelColor(99, 27));
+        return image.pixelColor(0, 0).alpha();
+    };
+    EXPECT_EQ(background(), 0);
+    row.setAlternate(true);
+    EXPECT_EQ(background(), Roles(ThemeColors::dark()).rowAlternate.alpha());
+    pointerEnters(row);
+    EXPECT_TRUE(row.isHovering());
+    EXPECT_EQ(background(), Roles(ThemeColors::dark()).rowHover.alpha());
+    pointerLeaves(row);
+    EXPECT_FALSE(row.isHovering());
+    EXPECT_EQ(background(), Roles(ThemeColors::dark()).rowAlternate.alpha());
+}
+
+TEST(TableRowTest, aRowThatIsHiddenIsNoLongerUnderThePointer) {
+    TableRow row;
+    row.show();
+    pointerEnters(row);
+    row.hide();
+    EXPECT_FALSE(row.isHovering());
+}
+
+// ColumnHeader
+
+TEST(ColumnHeaderTest, standsOverTheColumnsOfTheRows) {
+    ColumnHeader header;
+    header.addGap(16);
+    header.addFlexibleTitle(QStringLiteral("币种"));
+    header.addTitle(QStringLiteral("成交额"), 64);
+    header.addGap(14);
+    header.resize(400, ColumnHeader::kHeight);
+    header.show();
+    EXPECT_EQ(header.height(), 20);
+    const QWidget* const volume = named(header, QStringLiteral("成交额"));
+    ASSERT_NE(volume, nullptr);
+    EXPECT_EQ(volume->geometry().left(), 400 - 12 - 14 - 6 - 64);
+    EXPECT_EQ(volume->width(), 64);
+    EXPECT_EQ(named(header, QStringLiteral("币种"))->x(), 12 + 16 + 6);
+}
+
+TEST(ColumnHeaderTest, hasASeparatorAlongItsBottomEdge) {
+    ColumnHeader header;
+    header.resize(100, ColumnHeader::kHeight);
+    QImage image(header.size(), QImage::Format_ARGB32);
+    image.fill(Qt::transparent);
+    header.render(&image, {}, {}, QWidget::DrawChildren);
+    EXPECT_EQ(image.pixelColor(0, 19).alpha(), ThemeColors::dark().separator.alpha());
+    EXPECT_EQ(image.pixelColor(99, 19).alpha(), ThemeColors::dark().separator.alpha());
+    EXPECT_EQ(image.pixelColor(50, 18).alpha(), 0);
+}
+
+TEST(ColumnHeaderTest, isWrittenAt9Point5Semibold) {
+    EXPECT_EQ(ColumnHeader::titleFont(), systemFont(9.5, QFont::DemiBold));
+}
+
+// NumericCell and ChangeText
+
+TEST(NumericCellTest, repaintsOnlyWhenWhatItShowsChanges) {
+    QWidget window;
+    auto* const cell = new NumericCell(82, 12, &window);
+    cell->setText(QStringLiteral("1.00"));
+    window.show();
+    ASSERT_TRUE(spinUntil([&window] { return window.windowHandle()->isExposed(); }));
+    spinUntilIdle();
+    const Paints paints(*cell);
+    cell->setText(QStringLiteral("1.00"));
+    cell->setColor(&Roles::secondaryText);
+    spinUntilIdle();
+    EXPECT_EQ(paints.count, 0);
+    cell->setText(QStringLiteral("2.00"));
+    EXPECT_TRUE(spinUntil([&paints] { return paints.count > 0; }));
+}
+
+TEST(NumericCellTest, aNumberTooWideForItsColumnIsWrittenSmaller) {
+    NumericCell cell(82, 12);
+    cell.resize(82, 28);
+    cell.setText(QStringLiteral("123,456,789,012.00"));
+    const QImage picture = pictureOf(cell);
+    const QRgb surface = ThemeColors::dark().surface.rgba();
+    for (int y = 0; y < picture.height(); ++y) {
+        EXPECT_EQ(picture.pixel(0, y), surface) << "cut off at the left in line " << y;
+    }
+}
+
+TEST(ChangeTextTest, itsColourTellsWhereThePriceWent) {
+    ChangeText change(62);
+    EXPECT_EQ(change.width(), 62);
+    EXPECT_EQ(change.text(), QStringLiteral("—"));
+    EXPECT_EQ(change.color(), &Roles::secondaryText);
+    change.setPercent(2.5);
+    EXPECT_EQ(change.text(), QStringLiteral("+2.50%"));
+    EXPECT_EQ(change.color(), &Roles::up);
+    change.setPercent(-2.5);
+    EXPECT_EQ(change.text(), QStringLiteral("-2.50%"));
+    EXPECT_EQ(change.color(), &Roles::down);
+    change.setPercent(0.0);
+    EXPECT_EQ(change.text(), QStringLiteral("0.00%"));
+    EXPECT_EQ(change.color(), &Roles::secondaryText);
+    change.setPercent(0.001);
+    EXPECT_EQ(change.text(), QStringLiteral("+0.00%"));
+    EXPECT_EQ(change.color(), &Roles::up);
+    change.setPercent(std::numeric_limits<double>::quiet_NaN());
+    EXPECT_EQ(change.color(), &Roles::secondaryText);
+    change.setPercent(std::nullopt);
+    EXPECT_EQ(change.text(), QStringLiteral("—"));
+}
+
+// FittedText
+
+TEST(FittedTextTest, shrinksBeforeItLosesLetters) {
+    const QString text = QStringLiteral("1000SATS");
+    const double width = QFontMetricsF(systemFont(13, QFont::DemiBold)).horizontalAdvance(text);
+    EXPECT_EQ(FittedText::fit(text, 13, QFont::DemiBold, width, 0.8).font,
+              systemFont(13, QFont::DemiBold));
+    const auto shrunk = FittedText::fit(text, 13, QFont::DemiBold, width * 0.9, 0.8);
+    EXPECT_EQ(shrunk.text, text);
+    EXPECT_LT(shrunk.font.pointSizeF(), systemFont(13).pointSizeF());
+    const auto elided = FittedText::fit(text, 13, QFont::DemiBold, width * 0.5, 0.8);
+    EXPECT_TRUE(elided.text.endsWith(QStringLiteral("…"))) << elided.text.toStdString();
+    EXPECT_EQ(elided.font, systemFont(13 * 0.8, QFont::DemiBold));
+}
+
+// Buttons
+
+struct PlainButtonTest : testing::Test {
+    void SetUp() override {
+        window.resize(100, 40);
+        button.setAccessibleName(QStringLiteral("按钮"));
+        QObject::connect(&button, &QAbstractButton::clicked, [this] { ++clicks; });
+        showActive(window);
+    }
+
+    [[nodiscard]] bool hasRing() {
+        const QColor edge = pictureOf(button).pixelColor(16, 0);
+        return edge.blue() > 150;
+    }
+
+    QWidget window;
+    GlyphButton button{Glyph::plus, 9, QSize(32, 28), &window};
+    QLineEdit other{&window};
+    int clicks = 0;
+};
+
+TEST_F(PlainButtonTest, itsWholeRectangleIsClickable) {
+    for (const QPoint& point : {QPoint(0, 0), QPoint(31, 0), QPoint(0, 27), QPoint(31, 27)}) {
+        QTest::mouseClick(&button, Qt::LeftButton, {}, point);
+    }
+    EXPECT_EQ(clicks, 4);
+}
+
+TEST_F(PlainButtonTest, spaceAndEnterClickIt) {
+    button.setFocus(Qt::TabFocusReason);
+    QTest::keyClick(&button, Qt::Key_Space);
+    QTest::keyClick(&button, Qt::Key_Return);
+    QTest::keyClick(&button, Qt::Key_Enter);
+    EXPECT_EQ(clicks, 3);
+}
+
+TEST_F(PlainButtonTest, showsARingOnlyForTheKeyboard) {
+    button.setFocus(Qt::OtherFocusReason);
+    EXPECT_FALSE(hasRing());
+    button.clearFocus();
+    button.setFocus(Qt::TabFocusReason);
+    EXPECT_TRUE(hasRing());
+    button.clearFocus();
+    EXPECT_FALSE(hasRing());
+    button.setFocus(Qt::PopupFocusReason);
+    EXPECT_TRUE(hasRing()) << "a menu that gave the focus back took the ring";
+}
+
+TEST_F(PlainButtonTest, aClickLeavesTheFocusWhereItIs) {
+    other.setFocus();
+    QTest::mouseClick(&button, Qt::LeftButton);
+    EXPECT_FALSE(button.hasFocus());
+}
+
+TEST_F(PlainButtonTest, theGlyphFollowsThePointer) {
+    const QImage before = pictureOf(button);
+    pointerEnters(button);
+    button.setAttribute(Qt::WA_UnderMouse);
+    EXPECT_NE(pictureOf(button), before);
+    button.setAttribute(Qt::WA_UnderMouse, false);
+    pointerLeaves(button);
+    EXPECT_EQ(pictureOf(button), before);
+}
+
+TEST(SortableHeaderTest, tellsTheDirectionToEyesAndEars) {
+    SortableHeader header(QStringLiteral("价格"), 82);
+    EXPECT_EQ(header.width(), 82);
+    EXPECT_EQ(header.toolTip(), QStringLiteral("点击排序:降序 → 升序 → 手动顺序"));
+    EXPECT_EQ(header.accessibleName(), QStringLiteral("价格"));
+    const auto slot = [&header] {
+        return pictureOf(header).copy(82 - SortableHeader::kSortIndicatorWidth, 0, 8, 19);
+    };
+    const QImage none = slot();
+    header.setDirection(SortDirection::descending);
+    EXPECT_EQ(header.accessibleName(), QStringLiteral("价格,降序"));
+    const QImage descending = slot();
+    header.setDirection(SortDirection::ascending);
+    EXPECT_EQ(header.accessibleName(), QStringLiteral("价格,升序"));
+    const QImage ascending = slot();
+    EXPECT_NE(none, descending);
+    EXPECT_NE(none, ascending);
+    EXPECT_NE(descending, ascending);
+    header.setDirection(std::nullopt);
+    EXPECT_EQ(slot(), none);
+}
+
+}  // namespace
+}  // namespace quillbar
