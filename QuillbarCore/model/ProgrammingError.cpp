@@ -2,15 +2,20 @@
 // SPDX-License-Identifier: MIT
 #include "QuillbarCore/model/ProgrammingError.h"
 
+#include "QuillbarCore/runtime/UnblockedWrite.h"
+
 #include <fmt/core.h>
 
-#include <cstdio>
 #include <cstdlib>
+#include <string>
+#include <unistd.h>
 
 namespace quillbar {
 
 void programmingError(std::string_view what) {
-    fmt::print(stderr, "quillbar: programming error: {}\n", what);
+    const std::string line = fmt::format("quillbar: programming error: {}\n", what);
+    // Whether or not anybody hears it.
+    [[maybe_unused]] const auto written = writeUnblocked(STDERR_FILENO, line);
     std::abort();
 }
 

@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "QuillbarCore/runtime/PlatformLog.h"
 
+#include "QuillbarCore/runtime/UnblockedWrite.h"
+
 #include <fmt/format.h>
 
 #include <algorithm>
@@ -84,8 +86,8 @@ void PlatformLog::writeToStandardError(std::string_view category,
     // put into an error's text.
     std::replace_if(line.begin(), line.end(), isControlCharacter, ' ');
     line += '\n';
-    // One call, so that lines of several threads do not mix.
-    [[maybe_unused]] const auto written = ::write(m_standardError, line.data(), line.size());
+    // One call, so that lines of several threads do not mix. Nobody waits for the log's reader.
+    [[maybe_unused]] const auto written = writeUnblocked(m_standardError, line);
 }
 
 }  // namespace quillbar

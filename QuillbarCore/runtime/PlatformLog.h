@@ -14,7 +14,8 @@ namespace quillbar {
 /// The platform's log. Lines go to the journal, with the subsystem and the category as fields of
 /// their own, when the process's standard error is the journal (a service, a desktop's autostart)
 /// and the journal takes them; else to standard error, each as one line of text. A standard error
-/// that is closed loses the line and stops nothing, provided that the program ignores SIGPIPE.
+/// that is closed, or full because its reader is slow, loses the line and stops nothing, provided
+/// that the program ignores SIGPIPE.
 class PlatformLog final : public LogSink {
 public:
     /// Takes a line's fields, each "NAME=value"; false when there is no journal. May throw.

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "QuillbarCore/runtime/Logger.h"
 #include "QuillbarCore/runtime/PlatformLog.h"
+#include "QuillbarCore/runtime/UnblockedWrite.h"
 #include "tests/support/CapturedLog.h"
 
 #include <fmt/format.h>
@@ -162,6 +163,22 @@ TEST(LoggerTest, SurvivesAClosedStandardError) {
                                   kLogger.log("3 coins");
                               }),
               0);
+}
+
+TEST(LoggerTest, DropsALineRatherThanWaitForASlowReader) {
+    Pipe pipe;
+    std::string before;
+    for (const std::string bytes(4096, 'a'); writeUnblocked(pipe.writing(), bytes) > 0;) {
+        before += bytes;
+    }
+    EXPECT_EQ(statusOfProcess(pipe.writing(),
+                              [] {
+                                  ::unsetenv("JOURNAL_STREAM");
+                                  ::alarm(10);
+                                  kLogger.log("3 coins");
+                              }),
+              0);
+    EXPECT_EQ(pipe.readAll(), before);
 }
 
 // A platform log on a pipe, and a journal that records.
