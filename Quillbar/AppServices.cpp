@@ -95,11 +95,13 @@ void AppServices::start() {
 }
 
 void AppServices::resume() {
-    // Several hints come together (the machine wakes, then its network): one reconnection under
-    // way serves them all.
-    if (!m_resuming.isRunning()) {
-        m_resuming = m_scope.spawn(m_appState.resume());
-    }
+    // What was idle in the meantime may be dead without the system knowing. A request over it would
+    // last until it times out, and count against a host that is well.
+    URLSessionFetcher::forgetConnections();
+    // Hints come in a row (the machine wakes, then its network). The last one counts: whatever the
+    // one before has begun may hang on a network that was not there yet.
+    m_resuming.cancel();
+    m_resuming = m_scope.spawn(m_appState.resume());
 }
 
 MarketState& AppServices::marketState() {

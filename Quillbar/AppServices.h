@@ -58,7 +58,8 @@ public:
     /// Whether the first requests have all been answered, or have failed.
     [[nodiscard]] const Observed<bool>& isStarted() const noexcept { return m_isStarted; }
 
-    /// Reconnects at once: the machine woke up, or the network came back.
+    /// Begins anew over fresh connections, at once: the machine woke up, or the network came back.
+    /// Each call ends what the one before has begun.
     void resume();
 
     [[nodiscard]] AppState& appState() noexcept { return m_appState; }

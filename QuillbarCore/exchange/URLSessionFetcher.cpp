@@ -192,7 +192,7 @@ private:
             // The connection may be dead without the system knowing, as after a change of network.
             // Over HTTP/2 it would outlive this request and fail every later one: start afresh.
             // The transfers under way keep the old session until they end.
-            currentSession().reset();
+            URLSessionFetcher::forgetConnections();
         }
         m_error.emplace(code, text);
     }
@@ -216,6 +216,10 @@ private:
 };
 
 }  // namespace
+
+void URLSessionFetcher::forgetConnections() noexcept {
+    currentSession().reset();
+}
 
 Task<HTTPResponse> URLSessionFetcher::fetch(std::string url) {
     const TransferLimits limits = m_limits;

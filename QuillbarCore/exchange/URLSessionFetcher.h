@@ -50,6 +50,11 @@ public:
     /// may be returned as if it were whole, so a decoder must not accept half a document.
     Task<HTTPResponse> fetch(std::string url) override;
 
+    /// Makes every later fetch, of whichever fetcher, open connections of its own: those that stand
+    /// idle are closed, and the transfers under way end on the ones that they have. For after a sleep
+    /// or a change of the network, which may have killed a connection without the system knowing.
+    static void forgetConnections() noexcept;
+
 private:
     TransferLimits m_limits;
 };

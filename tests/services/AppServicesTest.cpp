@@ -155,6 +155,58 @@ TEST_F(AppServicesTest, reconnectAtOnceWhenTheNetworkComesBackInABackOff) {
     EXPECT_TRUE(spinUntil([&] { return hasPrice(); }));
 }
 
+TEST_F(AppServicesTest, replaceADeadStreamAtEachHintWhileTheSnapshotHangs) {
+    Simulator& binance = exchange();
+    start({&binance});
+    ASSERT_TRUE(isSettled(binance));
+    binance.faults().on(RequestFault::Kind::hold, "/api", 2);
+    m_services->resume();
+    ASSERT_TRUE(spinUntil([&] { return binance.streamsAccepted() == 2; }));
+    ASSERT_TRUE(spinUntil([&] { return requestCount(binance, kSnapshotPath) == 2; }));
+    binance.faults().setVoice(StreamVoice::dead);
+    m_services->resume();
+    EXPECT_TRUE(spinUntil([&] { return binance.streamsAccepted() == 3; }));
+    EXPECT_TRUE(spinUntil([&] { return requestCount(binance, kSnapshotPath) == 3; }));
+}
+
+TEST_F(AppServicesTest, endABackOffAtEachHintWhileTheSnapshotHangs) {
+    Simulator& binance = exchange();
+    start({&binance});
+    ASSERT_TRUE(isSettled(binance));
+    binance.faults().on(RequestFault::Kind::hold, "/api");
+    m_services->resume();
+    ASSERT_TRUE(spinUntil([&] { return requestCount(binance, kSnapshotPath) == 2; }));
+    ASSERT_TRUE(isStreaming(binance));
+    binance.faults().endStreams(StreamEnd::reset);
+    ASSERT_TRUE(spinUntil([&] { return !backOffs().empty(); }));
+    m_services->resume();
+    EXPECT_TRUE(isStreaming(binance));
+}
+
+TEST_F(AppServicesTest, connectOnceWhenTwoHintsComeTogether) {
+    Simulator& binance = exchange();
+    start({&binance});
+    ASSERT_TRUE(isSettled(binance));
+    m_services->resume();
+    m_services->resume();
+    EXPECT_TRUE(spinUntil([&] { return requestCount(binance, kSnapshotPath) == 2; }));
+    EXPECT_TRUE(nextPriceArrives(binance));
+    EXPECT_EQ(binance.streamsAccepted(), 2);
+}
+
+TEST_F(AppServicesTest, askAgainOverFreshConnectionsAfterASleep) {
+    Simulator& binance = exchange();
+    start({&binance});
+    ASSERT_TRUE(isSettled(binance));
+    // What stands can still be talked over; what is opened from here on is never answered.
+    binance.faults().setHandshake(Handshake::silentTls);
+    m_services->resume();
+    EXPECT_TRUE(spinUntil([&] { return binance.openStreams() == 0; }));
+    EXPECT_TRUE(spinUntil([&] { return binance.openConnections() == 2; }));
+    spinUntilIdle();
+    EXPECT_EQ(requestCount(binance, kSnapshotPath), 1);
+}
+
 TEST_F(AppServicesTest, leaveAHandshakeThatNeverEnds) {
     for (const Handshake handshake : {Handshake::silentTls, Handshake::silentUpgrade}) {
         SCOPED_TRACE(static_cast<int>(handshake));
