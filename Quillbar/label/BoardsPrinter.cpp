@@ -93,8 +93,8 @@ void BoardsPrinter::finish() {
         isComplete = isComplete && !rows.empty();
         text += (text.empty() ? "" : "\n") + boardText(board, rows);
     }
-    m_output.print(text);
-    m_output.finish(isComplete ? kSuccess : kMissing);
+    const int status = isComplete ? kSuccess : kMissing;
+    m_output.finish(m_output.print(text) ? status : kNotWritten);
 }
 
 }  // namespace quillbar

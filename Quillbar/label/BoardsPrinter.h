@@ -29,13 +29,14 @@ public:
     static constexpr int kRows = 10;
     /// How long it waits for the market; what has come by then is printed.
     static constexpr Seconds kPatience{15};
-    /// The exit statuses: every board has rows, or one has none.
+    /// The exit statuses: every board has rows, one has none, or nothing could be printed.
     static constexpr int kSuccess = 0;
     static constexpr int kMissing = 3;
+    static constexpr int kNotWritten = 4;
 
     struct Output {
-        /// Writes text that ends with a line feed.
-        std::function<void(std::string_view text)> print;
+        /// Writes text that ends with a line feed. Returns false when it cannot be written.
+        std::function<bool(std::string_view text)> print;
         /// Ends the program with an exit status. Called once.
         std::function<void(int status)> finish;
     };

@@ -23,7 +23,7 @@ constexpr std::string_view kHelp = R"(用法:quillbar-label [选项]
   --help           显示本说明
   --version        显示版本
 
-退出状态:0 成功;2 参数或环境变量有误;3 未能及时得到价格。
+退出状态:0 成功;2 参数或环境变量有误;3 未能及时得到价格;4 未能写出结果。
 
 环境变量:
   QUILLBAR_REST_ENDPOINTS      行情接口地址,以逗号分隔

@@ -53,14 +53,12 @@ void LabelPrinter::update() {
 void LabelPrinter::updateOnce(const LabelSnapshot& snapshot) {
     if (!snapshot.coin) {
         // Without a pinned coin no price can come.
-        m_output.print(labelLine(snapshot, m_options.format));
-        finish(kNoPrice);
+        printOnce(snapshot, kNoPrice);
         return;
     }
     const bool isComplete = snapshot.changePercent.has_value() || *m_isStarted;
     if (snapshot.showsPrice() && isComplete) {
-        m_output.print(labelLine(snapshot, m_options.format));
-        finish(kSuccess);
+        printOnce(snapshot, kSuccess);
     }
 }
 
@@ -80,8 +78,12 @@ Task<void> LabelPrinter::giveUp() {
         co_return;
     }
     const LabelSnapshot snapshot = LabelSnapshot::of(m_state);
-    m_output.print(labelLine(snapshot, m_options.format));
-    finish(snapshot.showsPrice() ? kSuccess : kNoPrice);
+    printOnce(snapshot, snapshot.showsPrice() ? kSuccess : kNoPrice);
+}
+
+void LabelPrinter::printOnce(const LabelSnapshot& snapshot, int status) {
+    const bool isWritten = m_output.print(labelLine(snapshot, m_options.format));
+    finish(isWritten ? status : kNotWritten);
 }
 
 void LabelPrinter::finish(int status) {

@@ -27,10 +27,12 @@ public:
     /// The exit statuses.
     static constexpr int kSuccess = 0;
     static constexpr int kNoPrice = 3;
+    static constexpr int kNotWritten = 4;
 
     struct Output {
-        /// Writes one line, adding the line feed, and flushes it. Returns false when nobody reads
-        /// any more.
+        /// Writes one line, adding the line feed, and flushes it. Returns false when it cannot be
+        /// written: nobody reads any more, or the disk is full. Following then ends with success,
+        /// and `--once` with `kNotWritten`.
         std::function<bool(std::string_view line)> print;
         /// Ends the program with an exit status. Called once at most; the printer prints nothing
         /// afterwards.
@@ -60,6 +62,7 @@ private:
     void updateOnce(const LabelSnapshot& snapshot);
     void updateFollowing(const LabelSnapshot& snapshot);
     Task<void> giveUp();
+    void printOnce(const LabelSnapshot& snapshot, int status);
     void finish(int status);
 
     const AppState& m_state;

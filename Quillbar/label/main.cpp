@@ -5,8 +5,10 @@
 #include "Quillbar/label/LabelOptions.h"
 #include "Quillbar/label/LabelPrinter.h"
 #include "Quillbar/platform/CertificateAuthorities.h"
+#include "Quillbar/platform/Leaving.h"
 #include "Quillbar/platform/LineOutput.h"
 #include "Quillbar/platform/ProxyFactory.h"
+#include "Quillbar/platform/StandardStreams.h"
 #include "Quillbar/platform/SystemEvents.h"
 #include "Quillbar/platform/TerminationSignals.h"
 #include "Quillbar/ServiceEndpoints.h"
@@ -17,9 +19,6 @@
 
 #include <QCoreApplication>
 
-#include <fmt/core.h>
-
-#include <cstdio>
 #include <optional>
 #include <string>
 #include <unistd.h>
@@ -34,7 +33,7 @@ constexpr int kUsageStatus = 2;
 constexpr Seconds kSystemEventsDelay{30};
 
 int failAtStart(const std::string& text) {
-    fmt::print(stderr, "quillbar-label: {}\n", text);
+    StandardStreams::complain("quillbar-label", text);
     return kUsageStatus;
 }
 
@@ -80,7 +79,10 @@ int runLabel(const LabelOptions& options, const ServiceEndpoints& endpoints) {
     installProxyFactory();
 
     const TerminationSignals signals([] { QCoreApplication::exit(0); });
-    const LineOutput output(STDOUT_FILENO, [] { QCoreApplication::exit(0); });
+    const bool isFollowing = options.mode == LabelMode::follow;
+    LineOutput output(STDOUT_FILENO, [isFollowing] {
+        QCoreApplication::exit(isFollowing ? LabelPrinter::kSuccess : LabelPrinter::kNotWritten);
+    });
     const auto executor = makeQtExecutor();
     const auto worker = makeQtWorker();
     const Sleeper sleeper = makeQtSleeper();
@@ -91,12 +93,8 @@ int runLabel(const LabelOptions& options, const ServiceEndpoints& endpoints) {
                           .calendar = Calendar::autoupdatingCurrent()},
                          endpoints,
                          AppDirectories::applicationSupport());
-    // Queued: the event loop may not be running yet.
-    const auto finish = [](int status) {
-        QMetaObject::invokeMethod(
-            QCoreApplication::instance(),
-            [status] { QCoreApplication::exit(status); },
-            Qt::QueuedConnection);
+    const auto finish = [&output](int status) {
+        output.whenWritten([status] { QCoreApplication::exit(status); });
     };
     if (options.mode == LabelMode::boards) {
         BoardsPrinter printer(services.marketState(),
@@ -106,7 +104,7 @@ int runLabel(const LabelOptions& options, const ServiceEndpoints& endpoints) {
                               {.print =
                                    [&output](std::string_view text) {
                                        text.remove_suffix(1);
-                                       static_cast<void>(output.print(text));
+                                       return output.print(text);
                                    },
                                .finish = finish});
         printer.start();
@@ -122,7 +120,7 @@ int runLabel(const LabelOptions& options, const ServiceEndpoints& endpoints) {
     services.start();
     printer.start();
     std::optional<DeferredSystemEvents> systemEvents;
-    if (options.mode == LabelMode::follow) {
+    if (isFollowing) {
         systemEvents.emplace(services, *executor, sleeper);
     }
     return QCoreApplication::exec();
@@ -135,13 +133,13 @@ int run(int argc, char** argv) {
         return failAtStart(error->text);
     }
     if (const auto* const information = std::get_if<LabelInformation>(&parsed)) {
-        fmt::print("{}", information->text);
-        return 0;
+        return StandardStreams::print(information->text) ? LabelPrinter::kSuccess
+                                                         : LabelPrinter::kNotWritten;
     }
     try {
         const auto endpoints = ServiceEndpoints::fromEnvironment(processEnvironment());
         const QCoreApplication application(argc, argv);
-        return runLabel(std::get<LabelOptions>(parsed), endpoints);
+        return leave(runLabel(std::get<LabelOptions>(parsed), endpoints));
     } catch (const EndpointError& error) {
         return failAtStart(error.what());
     }
@@ -152,5 +150,6 @@ int run(int argc, char** argv) {
 }  // namespace quillbar
 
 int main(int argc, char* argv[]) {
+    quillbar::StandardStreams::hold();
     return quillbar::run(argc, argv);
 }

@@ -10,19 +10,45 @@
 
 #include <fmt/format.h>
 
+#include <cerrno>
+#include <string_view>
+
 namespace quillbar {
+
+namespace {
+
+std::string about(const std::filesystem::path& pemFile, std::string_view reason) {
+    return fmt::format("QUILLBAR_CA_FILE:「{}」{}", pemFile.string(), reason);
+}
+
+std::string reasonOf(const FileError& error) {
+    switch (error.code()) {
+    case ENOENT:
+    case ENOTDIR:
+        return "不存在";
+    case EACCES:
+        return "没有读取权限";
+    case EISDIR:
+        return "是一个文件夹";
+    case EFBIG:
+        return "太大";
+    default:
+        return fmt::format("无法读取(错误 {})", error.code());
+    }
+}
+
+}  // namespace
 
 std::optional<std::string> trustAuthorities(const std::filesystem::path& pemFile) {
     std::string pem;
     try {
         pem = AtomicFile::read(pemFile);
     } catch (const FileError& error) {
-        return fmt::format("no certificate authority: {}", error.what());
+        return about(pemFile, reasonOf(error));
     }
     const auto certificates = QSslCertificate::fromData(QByteArray::fromStdString(pem), QSsl::Pem);
     if (certificates.isEmpty()) {
-        return fmt::format("no certificate authority: {} holds no PEM certificate",
-                           pemFile.string());
+        return about(pemFile, "不含 PEM 格式的证书");
     }
     QSslConfiguration configuration = QSslConfiguration::defaultConfiguration();
     // A configuration with authorities of its own no longer looks the system's up as they are needed.

@@ -4,8 +4,11 @@
 
 #include <QObject>
 
+#include <atomic>
 #include <cerrno>
 #include <csignal>
+#include <cstdint>
+#include <ctime>
 #include <fcntl.h>
 #include <system_error>
 #include <unistd.h>
@@ -15,13 +18,30 @@ namespace quillbar {
 
 namespace {
 
-// The one thing a signal handler may touch.
+// What the signal handler touches; nothing else may be touched there.
 volatile std::sig_atomic_t writeEnd = -1;
+std::atomic<std::int64_t> firstMilliseconds;
+std::atomic<std::int64_t> doubledMilliseconds;
+static_assert(std::atomic<std::int64_t>::is_always_lock_free);
 
-void handle(int /*signal*/) {
+std::int64_t monotonicMilliseconds() {
+    timespec time{};
+    ::clock_gettime(CLOCK_MONOTONIC, &time);
+    return std::int64_t{time.tv_sec} * 1000 + time.tv_nsec / 1'000'000;
+}
+
+void handle(int signal) {
     const int savedError = errno;
-    const char byte = 0;
-    [[maybe_unused]] const auto written = ::write(writeEnd, &byte, 1);
+    const std::int64_t time = monotonicMilliseconds();
+    std::int64_t first = 0;
+    if (firstMilliseconds.compare_exchange_strong(first, time)) {
+        const char byte = 0;
+        [[maybe_unused]] const auto written = ::write(writeEnd, &byte, 1);
+    } else if (time - first >= doubledMilliseconds) {
+        // It is delivered when this handler returns.
+        std::signal(signal, SIG_DFL);
+        std::raise(signal);
+    }
     errno = savedError;
 }
 
@@ -35,7 +55,8 @@ void install(int signal, void (*handler)(int)) {
 
 }  // namespace
 
-TerminationSignals::TerminationSignals(std::function<void()> onTerminate)
+TerminationSignals::TerminationSignals(std::function<void()> onTerminate,
+                                       std::chrono::milliseconds doubled)
     : m_onTerminate(std::move(onTerminate)) {
     if (::pipe2(m_pipe.data(), O_CLOEXEC | O_NONBLOCK) != 0) {
         throw std::system_error(errno, std::generic_category(), "pipe2");
@@ -46,6 +67,8 @@ TerminationSignals::TerminationSignals(std::function<void()> onTerminate)
         m_onTerminate();
     });
     writeEnd = m_pipe[1];
+    firstMilliseconds = 0;
+    doubledMilliseconds = doubled.count();
     install(SIGINT, handle);
     install(SIGTERM, handle);
     install(SIGPIPE, SIG_IGN);

@@ -5,6 +5,7 @@
 #include <QSocketNotifier>
 
 #include <array>
+#include <chrono>
 #include <functional>
 #include <memory>
 
@@ -12,9 +13,14 @@ namespace quillbar {
 
 /// Turns SIGINT and SIGTERM into one call on the main thread, and ignores SIGPIPE: a closed pipe is
 /// told by the write that fails. One at a time per process; the destructor restores the defaults.
+///
+/// Who is not obeyed and asks again ends the process by the signal's default action.
 class TerminationSignals final {
 public:
-    explicit TerminationSignals(std::function<void()> onTerminate);
+    /// A signal that comes within `doubled` of the first is one with it: timeout(1) sends one to the
+    /// program and one to its group.
+    explicit TerminationSignals(std::function<void()> onTerminate,
+                                std::chrono::milliseconds doubled = std::chrono::milliseconds{500});
     TerminationSignals(const TerminationSignals&) = delete;
     TerminationSignals& operator=(const TerminationSignals&) = delete;
     TerminationSignals(TerminationSignals&&) = delete;

@@ -42,19 +42,18 @@ TEST_F(CertificateAuthoritiesTest, addsToTheAuthoritiesOfTheSystem) {
 
 TEST_F(CertificateAuthoritiesTest, namesAFileThatDoesNotExist) {
     const auto file = m_folder.path() / "none.pem";
-    EXPECT_THAT(failure(file), testing::StartsWith("no certificate authority: "));
-    EXPECT_THAT(failure(file), testing::HasSubstr(file.string()));
+    EXPECT_EQ(failure(file), "QUILLBAR_CA_FILE:「" + file.string() + "」不存在");
 }
 
 TEST_F(CertificateAuthoritiesTest, refusesAFolder) {
-    EXPECT_THAT(failure(m_folder.path()), testing::StartsWith("no certificate authority: "));
+    EXPECT_EQ(failure(m_folder.path()),
+              "QUILLBAR_CA_FILE:「" + m_folder.path().string() + "」是一个文件夹");
 }
 
 TEST_F(CertificateAuthoritiesTest, refusesAFileWithoutACertificate) {
     const auto file = m_folder.path() / "empty.pem";
     std::ofstream(file) << "-----BEGIN CERTIFICATE-----\nnothing\n-----END CERTIFICATE-----\n";
-    EXPECT_EQ(failure(file),
-              "no certificate authority: " + file.string() + " holds no PEM certificate");
+    EXPECT_EQ(failure(file), "QUILLBAR_CA_FILE:「" + file.string() + "」不含 PEM 格式的证书");
 }
 
 }  // namespace

@@ -51,13 +51,24 @@ protected:
                                 m_time.sleeper()};
     std::vector<std::string> m_texts;
     std::vector<int> m_statuses;
+    bool m_hasReader = true;
     BoardsPrinter m_printer{m_market,
                             m_marketCaps,
                             m_executor,
                             m_time.sleeper(),
-                            {.print = [this](std::string_view text) { m_texts.emplace_back(text); },
+                            {.print =
+                                 [this](std::string_view text) {
+                                     m_texts.emplace_back(text);
+                                     return m_hasReader;
+                                 },
                              .finish = [this](int status) { m_statuses.push_back(status); }}};
 };
+
+TEST_F(BoardsPrinterTest, failsWhenTheBoardsCannotBeWritten) {
+    m_hasReader = false;
+    print();
+    EXPECT_THAT(m_statuses, ElementsAre(4));
+}
 
 TEST_F(BoardsPrinterTest, printsTheFourBoardsInTheirOrder) {
     print();

@@ -155,6 +155,22 @@ TEST_F(LabelPrinterTest, followsThePinToAnotherCoin) {
     EXPECT_THAT(m_lines, ElementsAre("BTC", "ETH 200.00 ▲100.00%"));
 }
 
+TEST_F(LabelPrinterTest, onceFailsWhenItsLineCannotBeWritten) {
+    m_hasReader = false;
+    startConnected(listOf({"BTC"}));
+    price("BTC", 101);
+    printOnce();
+    EXPECT_THAT(m_statuses, ElementsAre(4));
+}
+
+TEST_F(LabelPrinterTest, onceFailsWhenEvenWhatTheLabelShowsCannotBeWritten) {
+    m_hasReader = false;
+    startConnected(listOf({"BTC"}));
+    printOnce();
+    time.advance(Seconds(15));
+    EXPECT_THAT(m_statuses, ElementsAre(4));
+}
+
 TEST_F(LabelPrinterTest, stopsWhenNobodyReads) {
     startConnected(listOf({"BTC"}));
     follow();

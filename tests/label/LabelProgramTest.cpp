@@ -1,97 +1,26 @@
 // SPDX-FileCopyrightText: 2026 The Quillbar developers
 // SPDX-License-Identifier: MIT
-#include "simulator/Simulator.h"
+#include "tests/label/LabelProgramFixture.h"
 #include "tests/qtsupport/SpinUntil.h"
-#include "tests/support/TemporaryFolder.h"
-
-#include <QProcess>
-#include <QProcessEnvironment>
-#include <QString>
-#include <QStringList>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <csignal>
 #include <filesystem>
-#include <fstream>
-#include <memory>
 
 namespace quillbar {
 
 namespace {
 
-using simulator::Simulator;
+using ::testing::ElementsAre;
 using ::testing::HasSubstr;
 using ::testing::MatchesRegex;
 using ::testing::StartsWith;
 
 constexpr const char* kPriceLine = "BTC [0-9,]+[.][0-9][0-9] (▲|▼|·)[ 0-9]+[.][0-9][0-9]%\n";
 
-QString text(const std::string& utf8) {
-    return QString::fromStdString(utf8);
-}
-
-/// The program as a user starts it, against a simulated exchange in the test's own event loop.
-class LabelProgramTest : public ::testing::Test {
-protected:
-    LabelProgramTest() {
-        m_environment.insert(QStringLiteral("QUILLBAR_REST_ENDPOINTS"), text(m_binance.restBase()));
-        m_environment.insert(QStringLiteral("QUILLBAR_STREAM_ENDPOINTS"),
-                             text(m_binance.streamBase()));
-        m_environment.insert(QStringLiteral("QUILLBAR_MARKETCAP_ENDPOINT"),
-                             text(m_binance.marketCapBase()));
-        m_environment.insert(QStringLiteral("QUILLBAR_CA_FILE"), text(m_binance.caFile()));
-        m_environment.insert(QStringLiteral("XDG_DATA_HOME"), text(m_folder.path().string()));
-    }
-
-    void TearDown() override {
-        m_label.kill();
-        m_label.waitForFinished();
-    }
-
-    void run(const QStringList& arguments) {
-        start(QStringLiteral(QUILLBAR_LABEL_PROGRAM), arguments);
-    }
-
-    void start(const QString& program, const QStringList& arguments) {
-        m_label.setProcessEnvironment(m_environment);
-        m_label.start(program, arguments);
-        ASSERT_TRUE(m_label.waitForStarted());
-    }
-
-    void collect() {
-        m_output += m_label.readAllStandardOutput().toStdString();
-        m_errors += m_label.readAllStandardError().toStdString();
-    }
-
-    [[nodiscard]] bool printsLine(const std::string& part) {
-        return spinUntil([&] {
-            collect();
-            return m_output.find(part) != std::string::npos;
-        });
-    }
-
-    /// The exit status; -1 when the program does not end or was ended by a signal.
-    [[nodiscard]] int exitStatus() {
-        const bool hasEnded = spinUntil([&] { return m_label.state() == QProcess::NotRunning; });
-        collect();
-        return hasEnded && m_label.exitStatus() == QProcess::NormalExit ? m_label.exitCode() : -1;
-    }
-
-    void theWatchlistIs(const std::string& json) const {
-        const auto folder = m_folder.path() / "Quillbar";
-        std::filesystem::create_directories(folder);
-        std::ofstream(folder / "watchlist.json") << json;
-    }
-
-    Simulator m_binance{{.symbolCount = 100}};
-    TemporaryFolder m_folder;
-    QProcessEnvironment m_environment = QProcessEnvironment::systemEnvironment();
-    QProcess m_label;
-    std::string m_output;
-    std::string m_errors;
-};
+class LabelProgramTest : public LabelProgramFixture {};
 
 TEST_F(LabelProgramTest, printsAPriceOnce) {
     run({});
@@ -129,10 +58,12 @@ TEST_F(LabelProgramTest, endsAtOnceAndCleanlyOnASignal) {
         m_output.clear();
         run({QStringLiteral("--follow")});
         ASSERT_TRUE(printsLine("BTC 67,"));
-        ::kill(static_cast<pid_t>(m_label.processId()), signal);
-        EXPECT_EQ(exitStatus(), 0) << signal;
+        ASSERT_TRUE(spinUntil([&] { return m_binance.openStreams() == 1; }));
+        send(signal);
+        EXPECT_EQ(exitStatus(kAtOnce), 0) << signal;
         EXPECT_TRUE(spinUntil([&] { return m_binance.openStreams() == 0; }));
     }
+    EXPECT_THAT(m_binance.closeCodes(), ElementsAre(1001, 1001));
 }
 
 TEST_F(LabelProgramTest, endsWhenItsReaderGoesWithoutAnotherLineToWrite) {
@@ -195,7 +126,22 @@ TEST_F(LabelProgramTest, refusesAnAuthorityFileItCannotRead) {
     m_environment.insert(QStringLiteral("QUILLBAR_CA_FILE"), QStringLiteral("/nowhere/ca.pem"));
     run({});
     EXPECT_EQ(exitStatus(), 2);
-    EXPECT_THAT(m_errors, HasSubstr("/nowhere/ca.pem"));
+    EXPECT_EQ(m_errors, "quillbar-label: QUILLBAR_CA_FILE:「/nowhere/ca.pem」不存在\n");
+}
+
+TEST_F(LabelProgramTest, saysWhatIsWrongInOneLineWhateverItQuotes) {
+    run({QStringLiteral("--lo\nud\x1B[2J")});
+    EXPECT_EQ(exitStatus(), 2);
+    EXPECT_EQ(m_errors, "quillbar-label: 未知的参数「--lo ud [2J」,请看 --help\n");
+    m_errors.clear();
+    run({QStringLiteral("--format=js\r\non")});
+    EXPECT_EQ(exitStatus(), 2);
+    EXPECT_EQ(m_errors, "quillbar-label: 未知的格式「js  on」,可用 text、json 或 waybar\n");
+    m_errors.clear();
+    m_environment.insert(QStringLiteral("QUILLBAR_CA_FILE"), QStringLiteral("/no\nwhere"));
+    run({});
+    EXPECT_EQ(exitStatus(), 2);
+    EXPECT_EQ(m_errors, "quillbar-label: QUILLBAR_CA_FILE:「/no where」不存在\n");
 }
 
 TEST_F(LabelProgramTest, explainsItself) {

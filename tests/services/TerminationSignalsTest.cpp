@@ -5,7 +5,9 @@
 
 #include <gtest/gtest.h>
 
+#include <chrono>
 #include <csignal>
+#include <cstdlib>
 
 namespace quillbar {
 
@@ -20,6 +22,23 @@ TEST(TerminationSignals, callBackFromTheEventLoopOnce) {
         EXPECT_EQ(terminations, 0);
         EXPECT_TRUE(spinUntil([&terminations] { return terminations > 0; }));
         EXPECT_EQ(terminations, 1);
+    }
+}
+
+// Named for the child processes it starts: they run before threads exist.
+TEST(TerminationSignalsDeathTest, letASecondSignalEndAProcessThatDoesNotEnd) {
+    for (const int first : {SIGINT, SIGTERM}) {
+        for (const int second : {SIGINT, SIGTERM}) {
+            EXPECT_EXIT(
+                {
+                    const TerminationSignals signals([] {}, std::chrono::milliseconds{0});
+                    ::raise(first);
+                    ::raise(second);
+                    std::_Exit(0);
+                },
+                ::testing::KilledBySignal(second),
+                "");
+        }
     }
 }
 

@@ -1,0 +1,36 @@
+// SPDX-FileCopyrightText: 2026 The Quillbar developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "Quillbar/AppServices.h"
+#include "Quillbar/DeferredSystemEvents.h"
+#include "Quillbar/label/LabelOptions.h"
+#include "Quillbar/labelstate/StateLabelSource.h"
+
+#include <filesystem>
+#include <functional>
+#include <optional>
+
+namespace quillbar {
+
+/// The label over a connection of the program's own, which begins with this object and ends with it.
+/// Main thread.
+class OwnLabel final : public LabelSource {
+public:
+    /// Whoever follows also connects anew when the machine wakes.
+    OwnLabel(const ServicePlatform& platform,
+             const ServiceEndpoints& endpoints,
+             const std::filesystem::path& folder,
+             LabelMode mode);
+
+    [[nodiscard]] LabelSnapshot snapshot() const override { return m_label.snapshot(); }
+    [[nodiscard]] bool isStarted() const override { return m_label.isStarted(); }
+    void observe(std::function<void()> onChange) override { m_label.observe(std::move(onChange)); }
+
+private:
+    AppServices m_services;
+    StateLabelSource m_label{m_services.appState(), m_services.isStarted()};
+    std::optional<DeferredSystemEvents> m_systemEvents;
+};
+
+}  // namespace quillbar
