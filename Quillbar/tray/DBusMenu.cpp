@@ -10,7 +10,7 @@ namespace quillbar {
 
 namespace {
 
-const MenuEntry* find(const QList<MenuEntry>& entries, int id) {
+const MenuEntry* find(const std::vector<MenuEntry>& entries, int id) {
     for (const MenuEntry& entry : entries) {
         if (entry.id == id) {
             return &entry;
@@ -22,7 +22,7 @@ const MenuEntry* find(const QList<MenuEntry>& entries, int id) {
     return nullptr;
 }
 
-void collectIds(const QList<MenuEntry>& entries, QList<int>& ids) {
+void collectIds(const std::vector<MenuEntry>& entries, QList<int>& ids) {
     for (const MenuEntry& entry : entries) {
         ids.append(entry.id);
         collectIds(entry.children, ids);
@@ -61,7 +61,7 @@ DBusMenu::DBusMenu(Handlers handlers)
     registerMenuMessages();
 }
 
-void DBusMenu::setEntries(const QList<MenuEntry>& entries) {
+void DBusMenu::setEntries(const std::vector<MenuEntry>& entries) {
     if (entries == m_entries) {
         return;
     }

@@ -14,6 +14,7 @@
 #include <QVariantMap>
 
 #include <functional>
+#include <vector>
 
 namespace quillbar {
 
@@ -47,7 +48,7 @@ public:
     explicit DBusMenu(Handlers handlers);
 
     /// Tells the hosts, unless the menu stays as it is.
-    void setEntries(const QList<MenuEntry>& entries);
+    void setEntries(const std::vector<MenuEntry>& entries);
 
     [[nodiscard]] uint version() const;
     [[nodiscard]] QString textDirection() const { return QStringLiteral("ltr"); }
@@ -88,7 +89,7 @@ private:
     void handle(int id, const QString& type);
 
     Handlers m_handlers;
-    QList<MenuEntry> m_entries;
+    std::vector<MenuEntry> m_entries;
     uint m_revision = 1;
 };
 

@@ -33,7 +33,7 @@ void addAction(QMenu& menu, const MenuEntry& entry, const std::function<void(int
 }  // namespace
 
 void fillMenu(QMenu& menu,
-              const QList<MenuEntry>& entries,
+              const std::vector<MenuEntry>& entries,
               const std::function<void(int id)>& clicked) {
     menu.clear();
     qDeleteAll(menu.findChildren<QMenu*>(Qt::FindDirectChildrenOnly));

@@ -4,9 +4,8 @@
 
 #include "Quillbar/tray/MenuEntry.h"
 
-#include <QList>
-
 #include <functional>
+#include <vector>
 
 class QMenu;
 
@@ -15,7 +14,7 @@ namespace quillbar {
 /// Makes `menu` show these entries instead of its own. `clicked` is called with the id of each
 /// action that is chosen; its captures live as long as the menu's entries.
 void fillMenu(QMenu& menu,
-              const QList<MenuEntry>& entries,
+              const std::vector<MenuEntry>& entries,
               const std::function<void(int id)>& clicked);
 
 }  // namespace quillbar

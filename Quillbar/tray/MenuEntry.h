@@ -2,8 +2,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <QList>
 #include <QString>
+
+#include <vector>
 
 namespace quillbar {
 
@@ -23,7 +24,7 @@ struct MenuEntry final {
     /// For entries with a mark.
     bool isOn = false;
     /// For submenus.
-    QList<MenuEntry> children = {};
+    std::vector<MenuEntry> children = {};
 
     [[nodiscard]] bool operator==(const MenuEntry&) const = default;
 };

@@ -3,9 +3,7 @@
 #pragma once
 
 #include "Quillbar/tray/LabelPicture.h"
-#include "Quillbar/tray/MenuEntry.h"
 
-#include <QList>
 #include <QMenu>
 #include <QObject>
 #include <QString>

@@ -71,18 +71,19 @@ void StatusItem::show(const LabelFace& face) {
     refresh();
 }
 
-void StatusItem::setMenu(const QList<MenuEntry>& middle) {
+void StatusItem::setMenu(const std::vector<MenuEntry>& middle) {
     constexpr int kFirstSeparator = 3;
     constexpr int kSecondSeparator = 4;
     const auto separator = [](int id) {
         return MenuEntry{.id = id, .kind = MenuEntry::Kind::separator};
     };
-    QList<MenuEntry> entries{MenuEntry{.id = kOpenPanel, .label = QStringLiteral("打开面板")},
-                             separator(kFirstSeparator)};
-    if (!middle.isEmpty()) {
-        entries << middle << separator(kSecondSeparator);
+    std::vector<MenuEntry> entries{MenuEntry{.id = kOpenPanel, .label = QStringLiteral("打开面板")},
+                                   separator(kFirstSeparator)};
+    if (!middle.empty()) {
+        entries.insert(entries.end(), middle.begin(), middle.end());
+        entries.push_back(separator(kSecondSeparator));
     }
-    entries << MenuEntry{.id = kQuit, .label = QStringLiteral("退出")};
+    entries.push_back(MenuEntry{.id = kQuit, .label = QStringLiteral("退出")});
     m_menu.setEntries(entries);
     // A choice is handled after the menu is done with it, because it may change the menu.
     fillMenu(m_ownMenu, entries, [this](int id) {

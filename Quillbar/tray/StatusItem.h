@@ -25,6 +25,7 @@
 #include <functional>
 #include <memory>
 #include <optional>
+#include <vector>
 
 namespace quillbar {
 
@@ -78,7 +79,7 @@ public:
 
     /// Sets what stands in the menu between its first entry, which opens the panel, and its last,
     /// which quits.
-    void setMenu(const QList<MenuEntry>& middle);
+    void setMenu(const std::vector<MenuEntry>& middle);
 
 private:
     using Reply = std::function<void(const QDBusMessage&)>;

@@ -21,7 +21,7 @@ using ::testing::IsEmpty;
 
 constexpr int kUnknown = 77;
 
-QList<MenuEntry> entries() {
+std::vector<MenuEntry> entries() {
     return {
         MenuEntry{.id = 1, .label = QStringLiteral("a_b")},
         MenuEntry{.id = 2, .kind = MenuEntry::Kind::separator},
@@ -201,7 +201,7 @@ TEST_F(DBusMenuTest, announcesEachChangeOfItsLayoutWithTheNextRevision) {
     layout(DBusMenu::kRoot, 0);
     const uint before = revision;
     menu.setEntries(entries());
-    QList<MenuEntry> changed = entries();
+    std::vector<MenuEntry> changed = entries();
     changed[0].label = QStringLiteral("changed");
     menu.setEntries(changed);
     layout(DBusMenu::kRoot, 0);

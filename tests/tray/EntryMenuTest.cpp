@@ -17,7 +17,7 @@ using ::testing::ElementsAre;
 
 class EntryMenuTest : public ::testing::Test {
 protected:
-    void fill(const QList<MenuEntry>& entries) {
+    void fill(const std::vector<MenuEntry>& entries) {
         fillMenu(menu, entries, [this](int id) { clicked.push_back(id); });
     }
     [[nodiscard]] QAction* action(qsizetype index) const { return menu.actions().at(index); }
