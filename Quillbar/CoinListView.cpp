@@ -130,6 +130,7 @@ CoinListView::CoinListView(const ViewEnvironment& environment,
     layout->addWidget(m_header);
     layout->addWidget(m_rows);
 
+    m_reorder.setObjectName(QStringLiteral("reorder"));
     m_reorder.setSingleShot(true);
     QObject::connect(&m_reorder, &QTimer::timeout, this, [this] { updateOrder(); });
     m_staleness.setObjectName(QStringLiteral("staleness"));

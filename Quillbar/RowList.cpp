@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "Quillbar/RowList.h"
 
+#include "Quillbar/RowAccessibility.h"
+
 #include <QApplication>
 #include <QCursor>
 #include <QEnterEvent>
@@ -36,7 +38,9 @@ RowList::RowList(RowListContent content, int detailHeight, QWidget* parent)
           [this] {
               m_anchor.reset();
               m_content.settled();
-          }) {}
+          }) {
+    RowAccessibility::install();
+}
 
 // What is shown
 

@@ -14,7 +14,8 @@ namespace quillbar {
 
 namespace {
 
-constexpr double kArrowSize = 9;
+// Smaller than its slot, so that the ring of the focus goes around it.
+constexpr double kArrowSize = 6.5;
 
 QString spoken(const QString& title, std::optional<SortDirection> direction) {
     if (!direction) {
@@ -52,9 +53,9 @@ void SortableHeader::drawContent(QPainter& painter) {
                      static_cast<int>(Qt::AlignRight | Qt::AlignVCenter),
                      text());
     if (m_direction) {
-        QRectF arrow(0, 0, kSortIndicatorWidth, kArrowSize);
+        QRectF arrow(0, 0, kArrowSize, kArrowSize);
         arrow.moveCenter(QRectF(rect()).center());
-        arrow.moveRight(width());
+        arrow.moveLeft(width() - kSortIndicatorWidth);
         drawGlyph(painter,
                   *m_direction == SortDirection::descending ? Glyph::chevronDown : Glyph::chevronUp,
                   arrow,

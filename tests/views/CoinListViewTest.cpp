@@ -2,6 +2,9 @@
 // SPDX-License-Identifier: MIT
 #include "tests/views/CoinListFixture.h"
 
+#include <QAccessible>
+#include <QAccessibleInterface>
+
 #include <gmock/gmock.h>
 
 namespace quillbar {
@@ -146,6 +149,16 @@ TEST_F(CoinListViewTest, readsAloudAsASentence) {
     EXPECT_EQ(rows->accessibleName(), QStringLiteral("自选列表"));
 }
 
+TEST_F(CoinListViewTest, isAListOfItemsToAScreenReader) {
+    show({"BTC"});
+    EXPECT_EQ(QAccessible::queryAccessibleInterface(rows)->role(), QAccessible::List);
+    QAccessibleInterface* const item = QAccessible::queryAccessibleInterface(row("BTC"));
+    EXPECT_EQ(item->role(), QAccessible::ListItem);
+    EXPECT_EQ(item->text(QAccessible::Name), row("BTC")->accessibleName());
+    EXPECT_EQ(QAccessible::queryAccessibleInterface(arrow("BTC"))->role(), QAccessible::Button);
+    EXPECT_EQ(QAccessible::queryAccessibleInterface(header("价格"))->role(), QAccessible::Button);
+}
+
 TEST_F(CoinListViewTest, thePinnedCoinAloneCarriesThePin) {
     show({"BTC", "ETH"});
     EXPECT_EQ(coinCell("BTC")->pinMark(), PinMark::pinned);
@@ -240,6 +253,21 @@ TEST_F(CoinListViewTest, aSortedListFollowsThePricesAMomentLaterAndOnceForAll) {
     tick("SOL", {140, 100});
     EXPECT_TRUE(comesTo({"BTC", "SOL", "ETH"}));
     EXPECT_TRUE(rows->isConsistent()) << rows->brokenRule();
+}
+
+TEST_F(CoinListViewTest, thousandsOfPricesAreOneNewOrder) {
+    showThreeByChange();
+    auto* const timer = view->findChild<QTimer*>(QStringLiteral("reorder"));
+    ASSERT_NE(timer, nullptr);
+    int orders = 0;
+    QObject::connect(timer, &QTimer::timeout, view, [&orders] { ++orders; });
+    for (int each = 0; each < 2000; ++each) {
+        tick("BTC", {104 + each / 1000.0, 100});
+    }
+    EXPECT_THAT(order(), ElementsAre("ETH", "SOL", "BTC"));
+    EXPECT_TRUE(comesTo({"BTC", "ETH", "SOL"}));
+    EXPECT_EQ(orders, 1);
+    EXPECT_FALSE(timer->isActive()) << "nothing is left to do";
 }
 
 TEST_F(CoinListViewTest, aSortedListFollowsTodaysOpensAndTheBasis) {

@@ -1,0 +1,36 @@
+// SPDX-FileCopyrightText: 2026 The Quillbar developers
+// SPDX-License-Identifier: MIT
+#include "Quillbar/RowAccessibility.h"
+
+#include "Quillbar/ListRow.h"
+#include "Quillbar/RowList.h"
+
+#include <QAccessible>
+#include <QAccessibleInterface>
+#include <QAccessibleWidget>
+#include <QObject>
+#include <QString>
+
+namespace quillbar {
+
+namespace {
+
+// The caller owns what is made; null leaves the object to Qt.
+QAccessibleInterface* make(const QString& /*className*/, QObject* object) {
+    if (auto* const row = dynamic_cast<ListRow*>(object)) {
+        return new QAccessibleWidget(row, QAccessible::ListItem);
+    }
+    if (auto* const list = dynamic_cast<RowList*>(object)) {
+        return new QAccessibleWidget(list, QAccessible::List);
+    }
+    return nullptr;
+}
+
+}  // namespace
+
+void RowAccessibility::install() {
+    // Qt drops a factory that it has already.
+    QAccessible::installFactory(make);
+}
+
+}  // namespace quillbar
