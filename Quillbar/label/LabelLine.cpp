@@ -19,20 +19,6 @@ namespace quillbar {
 
 namespace {
 
-std::string_view nameOf(ConnectionState connection) {
-    switch (connection) {
-    case ConnectionState::disconnected:
-        return "disconnected";
-    case ConnectionState::connecting:
-        return "connecting";
-    case ConnectionState::connected:
-        return "connected";
-    case ConnectionState::waitingRetry:
-        return "waitingRetry";
-    }
-    return "";
-}
-
 QDateTime dateTime(TimePoint instant) {
     const auto sinceEpoch =
         std::chrono::floor<std::chrono::milliseconds>(instant.time_since_epoch());
@@ -62,7 +48,7 @@ std::string jsonLine(const LabelSnapshot& snapshot) {
     }
     object["changePercent"] = orNull(snapshot.changePercent);
     object["basis"] = rawValue(snapshot.basis);
-    object["connection"] = nameOf(snapshot.connection);
+    object["connection"] = rawValue(snapshot.connection);
     object["lastUpdate"] = nullptr;
     if (snapshot.lastUpdate) {
         object["lastUpdate"] =
@@ -158,11 +144,8 @@ std::string labelLine(const LabelSnapshot& snapshot, LabelFormat format) {
 bool differsVisibly(const LabelSnapshot& previous,
                     const LabelSnapshot& current,
                     LabelFormat format) {
-    if (previous.text != current.text) {
-        return true;
-    }
-    return format != LabelFormat::text
-           && (previous.connection != current.connection || previous.isStale != current.isStale);
+    return format == LabelFormat::text ? previous.text != current.text
+                                       : differsVisibly(previous, current);
 }
 
 }  // namespace quillbar

@@ -2,47 +2,38 @@
 // SPDX-License-Identifier: MIT
 #include "Quillbar/label/LabelPrinter.h"
 
-#include "QuillbarCore/state/AppState.h"
-
 #include <utility>
 
 namespace quillbar {
 
-LabelPrinter::LabelPrinter(const AppState& state,
-                           const Observed<bool>& isStarted,
+LabelPrinter::LabelPrinter(LabelSource& source,
                            Executor& executor,
                            Sleeper sleeper,
                            LabelOptions options,
                            Output output)
-    : m_state(state)
-    , m_isStarted(isStarted)
+    : m_source(source)
     , m_sleeper(std::move(sleeper))
     , m_options(options)
     , m_output(std::move(output))
     , m_scope(executor) {}
 
+LabelPrinter::~LabelPrinter() {
+    m_source.observe({});
+}
+
 void LabelPrinter::start() {
-    observe();
+    m_source.observe([this] { update(); });
     if (m_options.mode == LabelMode::once) {
         m_scope.spawn(giveUp());
     }
     update();
 }
 
-void LabelPrinter::observe() {
-    const auto changed = [this](const auto& /*value*/) { update(); };
-    m_observations.emplace_back(m_state.menuBarText().observe(changed));
-    m_observations.emplace_back(m_state.connectionState().observe(changed));
-    m_observations.emplace_back(m_state.todayOpens().observe(changed));
-    m_observations.emplace_back(m_state.watchlist().observe(changed));
-    m_observations.emplace_back(m_isStarted.observe(changed));
-}
-
 void LabelPrinter::update() {
     if (m_isFinished) {
         return;
     }
-    const LabelSnapshot snapshot = LabelSnapshot::of(m_state);
+    const LabelSnapshot snapshot = m_source.snapshot();
     if (m_options.mode == LabelMode::once) {
         updateOnce(snapshot);
     } else {
@@ -56,7 +47,7 @@ void LabelPrinter::updateOnce(const LabelSnapshot& snapshot) {
         printOnce(snapshot, kNoPrice);
         return;
     }
-    const bool isComplete = snapshot.changePercent.has_value() || *m_isStarted;
+    const bool isComplete = snapshot.changePercent.has_value() || m_source.isStarted();
     if (snapshot.showsPrice() && isComplete) {
         printOnce(snapshot, kSuccess);
     }
@@ -77,7 +68,7 @@ Task<void> LabelPrinter::giveUp() {
     if (m_isFinished) {
         co_return;
     }
-    const LabelSnapshot snapshot = LabelSnapshot::of(m_state);
+    const LabelSnapshot snapshot = m_source.snapshot();
     printOnce(snapshot, snapshot.showsPrice() ? kSuccess : kNoPrice);
 }
 

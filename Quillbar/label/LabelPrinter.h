@@ -4,8 +4,8 @@
 
 #include "Quillbar/label/LabelLine.h"
 #include "Quillbar/label/LabelOptions.h"
+#include "Quillbar/labelstate/LabelSource.h"
 #include "QuillbarCore/runtime/Executor.h"
-#include "QuillbarCore/runtime/Observed.h"
 #include "QuillbarCore/runtime/Sleeper.h"
 #include "QuillbarCore/runtime/TaskScope.h"
 #include "QuillbarCore/runtime/Time.h"
@@ -13,11 +13,8 @@
 #include <functional>
 #include <optional>
 #include <string_view>
-#include <vector>
 
 namespace quillbar {
-
-class AppState;
 
 /// Prints the label, once or as it changes. Lives on the main thread; what it is handed outlives it.
 class LabelPrinter final {
@@ -39,10 +36,9 @@ public:
         std::function<void(int status)> finish;
     };
 
-    /// `isStarted` tells whether the first requests have all been answered, or have failed: `--once`
-    /// waits so long for the change beside the price.
-    LabelPrinter(const AppState& state,
-                 const Observed<bool>& isStarted,
+    /// Is the source's one observer. `--once` waits for the change beside the price until the source
+    /// is started.
+    LabelPrinter(LabelSource& source,
                  Executor& executor,
                  Sleeper sleeper,
                  LabelOptions options,
@@ -51,13 +47,12 @@ public:
     LabelPrinter& operator=(const LabelPrinter&) = delete;
     LabelPrinter(LabelPrinter&&) = delete;
     LabelPrinter& operator=(LabelPrinter&&) = delete;
-    ~LabelPrinter() = default;
+    ~LabelPrinter();
 
     /// Begins to observe; prints the first line at once when following. Once.
     void start();
 
 private:
-    void observe();
     void update();
     void updateOnce(const LabelSnapshot& snapshot);
     void updateFollowing(const LabelSnapshot& snapshot);
@@ -65,14 +60,12 @@ private:
     void printOnce(const LabelSnapshot& snapshot, int status);
     void finish(int status);
 
-    const AppState& m_state;
-    const Observed<bool>& m_isStarted;
+    LabelSource& m_source;
     Sleeper m_sleeper;
     LabelOptions m_options;
     Output m_output;
     std::optional<LabelSnapshot> m_printed;
     bool m_isFinished = false;
-    std::vector<Observation> m_observations;
     // Last: its task uses `this`.
     TaskScope m_scope;
 };

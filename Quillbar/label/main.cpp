@@ -1,15 +1,18 @@
 // SPDX-FileCopyrightText: 2026 The Quillbar developers
 // SPDX-License-Identifier: MIT
 #include "Quillbar/AppServices.h"
+#include "Quillbar/instance/LabelWatch.h"
+#include "Quillbar/instance/SessionBus.h"
 #include "Quillbar/label/BoardsPrinter.h"
 #include "Quillbar/label/LabelOptions.h"
 #include "Quillbar/label/LabelPrinter.h"
+#include "Quillbar/label/OwnLabel.h"
+#include "Quillbar/label/SwitchingLabelSource.h"
 #include "Quillbar/platform/CertificateAuthorities.h"
 #include "Quillbar/platform/Leaving.h"
 #include "Quillbar/platform/LineOutput.h"
 #include "Quillbar/platform/ProxyFactory.h"
 #include "Quillbar/platform/StandardStreams.h"
-#include "Quillbar/platform/SystemEvents.h"
 #include "Quillbar/platform/TerminationSignals.h"
 #include "Quillbar/ServiceEndpoints.h"
 #include "QuillbarCore/runtime/QtExecutor.h"
@@ -19,6 +22,8 @@
 
 #include <QCoreApplication>
 
+#include <filesystem>
+#include <memory>
 #include <optional>
 #include <string>
 #include <unistd.h>
@@ -29,45 +34,11 @@ namespace quillbar {
 namespace {
 
 constexpr int kUsageStatus = 2;
-/// A machine that starts without a network must still learn that one has come.
-constexpr Seconds kSystemEventsDelay{30};
 
 int failAtStart(const std::string& text) {
     StandardStreams::complain("quillbar-label", text);
     return kUsageStatus;
 }
-
-/// Connects to the system's events once the first price is printed, because that may block.
-class DeferredSystemEvents {
-public:
-    DeferredSystemEvents(AppServices& services, Executor& executor, const Sleeper& sleeper)
-        : m_services(services)
-        , m_priced(services.appState().lastUpdate().observe(
-              [this](const std::optional<TimePoint>& /*time*/) { m_scope.spawn(begin()); }))
-        , m_scope(executor) {
-        m_scope.spawn(beginAfter(sleeper(kSystemEventsDelay)));
-    }
-
-private:
-    Task<void> beginAfter(Task<void> delay) {
-        co_await std::move(delay);
-        co_await begin();
-    }
-
-    Task<void> begin() {
-        m_priced.disconnect();
-        if (!m_events) {
-            m_events.emplace([this] { m_services.resume(); });
-        }
-        co_return;
-    }
-
-    AppServices& m_services;
-    std::optional<SystemEvents> m_events;
-    Observation m_priced;
-    // Last: its tasks use `this`.
-    TaskScope m_scope;
-};
 
 int runLabel(const LabelOptions& options, const ServiceEndpoints& endpoints) {
     if (endpoints.certificateAuthorityFile) {
@@ -86,17 +57,17 @@ int runLabel(const LabelOptions& options, const ServiceEndpoints& endpoints) {
     const auto executor = makeQtExecutor();
     const auto worker = makeQtWorker();
     const Sleeper sleeper = makeQtSleeper();
-    AppServices services({.executor = *executor,
-                          .worker = *worker,
-                          .clock = systemClock(),
-                          .sleeper = sleeper,
-                          .calendar = Calendar::autoupdatingCurrent()},
-                         endpoints,
-                         AppDirectories::applicationSupport());
+    const ServicePlatform platform{.executor = *executor,
+                                   .worker = *worker,
+                                   .clock = systemClock(),
+                                   .sleeper = sleeper,
+                                   .calendar = Calendar::autoupdatingCurrent()};
+    const std::filesystem::path folder = AppDirectories::applicationSupport();
     const auto finish = [&output](int status) {
         output.whenWritten([status] { QCoreApplication::exit(status); });
     };
     if (options.mode == LabelMode::boards) {
+        AppServices services(platform, endpoints, folder);
         BoardsPrinter printer(services.marketState(),
                               services.marketCapState(),
                               *executor,
@@ -110,18 +81,28 @@ int runLabel(const LabelOptions& options, const ServiceEndpoints& endpoints) {
         printer.start();
         return QCoreApplication::exec();
     }
-    LabelPrinter printer(services.appState(),
-                         services.isStarted(),
+    SwitchingLabelSource source(
+        [&] { return std::make_unique<OwnLabel>(platform, endpoints, folder, options.mode); });
+    LabelPrinter printer(source,
                          *executor,
                          sleeper,
                          options,
                          {.print = [&output](std::string_view line) { return output.print(line); },
                           .finish = finish});
-    services.start();
-    printer.start();
-    std::optional<DeferredSystemEvents> systemEvents;
-    if (isFollowing) {
-        systemEvents.emplace(services, *executor, sleeper);
+    const auto bus = SessionBus::connect(processEnvironment());
+    std::optional<LabelWatch> application;
+    bool isPrinting = false;
+    const auto update = [&] {
+        source.applicationTells(application ? application->report() : std::nullopt);
+        if (!isPrinting) {
+            isPrinting = true;
+            printer.start();
+        }
+    };
+    if (bus) {
+        application.emplace(*bus, update);
+    } else {
+        update();
     }
     return QCoreApplication::exec();
 }

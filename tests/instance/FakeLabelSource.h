@@ -30,7 +30,10 @@ public:
     explicit FakeLabelSource(LabelReport report = pricedReport("101.00"))
         : m_report(std::move(report)) {}
 
-    [[nodiscard]] LabelSnapshot snapshot() const override { return m_report.label; }
+    [[nodiscard]] LabelSnapshot snapshot() const override {
+        ++m_reads;
+        return m_report.label;
+    }
     [[nodiscard]] bool isStarted() const override { return m_report.isStarted; }
     void observe(std::function<void()> onChange) override { m_onChange = std::move(onChange); }
 
@@ -41,10 +44,13 @@ public:
         }
     }
     [[nodiscard]] const LabelReport& report() const { return m_report; }
+    /// How often it was read.
+    [[nodiscard]] int reads() const { return m_reads; }
     [[nodiscard]] bool isObserved() const { return m_onChange != nullptr; }
 
 private:
     LabelReport m_report;
+    mutable int m_reads = 0;
     std::function<void()> m_onChange;
 };
 

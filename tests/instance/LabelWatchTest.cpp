@@ -4,6 +4,7 @@
 #include "Quillbar/instance/LabelService.h"
 #include "Quillbar/instance/LabelWatch.h"
 #include "tests/instance/BusFixture.h"
+#include "tests/instance/FakeApplication.h"
 #include "tests/instance/FakeLabelSource.h"
 
 #include <QDBusVirtualObject>
@@ -17,21 +18,6 @@ namespace quillbar {
 namespace {
 
 using std::chrono::milliseconds;
-
-/// The application with its label.
-struct Application final {
-    explicit Application(const QDBusConnection& bus)
-        : service(bus, [](auto, const auto&) {})
-        , label(service.label(), source) {
-        bool hasName = false;
-        service.claim([&](auto claim) { hasName = claim == ApplicationService::Claim::claimed; });
-        EXPECT_TRUE(spinUntil([&] { return hasName; }));
-    }
-
-    FakeLabelSource source;
-    ApplicationService service;
-    LabelService label;
-};
 
 /// An application that answers a number of times, and then no more.
 class Answering final : public QDBusVirtualObject {
@@ -84,14 +70,14 @@ TEST_F(LabelWatchTest, withoutAnApplicationThereIsNoLabel) {
 }
 
 TEST_F(LabelWatchTest, readsTheLabelOfTheApplicationThatRuns) {
-    const Application application(m_other);
+    const FakeApplication application(m_other);
     watch();
     ASSERT_TRUE(resolves());
     EXPECT_EQ(m_watch->report(), pricedReport("101.00"));
 }
 
 TEST_F(LabelWatchTest, followsTheLabel) {
-    Application application(m_other);
+    FakeApplication application(m_other);
     watch();
     ASSERT_TRUE(shows("BTC 101.00"));
     application.source.set(pricedReport("102.00"));
@@ -101,19 +87,26 @@ TEST_F(LabelWatchTest, followsTheLabel) {
 TEST_F(LabelWatchTest, seesTheApplicationComeAndGoAndComeAgain) {
     watch();
     ASSERT_TRUE(showsNothing());
-    auto application = std::make_unique<Application>(m_other);
+    auto application = std::make_unique<FakeApplication>(m_other);
     EXPECT_TRUE(shows("BTC 101.00"));
     application.reset();
     EXPECT_TRUE(showsNothing());
-    application = std::make_unique<Application>(connect());
+    application = std::make_unique<FakeApplication>(connect());
     EXPECT_TRUE(shows("BTC 101.00"));
 }
 
 TEST_F(LabelWatchTest, seesAnApplicationThatIsKilled) {
-    auto process = std::make_unique<Application>(m_other);
-    watch();
-    ASSERT_TRUE(shows("BTC 101.00"));
-    QDBusConnection::disconnectFromBus(m_other.name());
+    const QString name = QStringLiteral("victim");
+    Answering always(100);
+    {
+        QDBusConnection victim = QDBusConnection::connectToBus(m_bus.address(), name);
+        victim.registerVirtualObject(applicationPath(), &always);
+        ASSERT_TRUE(victim.registerService(applicationName()));
+        watch();
+        ASSERT_TRUE(shows("BTC 101.00"));
+    }
+    // The last that holds it: the connection breaks without a word.
+    QDBusConnection::disconnectFromBus(name);
     EXPECT_TRUE(showsNothing());
 }
 
@@ -157,7 +150,7 @@ TEST_F(LabelWatchTest, anApplicationThatIsOnlySilentKeepsItsLabel) {
 }
 
 TEST_F(LabelWatchTest, believesNobodyElse) {
-    Application application(m_other);
+    FakeApplication application(m_other);
     watch();
     ASSERT_TRUE(shows("BTC 101.00"));
     QDBusConnection impostor = connect();

@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Quillbar developers
 // SPDX-License-Identifier: MIT
 #include "Quillbar/label/LabelPrinter.h"
+#include "Quillbar/labelstate/StateLabelSource.h"
 #include "tests/state/AppStateFixture.h"
 
 #include <gmock/gmock.h>
@@ -18,9 +19,9 @@ using Lines = std::vector<std::string>;
 class LabelPrinterTest : public AppStateFixture {
 protected:
     void printLabel(LabelOptions options) {
+        m_source = std::make_unique<StateLabelSource>(*state, m_isStarted);
         m_printer = std::make_unique<LabelPrinter>(
-            *state,
-            m_isStarted,
+            *m_source,
             executor,
             time.sleeper(),
             options,
@@ -43,6 +44,7 @@ protected:
     std::vector<int> m_statuses;
     bool m_hasReader = true;
     Observed<bool> m_isStarted;
+    std::unique_ptr<StateLabelSource> m_source;
     std::unique_ptr<LabelPrinter> m_printer;
 };
 
