@@ -41,37 +41,34 @@ std::optional<std::int64_t> integer(const ordered_json& value) {
     return std::nullopt;
 }
 
-/// Refuses an object with more keys than any of ours: looking one up among ordered keys takes a time
-/// that grows with their number, and so parsing them all one that grows with its square.
+/// Refuses what would cost too much. Looking a key up among ordered ones takes a time that grows with
+/// their number, and so parsing them all one that grows with its square; and a value takes eight times
+/// the memory of its text.
 ///
 /// A pass of its own: the library's parser with a callback looks at all earlier elements of a list at
 /// each one's end, and so takes minutes for a long list.
-class KeyLimit final : public nlohmann::json_sax<ordered_json> {
+class Limits final : public nlohmann::json_sax<ordered_json> {
 public:
-    bool start_object(std::size_t /*count*/) override {
-        m_counts.push_back(0);
-        return true;
-    }
-    bool end_object() override {
-        m_counts.pop_back();
-        return true;
-    }
+    bool start_object(std::size_t /*count*/) override { return enter(); }
+    bool end_object() override { return leave(); }
+    bool start_array(std::size_t /*count*/) override { return enter(); }
+    bool end_array() override { return leave(); }
     bool key(string_t& /*text*/) override {
-        if (++m_counts.back() > kMaximumKeys) {
+        if (++m_keyCounts.back() > kMaximumKeys) {
             throw DocumentError(fmt::format("more than {} keys in an object", kMaximumKeys));
         }
         return true;
     }
 
-    bool null() override { return true; }
-    bool boolean(bool /*value*/) override { return true; }
-    bool number_integer(number_integer_t /*value*/) override { return true; }
-    bool number_unsigned(number_unsigned_t /*value*/) override { return true; }
-    bool number_float(number_float_t /*value*/, const string_t& /*text*/) override { return true; }
-    bool string(string_t& /*value*/) override { return true; }
-    bool binary(binary_t& /*value*/) override { return true; }
-    bool start_array(std::size_t /*count*/) override { return true; }
-    bool end_array() override { return true; }
+    bool null() override { return count(); }
+    bool boolean(bool /*value*/) override { return count(); }
+    bool number_integer(number_integer_t /*value*/) override { return count(); }
+    bool number_unsigned(number_unsigned_t /*value*/) override { return count(); }
+    bool number_float(number_float_t /*value*/, const string_t& /*text*/) override {
+        return count();
+    }
+    bool string(string_t& /*value*/) override { return count(); }
+    bool binary(binary_t& /*value*/) override { return count(); }
     // What is wrong with the text is told by the parser, which reads it next.
     bool parse_error(std::size_t /*position*/,
                      const std::string& /*token*/,
@@ -80,7 +77,29 @@ public:
     }
 
 private:
-    std::vector<int> m_counts;
+    bool count() {
+        if (++m_values > kMaximumValues) {
+            throw DocumentError(fmt::format("more than {} values", kMaximumValues));
+        }
+        return true;
+    }
+
+    bool enter() {
+        if (m_keyCounts.size() == kMaximumDepth) {
+            throw DocumentError(fmt::format("nested deeper than {} levels", kMaximumDepth));
+        }
+        m_keyCounts.push_back(0);
+        return count();
+    }
+
+    bool leave() {
+        m_keyCounts.pop_back();
+        return true;
+    }
+
+    // Of each list or object that is open; a list has none.
+    std::vector<int> m_keyCounts;
+    int m_values = 0;
 };
 
 }  // namespace
@@ -92,8 +111,8 @@ ordered_json parse(std::string_view text) {
         throw DocumentError("a zero byte in the text");
     }
     try {
-        KeyLimit limit;
-        ordered_json::sax_parse(text, &limit);
+        Limits limits;
+        ordered_json::sax_parse(text, &limits);
         return ordered_json::parse(text);
     } catch (const ordered_json::exception& error) {
         throw DocumentError(error.what());

@@ -13,11 +13,16 @@
 /// asks for are ignored; a null counts as an absent key. Pure; callable from any thread.
 namespace quillbar::JSONDocument {
 
-/// An object of ours has a handful of keys; with more than this it is not one of ours.
+/// What a document of ours never comes near; one that does would cost more memory and time than a
+/// damaged file may.
 inline constexpr int kMaximumKeys = 1000;
+inline constexpr int kMaximumDepth = 64;
+inline constexpr int kMaximumValues = 1'000'000;
 
 /// The text as JSON. Throws DocumentError when it is not exactly one JSON value in UTF-8 (a byte
-/// order mark in front is passed over), and when an object in it has more than `kMaximumKeys` keys.
+/// order mark in front is passed over), and when an object in it has more than `kMaximumKeys` keys,
+/// when it is nested deeper than `kMaximumDepth` lists and objects, or when it has more than
+/// `kMaximumValues` values, lists and objects among them.
 [[nodiscard]] nlohmann::ordered_json parse(std::string_view text);
 
 /// The value as compact text, its keys in the order in which they were set. Throws DocumentError

@@ -17,18 +17,6 @@ namespace {
 
 constexpr int kMaximumKeptFiles = 100;
 
-/// The bytes of the file; absent when there is no file.
-std::optional<std::string> readIfPresent(const std::filesystem::path& path) {
-    try {
-        return AtomicFile::read(path, DocumentFile::kMaximumKeptSize);
-    } catch (const FileError& error) {
-        if (error.code() == ENOENT || error.code() == ENOTDIR) {
-            return std::nullopt;
-        }
-        throw;
-    }
-}
-
 bool isTaken(const std::filesystem::path& path) {
     std::error_code error;
     return std::filesystem::symlink_status(path, error).type()
@@ -50,35 +38,57 @@ DocumentFile::DocumentFile(std::filesystem::path path, FileOperations& operation
     , m_operations(&operations) {}
 
 std::string DocumentFile::read() const {
-    return AtomicFile::read(m_path);
+    return AtomicFile::read(m_path, kMaximumSize);
 }
 
 void DocumentFile::replace(std::string_view bytes) {
+    std::optional<std::filesystem::path> moved;
     if (!m_mayBeReplaced) {
-        keep();
+        moved = keep();
         m_mayBeReplaced = true;
     }
-    AtomicFile::write(m_path, bytes, *m_operations);
+    try {
+        AtomicFile::write(m_path, bytes, *m_operations);
+    } catch (const FileError&) {
+        if (moved && !isTaken(m_path) && m_operations->rename(*moved, m_path) == 0) {
+            m_mayBeReplaced = false;
+        }
+        throw;
+    }
 }
 
-void DocumentFile::keep() const {
-    const std::optional<std::string> bytes = readIfPresent(m_path);
-    if (!bytes) {
-        return;
+std::optional<std::filesystem::path> DocumentFile::keep() const {
+    std::string bytes;
+    try {
+        bytes = AtomicFile::read(m_path, kMaximumKeptSize);
+    } catch (const FileError& error) {
+        if (error.code() == ENOENT || error.code() == ENOTDIR) {
+            return std::nullopt;
+        }
+        const std::filesystem::path name = keptName(std::nullopt);
+        if (m_operations->rename(m_path, name) != 0) {
+            throw;
+        }
+        return name;
     }
+    const std::filesystem::path name = keptName(bytes);
+    if (!isTaken(name)) {
+        AtomicFile::write(name, bytes, *m_operations);
+    }
+    return std::nullopt;
+}
+
+std::filesystem::path DocumentFile::keptName(std::optional<std::string_view> bytes) const {
     const std::filesystem::path firstName = m_path.string() + ".bak";
     std::filesystem::path name = firstName;
-    for (int number = 1; isTaken(name); ++number) {
-        if (holds(name, *bytes)) {
-            return;
-        }
+    for (int number = 1; isTaken(name) && !(bytes && holds(name, *bytes)); ++number) {
         if (number == kMaximumKeptFiles) {
             throw FileError(fmt::format("cannot keep {}: too many files are kept", m_path.string()),
                             EEXIST);
         }
         name = fmt::format("{}.{}", firstName.string(), number);
     }
-    AtomicFile::write(name, *bytes, *m_operations);
+    return name;
 }
 
 }  // namespace quillbar

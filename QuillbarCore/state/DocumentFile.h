@@ -6,6 +6,7 @@
 
 #include <cstddef>
 #include <filesystem>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -15,7 +16,9 @@ namespace quillbar {
 /// there is known to be of no further use or has been kept.
 class DocumentFile final {
 public:
-    /// The greatest file that is kept when it cannot be understood.
+    /// The greatest document that is read. A watchlist of ten thousand coins has half a megabyte.
+    static constexpr std::size_t kMaximumSize = std::size_t{4} * 1024 * 1024;
+    /// The greatest file that is kept by copying it when it cannot be understood.
     static constexpr std::size_t kMaximumKeptSize = std::size_t{256} * 1024 * 1024;
 
     /// `operations` outlives the file.
@@ -25,7 +28,7 @@ public:
     [[nodiscard]] const std::filesystem::path& path() const noexcept { return m_path; }
 
     /// The file's bytes. Throws `FileError` when there is none, or it cannot be read, or is greater
-    /// than any document (`AtomicFile::kMaximumSize`).
+    /// than any document (`kMaximumSize`).
     [[nodiscard]] std::string read() const;
 
     /// Says that the bytes that were read have been understood: `replace` need not keep them.
@@ -36,13 +39,18 @@ public:
     /// read (damaged, or written by a later version) is not lost. What was kept earlier is never
     /// overwritten: when NAME.bak holds other bytes, NAME.bak.1 is taken, and so on.
     ///
-    /// Throws `FileError`; the file is then as it was before (but see `AtomicFile::write`). One that
-    /// exists and cannot be kept, because it cannot be read or is over `kMaximumKeptSize`, is not
-    /// replaced either.
+    /// What cannot be copied, because it cannot be read (another user's file, a folder, a circle of
+    /// links) or is over `kMaximumKeptSize`, is kept by moving it to that name.
+    ///
+    /// Throws `FileError`; the file is then as it was before (but see `AtomicFile::write`): one that
+    /// cannot be kept at all is not replaced, and one that was moved is moved back.
     void replace(std::string_view bytes);
 
 private:
-    void keep() const;
+    /// Where it was moved, when it was.
+    [[nodiscard]] std::optional<std::filesystem::path> keep() const;
+    /// The first name to keep a file under that is free, or that holds these bytes already.
+    [[nodiscard]] std::filesystem::path keptName(std::optional<std::string_view> bytes) const;
 
     std::filesystem::path m_path;
     FileOperations* m_operations;
