@@ -11,6 +11,7 @@
 
 #include <initializer_list>
 #include <utility>
+#include <vector>
 
 namespace quillbar {
 
@@ -21,18 +22,19 @@ struct Variable {
     QString value;
 };
 
-// The first of the names that has a value, each in lower and then in upper case.
-std::optional<Variable> findVariable(const QProcessEnvironment& environment,
-                                     std::initializer_list<QString> names) {
+// Those of the names that have a value, each in lower and then in upper case.
+std::vector<Variable> findVariables(const QProcessEnvironment& environment,
+                                    std::initializer_list<QString> names) {
+    std::vector<Variable> variables;
     for (const QString& lower : names) {
         for (const QString& name : {lower, lower.toUpper()}) {
             const QString value = environment.value(name).trimmed();
             if (!value.isEmpty()) {
-                return Variable{name, value};
+                variables.push_back({name, value});
             }
         }
     }
-    return std::nullopt;
+    return variables;
 }
 
 std::optional<QNetworkProxy> parseProxy(const QString& value) {
@@ -54,22 +56,22 @@ std::optional<QNetworkProxy> parseProxy(const QString& value) {
 
 std::optional<QNetworkProxy> readProxy(const QProcessEnvironment& environment,
                                        const QString& ofScheme) {
-    const auto variable = findVariable(environment, {ofScheme, QStringLiteral("all_proxy")});
-    if (!variable) {
-        return std::nullopt;
-    }
-    auto proxy = parseProxy(variable->value);
-    if (!proxy) {
+    for (const Variable& variable :
+         findVariables(environment, {ofScheme, QStringLiteral("all_proxy")})) {
+        if (auto proxy = parseProxy(variable.value)) {
+            return proxy;
+        }
         Logger("Proxy").error("ignoring {}: not the URL of an http or socks5 proxy",
-                              variable->name.toStdString());
+                              variable.name.toStdString());
     }
-    return proxy;
+    return std::nullopt;
 }
 
 QStringList readExceptions(const QProcessEnvironment& environment) {
     static const QRegularExpression separators(QStringLiteral("[,\\s]+"));
-    const auto variable = findVariable(environment, {QStringLiteral("no_proxy")});
-    return variable ? variable->value.split(separators, Qt::SkipEmptyParts) : QStringList{};
+    const auto variables = findVariables(environment, {QStringLiteral("no_proxy")});
+    return variables.empty() ? QStringList{}
+                             : variables.front().value.split(separators, Qt::SkipEmptyParts);
 }
 
 bool isLoopback(const QString& host) {

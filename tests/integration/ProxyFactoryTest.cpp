@@ -168,5 +168,18 @@ TEST(ProxyFactoryTest, logsWhatItCannotUnderstandWithoutItsPassword) {
     EXPECT_THAT(log.lines(), IsEmpty());
 }
 
+TEST(ProxyFactoryTest, passesOverWhatItCannotUseForTheNextVariable) {
+    CapturedLog log;
+    EXPECT_EQ(forRequest({{"https_proxy", "https://proxy.test"},
+                          {"HTTPS_PROXY", "socks4://proxy.test"},
+                          {"all_proxy", "socks5://127.0.0.1:7890"}},
+                         kUrl),
+              "socks5 127.0.0.1:7890 '' ''");
+    EXPECT_THAT(
+        log.lines(),
+        ElementsAre("Proxy|error|ignoring https_proxy: not the URL of an http or socks5 proxy",
+                    "Proxy|error|ignoring HTTPS_PROXY: not the URL of an http or socks5 proxy"));
+}
+
 }  // namespace
 }  // namespace quillbar
