@@ -21,6 +21,15 @@ namespace {
 
 constexpr std::uint16_t kGoingAway = 1001;
 
+// A demonstration runs for days.
+template <class Entry>
+void remember(std::vector<Entry>& entries, Entry entry) {
+    if (entries.size() == Exchange::kRemembered) {
+        entries.erase(entries.begin());
+    }
+    entries.push_back(std::move(entry));
+}
+
 MarketTime startTimeOf(const SimulatorOptions& options) {
     return options.startTime.value_or(
         std::chrono::floor<std::chrono::milliseconds>(std::chrono::system_clock::now()));
@@ -141,7 +150,7 @@ void Exchange::requested(Connection& connection, const HttpRequest& request) {
         connection.send(answerControl(request, *this));
         return;
     }
-    log.requests.push_back({request.method, request.target, request.path, request.headers});
+    remember(log.requests, {request.method, request.target, request.path, request.headers});
     if (const std::optional<RequestFault> fault = strike(request)) {
         schedule(connection, fault->delay, [this, &connection, request, fault = *fault] {
             answer(connection, request, fault);
@@ -299,19 +308,19 @@ void Exchange::tick() {
 }
 
 void Exchange::pinged(Connection& connection, std::string_view payload) {
-    log.pings.emplace_back(payload);
+    remember(log.pings, std::string(payload));
     if (m_voice != StreamVoice::dead) {
         connection.sendControl(WebSocketFrames::encode(WebSocketFrames::Opcode::pong, payload));
     }
 }
 
 void Exchange::ponged(std::string_view payload) {
-    log.pongs.emplace_back(payload);
+    remember(log.pongs, std::string(payload));
 }
 
 void Exchange::closed(Connection& connection, int code) {
     constexpr int kNoCode = 1005;
-    log.closeCodes.push_back(code);
+    remember(log.closeCodes, code);
     if (m_voice == StreamVoice::dead) {
         return;
     }

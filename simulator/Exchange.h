@@ -43,7 +43,10 @@ public:
     [[nodiscard]] int openConnections() const { return static_cast<int>(m_connections.size()); }
     [[nodiscard]] int openStreams() const;
 
-    /// What was seen; read and cleared from outside.
+    /// How much is remembered of each kind.
+    static constexpr std::size_t kRemembered = 10'000;
+
+    /// What was seen, the newest of it; read and cleared from outside.
     struct Log {
         std::vector<RequestRecord> requests;
         std::vector<int> closeCodes;

@@ -80,6 +80,7 @@ public:
     /// changed. BTCUSDT, ETHUSDT, SOLUSDT, BNBUSDT and XRPUSDT change at every step.
     void tick();
 
+    /// What was seen, in order: the newest 10,000 of the requests, and of each list below.
     [[nodiscard]] const std::vector<RequestRecord>& requests() const;
     void forgetRequests();
     /// Connections accepted and not yet ended, whatever they carry.

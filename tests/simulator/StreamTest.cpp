@@ -259,6 +259,17 @@ TEST_F(StreamTest, AnUpgradeIsNeverAnswered) {
     EXPECT_EQ(simulator.openStreams(), 0);
 }
 
+TEST_F(StreamTest, TheNewestTenThousandPingsAreRemembered) {
+    StreamClient& client = twoPairs();
+    for (int number = 0; number <= 10'000; ++number) {
+        client.socket.ping(QByteArray::number(number));
+    }
+    ASSERT_TRUE(spinUntil(
+        [this] { return !simulator.pings().empty() && simulator.pings().back() == "10000"; }));
+    EXPECT_THAT(simulator.pings(), SizeIs(10'000));
+    EXPECT_EQ(simulator.pings().front(), "1");
+}
+
 TEST_F(StreamTest, AStatusAnswersTheHandshake) {
     simulator.faults().status(503, 1, "/stream");
     StreamClient refused(simulator, "btcusdt@miniTicker");
