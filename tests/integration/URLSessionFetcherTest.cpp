@@ -324,6 +324,39 @@ TEST(URLSessionFetcherTest, sharesConnectionsBetweenFetchers) {
     EXPECT_EQ(server.accepted, 1);
 }
 
+TEST(URLSessionFetcherTest, leavesTheConnectionsThatItIsToForget) {
+    // A connection dies after its first answer, as over a sleep, and nobody is told.
+    RawServer server([](const std::string&, QTcpSocket& socket) {
+        if (!socket.property("isDead").toBool()) {
+            socket.setProperty("isDead", true);
+            socket.write(QByteArray::fromStdString(httpAnswer("200 OK", "")));
+        }
+    });
+    Fetching fetching({.withoutProgress = milliseconds(5'000)});
+    static_cast<void>(fetching.get(server.url()));
+    URLSessionFetcher::forgetConnections();
+    EXPECT_EQ(fetching.failure(server.url()), std::nullopt);
+    EXPECT_EQ(server.accepted, 2);
+    EXPECT_TRUE(spinUntil([&server] { return server.ended == 1; }));
+}
+
+TEST(URLSessionFetcherTest, endsTheTransfersUnderWayOnTheConnectionsThatItIsToForget) {
+    QTcpSocket* waiting = nullptr;
+    RawServer server([&waiting](const std::string&, QTcpSocket& socket) { waiting = &socket; });
+    Fetching fetching;
+    int status = 0;
+    const auto fetch = [&](std::string url) -> Task<void> {
+        const HTTPResponse response = co_await fetching.fetcher().fetch(std::move(url));
+        status = response.status;
+    };
+    fetching.loop().spawn(fetch(server.url()));
+    ASSERT_TRUE(spinUntil([&waiting] { return waiting != nullptr; }));
+    URLSessionFetcher::forgetConnections();
+    waiting->write(QByteArray::fromStdString(httpAnswer("200 OK", "")));
+    EXPECT_TRUE(spinUntil([&status] { return status == 200; }));
+    EXPECT_EQ(server.accepted, 1);
+}
+
 TEST(URLSessionFetcherTest, asksAgainForWhatCouldBeCachedAndReturnsNoCookies) {
     RawServer server(say(
         httpAnswer("200 OK", "", "Set-Cookie: id=1; Path=/\r\nCache-Control: max-age=3600\r\n")));
