@@ -137,19 +137,37 @@ void makeFolders(const std::filesystem::path& folder, FileOperations& operations
     }
 }
 
-void synchroniseFolder(const std::filesystem::path& folder, FileOperations& operations) {
-    const int descriptor = operations.openDirectory(folder.string());
-    if (descriptor < 0) {
-        fail("cannot open the folder", folder, errno);
+// The folder of the target. Opened before anything is replaced, so that what can be known to fail
+// fails while the old file stands.
+class Folder {
+public:
+    Folder(std::filesystem::path path, FileOperations& operations)
+        : m_operations(operations)
+        , m_path(std::move(path))
+        , m_descriptor(operations.openDirectory(m_path.string())) {
+        if (m_descriptor < 0) {
+            fail("cannot open the folder", m_path, errno);
+        }
     }
-    const int result = uninterrupted([&] { return operations.synchronise(descriptor); });
-    const int reason = errno;
-    operations.close(descriptor);
-    // Some file systems cannot synchronise a folder and say so with EINVAL.
-    if (result != 0 && reason != EINVAL) {
-        fail("cannot synchronise the folder", folder, reason);
+    Folder(const Folder&) = delete;
+    Folder& operator=(const Folder&) = delete;
+    Folder(Folder&&) = delete;
+    Folder& operator=(Folder&&) = delete;
+    ~Folder() { m_operations.close(m_descriptor); }
+
+    void synchronise() {
+        const int result = uninterrupted([this] { return m_operations.synchronise(m_descriptor); });
+        // Some file systems cannot synchronise a folder and say so with EINVAL.
+        if (result != 0 && errno != EINVAL) {
+            fail("cannot synchronise the folder", m_path, errno);
+        }
     }
-}
+
+private:
+    FileOperations& m_operations;
+    std::filesystem::path m_path;
+    int m_descriptor;
+};
 
 // The file itself where the path is a symbolic link, as it is for people who keep their
 // configuration elsewhere. It need not exist.
@@ -204,12 +222,11 @@ void AtomicFile::write(const std::filesystem::path& path,
                        FileOperations& operations) {
     const std::filesystem::path target = resolve(path);
     makeFolders(target.parent_path(), operations);
-    {
-        TemporaryFile temporary(target, operations);
-        temporary.fill(bytes);
-        temporary.moveToTarget();
-    }
-    synchroniseFolder(target.has_parent_path() ? target.parent_path() : ".", operations);
+    TemporaryFile temporary(target, operations);
+    temporary.fill(bytes);
+    Folder folder(target.has_parent_path() ? target.parent_path() : ".", operations);
+    temporary.moveToTarget();
+    folder.synchronise();
 }
 
 }  // namespace quillbar
