@@ -175,21 +175,25 @@ private:
                                               m_input.locale);
     }
 
-    // What lies no closer has room for the widest labels.
-    [[nodiscard]] Seconds closestTimes() const {
-        const QDate day(2028, 12, 28);
-        const QTime evening(22, 58);
-        const double widest =
-            std::max(m_input.text.width(LocalTimeText::dayAndMonth(day, m_input.locale)),
-                     m_input.text.width(LocalTimeText::hoursAndMinutes(evening, m_input.locale)));
-        const Seconds room =
-            (last() - first()) * (widest + kLeastSpaceBetweenTimes) / m_layout.plot.width();
-        return std::max(room, kLeastTimeStep);
+    // What lies no closer has room for such a label.
+    [[nodiscard]] Seconds timeFor(double labelWidth) const {
+        const Seconds time =
+            (last() - first()) * (labelWidth + kLeastSpaceBetweenTimes) / m_layout.plot.width();
+        return std::max(time, kLeastTimeStep);
+    }
+
+    [[nodiscard]] TimeTicks::Spacing timeSpacing() const {
+        // As wide as they come.
+        const QString day = LocalTimeText::dayAndMonth({2028, 12, 28}, m_input.locale);
+        const QString time = LocalTimeText::hoursAndMinutes({22, 58}, m_input.locale);
+        const double dayWidth = m_input.text.width(day);
+        const double timeWidth = m_input.text.width(time);
+        return {.times = timeFor(std::max(dayWidth, timeWidth)), .days = timeFor(dayWidth)};
     }
 
     void placeTimes(const Scale& scale) {
         const std::vector<TimeTick> ticks = TimeTicks::between(
-            first(), last(), closestTimes(), m_input.calendar, m_input.locale.firstDayOfWeek());
+            first(), last(), timeSpacing(), m_input.calendar, m_input.locale.firstDayOfWeek());
         for (const TimeTick& tick : ticks) {
             m_layout.timeGrid.push_back(scale.x(tick.time));
         }

@@ -60,7 +60,8 @@ QString priceText(double price) {
 }
 
 QAccessibleInterface* accessibleChart(const QString& /*className*/, QObject* object) {
-    auto* const chart = qobject_cast<PriceChart*>(object);
+    // By its type, because it has no class name of its own: it is asked about as a QWidget.
+    auto* const chart = dynamic_cast<PriceChart*>(object);
     return chart == nullptr ? nullptr : new QAccessibleWidget(chart, QAccessible::Chart);
 }
 
@@ -342,8 +343,9 @@ void PriceChart::paintReading(QPainter& painter,
         timeWidth + kBubbleSpacing + TabularText::width(price, font) + 2 * kBubblePadding;
     const double height = QFontMetricsF(font).height() + 4;
     const QRectF& plot = layout().plot;
-    const double left =
-        std::clamp(point.position.x() - width / 2, 0.0, std::max(0.0, this->width() - width));
+    // Beside the prices of the axis, if there is room.
+    const double furthest = std::max(0.0, plot.right() - width);
+    const double left = std::clamp(point.position.x() - width / 2, 0.0, furthest);
     // At the end of the crosshair that is away from the price.
     const bool isPriceBelow = point.position.y() > plot.center().y();
     const double top = isPriceBelow ? plot.top() : plot.bottom() - height;

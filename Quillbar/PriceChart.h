@@ -26,9 +26,6 @@ namespace quillbar {
 /// Times are those of the calendar, written as the widget's locale does. Screen readers are told of a
 /// chart; give it an accessible name.
 class PriceChart final : public QWidget {
-    // Accessibility finds it by the name of its class.
-    Q_OBJECT
-
 public:
     explicit PriceChart(Calendar calendar, QWidget* parent = nullptr);
 

@@ -22,11 +22,12 @@ constexpr double kFurthest = 1e11;
 // No screen has room for more; what asks for them would only cost time.
 constexpr double kMost = 1000;
 
-bool isAskedSensibly(TimePoint first, TimePoint last, Seconds closest) {
+bool isAskedSensibly(TimePoint first, TimePoint last, const Spacing& spacing) {
     const double begin = first.time_since_epoch().count();
     const double end = last.time_since_epoch().count();
-    return begin >= -kFurthest && end <= kFurthest && begin <= end && closest.count() > 0
-           && end - begin <= kMost * closest.count();
+    const double closest = std::min(spacing.times, spacing.days).count();
+    return begin >= -kFurthest && end <= kFurthest && begin <= end && closest > 0
+           && end - begin <= kMost * closest;
 }
 
 /// The smallest step below a day that is no shorter.
@@ -106,20 +107,20 @@ void addTimesOfDay(std::vector<TimeTick>& ticks,
 
 std::vector<TimeTick> between(TimePoint first,
                               TimePoint last,
-                              Seconds closest,
+                              const Spacing& spacing,
                               const Calendar& calendar,
                               Qt::DayOfWeek firstDayOfWeek) {
-    if (!isAskedSensibly(first, last, closest)) {
+    if (!isAskedSensibly(first, last, spacing)) {
         return {};
     }
     std::vector<TimeTick> ticks;
     const std::vector<TimePoint> starts = startsOfDays(first, last, calendar);
-    if (const std::optional<int> minutes = stepInMinutes(closest)) {
+    if (const std::optional<int> minutes = stepInMinutes(spacing.times)) {
         for (const TimePoint start : starts) {
             addTimesOfDay(ticks, start, last, *minutes, calendar);
         }
     } else {
-        addDays(ticks, starts, stepInDays(closest), calendar, firstDayOfWeek);
+        addDays(ticks, starts, stepInDays(spacing.days), calendar, firstDayOfWeek);
     }
     std::erase_if(ticks, [first](const TimeTick& tick) { return tick.time < first; });
     return ticks;

@@ -27,9 +27,17 @@ struct TimeTick final {
 /// Where the time axis of a chart is marked.
 namespace TimeTicks {
 
+/// How far marks lie apart at least.
+struct Spacing final {
+    /// Where times of day are among them.
+    Seconds times;
+    /// Where all are days. Both are positive.
+    Seconds days;
+};
+
 /// The marks from `first` to `last`, both included, in order, at round times of the local clock:
 /// every 1, 2, 5, 10, 15 or 30 minutes, 1, 2, 4, 6 or 12 hours, 1 or 2 days, or 1, 2, 4, 8 … weeks
-/// from `firstDayOfWeek` on. The step is the smallest that lies no closer than `closest` in time.
+/// from `firstDayOfWeek` on. The step is the smallest that the spacing allows.
 /// Times that the clock skips have no mark, but a day has one at its first instant, whatever the
 /// clock shows then; of times it shows twice, the first has one.
 ///
@@ -37,7 +45,7 @@ namespace TimeTicks {
 /// far as the calendar is.
 [[nodiscard]] std::vector<TimeTick> between(TimePoint first,
                                             TimePoint last,
-                                            Seconds closest,
+                                            const Spacing& spacing,
                                             const Calendar& calendar,
                                             Qt::DayOfWeek firstDayOfWeek);
 

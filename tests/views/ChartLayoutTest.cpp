@@ -125,6 +125,9 @@ TEST(ChartLayoutTest, marksHoursAndTheMidnightOfADay) {
 TEST(ChartLayoutTest, marksTheDaysOfAWeek) {
     EXPECT_THAT(textsOf(layoutOf(week(100, 110)).timeLabels),
                 ElementsAre("11/8", "11/9", "11/10", "11/11", "11/12", "11/13", "11/14"));
+    // Even where times of day are long.
+    const QLocale american(QLocale::English, QLocale::UnitedStates);
+    EXPECT_THAT(layoutOf(week(100, 110), Calendar::utc(), american).timeLabels, SizeIs(7));
 }
 
 TEST(ChartLayoutTest, marksTheWeeksOfAMonth) {

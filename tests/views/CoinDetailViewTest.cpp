@@ -33,6 +33,19 @@ using ::testing::SizeIs;
 
 using KlinesRequest = FakeBinanceAPI::KlinesRequest;
 
+// The names of the buttons.
+const QString kDay = QStringLiteral("走势范围: 一天");
+const QString kWeek = QStringLiteral("走势范围: 一周");
+const QString kMonth = QStringLiteral("走势范围: 一个月");
+const QString kRetry = QStringLiteral("重试");
+
+const QString& nameOf(ChartRange range) {
+    if (range == ChartRange::day) {
+        return kDay;
+    }
+    return range == ChartRange::week ? kWeek : kMonth;
+}
+
 /// A chart of BTC under its row, 400 points wide.
 struct CoinDetailViewTest : ViewFixture {
     void SetUp() override {
@@ -50,12 +63,8 @@ struct CoinDetailViewTest : ViewFixture {
         QTest::mouseClick(button(name), Qt::LeftButton);
         executor.run();
     }
-    void choose(ChartRange range) {
-        click(range == ChartRange::day    ? QStringLiteral("走势范围: 一天")
-              : range == ChartRange::week ? QStringLiteral("走势范围: 一周")
-                                          : QStringLiteral("走势范围: 一个月"));
-    }
-    void retry() { click(QStringLiteral("重试")); }
+    void choose(ChartRange range) { click(nameOf(range)); }
+    void retry() { click(kRetry); }
 
     static std::vector<Candle> candles(const std::vector<double>& closes) {
         return candlesThrough(closes, utcInstant(2026, 11, 14, 10), std::chrono::hours(1));
@@ -86,13 +95,13 @@ struct CoinDetailViewTest : ViewFixture {
         const auto* const label = view->findChild<QLabel*>();
         return label->isVisible() ? label->text().toStdString() : std::string();
     }
-    /// All that takes the place of the candles, or goes with them.
+    /// The chart, and what takes its place or goes with it.
     [[nodiscard]] std::string seen() const {
         std::string seen = message();
         if (spinner().isVisible()) {
             seen += "spinner";
         }
-        if (button(QStringLiteral("重试"))->isVisible()) {
+        if (button(kRetry)->isVisible()) {
             seen += "+button";
         }
         if (chart().isVisible()) {
@@ -146,18 +155,14 @@ TEST_F(CoinDetailViewTest, showsASpinnerUntilTheFirstCandles) {
 TEST_F(CoinDetailViewTest, asksForTheRangeThatIsChosen) {
     show();
     choose(ChartRange::week);
+    // For one that is chosen already, nothing.
+    choose(ChartRange::week);
     choose(ChartRange::month);
     EXPECT_THAT(api.klinesRequests,
                 ElementsAre(KlinesRequest{"BTCUSDT", "5m", 288},
                             KlinesRequest{"BTCUSDT", "1h", 168},
                             KlinesRequest{"BTCUSDT", "4h", 180}));
     EXPECT_EQ(view->range(), ChartRange::month);
-}
-
-TEST_F(CoinDetailViewTest, asksNothingForTheRangeThatIsChosenAlready) {
-    show();
-    choose(ChartRange::day);
-    EXPECT_THAT(api.klinesRequests, SizeIs(1));
 }
 
 TEST_F(CoinDetailViewTest, showsTheRangeChosenLastWhateverTheOrderOfTheAnswers) {
@@ -180,7 +185,7 @@ TEST_F(CoinDetailViewTest, dropsAnAnswerThatCameJustBeforeAnotherRangeWasChosen)
     show();
     day.setValue(candles({100, 110}));
     // Not yet taken in.
-    QTest::mouseClick(button(QStringLiteral("走势范围: 一周")), Qt::LeftButton);
+    QTest::mouseClick(button(kWeek), Qt::LeftButton);
     executor.run();
     EXPECT_EQ(seen(), "spinner");
     EXPECT_THAT(view->candles(), IsEmpty());
@@ -193,7 +198,7 @@ TEST_F(CoinDetailViewTest, dropsAFailureThatCameJustBeforeAnotherRangeWasChosen)
     const auto week = api.klinesAnswers.held();
     show();
     day.setError(std::make_exception_ptr(BinanceError(500)));
-    QTest::mouseClick(button(QStringLiteral("走势范围: 一周")), Qt::LeftButton);
+    QTest::mouseClick(button(kWeek), Qt::LeftButton);
     executor.run();
     EXPECT_FALSE(view->loadFailed());
     EXPECT_EQ(seen(), "spinner");
@@ -205,26 +210,21 @@ TEST_F(CoinDetailViewTest, saysThatTheFirstLoadFailedAndTriesAgain) {
     EXPECT_EQ(seen(), "加载走势失败+button");
     EXPECT_TRUE(view->loadFailed());
     const auto held = api.klinesAnswers.held();
-    retry();
+    // At once.
+    QTest::mouseClick(button(kRetry), Qt::LeftButton);
     EXPECT_EQ(seen(), "spinner");
     EXPECT_FALSE(view->loadFailed());
+    executor.run();
+    EXPECT_EQ(seen(), "spinner");
     answer(held, {100, 110});
     EXPECT_EQ(seen(), "+chart");
-}
-
-TEST_F(CoinDetailViewTest, showsTheSpinnerAsSoonAsItTriesAgain) {
-    theExchangeFails();
-    show();
-    const auto held = api.klinesAnswers.held();
-    QTest::mouseClick(button(QStringLiteral("重试")), Qt::LeftButton);
-    EXPECT_EQ(seen(), "spinner");
 }
 
 TEST_F(CoinDetailViewTest, triesAgainByTheKeyboard) {
     theExchangeFails();
     show();
     theExchangeHas({100, 110});
-    QTest::keyClick(button(QStringLiteral("重试")), Qt::Key_Return);
+    QTest::keyClick(button(kRetry), Qt::Key_Return);
     executor.run();
     EXPECT_EQ(seen(), "+chart");
 }
@@ -327,20 +327,15 @@ TEST_F(CoinDetailViewTest, showsNoChangeFromAFirstOpenOfNothing) {
     EXPECT_EQ(summary(), "区间 +900.00%, 高 5.00, 低 0.5");
 }
 
-TEST_F(CoinDetailViewTest, isAsHighAsItsRowReserves) {
+TEST_F(CoinDetailViewTest, isAsHighAsItsRowReservesAndGivesTheChartItsWidth) {
     EXPECT_EQ(view->height(), 210);
     theExchangeHas({100, 110});
     show();
     EXPECT_EQ(view->height(), 210);
     EXPECT_EQ(chart().geometry(), QRect(12, 62, 376, 140));
-    EXPECT_EQ(button(QStringLiteral("走势范围: 一天"))->mapTo(view.get(), QPoint()), QPoint(12, 8));
-}
-
-TEST_F(CoinDetailViewTest, givesTheChartTheWidthItHas) {
-    theExchangeHas({100, 110});
-    show();
+    EXPECT_EQ(button(kDay)->mapTo(view.get(), QPoint()), QPoint(12, 8));
     view->resize(500, CoinDetailView::kHeight);
-    EXPECT_EQ(chart().width(), 476);
+    EXPECT_EQ(chart().geometry(), QRect(12, 62, 476, 140));
 }
 
 TEST_F(CoinDetailViewTest, putsSpinnerAndMessageInTheMiddleOfTheChart) {
@@ -351,7 +346,7 @@ TEST_F(CoinDetailViewTest, putsSpinnerAndMessageInTheMiddleOfTheChart) {
     held.setError(std::make_exception_ptr(BinanceError(500)));
     executor.run();
     const QRect message = view->findChild<QLabel*>()->geometry();
-    const QRect retry = button(QStringLiteral("重试"))->geometry();
+    const QRect retry = button(kRetry)->geometry();
     EXPECT_GT(retry.left(), message.right());
     EXPECT_NEAR((message.left() + retry.right()) / 2, 200, 1);
     EXPECT_NEAR(message.center().y(), 62 + 70, 1);
@@ -361,8 +356,8 @@ TEST_F(CoinDetailViewTest, choosesRangesByTheArrowKeys) {
     theExchangeHas({100, 110});
     show();
     showActive(*view);
-    auto* const day = button(QStringLiteral("走势范围: 一天"));
-    auto* const week = button(QStringLiteral("走势范围: 一周"));
+    auto* const day = button(kDay);
+    auto* const week = button(kWeek);
     day->setFocus(Qt::TabFocusReason);
     QTest::keyClick(day, Qt::Key_Right);
     executor.run();
@@ -380,11 +375,11 @@ TEST_F(CoinDetailViewTest, stopsTheTabKeyOnceAtTheRangesAndThenAtTheChart) {
     show();
     showActive(*view);
     choose(ChartRange::week);
-    button(QStringLiteral("走势范围: 一周"))->setFocus(Qt::TabFocusReason);
+    button(kWeek)->setFocus(Qt::TabFocusReason);
     QTest::keyClick(view->focusWidget(), Qt::Key_Tab);
     EXPECT_TRUE(chart().hasFocus());
     QTest::keyClick(&chart(), Qt::Key_Backtab);
-    EXPECT_TRUE(button(QStringLiteral("走势范围: 一周"))->hasFocus());
+    EXPECT_TRUE(button(kWeek)->hasFocus());
 }
 
 TEST_F(CoinDetailViewTest, followsTheTheme) {

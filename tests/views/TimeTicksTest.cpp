@@ -29,7 +29,7 @@ std::vector<std::string> clock(TimePoint first,
                                Qt::DayOfWeek firstDayOfWeek = Qt::Monday) {
     std::vector<std::string> texts;
     for (const TimeTick& tick :
-         TimeTicks::between(first, last, closest, calendar, firstDayOfWeek)) {
+         TimeTicks::between(first, last, {closest, closest}, calendar, firstDayOfWeek)) {
         const CalendarTime time = calendar.timeAt(tick.time);
         texts.push_back(
             tick.kind == TimeTick::Kind::day
@@ -56,10 +56,12 @@ TEST(TimeTicksTest, areLocalMidnightsOfAWeek) {
     EXPECT_THAT(clock(kNoon, kNoon + hours(24 * 7), hours(20)),
                 ElementsAre("15|", "16|", "17|", "18|", "19|", "20|", "21|"));
     // 16:00 in UTC.
-    EXPECT_THAT(
-        TimeTicks::between(
-            kNoon, kNoon + hours(24), hours(24), Calendar::fixed("Asia/Shanghai"), Qt::Monday),
-        ElementsAre(TimeTick{utcInstant(2026, 11, 14, 16), TimeTick::Kind::day}));
+    EXPECT_THAT(TimeTicks::between(kNoon,
+                                   kNoon + hours(24),
+                                   {hours(24), hours(24)},
+                                   Calendar::fixed("Asia/Shanghai"),
+                                   Qt::Monday),
+                ElementsAre(TimeTick{utcInstant(2026, 11, 14, 16), TimeTick::Kind::day}));
 }
 
 TEST(TimeTicksTest, areTheSameEverySecondDayWhereverTheRangeBegins) {
@@ -106,8 +108,11 @@ TEST(TimeTicksTest, keepToTheLocalClockWhenItIsChanged) {
 
 TEST(TimeTicksTest, markADayThatBeginsAtOneAtItsFirstInstant) {
     const Calendar santiago = Calendar::fixed("America/Santiago");
-    const std::vector<TimeTick> ticks = TimeTicks::between(
-        utcInstant(2025, 9, 6, 12), utcInstant(2025, 9, 8, 12), hours(24), santiago, Qt::Monday);
+    const std::vector<TimeTick> ticks = TimeTicks::between(utcInstant(2025, 9, 6, 12),
+                                                           utcInstant(2025, 9, 8, 12),
+                                                           {hours(24), hours(24)},
+                                                           santiago,
+                                                           Qt::Monday);
     EXPECT_THAT(ticks,
                 ElementsAre(TimeTick{utcInstant(2025, 9, 7, 4), TimeTick::Kind::day},
                             TimeTick{utcInstant(2025, 9, 8, 3), TimeTick::Kind::day}));
@@ -134,14 +139,25 @@ TEST(TimeTicksTest, lieInOrder) {
         // Each day of a year, whose clock changes are somewhere among them.
         for (int day = 0; day < 366; ++day) {
             const TimePoint first = utcInstant(2025, 1, 1) + hours(24 * day);
-            const auto ticks =
-                TimeTicks::between(first, first + hours(24), minutes(30), calendar, Qt::Monday);
+            const auto ticks = TimeTicks::between(
+                first, first + hours(24), {minutes(30), minutes(30)}, calendar, Qt::Monday);
             for (std::size_t index = 1; index < ticks.size(); ++index) {
                 ASSERT_LT(ticks[index - 1].time, ticks[index].time) << zone << " " << day;
             }
             ASSERT_THAT(ticks, SizeIs(::testing::AllOf(::testing::Ge(45U), ::testing::Le(51U))));
         }
     }
+}
+
+TEST(TimeTicksTest, lieCloserWhereAllAreDays) {
+    const auto count = [](Seconds times, Seconds days) {
+        return TimeTicks::between(
+                   kNoon, kNoon + hours(24 * 7), {times, days}, Calendar::utc(), Qt::Monday)
+            .size();
+    };
+    // Times of day would need a step beyond a day.
+    EXPECT_EQ(count(hours(30), hours(24)), 7U);
+    EXPECT_EQ(count(hours(12), hours(24)), 15U);
 }
 
 TEST(TimeTicksTest, markAnInstantThatIsRound) {
