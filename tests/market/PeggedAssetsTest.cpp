@@ -2,18 +2,45 @@
 // SPDX-License-Identifier: MIT
 #include "QuillbarCore/market/PeggedAssets.h"
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
+
+#include <algorithm>
 
 namespace quillbar {
 
 namespace {
 
 using PeggedAssets::isPegged;
+using ::testing::ElementsAre;
 
 TEST(PeggedAssets, areNineteenInThreeLists) {
-    EXPECT_EQ(PeggedAssets::kStablecoins.size(), 14U);
-    EXPECT_EQ(PeggedAssets::kWrappedAndStaked.size(), 3U);
-    EXPECT_EQ(PeggedAssets::kMetalPegged.size(), 2U);
+    EXPECT_THAT(PeggedAssets::kStablecoins,
+                ElementsAre("BFUSD",
+                            "EURI",
+                            "FDUSD",
+                            "FRAX",
+                            "RLUSD",
+                            "TUSD",
+                            "U",
+                            "USD1",
+                            "USDC",
+                            "USDE",
+                            "USDP",
+                            "USDS",
+                            "USTC",
+                            "XUSD"));
+    EXPECT_THAT(PeggedAssets::kWrappedAndStaked, ElementsAre("WBTC", "WBETH", "BNSOL"));
+    EXPECT_THAT(PeggedAssets::kMetalPegged, ElementsAre("XAUT", "PAXG"));
+}
+
+TEST(PeggedAssets, areAllKnown) {
+    const auto allArePegged = [](const auto& list) {
+        return std::all_of(list.begin(), list.end(), isPegged);
+    };
+    EXPECT_TRUE(allArePegged(PeggedAssets::kStablecoins));
+    EXPECT_TRUE(allArePegged(PeggedAssets::kWrappedAndStaked));
+    EXPECT_TRUE(allArePegged(PeggedAssets::kMetalPegged));
 }
 
 TEST(PeggedAssets, areKnownInAnyCase) {

@@ -119,12 +119,17 @@ TEST(RankingBoards, areRankedByTheExchangeButForMarketCaps) {
 std::vector<RankedCoin> naivelyRanked(Board board,
                                       const TickerMap& tickers,
                                       const std::vector<Coin>& universe,
-                                      std::size_t limit) {
+                                      std::size_t limit,
+                                      std::optional<double> minQuoteVolume) {
     std::vector<RankedCoin> rows;
     for (const Coin& coin : universe) {
         const auto found = tickers.find(coin.symbol);
-        if (found != tickers.end()
-            && (board != Board::volume || found->second.quoteVolume24h.has_value())) {
+        if (found == tickers.end()) {
+            continue;
+        }
+        const std::optional<double> volume = found->second.quoteVolume24h;
+        const bool needsVolume = minQuoteVolume.has_value() || board == Board::volume;
+        if (!needsVolume || (volume && *volume >= minQuoteVolume.value_or(*volume))) {
             rows.push_back({.coin = coin, .ticker = found->second});
         }
     }
@@ -163,10 +168,13 @@ TEST(Ranking, agreesWithAStableSortOfEverything) {
                     volume == 0 ? std::nullopt : std::optional<double>(volume)};
             }
         }
-        const auto limit = static_cast<int>(random() % 70);
+        const auto limit = random() % 70;
         for (const Board board : {Board::gainers, Board::losers, Board::volume}) {
-            EXPECT_EQ(Ranking::rank(board, tickers, universe, limit),
-                      naivelyRanked(board, tickers, universe, static_cast<std::size_t>(limit)));
+            for (const std::optional<double> least :
+                 {std::optional<double>(), std::optional<double>(2)}) {
+                EXPECT_EQ(Ranking::rank(board, tickers, universe, static_cast<int>(limit), least),
+                          naivelyRanked(board, tickers, universe, limit, least));
+            }
         }
     }
 }

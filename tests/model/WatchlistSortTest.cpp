@@ -7,7 +7,10 @@
 
 #include <algorithm>
 #include <array>
+#include <map>
+#include <optional>
 #include <random>
+#include <string>
 
 namespace quillbar {
 
@@ -144,14 +147,42 @@ TEST_F(WatchlistSorterTest, measuresTheChangeAgainstTheDaysOpens) {
     EXPECT_EQ(sorted({"SOL", "BTC"}, descending(Column::change)), "SOL BTC");
 }
 
+std::optional<double> shownValue(const Ticker& ticker,
+                                 Column column,
+                                 ChangeBasis basis,
+                                 std::optional<double> todayOpen) {
+    if (column == Column::volume) {
+        return ticker.quoteVolume24h;
+    }
+    if (column == Column::price) {
+        return ticker.lastPrice;
+    }
+    return ChangeCalculator::percent(ticker.lastPrice, ticker.openPrice24h, todayOpen, basis);
+}
+
+// What each coin shows in the column, by symbol; nothing for a coin without a value.
+std::map<std::string, double> shownValues(const TickerMap& tickers,
+                                          Column column,
+                                          ChangeBasis basis,
+                                          const Opens& opens) {
+    std::map<std::string, double> values;
+    for (const auto& [symbol, ticker] : tickers) {
+        const auto open = opens.contains(symbol) ? std::optional(opens.at(symbol)) : std::nullopt;
+        if (const auto value = shownValue(ticker, column, basis, open)) {
+            values[symbol] = *value;
+        }
+    }
+    return values;
+}
+
 // The rule as a person would carry it out, with one pass for each part of the list.
 std::vector<Coin> naivelySorted(const std::vector<Coin>& list,
-                                const TickerMap& tickers,
+                                const std::map<std::string, double>& values,
                                 bool isAscending) {
     std::vector<Coin> valued;
     std::vector<Coin> valueless;
     for (const Coin& entry : list) {
-        (tickers.contains(entry.symbol) ? valued : valueless).push_back(entry);
+        (values.contains(entry.symbol) ? valued : valueless).push_back(entry);
     }
     const auto bySymbol = [](const Coin& left, const Coin& right) {
         return left.symbol < right.symbol;
@@ -159,9 +190,9 @@ std::vector<Coin> naivelySorted(const std::vector<Coin>& list,
     std::stable_sort(valueless.begin(), valueless.end(), bySymbol);
     std::stable_sort(valued.begin(), valued.end(), bySymbol);
     std::stable_sort(valued.begin(), valued.end(), [&](const Coin& left, const Coin& right) {
-        const double leftPrice = tickers.at(left.symbol).lastPrice;
-        const double rightPrice = tickers.at(right.symbol).lastPrice;
-        return isAscending ? leftPrice < rightPrice : leftPrice > rightPrice;
+        const double leftValue = values.at(left.symbol);
+        const double rightValue = values.at(right.symbol);
+        return isAscending ? leftValue < rightValue : leftValue > rightValue;
     });
     valued.insert(valued.end(), valueless.begin(), valueless.end());
     return valued;
@@ -169,20 +200,34 @@ std::vector<Coin> naivelySorted(const std::vector<Coin>& list,
 
 TEST(WatchlistSorter, agreesWithTheRuleCarriedOutNaively) {
     std::mt19937 random(7);
+    const auto number = [&random](unsigned below) { return static_cast<double>(random() % below); };
     for (int round = 0; round < 200; ++round) {
         std::vector<Coin> list;
         TickerMap tickers;
+        Opens opens;
         for (unsigned index = 0; index < 30; ++index) {
             list.push_back(coin("C" + std::to_string(random() % 1000)));
+            const std::string& symbol = list.back().symbol;
+            // Few values, so that many are equal; zero opens and unknown ones among them.
             if (random() % 4 != 0) {
-                // Few prices, so that many are equal.
-                tickers[list.back().symbol] = {static_cast<double>(random() % 5), 1, std::nullopt};
+                tickers[symbol] = {number(5), number(3), std::nullopt};
+            }
+            if (tickers.contains(symbol) && random() % 3 != 0) {
+                tickers[symbol].quoteVolume24h = number(4);
+            }
+            if (random() % 2 == 0) {
+                opens[symbol] = number(3);
             }
         }
-        for (const bool isAscending : {false, true}) {
-            const WatchlistSort sort{.column = Column::price, .ascending = isAscending};
-            EXPECT_EQ(WatchlistSorter::sorted(list, tickers, sort, ChangeBasis::rolling24h, {}),
-                      naivelySorted(list, tickers, isAscending));
+        for (const Column column : kAllWatchlistSortColumns) {
+            for (const ChangeBasis basis : {ChangeBasis::rolling24h, ChangeBasis::today}) {
+                const auto values = shownValues(tickers, column, basis, opens);
+                for (const bool isAscending : {false, true}) {
+                    const WatchlistSort sort{.column = column, .ascending = isAscending};
+                    EXPECT_EQ(WatchlistSorter::sorted(list, tickers, sort, basis, opens),
+                              naivelySorted(list, values, isAscending));
+                }
+            }
         }
     }
 }
