@@ -8,6 +8,7 @@
 #include <cerrno>
 #include <cstring>
 #include <fcntl.h>
+#include <optional>
 #include <sys/stat.h>
 #include <system_error>
 #include <unistd.h>
@@ -88,7 +89,7 @@ public:
         }
     }
 
-    void fill(std::string_view bytes) {
+    void fill(std::string_view bytes, AtomicFile::Durability durability) {
         while (!bytes.empty()) {
             const ssize_t written = uninterrupted(
                 [&] { return m_operations.write(m_descriptor, bytes.data(), bytes.size()); });
@@ -97,7 +98,8 @@ public:
             }
             bytes.remove_prefix(static_cast<std::size_t>(written));
         }
-        if (uninterrupted([&] { return m_operations.synchronise(m_descriptor); }) != 0) {
+        if (durability == AtomicFile::Durability::powerCut
+            && uninterrupted([&] { return m_operations.synchronise(m_descriptor); }) != 0) {
             fail("cannot synchronise", m_target, errno);
         }
         // An interrupted close has closed, and is not to be called again.
@@ -219,14 +221,20 @@ std::string AtomicFile::read(const std::filesystem::path& path, std::size_t maxi
 
 void AtomicFile::write(const std::filesystem::path& path,
                        std::string_view bytes,
-                       FileOperations& operations) {
+                       FileOperations& operations,
+                       Durability durability) {
     const std::filesystem::path target = resolve(path);
     makeFolders(target.parent_path(), operations);
     TemporaryFile temporary(target, operations);
-    temporary.fill(bytes);
-    Folder folder(target.has_parent_path() ? target.parent_path() : ".", operations);
+    temporary.fill(bytes, durability);
+    std::optional<Folder> folder;
+    if (durability == Durability::powerCut) {
+        folder.emplace(target.has_parent_path() ? target.parent_path() : ".", operations);
+    }
     temporary.moveToTarget();
-    folder.synchronise();
+    if (folder) {
+        folder->synchronise();
+    }
 }
 
 }  // namespace quillbar

@@ -37,6 +37,15 @@ inline constexpr std::size_t kMaximumSize = std::size_t{16} * 1024 * 1024;
 [[nodiscard]] std::string read(const std::filesystem::path& path,
                                std::size_t maximumSize = kMaximumSize);
 
+/// What the bytes of a written file outlast.
+enum class Durability {
+    /// A power cut as well: they are on the disk when the write returns, which takes milliseconds.
+    powerCut,
+    /// The process, but not a power cut soon after, which may leave any bytes under the file's name.
+    /// For what can be had again, and is recognised when it is damaged.
+    process,
+};
+
 /// Replaces the file: a reader, or a crash at any moment, finds the old bytes or the new ones, never
 /// a mixture; so do two that write at the same time, of which the later one stays. Missing folders
 /// are made, mode 0700; the file has mode 0600. A symbolic link keeps pointing where it does, and the
@@ -49,7 +58,8 @@ inline constexpr std::size_t kMaximumSize = std::size_t{16} * 1024 * 1024;
 /// temporary file beside the file, which nothing reads.
 void write(const std::filesystem::path& path,
            std::string_view bytes,
-           FileOperations& operations = FileOperations::system());
+           FileOperations& operations = FileOperations::system(),
+           Durability durability = Durability::powerCut);
 
 }  // namespace AtomicFile
 

@@ -184,4 +184,23 @@ private:
     Executor* m_executor = nullptr;
 };
 
+/// `const bool isCancelled = co_await IsCancelled();` — whether the running task has been cancelled;
+/// never suspends, and never throws. For who must know before the next await throws: an operation
+/// that completed before the cancellation still delivers its result or its error.
+class IsCancelled {
+public:
+    [[nodiscard]] bool await_ready() const noexcept { return false; }
+
+    template <class Promise>
+    bool await_suspend(std::coroutine_handle<Promise> coroutine) noexcept {
+        m_isCancelled = coroutine.promise().context->cancelled;
+        return false;
+    }
+
+    [[nodiscard]] bool await_resume() const noexcept { return m_isCancelled; }
+
+private:
+    bool m_isCancelled = false;
+};
+
 }  // namespace quillbar

@@ -56,6 +56,14 @@ TEST_F(AtomicFileFailureTest, SynchronisesTheBytesBeforeTheyTakeTheirPlaceAndThe
                             "close"));
 }
 
+TEST_F(AtomicFileFailureTest, WaitsForNoDiskWhenOnlyTheProcessIsToBeOutlasted) {
+    AtomicFile::write(file, "new", operations, AtomicFile::Durability::process);
+    EXPECT_THAT(operations.calls,
+                ElementsAre("makeDirectory", "openTemporary", "write", "close", "rename"));
+    EXPECT_EQ(AtomicFile::read(file), "new");
+    EXPECT_THAT(namesIn(folder), ElementsAre("document.json"));
+}
+
 TEST_F(AtomicFileFailureTest, KeepsTheOldBytesWholeWhicheverCallFails) {
     for (std::size_t failing = 0; failing < kCalls; ++failing) {
         SCOPED_TRACE(failing);

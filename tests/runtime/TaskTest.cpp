@@ -292,6 +292,37 @@ TEST_F(TaskTest, KnowsItsExecutor) {
     EXPECT_THAT(events, ElementsAre("this executor"));
 }
 
+TEST_F(TaskTest, KnowsThatItHasBeenCancelledWhenItReceivesWhatWasDoneBefore) {
+    const Deferred<int> result;
+    const auto handle = start([&]() -> Task<void> {
+        const bool isCancelledBefore = co_await IsCancelled();
+        note(isCancelledBefore ? "cancelled" : "not cancelled");
+        co_await result.wait();
+        const bool isCancelledAfter = co_await IsCancelled();
+        note(isCancelledAfter ? "cancelled" : "not cancelled");
+    });
+    EXPECT_THAT(events, ElementsAre("not cancelled"));
+    result.setValue(5);
+    handle.cancel();
+    executor.run();
+    EXPECT_THAT(events, ElementsAre("not cancelled", "cancelled"));
+    EXPECT_FALSE(handle.isRunning());
+}
+
+TEST_F(TaskTest, IsNotCancelledByTheCancellationOfAnother) {
+    const Deferred<int> result;
+    start([&]() -> Task<void> {
+        co_await result.wait();
+        const bool isCancelled = co_await IsCancelled();
+        note(isCancelled ? "cancelled" : "not cancelled");
+    });
+    const auto other = start([&]() -> Task<void> { co_await result.wait(); });
+    result.setValue(5);
+    other.cancel();
+    executor.run();
+    EXPECT_THAT(events, ElementsAre("not cancelled"));
+}
+
 TEST_F(TaskTest, AwaitsInALoopOnAStackThatDoesNotGrow) {
     constexpr int kCount = 100'000;
     StackSpan span;
