@@ -2,9 +2,6 @@
 // SPDX-License-Identifier: MIT
 #include "Quillbar/SystemColorScheme.h"
 
-#include <QDBusMessage>
-#include <QDBusPendingCallWatcher>
-#include <QDBusPendingReply>
 #include <QEvent>
 #include <QGuiApplication>
 #include <QPalette>
@@ -12,31 +9,6 @@
 namespace quillbar {
 
 namespace {
-
-const QString& portal() {
-    static const QString name = QStringLiteral("org.freedesktop.portal.Desktop");
-    return name;
-}
-
-const QString& path() {
-    static const QString name = QStringLiteral("/org/freedesktop/portal/desktop");
-    return name;
-}
-
-const QString& settings() {
-    static const QString name = QStringLiteral("org.freedesktop.portal.Settings");
-    return name;
-}
-
-const QString& group() {
-    static const QString name = QStringLiteral("org.freedesktop.appearance");
-    return name;
-}
-
-const QString& key() {
-    static const QString name = QStringLiteral("color-scheme");
-    return name;
-}
 
 ColorScheme schemeOfPalette() {
     const QPalette palette = QGuiApplication::palette();
@@ -46,43 +18,17 @@ ColorScheme schemeOfPalette() {
                : ColorScheme::light;
 }
 
-// The portal's numbers; every other one, 0 among them, means that it has no preference.
-std::optional<ColorScheme> schemeOf(const QVariant& value) {
-    switch (value.toUInt()) {
-    case 1:
-        return ColorScheme::dark;
-    case 2:
-        return ColorScheme::light;
-    default:
-        return std::nullopt;
-    }
-}
-
 }  // namespace
 
-SystemColorScheme::SystemColorScheme(QDBusConnection bus)
+SystemColorScheme::SystemColorScheme(const std::optional<QDBusConnection>& bus)
     : m_scheme(schemeOfPalette()) {
     qGuiApp->installEventFilter(this);
-    if (!bus.isConnected()) {
-        return;
+    if (bus) {
+        m_shade.emplace(*bus, [this](BarShade preference) {
+            m_preference = preference;
+            refresh();
+        });
     }
-    bus.connect(portal(),
-                path(),
-                settings(),
-                QStringLiteral("SettingChanged"),
-                this,
-                SLOT(settingChanged(QString, QString, QDBusVariant)));
-    QDBusMessage question =
-        QDBusMessage::createMethodCall(portal(), path(), settings(), QStringLiteral("Read"));
-    question << group() << key();
-    auto* const answer = new QDBusPendingCallWatcher(bus.asyncCall(question), this);
-    connect(answer, &QDBusPendingCallWatcher::finished, this, [this, answer] {
-        const QDBusPendingReply<QDBusVariant> reply = *answer;
-        if (!reply.isError()) {
-            apply(reply.value().variant());
-        }
-        answer->deleteLater();
-    });
 }
 
 bool SystemColorScheme::eventFilter(QObject* watched, QEvent* event) {
@@ -92,24 +38,18 @@ bool SystemColorScheme::eventFilter(QObject* watched, QEvent* event) {
     return QObject::eventFilter(watched, event);
 }
 
-void SystemColorScheme::settingChanged(const QString& changedGroup,
-                                       const QString& changedKey,
-                                       const QDBusVariant& value) {
-    if (changedGroup == group() && changedKey == key()) {
-        apply(value.variant());
-    }
-}
-
-void SystemColorScheme::apply(const QVariant& answer) {
-    // Portals answer `Read` with a variant in a variant.
-    const QVariant value =
-        answer.canConvert<QDBusVariant>() ? answer.value<QDBusVariant>().variant() : answer;
-    m_preference = schemeOf(value);
-    refresh();
-}
-
 void SystemColorScheme::refresh() {
-    m_scheme.set(m_preference ? *m_preference : schemeOfPalette());
+    switch (m_preference) {
+    case BarShade::dark:
+        m_scheme.set(ColorScheme::dark);
+        break;
+    case BarShade::light:
+        m_scheme.set(ColorScheme::light);
+        break;
+    case BarShade::unknown:
+        m_scheme.set(schemeOfPalette());
+        break;
+    }
 }
 
 }  // namespace quillbar

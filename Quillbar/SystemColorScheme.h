@@ -3,12 +3,12 @@
 #pragma once
 
 #include "Quillbar/Theme.h"
+#include "Quillbar/tray/BarShade.h"
+#include "Quillbar/tray/DesktopShade.h"
 #include "QuillbarCore/runtime/Observed.h"
 
 #include <QDBusConnection>
-#include <QDBusVariant>
 #include <QObject>
-#include <QString>
 
 #include <optional>
 
@@ -18,26 +18,21 @@ namespace quillbar {
 /// says nothing, what the desktop's palette looks like. Waits for nothing: until the portal has
 /// answered, the palette holds. For the main thread of a program with windows.
 class SystemColorScheme final : public QObject {
-    Q_OBJECT
-
 public:
-    /// Asks the portal on `bus`, which need not be connected.
-    explicit SystemColorScheme(QDBusConnection bus);
+    /// Asks the portal on `bus`; absent without a bus.
+    explicit SystemColorScheme(const std::optional<QDBusConnection>& bus);
 
     [[nodiscard]] const Observed<ColorScheme>& scheme() const noexcept { return m_scheme; }
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
-private Q_SLOTS:
-    void settingChanged(const QString& group, const QString& key, const QDBusVariant& value);
-
 private:
-    void apply(const QVariant& answer);
     void refresh();
 
-    std::optional<ColorScheme> m_preference;
+    BarShade m_preference = BarShade::unknown;
     Observed<ColorScheme> m_scheme;
+    std::optional<DesktopShade> m_shade;
 };
 
 }  // namespace quillbar

@@ -33,10 +33,12 @@ bool liesInBar(QPoint position) {
 
 }  // namespace
 
-StatusItemEnvironment StatusItemEnvironment::ofDesktop(Executor& executor, Sleeper sleeper) {
+StatusItemEnvironment StatusItemEnvironment::ofDesktop(QDBusConnection bus,
+                                                       Executor& executor,
+                                                       Sleeper sleeper) {
     const bool knowsPointer = isOnX11() && !qEnvironmentVariableIsSet("WAYLAND_DISPLAY");
     return {
-        .bus = QDBusConnection::sessionBus(),
+        .bus = std::move(bus),
         .executor = executor,
         .sleeper = std::move(sleeper),
         .hasOlderTray = [] { return isOnX11() && QSystemTrayIcon::isSystemTrayAvailable(); },

@@ -31,8 +31,11 @@ struct StatusItemEnvironment final {
     /// Whether a position lies on a screen, but outside of its work area.
     std::function<bool(QPoint)> isInBar;
 
-    /// That of the desktop that the application runs on. Needs a QApplication.
-    [[nodiscard]] static StatusItemEnvironment ofDesktop(Executor& executor, Sleeper sleeper);
+    /// That of the desktop that the application runs on, with its session bus. Needs a
+    /// QApplication.
+    [[nodiscard]] static StatusItemEnvironment ofDesktop(QDBusConnection bus,
+                                                         Executor& executor,
+                                                         Sleeper sleeper);
 };
 
 }  // namespace quillbar

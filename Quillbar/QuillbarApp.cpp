@@ -1,0 +1,128 @@
+// SPDX-FileCopyrightText: 2026 The Quillbar developers
+// SPDX-License-Identifier: MIT
+#include "Quillbar/QuillbarApp.h"
+
+#include "Quillbar/labelstate/LabelSnapshot.h"
+#include "Quillbar/PanelView.h"
+#include "Quillbar/window/PanelWindow.h"
+#include "QuillbarCore/runtime/QtExecutor.h"
+#include "QuillbarCore/runtime/QtSleeper.h"
+#include "QuillbarCore/runtime/QtWorker.h"
+
+#include <QCoreApplication>
+
+#include <chrono>
+#include <utility>
+
+namespace quillbar {
+
+namespace {
+
+/// The tooltip tells the age of prices in minutes.
+constexpr Seconds kFaceInterval{60};
+
+ToggleGuard::Elapsed elapsed() {
+    return [] {
+        return std::chrono::duration_cast<std::chrono::milliseconds>(
+            std::chrono::steady_clock::now().time_since_epoch());
+    };
+}
+
+}  // namespace
+
+QuillbarApp::QuillbarApp(const std::optional<QDBusConnection>& bus,
+                         const ServiceEndpoints& endpoints,
+                         const std::filesystem::path& folder)
+    : m_executor(makeQtExecutor())
+    , m_worker(makeQtWorker())
+    , m_sleeper(makeQtSleeper())
+    , m_services({.executor = *m_executor,
+                  .worker = *m_worker,
+                  .clock = systemClock(),
+                  .sleeper = m_sleeper,
+                  .calendar = Calendar::autoupdatingCurrent()},
+                 endpoints,
+                 folder)
+    , m_edits(*m_executor)
+    , m_systemScheme(bus)
+    , m_environment{.executor = *m_executor,
+                    .now = systemClock(),
+                    .calendar = Calendar::autoupdatingCurrent(),
+                    .appState = m_services.appState(),
+                    .edits = m_edits,
+                    .iconStore = &m_services.iconStore()}
+    , m_item(
+          StatusItemEnvironment::ofDesktop(bus.value_or(QDBusConnection(QString())),
+                                           *m_executor,
+                                           m_sleeper),
+          {.onActivate = [this](QPoint anchor,
+                                ActivationSource source) { activate(anchor, source); },
+           .onMenu =
+               [](int id) {
+                   if (id == StatusItem::kQuit) {
+                       QCoreApplication::quit();
+                   }
+               },
+           .onActivationToken = [this](const QString& token) { panel().setActivationToken(token); },
+           .onNoTray = [this] { showPanel(QString()); }})
+    , m_labelSource(m_services.appState(), m_services.isStarted())
+    , m_scope(*m_executor) {
+    const auto refresh = [this](const auto& /*value*/) { refreshFace(); };
+    AppState& state = m_services.appState();
+    m_observations.push_back(state.menuBarText().observe(refresh));
+    m_observations.push_back(state.connectionState().observe(refresh));
+    m_observations.push_back(state.lastError().observe(refresh));
+}
+
+QuillbarApp::~QuillbarApp() = default;
+
+void QuillbarApp::start() {
+    refreshFace();
+    m_scope.spawn(refreshFaceEachMinute());
+    m_services.start();
+    m_systemEvents.emplace(m_services, *m_executor, m_sleeper);
+}
+
+void QuillbarApp::togglePanel(const QString& token) {
+    PanelWindow& window = panel();
+    if (window.isVisible()) {
+        window.dismiss();
+    } else {
+        showPanel(token);
+    }
+}
+
+void QuillbarApp::showPanel(const QString& token) {
+    PanelWindow& window = panel();
+    window.setActivationToken(token);
+    window.open(std::nullopt);
+}
+
+void QuillbarApp::refreshFace() {
+    m_item.show(LabelFace::of(LabelSnapshot::of(m_services.appState()), systemClock()()));
+}
+
+Task<void> QuillbarApp::refreshFaceEachMinute() {
+    while (true) {
+        co_await m_sleeper(kFaceInterval);
+        refreshFace();
+    }
+}
+
+void QuillbarApp::activate(QPoint anchor, ActivationSource source) {
+    if (source == ActivationSource::menu) {
+        panel().open(anchor);
+    } else {
+        panel().toggleAt(anchor);
+    }
+}
+
+PanelWindow& QuillbarApp::panel() {
+    if (!m_panel) {
+        m_panel = std::make_unique<PanelWindow>(
+            new PanelView(m_environment, m_systemScheme.scheme()), elapsed());
+    }
+    return *m_panel;
+}
+
+}  // namespace quillbar

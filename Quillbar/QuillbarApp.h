@@ -1,0 +1,82 @@
+// SPDX-FileCopyrightText: 2026 The Quillbar developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "Quillbar/AppServices.h"
+#include "Quillbar/DeferredSystemEvents.h"
+#include "Quillbar/labelstate/StateLabelSource.h"
+#include "Quillbar/ServiceEndpoints.h"
+#include "Quillbar/SystemColorScheme.h"
+#include "Quillbar/tray/StatusItem.h"
+#include "Quillbar/ViewEnvironment.h"
+#include "QuillbarCore/runtime/Executor.h"
+#include "QuillbarCore/runtime/Observed.h"
+#include "QuillbarCore/runtime/Sleeper.h"
+#include "QuillbarCore/runtime/TaskScope.h"
+#include "QuillbarCore/runtime/Worker.h"
+
+#include <QDBusConnection>
+#include <QPoint>
+#include <QString>
+
+#include <filesystem>
+#include <memory>
+#include <optional>
+#include <vector>
+
+namespace quillbar {
+
+class PanelWindow;
+
+/// The application: the models, built once and alive as long as it is; the item in the status area;
+/// the panel that drops down from it. Prices flow from `start` on, whether or not the panel is ever
+/// opened.
+///
+/// Lives on the main thread, inside a running QApplication.
+class QuillbarApp final {
+public:
+    /// Builds everything and connects to nothing; `bus` is the session's, where there is one.
+    QuillbarApp(const std::optional<QDBusConnection>& bus,
+                const ServiceEndpoints& endpoints,
+                const std::filesystem::path& folder);
+    QuillbarApp(const QuillbarApp&) = delete;
+    QuillbarApp& operator=(const QuillbarApp&) = delete;
+    QuillbarApp(QuillbarApp&&) = delete;
+    QuillbarApp& operator=(QuillbarApp&&) = delete;
+    ~QuillbarApp();
+
+    /// Puts the item into the status area and starts the stream. Once.
+    void start();
+
+    /// Shows or hides the panel; `token` lets it take the focus, and may be empty.
+    void togglePanel(const QString& token);
+    /// Shows the panel, whether or not it is shown.
+    void showPanel(const QString& token);
+
+    /// What the label says, for whoever passes it on. Lives as long as this.
+    [[nodiscard]] LabelSource& labelSource() noexcept { return m_labelSource; }
+
+private:
+    void refreshFace();
+    Task<void> refreshFaceEachMinute();
+    void activate(QPoint anchor, ActivationSource source);
+    PanelWindow& panel();
+
+    std::unique_ptr<Executor> m_executor;
+    std::unique_ptr<Worker> m_worker;
+    Sleeper m_sleeper;
+    AppServices m_services;
+    // Edits end before the state that they change.
+    TaskScope m_edits;
+    SystemColorScheme m_systemScheme;
+    ViewEnvironment m_environment;
+    std::unique_ptr<PanelWindow> m_panel;
+    StatusItem m_item;
+    StateLabelSource m_labelSource;
+    std::optional<DeferredSystemEvents> m_systemEvents;
+    std::vector<Observation> m_observations;
+    // Last: its tasks use all of the above.
+    TaskScope m_scope;
+};
+
+}  // namespace quillbar

@@ -1,0 +1,211 @@
+// SPDX-FileCopyrightText: 2026 The Quillbar developers
+// SPDX-License-Identifier: MIT
+#include "Quillbar/instance/ActivationTokens.h"
+#include "Quillbar/instance/ApplicationNames.h"
+#include "Quillbar/instance/ApplicationService.h"
+#include "Quillbar/instance/AppOptions.h"
+#include "Quillbar/instance/LabelService.h"
+#include "Quillbar/instance/PlatformChoice.h"
+#include "Quillbar/instance/RunningApplication.h"
+#include "Quillbar/instance/SessionBus.h"
+#include "Quillbar/platform/CertificateAuthorities.h"
+#include "Quillbar/platform/Leaving.h"
+#include "Quillbar/platform/ProxyFactory.h"
+#include "Quillbar/platform/StandardStreams.h"
+#include "Quillbar/platform/TerminationSignals.h"
+#include "Quillbar/QuillbarApp.h"
+#include "Quillbar/ServiceEndpoints.h"
+#include "QuillbarCore/runtime/Logger.h"
+#include "QuillbarCore/state/AppDirectories.h"
+
+#include <QApplication>
+#include <QCoreApplication>
+#include <QDBusConnection>
+#include <QFontDatabase>
+
+#include <optional>
+#include <string>
+#include <variant>
+#include <vector>
+
+namespace quillbar {
+
+namespace {
+
+constexpr int kFailureStatus = 1;
+constexpr int kUsageStatus = 2;
+
+int fail(int status, const std::string& text) {
+    StandardStreams::complain("quillbar", text);
+    return status;
+}
+
+/// Everything of the one instance, in the order in which it is built.
+class Instance final {
+public:
+    Instance(std::optional<QDBusConnection> bus, const ServiceEndpoints& endpoints)
+        : m_bus(std::move(bus))
+        , m_endpoints(endpoints)
+        , m_service(m_bus.value_or(QDBusConnection(QString())),
+                    [this](ApplicationAction action, const ActivationTokens& tokens) {
+                        perform(action, tokens);
+                    }) {}
+
+    /// Becomes the running application and does `action`, or hands it to the one that runs.
+    void begin(std::optional<ApplicationAction> action, const ActivationTokens& tokens) {
+        m_service.claim([this, action, tokens](ApplicationService::Claim claim) {
+            if (claim == ApplicationService::Claim::alreadyRunning) {
+                handOver(action.value_or(ApplicationAction::togglePanel), tokens);
+                return;
+            }
+            m_app.emplace(m_bus, m_endpoints, AppDirectories::applicationSupport());
+            m_label.emplace(m_service.label(), m_app->labelSource());
+            m_app->start();
+            if (action) {
+                m_app->showPanel(tokens.activation);
+            }
+        });
+    }
+
+private:
+    void perform(ApplicationAction action, const ActivationTokens& tokens) {
+        if (!m_app) {
+            return;
+        }
+        const QString& token = tokens.activation.isEmpty() ? tokens.startupId : tokens.activation;
+        switch (action) {
+        case ApplicationAction::togglePanel:
+            m_app->togglePanel(token);
+            break;
+        case ApplicationAction::showPanel:
+            m_app->showPanel(token);
+            break;
+        case ApplicationAction::quit:
+            QCoreApplication::quit();
+            break;
+        }
+    }
+
+    void handOver(ApplicationAction action, const ActivationTokens& tokens) {
+        // The bus is there: it has just told of the other one.
+        const auto outcome = RunningApplication::activate(*m_bus, action, tokens);
+        QCoreApplication::exit(outcome == RunningApplication::Outcome::done ? 0 : kFailureStatus);
+    }
+
+    std::optional<QDBusConnection> m_bus;
+    ServiceEndpoints m_endpoints;
+    ApplicationService m_service;
+    std::optional<QuillbarApp> m_app;
+    // Observes the application, so it goes first.
+    std::optional<LabelService> m_label;
+};
+
+/// Asks the running application, if there is one. Absent when this process is to become it.
+std::optional<int> askRunningApplication(int argc,
+                                         char* argv[],
+                                         std::optional<ApplicationAction> action,
+                                         const ActivationTokens& tokens) {
+    const QCoreApplication application(argc, argv);
+    auto outcome = RunningApplication::Outcome::notRunning;
+    if (SessionBus::answers(processEnvironment())) {
+        // Not the process's shared connection: Qt lets that one deliver calls once an event loop
+        // runs, and forgets to when the application of that moment is gone before.
+        const QString name = QStringLiteral("quillbar-start");
+        const QDBusConnection bus =
+            QDBusConnection::connectToBus(QDBusConnection::SessionBus, name);
+        outcome = RunningApplication::activate(
+            bus, action.value_or(ApplicationAction::togglePanel), tokens);
+        QDBusConnection::disconnectFromBus(name);
+    }
+    switch (outcome) {
+    case RunningApplication::Outcome::done:
+        return 0;
+    case RunningApplication::Outcome::failed:
+        return fail(kFailureStatus, "Quillbar 正在运行,但没有应答");
+    case RunningApplication::Outcome::notRunning:
+        break;
+    }
+    if (action == ApplicationAction::quit) {
+        return fail(kFailureStatus, "Quillbar 没有在运行");
+    }
+    return std::nullopt;
+}
+
+bool hasScreen(const ServiceEndpoints::Variables& variables) {
+    return variables("DISPLAY") || variables("WAYLAND_DISPLAY") || variables("QT_QPA_PLATFORM");
+}
+
+int runApplication(int argc,
+                   char* argv[],
+                   const ServiceEndpoints& endpoints,
+                   std::optional<ApplicationAction> action,
+                   const ActivationTokens& tokens) {
+    const auto variables = processEnvironment();
+    if (!hasScreen(variables)) {
+        return fail(kFailureStatus, "没有图形会话;在终端里请使用 quillbar-label");
+    }
+    if (const auto platform = choosePlatform(variables)) {
+        qputenv("QT_QPA_PLATFORM", QByteArray::fromStdString(*platform));
+    }
+    QApplication::setHighDpiScaleFactorRoundingPolicy(
+        Qt::HighDpiScaleFactorRoundingPolicy::PassThrough);
+    QApplication application(argc, argv);
+    QApplication::setQuitOnLastWindowClosed(false);
+    QApplication::setApplicationName(QStringLiteral("quillbar"));
+    QApplication::setApplicationDisplayName(QStringLiteral("Quillbar"));
+    QApplication::setDesktopFileName(QStringLiteral("io.github.quillbar.Quillbar"));
+    if (endpoints.certificateAuthorityFile) {
+        if (const auto error = trustAuthorities(*endpoints.certificateAuthorityFile)) {
+            return fail(kUsageStatus, *error);
+        }
+    }
+    installProxyFactory();
+    const TerminationSignals signals([] { QCoreApplication::exit(0); });
+    const auto bus = SessionBus::connect(variables);
+    if (!bus) {
+        Logger("QuillbarApp").error("no session bus: no item in the status area");
+    }
+    if (QFontDatabase::families(QFontDatabase::SimplifiedChinese).isEmpty()) {
+        // Without one the panel is boxes, so it cannot say so itself.
+        Logger("QuillbarApp")
+            .error("no font for Simplified Chinese is installed: install fonts-noto-cjk");
+    }
+    int status = 0;
+    {
+        Instance instance(bus, endpoints);
+        instance.begin(action, tokens);
+        status = QApplication::exec();
+    }
+    return leave(status);
+}
+
+int run(int argc, char* argv[]) {
+    const std::vector<std::string> arguments(argv + 1, argv + argc);
+    const auto parsed = parseAppOptions(arguments);
+    if (const auto* const error = std::get_if<AppUsageError>(&parsed)) {
+        return fail(kUsageStatus, error->text);
+    }
+    if (const auto* const information = std::get_if<AppInformation>(&parsed)) {
+        return StandardStreams::print(information->text) ? 0 : kFailureStatus;
+    }
+    const auto action = std::get<AppOptions>(parsed).action;
+    const auto tokens = ActivationTokens::fromEnvironment(processEnvironment());
+    if (const auto status = askRunningApplication(argc, argv, action, tokens)) {
+        return *status;
+    }
+    try {
+        const auto endpoints = ServiceEndpoints::fromEnvironment(processEnvironment());
+        return runApplication(argc, argv, endpoints, action, tokens);
+    } catch (const EndpointError& error) {
+        return fail(kUsageStatus, error.what());
+    }
+}
+
+}  // namespace
+
+}  // namespace quillbar
+
+int main(int argc, char* argv[]) {
+    quillbar::StandardStreams::hold();
+    return quillbar::run(argc, argv);
+}
