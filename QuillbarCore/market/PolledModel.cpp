@@ -5,6 +5,7 @@
 #include "QuillbarCore/exchange/URLError.h"
 
 #include <exception>
+#include <string>
 #include <utility>
 
 namespace quillbar {
@@ -47,6 +48,7 @@ std::optional<Seconds> PolledModel::dataAge() const {
 Task<void> PolledModel::run(Shown shown, Task<Outcome> load, std::string_view what, Logger logger) {
     m_isLoading.set(shown == Shown::nothing);
     const LoadingEnd end(m_isLoading);
+    std::optional<std::string> failure;
     try {
         const Outcome outcome = co_await std::move(load);
         if (outcome == Outcome::succeeded) {
@@ -54,9 +56,14 @@ Task<void> PolledModel::run(Shown shown, Task<Outcome> load, std::string_view wh
         }
     } catch (const std::exception& error) {
         if (!isCancelledTransfer(error)) {
-            logger.error("{} failed: {}", what, error.what());
-            m_loadFailed.set(true);
+            failure = error.what();
         }
+    }
+    // An error that was on its way when the refresh was cancelled is delivered all the same.
+    const bool isCancelled = co_await IsCancelled();
+    if (failure && !isCancelled) {
+        logger.error("{} failed: {}", what, *failure);
+        m_loadFailed.set(true);
     }
 }
 

@@ -50,7 +50,8 @@ protected:
 
     /// Runs a load, which stores what it has loaded and says whether that counts as a success
     /// (clearing `loadFailed`) or changes nothing. Its error is logged as "WHAT failed: ERROR" and
-    /// sets `loadFailed`, unless it is a cancellation of the transfer. Throws `Cancelled` alone.
+    /// sets `loadFailed`, unless the transfer or the running task has been cancelled. Throws
+    /// `Cancelled` alone.
     Task<void> run(Shown shown, Task<Outcome> load, std::string_view what, Logger logger);
 
     /// Notes that somebody reads the data.

@@ -34,13 +34,17 @@ void PollingLoop::stop() {
 }
 
 Task<void> PollingLoop::run(std::uint64_t generation) {
-    for (;;) {
+    while (isCurrent(generation)) {
         co_await m_refresh();
+        if (!isCurrent(generation)) {
+            co_return;
+        }
         const bool hasSlept = co_await sleep();
+        if (!isCurrent(generation)) {
+            co_return;
+        }
         if (!hasSlept) {
-            if (generation == m_generation) {
-                m_isRunning = false;
-            }
+            m_isRunning = false;
             co_return;
         }
         if (m_now() - m_lastDemand > m_timing.idleTimeout) {

@@ -51,6 +51,10 @@ public:
 private:
     Task<void> run(std::uint64_t generation);
     Task<bool> sleep();
+    // A loop that was stopped may still be resumed, by what was done before it was cancelled.
+    [[nodiscard]] bool isCurrent(std::uint64_t generation) const noexcept {
+        return m_isRunning && generation == m_generation;
+    }
 
     Clock m_now;
     Sleeper m_sleeper;
@@ -58,7 +62,8 @@ private:
     std::function<Task<void>()> m_refresh;
     TimePoint m_lastDemand = kDistantPast;
     bool m_isRunning = false;
-    // Which loop is the one that runs: one that was stopped and replaced must not end its successor.
+    // Which loop is the one that runs: one that was stopped and replaced refreshes no more and must
+    // not end its successor.
     std::uint64_t m_generation = 0;
     TaskScope::Handle m_task;
     // Last: its tasks use `this`.

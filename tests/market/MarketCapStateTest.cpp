@@ -15,6 +15,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <exception>
 #include <filesystem>
 #include <memory>
 #include <string>
@@ -244,15 +245,38 @@ TEST_F(MarketCapStateTest, isSilentWhenItsPollingIsStoppedInFlight) {
     EXPECT_THAT(m_log.lines(), IsEmpty());
 }
 
-TEST_F(MarketCapStateTest, canBeDestroyedWhilePolling) {
+TEST_F(MarketCapStateTest, isSilentAboutAFailureThatIsDeliveredAfterItsPollingWasStopped) {
     auto answer = m_api.answers.held();
     m_state->startPolling();
     m_executor.run();
+    answer.setError(std::make_exception_ptr(CoinGeckoError(429)));
+    m_state->stopPolling();
+    m_executor.run();
+    EXPECT_FALSE(*m_state->isLoading());
+    EXPECT_FALSE(*m_state->loadFailed());
+    EXPECT_THAT(m_log.lines(), IsEmpty());
+}
+
+TEST_F(MarketCapStateTest, canBeDestroyedWhileItRefreshes) {
+    auto answer = m_api.answers.held();
+    m_state->startPolling();
+    m_executor.run();
+    ASSERT_EQ(m_api.answers.waitingCount(), 1U);
     m_state.reset();
+    EXPECT_EQ(m_api.answers.waitingCount(), 0U);
     answer.setValue(kFirst);
     m_executor.run();
-    EXPECT_EQ(m_time.sleepingCount(), 0U);
     EXPECT_THAT(m_log.lines(), IsEmpty());
+}
+
+TEST_F(MarketCapStateTest, canBeDestroyedBetweenTwoRefreshes) {
+    m_state->startPolling();
+    m_executor.run();
+    ASSERT_EQ(m_time.sleepingCount(), 1U);
+    m_state.reset();
+    EXPECT_EQ(m_time.sleepingCount(), 0U);
+    m_time.advance(Seconds(2000));
+    EXPECT_THAT(m_api.counts, SizeIs(1));
 }
 
 TEST_F(MarketCapStateTest, keepsPollingAtExactlyAnHour) {

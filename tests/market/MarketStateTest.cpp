@@ -12,6 +12,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <exception>
 #include <memory>
 
 namespace quillbar {
@@ -208,6 +209,37 @@ TEST_F(MarketStateTest, isSilentWhenItsPollingIsStoppedInFlight) {
     EXPECT_THAT(m_log.lines("MarketState"), IsEmpty());
 }
 
+TEST_F(MarketStateTest, isSilentAboutAFailureThatIsDeliveredAfterItsPollingWasStopped) {
+    auto answer = m_api.ticker24hAllAnswers.held();
+    m_market->startPolling();
+    m_executor.run();
+    answer.setError(std::make_exception_ptr(BinanceError(429)));
+    m_market->stopPolling();
+    m_executor.run();
+    EXPECT_FALSE(*m_market->isLoading());
+    EXPECT_FALSE(*m_market->loadFailed());
+    EXPECT_THAT(m_log.lines("MarketState"), IsEmpty());
+}
+
+TEST_F(MarketStateTest, keepsWhatArrivedBeforeItsPollingWasStopped) {
+    auto answer = m_api.ticker24hAllAnswers.held();
+    m_market->startPolling();
+    m_executor.run();
+    answer.setValue({{"BTCUSDT", {110, 100, 5}}});
+    m_market->stopPolling();
+    m_executor.run();
+    EXPECT_EQ(gainers(), "1BTC ");
+    EXPECT_EQ(*m_market->lastUpdate(), m_time.now());
+}
+
+TEST_F(MarketStateTest, asksForNothingWhenItsPollingIsStoppedBeforeItBegan) {
+    m_market->startPolling();
+    m_market->stopPolling();
+    m_executor.run();
+    EXPECT_EQ(m_api.exchangeInfoRequests, 0);
+    EXPECT_EQ(m_api.ticker24hAllRequests, 0);
+}
+
 TEST_F(MarketStateTest, pollsAgainAfterItWasStopped) {
     m_market->startPolling();
     m_executor.run();
@@ -227,14 +259,26 @@ TEST_F(MarketStateTest, keepsItsAgeWhileARefreshFails) {
     EXPECT_EQ(m_market->dataAge(), Seconds(61));
 }
 
-TEST_F(MarketStateTest, canBeDestroyedWhilePolling) {
+TEST_F(MarketStateTest, canBeDestroyedWhileItRefreshes) {
     auto answer = m_api.ticker24hAllAnswers.held();
     m_market->startPolling();
     m_executor.run();
+    ASSERT_EQ(m_api.ticker24hAllAnswers.waitingCount(), 1U);
     m_market.reset();
+    EXPECT_EQ(m_api.ticker24hAllAnswers.waitingCount(), 0U);
     answer.setValue({});
     m_executor.run();
+    EXPECT_THAT(m_log.lines(), IsEmpty());
+}
+
+TEST_F(MarketStateTest, canBeDestroyedBetweenTwoRefreshes) {
+    m_market->startPolling();
+    m_executor.run();
+    ASSERT_EQ(m_time.sleepingCount(), 1U);
+    m_market.reset();
     EXPECT_EQ(m_time.sleepingCount(), 0U);
+    m_time.advance(Seconds(100));
+    EXPECT_EQ(m_api.ticker24hAllRequests, 1);
 }
 
 TEST_F(MarketStateTest, tellsItsObserversOfNothingThatHasNotChanged) {

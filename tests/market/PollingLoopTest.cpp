@@ -3,11 +3,14 @@
 #include "QuillbarCore/market/PollingLoop.h"
 #include "QuillbarCore/runtime/ManualExecutor.h"
 #include "QuillbarCore/runtime/ManualTime.h"
+#include "QuillbarCore/runtime/TaskScope.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <memory>
+#include <stdexcept>
+#include <utility>
 #include <vector>
 
 namespace quillbar {
@@ -15,17 +18,20 @@ namespace quillbar {
 namespace {
 
 using ::testing::ElementsAre;
+using ::testing::IsEmpty;
 
 /// Polls every 30 s, and gives up 60 s after the last demand. Times are seconds since the start.
 class PollingLoopTest : public ::testing::Test {
 protected:
     PollingLoopTest() { rebuild(); }
 
-    void rebuild() {
+    void rebuild() { rebuild(m_time.sleeper()); }
+
+    void rebuild(Sleeper sleeper) {
         m_loop = std::make_unique<PollingLoop>(
             m_executor,
             m_time.clock(),
-            m_time.sleeper(),
+            std::move(sleeper),
             PollingLoop::Timing{.interval = Seconds(30), .idleTimeout = Seconds(60)},
             [this] { return refresh(); });
     }
@@ -46,6 +52,18 @@ protected:
         }
     }
 
+    /// Acts when this sleep ends: before the loop does, when both end at once and this one began
+    /// first.
+    template <class Action>
+    void afterSleep(ManualTime& time, double seconds, Action action) {
+        m_scope.spawn([&time, seconds, action]() -> Task<void> {
+            Task<void> sleep = time.sleeper()(Seconds(seconds));
+            co_await std::move(sleep);
+            action();
+        });
+        m_executor.run();
+    }
+
     ManualExecutor m_executor;
     ManualTime m_time{m_executor};
     // Apart, so that the loop's own sleeps can be counted.
@@ -55,6 +73,8 @@ protected:
     std::vector<double> m_refreshes;
     int m_completed = 0;
     std::unique_ptr<PollingLoop> m_loop;
+    // Last: its tasks use the loop.
+    TaskScope m_scope{m_executor};
 };
 
 TEST_F(PollingLoopTest, doesNothingBeforeItIsStarted) {
@@ -124,6 +144,68 @@ TEST_F(PollingLoopTest, thatIsStoppedSleepsNoMore) {
     m_time.advance(Seconds(100));
     EXPECT_THAT(m_refreshes, ElementsAre(0));
     EXPECT_EQ(m_time.sleepingCount(), 0U);
+}
+
+TEST_F(PollingLoopTest, thatIsStoppedBeforeItBeganRefreshesNothing) {
+    m_loop->start();
+    m_loop->stop();
+    m_executor.run();
+    EXPECT_THAT(m_refreshes, IsEmpty());
+    EXPECT_THAT(m_time.requested, IsEmpty());
+}
+
+TEST_F(PollingLoopTest, thatIsReplacedBeforeItBeganLeavesTheRefreshToItsSuccessor) {
+    m_loop->start();
+    m_loop->stop();
+    m_loop->start();
+    m_executor.run();
+    EXPECT_THAT(m_refreshes, ElementsAre(0));
+    EXPECT_EQ(m_time.sleepingCount(), 1U);
+}
+
+TEST_F(PollingLoopTest, thatIsStoppedAsItsRefreshEndsDoesNotSleep) {
+    m_refreshLasts = Seconds(10);
+    afterSleep(m_work, 10, [this] { m_loop->stop(); });
+    m_loop->start();
+    m_executor.run();
+    m_work.jump(Seconds(10));
+    EXPECT_EQ(m_completed, 1);
+    EXPECT_THAT(m_time.requested, IsEmpty());
+}
+
+TEST_F(PollingLoopTest, thatIsStoppedAsItsSleepEndsRefreshesNoMore) {
+    afterSleep(m_time, 30, [this] { m_loop->stop(); });
+    m_loop->start();
+    m_executor.run();
+    m_time.jump(Seconds(30));
+    EXPECT_THAT(m_refreshes, ElementsAre(0));
+    EXPECT_FALSE(m_loop->isRunning());
+}
+
+TEST_F(PollingLoopTest, thatIsReplacedAsItsSleepEndsLeavesTheRefreshToItsSuccessor) {
+    afterSleep(m_time, 30, [this] {
+        m_loop->stop();
+        m_loop->start();
+    });
+    m_loop->start();
+    m_executor.run();
+    m_time.jump(Seconds(30));
+    EXPECT_THAT(m_refreshes, ElementsAre(0, 30));
+    EXPECT_TRUE(m_loop->isRunning());
+    EXPECT_EQ(m_time.sleepingCount(), 1U);
+}
+
+TEST_F(PollingLoopTest, endsWhenItsSleepFailsAndCanBeStartedAgain) {
+    rebuild([](Seconds /*span*/) -> Task<void> {
+        throw std::runtime_error("no timer");
+        co_return;
+    });
+    m_loop->start();
+    m_executor.run();
+    EXPECT_FALSE(m_loop->isRunning());
+    m_loop->start();
+    m_executor.run();
+    EXPECT_THAT(m_refreshes, ElementsAre(0, 0));
 }
 
 TEST_F(PollingLoopTest, thatIsReplacedDoesNotEndItsSuccessor) {
