@@ -15,10 +15,12 @@ namespace quillbar {
 IconStore::IconStore(Executor& executor,
                      std::filesystem::path directory,
                      std::shared_ptr<HTTPDataFetching> fetcher,
-                     std::string baseURL)
+                     std::string baseURL,
+                     FileOperations& files)
     : m_directory(std::move(directory))
     , m_fetcher(std::move(fetcher))
     , m_baseURL(std::move(baseURL))
+    , m_files(files)
     , m_scope(executor) {}
 
 IconStore::~IconStore() {
@@ -82,7 +84,8 @@ void IconStore::persist(std::string_view data,
                         const std::filesystem::path& file,
                         std::string_view baseAsset) const {
     try {
-        AtomicFile::write(file, data);
+        // A board that opens stores a hundred logos: too many to wait for the disk each time.
+        AtomicFile::write(file, data, m_files, AtomicFile::Durability::process);
     } catch (const std::exception& error) {
         m_logger.error("icon cache write failed for {}: {}", baseAsset, error.what());
     }

@@ -5,6 +5,7 @@
 #include "QuillbarCore/exchange/HTTPDataFetching.h"
 #include "QuillbarCore/runtime/Deferred.h"
 #include "QuillbarCore/runtime/Executor.h"
+#include "QuillbarCore/runtime/FileOperations.h"
 #include "QuillbarCore/runtime/Logger.h"
 #include "QuillbarCore/runtime/Task.h"
 #include "QuillbarCore/runtime/TaskScope.h"
@@ -19,8 +20,8 @@
 
 namespace quillbar {
 
-/// The coins' logos: on disk for good, from the network when they are not there. Keeps none in
-/// memory.
+/// The coins' logos: on disk for good, from the network when they are not there (a power cut may
+/// take or damage the last ones). Keeps none in memory.
 ///
 /// Belongs to the executor's thread, which it blocks while it reads or writes a small file.
 /// Destroying it ends its downloads, and every wait for one with `Cancelled`.
@@ -30,11 +31,12 @@ public:
     static constexpr std::size_t kMaximumSize = std::size_t{1024} * 1024;
 
     /// `directory` need not exist. `baseURL` is where the logos lie, without a slash at its end. The
-    /// executor outlives the store.
+    /// executor and the file operations outlive the store.
     IconStore(Executor& executor,
               std::filesystem::path directory,
               std::shared_ptr<HTTPDataFetching> fetcher,
-              std::string baseURL);
+              std::string baseURL,
+              FileOperations& files = FileOperations::system());
     IconStore(const IconStore&) = delete;
     IconStore& operator=(const IconStore&) = delete;
     IconStore(IconStore&&) = delete;
@@ -59,6 +61,7 @@ private:
     std::filesystem::path m_directory;
     std::shared_ptr<HTTPDataFetching> m_fetcher;
     std::string m_baseURL;
+    FileOperations& m_files;
     Logger m_logger{"IconStore"};
     // By file name, so that all spellings of a base asset share one.
     std::unordered_map<std::string, Deferred<Icon>> m_inFlight;

@@ -3,6 +3,7 @@
 #include "QuillbarCore/catalog/IconStore.h"
 #include "QuillbarCore/exchange/URLError.h"
 #include "QuillbarCore/runtime/ManualExecutor.h"
+#include "tests/runtime/HookedFileOperations.h"
 #include "tests/support/CapturedLog.h"
 #include "tests/support/FakeFetcher.h"
 #include "tests/support/Files.h"
@@ -20,8 +21,10 @@ namespace quillbar {
 
 namespace {
 
+using ::testing::Contains;
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
+using ::testing::Not;
 using ::testing::StartsWith;
 
 const std::string kLogo = "\x89PNG and the rest";
@@ -59,10 +62,12 @@ protected:
     ManualExecutor m_executor;
     TemporaryFolder m_folder;
     std::shared_ptr<FakeFetcher> m_fetcher = std::make_shared<FakeFetcher>();
+    HookedFileOperations m_files;
     std::unique_ptr<IconStore> m_store = std::make_unique<IconStore>(m_executor,
                                                                      m_folder.path() / "Icons",
                                                                      m_fetcher,
-                                                                     "https://icons.test/logos");
+                                                                     "https://icons.test/logos",
+                                                                     m_files);
     std::vector<std::string> m_icons;
     // Last: its tasks use the store.
     TaskScope m_scope{m_executor};
@@ -171,6 +176,22 @@ TEST_F(IconStoreTest, takesALogoOfTheLargestSize) {
     ask("BTC");
     EXPECT_EQ(m_icons.at(0), largest);
     EXPECT_EQ(m_fetcher->requests.size(), 1U);
+}
+
+TEST_F(IconStoreTest, replacesAFileThatIsTooLargeForALogo) {
+    theFileHolds("btc.png", kOther + std::string(IconStore::kMaximumSize, 'x'));
+    m_fetcher->answer(200, kLogo);
+    ask("BTC");
+    EXPECT_THAT(m_icons, ElementsAre(kLogo));
+    EXPECT_EQ(file("btc.png"), kLogo);
+}
+
+TEST_F(IconStoreTest, doesNotWaitForTheDisk) {
+    m_fetcher->answer(200, kLogo);
+    ask("BTC");
+    EXPECT_EQ(file("btc.png"), kLogo);
+    EXPECT_THAT(m_files.calls, Contains("rename"));
+    EXPECT_THAT(m_files.calls, Not(Contains("synchronise")));
 }
 
 TEST_F(IconStoreTest, returnsALogoThatItCannotStore) {
