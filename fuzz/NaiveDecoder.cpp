@@ -38,6 +38,12 @@ std::optional<std::string> optionalText(const json& object, const char* key) {
                                                              : std::nullopt;
 }
 
+bool isSigned64BitInteger(const json& value) {
+    return value.is_number_integer()
+           && (!value.is_number_unsigned()
+               || value.get<std::uint64_t>() <= std::uint64_t{INT64_MAX});
+}
+
 double number(const std::string& decimal) {
     const std::optional<double> value = naiveNumber(decimal);
     if (!value) {
@@ -118,7 +124,7 @@ std::vector<Candle> decodeKlines(std::string_view bytes) {
         std::vector<Kline> result;
         const json body = json::parse(bytes);
         for (const json& row : body.get_ref<const json::array_t&>()) {
-            if (!row.is_array() || !row.at(0).is_number_integer()) {
+            if (!row.is_array() || !isSigned64BitInteger(row.at(0))) {
                 throw JSONDecodingError("not a kline");
             }
             Kline kline{row[0].get<std::int64_t>(), {}};

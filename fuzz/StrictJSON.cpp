@@ -11,7 +11,7 @@ namespace quillbar {
 namespace {
 
 constexpr int kMaximumDepth = 500;
-constexpr std::size_t kMaximumIntegerDigits = 18;
+constexpr std::size_t kMaximumIntegerDigits = 200;
 constexpr std::size_t kMaximumExponentDigits = 2;
 
 bool isDigit(char c) {

@@ -11,8 +11,8 @@ struct JSONVerdict final {
     /// Whether the text is exactly one JSON value in UTF-8. An escaped surrogate without its partner
     /// is refused too: no UTF-8 stands for it. So is a byte order mark.
     bool isJSON = false;
-    /// Whether the text goes where parsers may differ: nested over 500 deep, an integer of 19 digits
-    /// or more, an exponent of three.
+    /// Whether the text goes where parsers may differ: nested over 500 deep, an integer of more than
+    /// 200 digits, an exponent of three, and so perhaps a number beyond all doubles.
     bool isBeyondLimits = false;
 };
 

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "QuillbarCore/exchange/JSONDecodingError.h"
+#include "QuillbarCore/exchange/LongIntegers.h"
 
 #include <fmt/format.h>
 #include <simdjson.h>
@@ -37,7 +38,13 @@ inline Element parse(simdjson::dom::parser& with, std::string_view bytes) {
     }
     Element root;
     // Copies the bytes to where the parser may read past their end.
-    if (const auto error = with.parse(bytes.data(), bytes.size(), true).get(root)) {
+    auto error = with.parse(bytes.data(), bytes.size(), true).get(root);
+    if (error == simdjson::NUMBER_ERROR) {
+        if (const auto readable = LongIntegers::asFractions(bytes)) {
+            error = with.parse(readable->data(), readable->size(), true).get(root);
+        }
+    }
+    if (error) {
         throw JSONDecodingError(fmt::format("malformed JSON: {}", simdjson::error_message(error)));
     }
     return root;

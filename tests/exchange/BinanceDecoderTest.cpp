@@ -212,6 +212,12 @@ TEST(BinanceDecoderTest, FindsAStructuralErrorBeforeABadNumber) {
               "the key lastPrice is missing");
 }
 
+TEST(BinanceDecoderTest, IgnoresAnIntegerOfAnyLengthUnderAnotherKey) {
+    const TickerMap tickers = BinanceDecoder::decodeTicker24hArray(
+        R"([{"symbol":"BTCUSDT","lastPrice":"2","openPrice":"1","count":100000000000000000000}])");
+    EXPECT_EQ(tickers, (TickerMap{{"BTCUSDT", {2, 1, std::nullopt}}}));
+}
+
 TEST(BinanceDecoderTest, FailsTickersOfAnotherShape) {
     EXPECT_EQ(tickersError("{}"), "the answer is not an array");
     EXPECT_EQ(tickersError("[[]]"), "a ticker is not an object");

@@ -70,6 +70,21 @@ TEST(CoinGeckoDecoder, refusesWhatIsNotTheServicesAnswer) {
     }
 }
 
+TEST(CoinGeckoDecoder, takesIntegersOfAnyLength) {
+    const MarketCapEntry entry{"A", 3, 2, 1};
+    EXPECT_THAT(decodeMarkets(R"([{"symbol":"a","current_price":1,"market_cap":2,)"
+                              R"("market_cap_rank":3,"total_supply":100000000000000000000000}])"),
+                ElementsAre(entry));
+    EXPECT_THAT(decodeMarkets(R"([{"symbol":"a","current_price":1,"market_cap":2,)"
+                              R"("market_cap_rank":3,"max_supply":-100000000000000000000000}])"),
+                ElementsAre(entry));
+    EXPECT_THAT(decodeRow(R"("a")", "18446744073709551616", "100000000000000000000", "1"),
+                ElementsAre(MarketCapEntry{"A", 1, 1e20, 18446744073709551616.0}));
+    EXPECT_THROW((void)decodeRow(R"("a")", "1", "1", "100000000000000000000"), JSONDecodingError);
+    EXPECT_THROW((void)decodeRow(R"("a")", "1", "0100000000000000000000", "1"), JSONDecodingError);
+    EXPECT_THROW((void)decodeMarkets("[100000000000000000000"), JSONDecodingError);
+}
+
 TEST(CoinGeckoDecoder, refusesAFieldOfAnotherType) {
     EXPECT_THROW((void)decodeRow("7", "1", "1", "1"), JSONDecodingError);
     EXPECT_THROW((void)decodeRow(R"("a")", R"("1")", "1", "1"), JSONDecodingError);
