@@ -24,6 +24,7 @@ namespace {
 constexpr int kTooManyRequests = 429;
 constexpr int kBanned = 418;
 constexpr const char* kStatus = "status";
+constexpr const char* kClosedAt = "closedAt";
 constexpr const char* kUntil = "until";
 
 bool closes(std::int64_t status) {
@@ -62,12 +63,21 @@ std::optional<int> ServiceGate::closedWith() {
     if (!m_closure) {
         return std::nullopt;
     }
-    // A clock that was set back must not close the gate for longer than the service could have.
-    m_closure->until = std::min(m_closure->until, m_now() + longestFor(m_closure->status));
-    if (m_now() < m_closure->until) {
+    const TimePoint now = m_now();
+    if (now < m_closure->closedAt) {
+        // The clock was set back. The pause begins anew, on disk too: or else each restart would
+        // begin it once more.
+        m_closure->until = now + (m_closure->until - m_closure->closedAt);
+        m_closure->closedAt = now;
+        save();
+    }
+    if (m_closure->until <= now) {
+        // Another process may have been told to wait for longer.
+        m_closure = storedBeyond(now);
+    }
+    if (m_closure) {
         return m_closure->status;
     }
-    m_closure.reset();
     std::error_code error;
     std::filesystem::remove(m_file, error);
     m_logger.log("{} may be asked again", m_service);
@@ -79,24 +89,33 @@ void ServiceGate::noteAnswer(int status, const std::optional<std::string>& retry
         return;
     }
     const Seconds pause = pauseFor(status, retryAfter);
-    const TimePoint until = m_now() + pause;
+    const TimePoint now = m_now();
+    const TimePoint until = now + pause;
     if (pause == Seconds(0) || (m_closure && m_closure->until >= until)) {
         return;
     }
     if (!m_closure) {
         m_logger.log("{} answered {}: not asked again for {} s", m_service, status, pause.count());
     }
-    m_closure = Closure{.status = status, .until = until};
-    save();
+    m_closure = Closure{.status = status, .closedAt = now, .until = until};
+    if (!storedBeyond(until)) {
+        save();
+    }
 }
 
 std::optional<ServiceGate::Closure> ServiceGate::load() const {
     try {
         const auto json = JSONDocument::parse(AtomicFile::read(m_file));
         const std::int64_t status = JSONDocument::requiredInteger(json, kStatus);
+        const Seconds closedAt(JSONDocument::requiredNumber(json, kClosedAt));
         const Seconds until(JSONDocument::requiredNumber(json, kUntil));
         if (closes(status)) {
-            return Closure{.status = static_cast<int>(status), .until = kReferenceDate + until};
+            Closure closure{.status = static_cast<int>(status),
+                            .closedAt = kReferenceDate + closedAt,
+                            .until = kReferenceDate};
+            closure.until =
+                closure.closedAt + std::min(until - closedAt, longestFor(closure.status));
+            return closure;
         }
     } catch (const std::exception&) {
         // No file, or none of ours: nothing is known against asking.
@@ -104,10 +123,17 @@ std::optional<ServiceGate::Closure> ServiceGate::load() const {
     return std::nullopt;
 }
 
+std::optional<ServiceGate::Closure> ServiceGate::storedBeyond(TimePoint until) const {
+    auto stored = load();
+    // One from a time to come was stored before the clock was set back, and is out of date.
+    return stored && stored->closedAt <= m_now() && stored->until > until ? stored : std::nullopt;
+}
+
 void ServiceGate::save() const {
     try {
         nlohmann::ordered_json json;
         json[kStatus] = m_closure->status;
+        json[kClosedAt] = (m_closure->closedAt - kReferenceDate).count();
         json[kUntil] = (m_closure->until - kReferenceDate).count();
         AtomicFile::write(m_file, JSONDocument::compactText(json));
     } catch (const std::exception& error) {

@@ -14,7 +14,8 @@ namespace quillbar {
 /// Keeps away from a service that has asked us to: closed by an answer 429 ("too many requests") or
 /// 418 ("banned for going on"), it opens by itself when the time that the service named has passed.
 /// Its limits are per address, so one gate stands before all hosts of a service, and it stays closed
-/// over a restart of the program.
+/// over a restart of the program. Of two processes with the same file neither shortens the pause of
+/// the other. When the clock is set back to before the answer, the pause begins anew.
 ///
 /// Belongs to one thread, which it blocks while it reads or writes its small file.
 class ServiceGate final {
@@ -41,10 +42,13 @@ public:
 private:
     struct Closure {
         int status;
+        TimePoint closedAt;
         TimePoint until;
     };
 
     [[nodiscard]] std::optional<Closure> load() const;
+    /// What the file holds when that closes the gate for longer than until then.
+    [[nodiscard]] std::optional<Closure> storedBeyond(TimePoint until) const;
     void save() const;
 
     std::string m_service;

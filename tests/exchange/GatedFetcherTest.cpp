@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "QuillbarCore/exchange/GatedFetcher.h"
 #include "QuillbarCore/exchange/ServiceGate.h"
+#include "QuillbarCore/model/ReferenceDate.h"
 #include "QuillbarCore/runtime/ManualExecutor.h"
 #include "QuillbarCore/runtime/ManualTime.h"
 #include "QuillbarCore/runtime/TaskScope.h"
@@ -10,6 +11,7 @@
 #include "tests/support/Files.h"
 #include "tests/support/TemporaryFolder.h"
 
+#include <fmt/format.h>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -167,12 +169,81 @@ TEST_F(GatedFetcherTest, staysClosedOverARestart) {
     EXPECT_THAT(std::filesystem::exists(m_folder.path() / "exchange-gate.json"), false);
 }
 
-TEST_F(GatedFetcherTest, isNotHeldByAClockThatWasSetBack) {
+TEST_F(GatedFetcherTest, beginsItsPauseAnewWhenTheClockWasSetBack) {
     theServiceAnswers(429, "30");
     ask();
     m_time.setClock(m_time.now() - Seconds(10 * 86400));
     EXPECT_EQ(ask(), 429);
-    m_time.advance(Seconds(3600));
+    m_time.advance(Seconds(29));
+    EXPECT_EQ(ask(), 429);
+    m_time.advance(Seconds(1));
+    theServiceAnswers(200);
+    EXPECT_EQ(ask(), 200);
+}
+
+TEST_F(GatedFetcherTest, isNotHeldByAClockThatWasSetBackHoweverOftenItIsRestarted) {
+    theServiceAnswers(418, "600");
+    ask();
+    m_time.setClock(m_time.now() - Seconds(365 * 86400));
+    for (int run = 0; run < 6; ++run) {
+        restart();
+        EXPECT_EQ(ask(), 418);
+        m_time.advance(Seconds(100));
+    }
+    restart();
+    theServiceAnswers(200);
+    EXPECT_EQ(ask(), 200);
+}
+
+TEST_F(GatedFetcherTest, isClosedForNoLongerThanAServiceCanAskWhateverItsFileHolds) {
+    const double now = (m_time.now() - kReferenceDate).count();
+    for (const double closedAt : {now, now + 1e6}) {
+        writeContents(m_folder.path() / "exchange-gate.json",
+                      fmt::format(R"({{"status":429,"closedAt":{},"until":9e99}})", closedAt));
+        restart();
+        EXPECT_EQ(ask(), 429);
+        m_time.advance(Seconds(3600));
+        theServiceAnswers(200);
+        EXPECT_EQ(ask(), 200);
+        m_time.setClock(kReferenceDate + Seconds(now));
+    }
+}
+
+TEST_F(GatedFetcherTest, staysClosedForAnotherProcessThatWasToldToWaitForLonger) {
+    ServiceGate another("exchange", m_folder.path(), m_time.clock());
+    theServiceAnswers(429, "30");
+    ask();
+    another.noteAnswer(418, "600");
+    m_time.advance(Seconds(30));
+    EXPECT_EQ(ask(), 418);
+    restart();
+    EXPECT_EQ(ask(), 418);
+    m_time.advance(Seconds(570));
+    theServiceAnswers(200);
+    EXPECT_EQ(ask(), 200);
+}
+
+TEST_F(GatedFetcherTest, doesNotShortenThePauseOfAnotherProcess) {
+    ServiceGate another("exchange", m_folder.path(), m_time.clock());
+    another.noteAnswer(418, "600");
+    theServiceAnswers(429, "30");
+    ask();
+    restart();
+    m_time.advance(Seconds(599));
+    EXPECT_EQ(ask(), 418);
+}
+
+TEST_F(GatedFetcherTest, opensThoughAFileThatItCannotReplaceHoldsATimeToCome) {
+    const double later = (m_time.now() - kReferenceDate).count() + 1e6;
+    const auto file = m_folder.path() / "exchange-gate.json";
+    const std::string bytes =
+        fmt::format(R"({{"status":429,"closedAt":{},"until":{}}})", later, later + 30);
+    writeContents(file, bytes);
+    restart();
+    EXPECT_EQ(ask(), 429);
+    // As it is after a write that failed.
+    writeContents(file, bytes);
+    m_time.advance(Seconds(30));
     theServiceAnswers(200);
     EXPECT_EQ(ask(), 200);
 }
@@ -202,8 +273,10 @@ TEST_F(GatedFetcherTest, isOpenWithAFileThatIsNotItsOwn) {
                                     "{",
                                     "[]",
                                     R"({"status":429})",
-                                    R"({"status":200,"until":9e9})",
-                                    R"({"status":"429","until":9e9})"}) {
+                                    R"({"status":429,"closedAt":0})",
+                                    R"({"status":429,"until":9e9})",
+                                    R"({"status":200,"closedAt":8e9,"until":9e9})",
+                                    R"({"status":"429","closedAt":8e9,"until":9e9})"}) {
         writeContents(m_folder.path() / "exchange-gate.json", bytes);
         restart();
         theServiceAnswers(200);
