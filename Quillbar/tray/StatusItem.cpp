@@ -7,6 +7,7 @@
 #include <QDBusConnection>
 #include <QDBusPendingCallWatcher>
 #include <QDBusServiceWatcher>
+#include <QImage>
 
 #include <algorithm>
 #include <utility>
@@ -25,6 +26,13 @@ QDBusMessage questionToBus(const QString& method, const QString& argument) {
         QDBusMessage::createMethodCall(bus, QStringLiteral("/org/freedesktop/DBus"), bus, method);
     question << argument;
     return question;
+}
+
+// Pixels doubled are sharp again once the host has halved them; lines drawn finer would be a blur.
+QImage drawnFor(const TrayHost& host, const LabelPicture& picture, int height) {
+    return host.picks == TrayHost::Picks::largest
+               ? picture.drawn(kPictureHeights.front()).scaledToHeight(height)
+               : picture.drawn(height);
 }
 
 // As wide as the text gets while its digits change.
@@ -252,7 +260,7 @@ void StatusItem::refreshItem() {
         m_picture = picture;
         StatusImages images;
         for (const int height : kPictureHeights) {
-            images.append(StatusImage::of(picture.drawn(height)));
+            images.append(StatusImage::of(drawnFor(m_host, picture, height)));
         }
         m_item.setIcon(QString(), images);
     }

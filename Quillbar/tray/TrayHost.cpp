@@ -29,9 +29,13 @@ TrayHost TrayHost::ofProcess(std::string_view comm) {
     } else if (comm == "lxqt-panel") {
         host.label = Label::ignored;
         host.tooltip = Tooltip::titleAlone;
-    } else if (comm == "kded5" || (comm.starts_with("panel-") && comm.ends_with("-systray"))) {
-        // Plasma 5.27 and Xfce 4.18.
+    } else if (comm == "kded5") {
+        // Plasma 5.27.
         host.label = Label::ignored;
+    } else if (comm.starts_with("panel-") && comm.ends_with("-systray")) {
+        // Xfce 4.18.
+        host.label = Label::ignored;
+        host.picks = Picks::largest;
     }
     return host;
 }

@@ -23,6 +23,8 @@ struct TrayHost final {
     enum class Label { shown, ignored } label = Label::shown;
     /// What the host takes the picture beside a text from.
     enum class Icon { pixmap, themeName } icon = Icon::pixmap;
+    /// Which of the pictures the host shows: the one for its size, or always the largest, made smaller.
+    enum class Picks { fitting, largest } picks = Picks::fitting;
     /// Whether the coordinates of a click are those of the screen.
     enum class ClickPosition { onScreen, unusable } clickPosition = ClickPosition::onScreen;
     /// Which of a tooltip's two texts are shown.

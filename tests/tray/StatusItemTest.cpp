@@ -95,6 +95,15 @@ TEST_F(StatusItemTest, isGivenToWaybarAsTheWholeTextInOnePicture) {
     EXPECT_EQ(icon[1].height, 44);
 }
 
+TEST_F(StatusItemTest, isGivenToXfceInPixelsThatStaySharpWhenHalved) {
+    startAt("panel-7-systray");
+    const StatusImages icon = host->icon();
+    ASSERT_EQ(icon.size(), 2);
+    const QImage small = LabelPicture::of(face(), LabelForm::square, BarShade::unknown).drawn(22);
+    EXPECT_EQ(icon[0], StatusImage::of(small));
+    EXPECT_EQ(icon[1], StatusImage::of(small.scaled(44, 44)));
+}
+
 TEST_F(StatusItemTest, isGivenToGnomeAsALabelBesideTheMark) {
     startAt("gnome-shell");
     EXPECT_EQ(host->property(kLabel).toString(), face().text);
