@@ -189,6 +189,7 @@ TEST_F(AppServicesTest, connectOnceWhenTwoHintsComeTogether) {
     ASSERT_TRUE(isSettled(binance));
     m_services->resume();
     m_services->resume();
+    EXPECT_TRUE(spinUntil([&] { return binance.streamsAccepted() > 1; }));
     EXPECT_TRUE(spinUntil([&] { return requestCount(binance, kSnapshotPath) == 2; }));
     EXPECT_TRUE(nextPriceArrives(binance));
     EXPECT_EQ(binance.streamsAccepted(), 2);
