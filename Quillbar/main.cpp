@@ -62,7 +62,7 @@ public:
             m_label.emplace(m_service.label(), m_app->labelSource());
             m_app->start();
             if (action) {
-                m_app->showPanel(tokens.activation);
+                m_app->showPanel(tokenOf(tokens));
             }
         });
     }
@@ -72,7 +72,7 @@ private:
         if (!m_app) {
             return;
         }
-        const QString& token = tokens.activation.isEmpty() ? tokens.startupId : tokens.activation;
+        const QString token = tokenOf(tokens);
         switch (action) {
         case ApplicationAction::togglePanel:
             m_app->togglePanel(token);
@@ -84,6 +84,10 @@ private:
             QCoreApplication::quit();
             break;
         }
+    }
+
+    static QString tokenOf(const ActivationTokens& tokens) {
+        return tokens.activation.isEmpty() ? tokens.startupId : tokens.activation;
     }
 
     void handOver(ApplicationAction action, const ActivationTokens& tokens) {
@@ -132,7 +136,12 @@ std::optional<int> askRunningApplication(int argc,
 }
 
 bool hasScreen(const ServiceEndpoints::Variables& variables) {
-    return variables("DISPLAY") || variables("WAYLAND_DISPLAY") || variables("QT_QPA_PLATFORM");
+    for (const char* const name : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"}) {
+        if (const auto value = variables(name); value && !value->empty()) {
+            return true;
+        }
+    }
+    return false;
 }
 
 int runApplication(int argc,

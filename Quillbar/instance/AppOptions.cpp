@@ -22,7 +22,7 @@ constexpr std::string_view kHelp = R"(用法:quillbar [选项]
   --help           显示本说明
   --version        显示版本
 
-退出状态:0 成功;2 参数或环境变量有误。
+退出状态:0 成功;1 无法启动,或没有可以操作的程序;2 参数或环境变量有误。
 
 环境变量:
   QUILLBAR_REST_ENDPOINTS      行情接口地址,以逗号分隔

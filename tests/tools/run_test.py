@@ -1,6 +1,6 @@
 # SPDX-FileCopyrightText: 2026 The Quillbar developers
 # SPDX-License-Identifier: MIT
-"""What ./run does around its programs, with stand-ins for the build and for both programs."""
+"""What ./run does around its programs, with stand-ins for the build and for the programs."""
 import os
 import pathlib
 import shutil
@@ -24,8 +24,9 @@ echo control https://127.0.0.1:4711/control
 echo ready
 exec tail -f /dev/null
 """
-LABEL = """
-echo $$ >"$HOME/label.pid"
+CLIENT = """
+echo $$ >"$HOME/client.pid"
+echo "program ${0##*/}"
 echo "arguments $*"
 env | grep -E '^(QUILLBAR|XDG)_' | sort
 echo BTC
@@ -53,7 +54,8 @@ class Run(unittest.TestCase):
         self.script("tools/setup.sh", 'echo "set up for $*"')
         self.script("tools/build.sh", 'build() { echo "built $*"; }')
         self.script("build/release/bin/quillbar-simulator", SIMULATOR)
-        self.script("build/release/bin/quillbar-label", LABEL)
+        self.script("build/release/bin/quillbar-label", CLIENT)
+        self.script("build/release/bin/quillbar", CLIENT)
         shutil.copy(ROOT / "run", self.root / "run")
 
     def script(self, name, text):
@@ -62,9 +64,9 @@ class Run(unittest.TestCase):
         path.write_text("#!/usr/bin/env bash\n" + text)
         path.chmod(0o755)
 
-    def start(self, *arguments):
+    def start(self, *arguments, **variables):
         environment = {"PATH": os.environ["PATH"], "HOME": str(self.home),
-                       "TMPDIR": str(self.temporary), "XDG_DATA_HOME": "/the/user's"}
+                       "TMPDIR": str(self.temporary), "XDG_DATA_HOME": "/the/user's", **variables}
         process = subprocess.Popen([self.root / "run", *arguments], cwd="/", env=environment,
                                    text=True, stdout=subprocess.PIPE, stderr=subprocess.PIPE)
         self.addCleanup(self.end, process)
@@ -74,14 +76,14 @@ class Run(unittest.TestCase):
         process.terminate()
         process.communicate(timeout=PATIENCE)
 
-    def run_through(self, *arguments):
-        process = self.start(*arguments)
+    def run_through(self, *arguments, **variables):
+        process = self.start(*arguments, **variables)
         out, err = process.communicate(timeout=PATIENCE)
         return process.returncode, out.splitlines(), err
 
-    def start_and_read(self, *arguments):
-        """A run that goes on, and what it printed before its first label."""
-        process = self.start(*arguments)
+    def start_and_read(self, *arguments, **variables):
+        """A run that goes on, and what it printed before its first price."""
+        process = self.start(*arguments, **variables)
         lines = []
         for line in process.stdout:
             lines.append(line.rstrip("\n"))
@@ -94,20 +96,42 @@ class Run(unittest.TestCase):
 
     def test_follows_the_real_exchange_unless_told_otherwise(self):
         process, lines = self.start_and_read()
-        self.assertEqual(lines, ["arguments --follow", "XDG_DATA_HOME=/the/user's", "BTC"])
+        self.assertEqual(lines, ["program quillbar-label", "arguments --follow",
+                                 "XDG_DATA_HOME=/the/user's", "BTC"])
         process.send_signal(signal.SIGTERM)
         self.assertEqual(process.wait(PATIENCE), -signal.SIGTERM)
 
     def test_hands_arguments_and_the_exit_status_through(self):
         status, lines, err = self.run_through("--", "--once", "--format", "json")
         self.assertEqual(status, 3)
-        self.assertEqual(lines[0], "arguments --once --format json")
+        self.assertEqual(lines[:2], ["program quillbar-label", "arguments --once --format json"])
         self.assertIn("set up for run\nbuilt release quillbar-label\n", err)
+
+    def test_starts_the_application_on_a_desktop(self):
+        for variables in ({"DISPLAY": ":0"}, {"WAYLAND_DISPLAY": "wayland-0"}):
+            with self.subTest(variables):
+                process, lines = self.start_and_read(**variables)
+                self.assertEqual(lines[:2], ["program quillbar", "arguments "])
+                process.send_signal(signal.SIGTERM)
+                _, err = process.communicate(timeout=PATIENCE)
+                self.assertIn("built release quillbar-label quillbar\n", err)
+                self.assertIn("bin/quillbar --toggle\n", err)
+
+    def test_starts_the_label_on_a_desktop_when_it_is_given_arguments(self):
+        _, lines, _ = self.run_through("--", "--once", DISPLAY=":0")
+        self.assertEqual(lines[:2], ["program quillbar-label", "arguments --once"])
+
+    def test_the_demo_starts_the_application_on_a_desktop(self):
+        process, lines = self.start_and_read("--demo", DISPLAY=":0")
+        self.assertEqual(lines[0], "program quillbar")
+        os.kill(self.pid_of("client"), signal.SIGUSR1)
+        self.assertEqual(process.wait(PATIENCE), 128 + signal.SIGUSR1)
+        self.assertEqual(list(self.temporary.iterdir()), [])
 
     def test_the_demo_hands_them_through_too_and_leaves_nothing_behind(self):
         status, lines, err = self.run_through("--demo", "--", "--once")
         self.assertEqual(status, 3)
-        self.assertEqual(lines[0], "arguments --once")
+        self.assertEqual(lines[1], "arguments --once")
         self.assertIn("built release quillbar-label quillbar-simulator\n", err)
         self.assertFalse(alive(self.pid_of("simulator")))
         self.assertEqual(list(self.temporary.iterdir()), [])
@@ -135,7 +159,7 @@ class Run(unittest.TestCase):
     def test_the_demo_goes_on_when_the_simulator_dies(self):
         process, _ = self.start_and_read("--demo")
         os.kill(self.pid_of("simulator"), signal.SIGKILL)
-        os.kill(self.pid_of("label"), signal.SIGUSR1)
+        os.kill(self.pid_of("client"), signal.SIGUSR1)
         self.assertEqual(process.wait(PATIENCE), 128 + signal.SIGUSR1)
 
     def test_the_demo_ends_both_programs_when_it_is_told_to_end(self):
@@ -144,7 +168,7 @@ class Run(unittest.TestCase):
                 process, _ = self.start_and_read("--demo")
                 process.send_signal(sent)
                 self.assertEqual(process.wait(PATIENCE), status)
-                self.assertFalse(alive(self.pid_of("label")))
+                self.assertFalse(alive(self.pid_of("client")))
                 self.assertFalse(alive(self.pid_of("simulator")))
                 self.assertEqual(list(self.temporary.iterdir()), [])
 
