@@ -9,8 +9,8 @@
 namespace quillbar {
 
 /// Tells of the moments after which a live connection is probably dead: the machine has woken from
-/// sleep (logind on the system bus), or a network has come back. Hints, never a gate: one network
-/// backend never reports changes, and without a system bus nothing is told.
+/// sleep (logind on the system bus), or a network has come back (NetworkManager there). Hints, never a
+/// gate: where another program manages the network, or without a system bus, nothing is told.
 ///
 /// Lives on the main thread. Constructing it connects to the system bus, which blocks for up to 25 s
 /// when the bus hangs: do so once a price is on screen.
@@ -23,9 +23,11 @@ public:
 
 private:
     Q_SLOT void prepareForSleep(bool isGoingToSleep);
-    void watchNetwork();
+    Q_SLOT void networkStateChanged(uint state);
 
     std::function<void()> m_onResume;
+    // Not known at first, so the first notice of a connection counts.
+    bool m_isConnected = false;
 };
 
 }  // namespace quillbar

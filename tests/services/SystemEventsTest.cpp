@@ -16,7 +16,7 @@ namespace quillbar {
 
 namespace {
 
-/// A system bus of the tests' own, with a logind that sends what it is told.
+/// A system bus of the tests' own, with a logind and a NetworkManager that send what they are told.
 class SystemEventsTest : public ::testing::Test {
 protected:
     // Qt connects to the system bus once per process, so one serves all tests and goes with the
@@ -31,6 +31,7 @@ protected:
         ::setenv("DBUS_SYSTEM_BUS_ADDRESS", address.toUtf8().constData(), 1);
         QDBusConnection logind = QDBusConnection::connectToBus(address, kLogind);
         ASSERT_TRUE(logind.registerService(QStringLiteral("org.freedesktop.login1")));
+        ASSERT_TRUE(logind.registerService(QStringLiteral("org.freedesktop.NetworkManager")));
     }
 
     static void prepareForSleep(bool isGoingToSleep) {
@@ -41,6 +42,21 @@ protected:
         signal << isGoingToSleep;
         QDBusConnection(kLogind).send(signal);
     }
+
+    static void networkState(uint state) {
+        QDBusMessage signal =
+            QDBusMessage::createSignal(QStringLiteral("/org/freedesktop/NetworkManager"),
+                                       QStringLiteral("org.freedesktop.NetworkManager"),
+                                       QStringLiteral("StateChanged"));
+        signal << state;
+        QDBusConnection(kLogind).send(signal);
+    }
+
+    // As NetworkManager numbers them.
+    static constexpr uint kDisconnected = 20;
+    static constexpr uint kConnecting = 40;
+    static constexpr uint kConnectedToSite = 60;
+    static constexpr uint kConnectedToAll = 70;
 
     inline static const QString kLogind = QStringLiteral("logind");
     inline static PrivateBus* systemBus = nullptr;
@@ -62,6 +78,29 @@ TEST_F(SystemEventsTest, tellOfEveryWakeUp) {
     for (int night = 0; night < 3; ++night) {
         prepareForSleep(true);
         prepareForSleep(false);
+    }
+    EXPECT_TRUE(spinUntil([&resumed] { return resumed == 3; }));
+}
+
+TEST_F(SystemEventsTest, tellOfANetworkThatComesBackOnce) {
+    int resumed = 0;
+    const SystemEvents events([&resumed] { ++resumed; });
+    for (const uint state : {kDisconnected, kConnecting, kConnectedToSite, kConnectedToAll}) {
+        networkState(state);
+    }
+    EXPECT_TRUE(spinUntil([&resumed] { return resumed > 0; }));
+    // The notice of a wake-up comes after everything that the network has told.
+    prepareForSleep(false);
+    EXPECT_TRUE(spinUntil([&resumed] { return resumed > 1; }));
+    EXPECT_EQ(resumed, 2);
+}
+
+TEST_F(SystemEventsTest, tellOfEveryReturnOfTheNetwork) {
+    int resumed = 0;
+    const SystemEvents events([&resumed] { ++resumed; });
+    for (int outage = 0; outage < 3; ++outage) {
+        networkState(kDisconnected);
+        networkState(kConnectedToAll);
     }
     EXPECT_TRUE(spinUntil([&resumed] { return resumed == 3; }));
 }
