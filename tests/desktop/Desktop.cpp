@@ -1,0 +1,240 @@
+// SPDX-FileCopyrightText: 2026 The Quillbar developers
+// SPDX-License-Identifier: MIT
+#include "tests/desktop/Desktop.h"
+
+#include "tests/desktop/Waiting.h"
+
+#include <QDBusConnectionInterface>
+#include <QDBusMessage>
+#include <QDBusReply>
+#include <QDBusVariant>
+#include <QUrl>
+
+#include <fstream>
+#include <stdexcept>
+#include <utility>
+
+namespace quillbar {
+
+namespace {
+
+const QString kConnection = QStringLiteral("desktop-test");
+const QString kWatcher = QStringLiteral("org.kde.StatusNotifierWatcher");
+const QString kWatcherPath = QStringLiteral("/StatusNotifierWatcher");
+
+/// One bar across the top: a list of windows, nothing in the middle, the status area.
+constexpr const char* kBarSettings = R"(<?xml version="1.0" encoding="UTF-8"?>
+<channel name="xfce4-panel" version="1.0">
+  <property name="configver" type="int" value="2"/>
+  <property name="panels" type="array">
+    <value type="int" value="1"/>
+    <property name="dark-mode" type="bool" value="true"/>
+    <property name="panel-1" type="empty">
+      <property name="position" type="string" value="p=6;x=0;y=0"/>
+      <property name="position-locked" type="bool" value="true"/>
+      <property name="length" type="uint" value="100"/>
+      <property name="size" type="uint" value="28"/>
+      <property name="plugin-ids" type="array">
+        <value type="int" value="1"/>
+        <value type="int" value="2"/>
+        <value type="int" value="3"/>
+      </property>
+    </property>
+  </property>
+  <property name="plugins" type="empty">
+    <property name="plugin-1" type="string" value="tasklist"/>
+    <property name="plugin-2" type="string" value="separator">
+      <property name="expand" type="bool" value="true"/>
+      <property name="style" type="uint" value="0"/>
+    </property>
+    <property name="plugin-3" type="string" value="systray">
+      <property name="square-icons" type="bool" value="false"/>
+    </property>
+  </property>
+</channel>
+)";
+
+void write(const std::filesystem::path& file, const char* text) {
+    std::filesystem::create_directories(file.parent_path());
+    std::ofstream(file) << text;
+}
+
+// Nothing of the tester's own session but where programs are, and how sanitizers report.
+QProcessEnvironment bareEnvironment() {
+    const QProcessEnvironment own = QProcessEnvironment::systemEnvironment();
+    QProcessEnvironment bare;
+    for (const QString& name : own.keys()) {
+        if (name == QStringLiteral("PATH") || name.endsWith(QStringLiteral("SAN_OPTIONS"))
+            || name.endsWith(QStringLiteral("_SYMBOLIZER_PATH"))) {
+            bare.insert(name, own.value(name));
+        }
+    }
+    return bare;
+}
+
+}  // namespace
+
+Desktop::Desktop()
+    : m_environment(bareEnvironment()) {
+    const QString home = QString::fromStdString(m_folder.path().string());
+    m_environment.insert(QStringLiteral("HOME"), home);
+    m_environment.insert(QStringLiteral("XDG_RUNTIME_DIR"), home);
+    m_environment.insert(QStringLiteral("XDG_CURRENT_DESKTOP"), QStringLiteral("XFCE"));
+    m_environment.insert(QStringLiteral("LANG"), QStringLiteral("zh_CN.UTF-8"));
+    m_environment.insert(QStringLiteral("TZ"), QStringLiteral("Asia/Shanghai"));
+    m_environment.insert(QStringLiteral("NO_AT_BRIDGE"), QStringLiteral("1"));
+    write(m_folder.path() / ".config/xfce4/xfconf/xfce-perchannel-xml/xfce4-panel.xml",
+          kBarSettings);
+    startServer();
+    startBus();
+    startWindowManager();
+    startBar();
+    startExchange();
+}
+
+Desktop::~Desktop() {
+    QDBusConnection::disconnectFromBus(kConnection);
+}
+
+QProcessEnvironment Desktop::environment() const {
+    return m_environment;
+}
+
+void Desktop::startServer() {
+    // The server picks a number that nobody uses and tells it.
+    m_server.emplace(QStringLiteral("Xvfb"),
+                     QStringList{QStringLiteral("-displayfd"),
+                                 QStringLiteral("1"),
+                                 QStringLiteral("-screen"),
+                                 QStringLiteral("0"),
+                                 QStringLiteral("1280x900x24"),
+                                 QStringLiteral("-dpi"),
+                                 QStringLiteral("96"),
+                                 QStringLiteral("-nolisten"),
+                                 QStringLiteral("tcp"),
+                                 QStringLiteral("-noreset")},
+                     m_environment);
+    const QString number = m_server->readLine();
+    if (number.isEmpty()) {
+        throw std::runtime_error("Xvfb does not start");
+    }
+    const QString display = QStringLiteral(":") + number;
+    m_environment.insert(QStringLiteral("DISPLAY"), display);
+    m_screen.emplace(display);
+}
+
+void Desktop::startBus() {
+    m_busDaemon.emplace(QStringLiteral("dbus-daemon"),
+                        QStringList{QStringLiteral("--session"),
+                                    QStringLiteral("--nofork"),
+                                    QStringLiteral("--print-address")},
+                        m_environment);
+    const QString address = m_busDaemon->readLine();
+    m_bus = QDBusConnection::connectToBus(address, kConnection);
+    if (!m_bus.isConnected()) {
+        throw std::runtime_error("dbus-daemon does not start");
+    }
+    m_environment.insert(QStringLiteral("DBUS_SESSION_BUS_ADDRESS"), address);
+}
+
+void Desktop::startWindowManager() {
+    m_windowManager.emplace(
+        QStringLiteral("xfwm4"), QStringList{QStringLiteral("--compositor=off")}, m_environment);
+    if (!eventually([this] { return m_screen->hasWindowManager(); })) {
+        throw std::runtime_error("xfwm4 does not start");
+    }
+}
+
+void Desktop::startBar() {
+    m_bar.emplace(QStringLiteral("xfce4-panel"),
+                  QStringList{QStringLiteral("--disable-wm-check")},
+                  m_environment);
+}
+
+void Desktop::killBar() {
+    m_bar.reset();
+}
+
+QStringList Desktop::items() const {
+    const QStringList registered =
+        property(kWatcher, kWatcherPath, kWatcher, QStringLiteral("RegisteredStatusNotifierItems"))
+            .toStringList();
+    QStringList services;
+    for (const QString& item : registered) {
+        services.append(item.left(item.indexOf(u'/')));
+    }
+    return services;
+}
+
+std::optional<QRect> Desktop::statusArea() const {
+    for (const Screen::Window& window : m_screen->windowsOf(processOf(kWatcher))) {
+        // It is there, one pixel wide, without an item too.
+        if (window.geometry.width() > 1) {
+            return window.geometry;
+        }
+    }
+    return std::nullopt;
+}
+
+void Desktop::startExchange() {
+    const QString authority = QString::fromStdString((m_folder.path() / "authority.pem").string());
+    m_exchange.emplace(
+        QStringLiteral(QUILLBAR_SIMULATOR_PROGRAM),
+        QStringList{
+            QStringLiteral("--ca-file"), authority, QStringLiteral("--port"), m_exchangePort},
+        m_environment,
+        ChildProcess::Complaints::shown);
+    const std::pair<QString, QString> services[] = {
+        {QStringLiteral("rest "), QStringLiteral("QUILLBAR_REST_ENDPOINTS")},
+        {QStringLiteral("stream "), QStringLiteral("QUILLBAR_STREAM_ENDPOINTS")},
+        {QStringLiteral("market-caps "), QStringLiteral("QUILLBAR_MARKETCAP_ENDPOINT")},
+        {QStringLiteral("icons "), QStringLiteral("QUILLBAR_ICON_ENDPOINT")},
+        {QStringLiteral("ca-file "), QStringLiteral("QUILLBAR_CA_FILE")},
+    };
+    for (QString line; line != QStringLiteral("ready");) {
+        line = m_exchange->readLine();
+        if (line.isEmpty()) {
+            throw std::runtime_error("the simulator does not start");
+        }
+        for (const auto& [word, variable] : services) {
+            if (line.startsWith(word)) {
+                m_environment.insert(variable, line.mid(word.size()));
+            }
+        }
+    }
+    const QUrl rest(m_environment.value(QStringLiteral("QUILLBAR_REST_ENDPOINTS")));
+    m_exchangePort = QString::number(rest.port());
+}
+
+void Desktop::killExchange() {
+    m_exchange.reset();
+}
+
+QVariant Desktop::call(const QString& service,
+                       const QString& path,
+                       const QString& interface,
+                       const QString& method) const {
+    const QDBusMessage answer =
+        m_bus.call(QDBusMessage::createMethodCall(service, path, interface, method));
+    return answer.type() == QDBusMessage::ReplyMessage && !answer.arguments().isEmpty()
+               ? answer.arguments().constFirst()
+               : QVariant();
+}
+
+QVariant Desktop::property(const QString& service,
+                           const QString& path,
+                           const QString& interface,
+                           const QString& name) const {
+    QDBusMessage question = QDBusMessage::createMethodCall(
+        service, path, QStringLiteral("org.freedesktop.DBus.Properties"), QStringLiteral("Get"));
+    question.setArguments({interface, name});
+    const QDBusReply<QDBusVariant> answer = m_bus.call(question);
+    return answer.isValid() ? answer.value().variant() : QVariant();
+}
+
+qint64 Desktop::processOf(const QString& service) const {
+    const QDBusReply<uint> process = m_bus.interface()->servicePid(service);
+    return process.isValid() ? process.value() : 0;
+}
+
+}  // namespace quillbar

@@ -1,0 +1,92 @@
+// SPDX-FileCopyrightText: 2026 The Quillbar developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "tests/desktop/ChildProcess.h"
+#include "tests/desktop/Desktop.h"
+#include "tests/desktop/Screen.h"
+#include "tests/desktop/Waiting.h"
+#include "tests/support/TemporaryFolder.h"
+
+#include <QJsonObject>
+#include <QPoint>
+#include <QRect>
+#include <QString>
+#include <QStringList>
+#include <QVariantMap>
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace quillbar {
+
+/// A desktop that all tests share, and for each test an application with no past.
+class DesktopFixture : public testing::Test {
+protected:
+    static void SetUpTestSuite();
+    static void TearDownTestSuite();
+
+    [[nodiscard]] static Desktop& desktop() { return *s_desktop; }
+    [[nodiscard]] static Screen& screen() { return s_desktop->screen(); }
+
+    /// The application does not run on after a test, and has nothing to complain of at its end.
+    void TearDown() override;
+
+    /// Starts the application and waits for its first price in the status area.
+    void startApplication();
+    /// Starts the program once more and waits for its end.
+    [[nodiscard]] int startAgain(const QStringList& arguments = {});
+    void keepSettings(const QJsonObject& settings);
+    [[nodiscard]] QJsonObject kept(const QString& file) const;
+    [[nodiscard]] std::vector<std::string> keptSymbols() const;
+
+    /// What the application tells other programs of its label.
+    [[nodiscard]] QVariantMap label() const;
+    /// A property of the item in the status area.
+    [[nodiscard]] QVariant item(const QString& property) const;
+    /// The lines under the title of the item's tooltip.
+    [[nodiscard]] QString tooltip() const;
+    [[nodiscard]] bool isItemInStatusArea() const;
+    [[nodiscard]] QPoint itemCentre() const;
+
+    /// The panel's window, while it is on the screen.
+    [[nodiscard]] std::optional<Screen::Window> panel() const;
+    [[nodiscard]] bool isPanelOpen() const { return panel().has_value(); }
+    [[nodiscard]] QRect panelGeometry() const;
+    /// Whether a menu of the application is on the screen.
+    [[nodiscard]] bool hasMenu() const;
+
+    void clickItem();
+    /// A click on the item, seen to open the panel.
+    void openPanel();
+    /// What is at this place on the panel.
+    void clickOnPanel(QPoint position, int button = Screen::kLeft);
+    /// Chooses an entry of the menu of a row, counted from 1, by the keyboard.
+    void chooseFromMenuOfRow(int row, int entry);
+    /// Makes sure that the application has handled what was done with the pointer and the keyboard.
+    void settle() const;
+
+    /// The middle of a row, counted from 0, as a position on the panel.
+    [[nodiscard]] static QPoint rowCentre(int row);
+    /// The places of what is clicked on the panel.
+    static constexpr QPoint kPriceTitle{280, 87};
+    static constexpr int kDisclosureX = 20;
+    static constexpr int kRowHeight = 28;
+    static constexpr int kChartHeight = 210;
+
+private:
+    static std::unique_ptr<Desktop> s_desktop;
+
+    [[nodiscard]] QProcessEnvironment environment() const;
+    [[nodiscard]] std::filesystem::path file(const QString& name) const;
+
+    TemporaryFolder m_folder;
+    std::optional<ChildProcess> m_application;
+};
+
+}  // namespace quillbar

@@ -1,0 +1,148 @@
+// SPDX-FileCopyrightText: 2026 The Quillbar developers
+// SPDX-License-Identifier: MIT
+#include "tests/desktop/DesktopFixture.h"
+
+#include <gmock/gmock.h>
+
+namespace quillbar {
+
+namespace {
+
+using ::testing::ElementsAre;
+
+const QString kWatchlist = QStringLiteral("watchlist.json");
+
+using DesktopTest = DesktopFixture;
+
+TEST_F(DesktopTest, theItemTellsThePriceOfThePinnedCoin) {
+    startApplication();
+    const QString text = label().value(QStringLiteral("text")).toString();
+    EXPECT_TRUE(text.startsWith(QStringLiteral("BTC "))) << text.toStdString();
+    EXPECT_TRUE(
+        item(QStringLiteral("XAyatanaLabel")).toString().startsWith(QStringLiteral("BTC ")));
+    EXPECT_EQ(item(QStringLiteral("Title")).toString(), QStringLiteral("Quillbar"));
+    EXPECT_TRUE(tooltip().contains(QStringLiteral("已连接"))) << tooltip().toStdString();
+}
+
+TEST_F(DesktopTest, aClickOpensThePanelBesideTheItemWithTheFocusAndNoTaskbarEntry) {
+    startApplication();
+    openPanel();
+    const auto window = panel();
+    ASSERT_TRUE(window);
+    const QRect& area = window->geometry;
+    EXPECT_TRUE(screen().workArea().contains(area));
+    EXPECT_EQ(area.top(), screen().workArea().top() + 4);
+    EXPECT_LE(area.left(), itemCentre().x());
+    EXPECT_GE(area.right(), itemCentre().x());
+    EXPECT_EQ(screen().activeWindow(), window->id);
+    EXPECT_TRUE(screen().hasState(window->id, "_NET_WM_STATE_SKIP_TASKBAR"));
+    EXPECT_TRUE(screen().hasState(window->id, "_NET_WM_STATE_SKIP_PAGER"));
+    EXPECT_TRUE(screen().hasState(window->id, "_NET_WM_STATE_ABOVE"));
+}
+
+TEST_F(DesktopTest, sortsPinsAndRemovesCoins) {
+    startApplication();
+    openPanel();
+    const int height = panelGeometry().height();
+    // From the dearest down, BNB comes before SOL.
+    clickOnPanel(kPriceTitle);
+    chooseFromMenuOfRow(2, 2);
+    EXPECT_TRUE(eventually([this] {
+        return kept(kWatchlist).value(QStringLiteral("pinnedSymbol")) == QStringLiteral("BNBUSDT");
+    }));
+    EXPECT_TRUE(eventually([this] {
+        return item(QStringLiteral("XAyatanaLabel")).toString().startsWith(QStringLiteral("BNB "));
+    }));
+    EXPECT_EQ(label().value(QStringLiteral("symbol")).toString(), QStringLiteral("BNBUSDT"));
+    chooseFromMenuOfRow(3, 3);
+    EXPECT_TRUE(eventually([this] { return keptSymbols().size() == 3; }));
+    EXPECT_THAT(keptSymbols(), ElementsAre("BTCUSDT", "ETHUSDT", "BNBUSDT"));
+    EXPECT_TRUE(eventually([&] { return panelGeometry().height() == height - kRowHeight; }));
+}
+
+TEST_F(DesktopTest, aRowUnfoldsItsChartAndFoldsItAgain) {
+    startApplication();
+    openPanel();
+    const int height = panelGeometry().height();
+    const QPoint disclosure(kDisclosureX, rowCentre(1).y());
+    clickOnPanel(disclosure);
+    EXPECT_TRUE(eventually([&] { return panelGeometry().height() == height + kChartHeight; }));
+    clickOnPanel(disclosure);
+    EXPECT_TRUE(eventually([&] { return panelGeometry().height() == height; }));
+}
+
+TEST_F(DesktopTest, escapeClosesThePanelAndAClickOpensItAgain) {
+    startApplication();
+    openPanel();
+    screen().key(Screen::kEscape);
+    EXPECT_TRUE(eventually([this] { return !isPanelOpen(); }));
+    openPanel();
+}
+
+TEST_F(DesktopTest, aSecondClickOnTheItemClosesThePanelForGood) {
+    startApplication();
+    openPanel();
+    clickItem();
+    EXPECT_TRUE(eventually([this] { return !isPanelOpen(); }));
+    pause();
+    EXPECT_FALSE(isPanelOpen());
+    openPanel();
+}
+
+TEST_F(DesktopTest, aPressOnTheBareDesktopAndOneOnTheBarCloseThePanel) {
+    startApplication();
+    const QPoint bareDesktop(300, 600);
+    const QPoint emptyBar(600, 14);
+    for (const QPoint place : {bareDesktop, emptyBar}) {
+        openPanel();
+        screen().movePointer(place);
+        screen().press();
+        EXPECT_TRUE(eventually([this] { return !isPanelOpen(); })) << place.y();
+        screen().release();
+        settle();
+    }
+}
+
+TEST_F(DesktopTest, furtherStartsReachTheRunningApplication) {
+    startApplication();
+    EXPECT_EQ(startAgain({QStringLiteral("--toggle")}), 0);
+    EXPECT_TRUE(eventually([this] { return isPanelOpen(); }));
+    EXPECT_EQ(startAgain({QStringLiteral("--show")}), 0);
+    settle();
+    EXPECT_TRUE(isPanelOpen());
+    EXPECT_EQ(startAgain(), 0);
+    EXPECT_TRUE(eventually([this] { return !isPanelOpen(); }));
+    EXPECT_EQ(startAgain({QStringLiteral("--show")}), 0);
+    EXPECT_TRUE(eventually([this] { return isPanelOpen(); }));
+    EXPECT_EQ(desktop().items().size(), 1);
+}
+
+TEST_F(DesktopTest, theItemComesBackWithTheStatusArea) {
+    startApplication();
+    desktop().killBar();
+    ASSERT_TRUE(eventually([this] { return !isItemInStatusArea(); }));
+    desktop().startBar();
+    ASSERT_TRUE(eventually([this] { return isItemInStatusArea(); }));
+    openPanel();
+}
+
+TEST_F(DesktopTest, aLostExchangeIsToldAndPricesComeBackWithIt) {
+    startApplication();
+    openPanel();
+    const int height = panelGeometry().height();
+    desktop().killExchange();
+    EXPECT_TRUE(eventually([&] {
+        return tooltip().contains(QStringLiteral("连接中断")) && panelGeometry().height() > height;
+    })) << tooltip().toStdString();
+    const double lastUpdate = label().value(QStringLiteral("lastUpdate")).toDouble();
+    desktop().startExchange();
+    EXPECT_TRUE(eventually([&] {
+        return label().value(QStringLiteral("lastUpdate")).toDouble() > lastUpdate
+               && panelGeometry().height() == height
+               && tooltip().contains(QStringLiteral("已连接"));
+    }));
+}
+
+}  // namespace
+
+}  // namespace quillbar
