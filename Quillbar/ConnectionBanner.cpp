@@ -3,16 +3,15 @@
 #include "Quillbar/ConnectionBanner.h"
 
 #include "Quillbar/Spinner.h"
-#include "Quillbar/Theme.h"
 #include "Quillbar/text/LocalTimeText.h"
 #include "Quillbar/text/SystemFont.h"
 #include "Quillbar/text/TabularText.h"
+#include "Quillbar/Theme.h"
 
 #include <QDateTime>
 #include <QPainter>
 
 #include <chrono>
-#include <utility>
 
 namespace quillbar {
 
@@ -26,66 +25,68 @@ constexpr float kBackgroundOpacity = 0.1F;
 /// A small spinner of 16 points at 0.7 of its size.
 constexpr int kSpinnerSize = 11;
 
-} // namespace
+}  // namespace
 
-ConnectionBanner::ConnectionBanner(const AppState &state, QWidget *parent,
-                                   QTimeZone zone, QLocale locale)
-    : QWidget(parent), m_state(state), m_zone(std::move(zone)),
-      m_locale(std::move(locale)) {
-  setFixedHeight(kHeight);
-  auto *const spinner = new Spinner(kSpinnerSize, this);
-  spinner->move(kHorizontalPadding, (kHeight - spinner->height()) / 2);
-  m_observations.push_back(state.connectionState().observe(
-      [this](ConnectionState /*state*/) { refresh(); }));
-  m_observations.push_back(state.lastUpdate().observe(
-      [this](const std::optional<TimePoint> & /*time*/) { refresh(); }));
-  refresh();
+ConnectionBanner::ConnectionBanner(const AppState& state,
+                                   QWidget* parent,
+                                   const QTimeZone& zone,
+                                   const QLocale& locale)
+    : QWidget(parent)
+    , m_state(state)
+    , m_zone(zone)
+    , m_locale(locale) {
+    setFixedHeight(kHeight);
+    auto* const spinner = new Spinner(kSpinnerSize, this);
+    spinner->move(kHorizontalPadding, (kHeight - spinner->height()) / 2);
+    m_observations.push_back(
+        state.connectionState().observe([this](ConnectionState /*state*/) { refresh(); }));
+    m_observations.push_back(state.lastUpdate().observe(
+        [this](const std::optional<TimePoint>& /*time*/) { refresh(); }));
+    refresh();
 }
 
 QString ConnectionBanner::bannerText(std::optional<TimePoint> lastUpdate,
-                                     const QTimeZone &zone,
-                                     const QLocale &locale) {
-  QString text = QStringLiteral("连接中…");
-  if (lastUpdate) {
-    const auto elapsed = std::chrono::floor<std::chrono::milliseconds>(
-        lastUpdate->time_since_epoch());
-    const QDateTime moment =
-        QDateTime::fromMSecsSinceEpoch(elapsed.count(), Qt::UTC)
-            .toTimeZone(zone);
-    text += QStringLiteral(" 最后更新 ") +
-            LocalTimeText::hoursAndMinutes(moment.time(), locale);
-  }
-  return text;
+                                     const QTimeZone& zone,
+                                     const QLocale& locale) {
+    QString text = QStringLiteral("连接中…");
+    if (lastUpdate) {
+        const auto elapsed =
+            std::chrono::floor<std::chrono::milliseconds>(lastUpdate->time_since_epoch());
+        const QDateTime moment =
+            QDateTime::fromMSecsSinceEpoch(elapsed.count(), Qt::UTC).toTimeZone(zone);
+        text +=
+            QStringLiteral(" 最后更新 ") + LocalTimeText::hoursAndMinutes(moment.time(), locale);
+    }
+    return text;
 }
 
-void ConnectionBanner::paintEvent(QPaintEvent * /*event*/) {
-  const ThemeColors::Resolved &colors = ThemeKey::value(*this).colors;
-  QPainter painter(this);
-  QColor background = colors.warning;
-  background.setAlphaF(kBackgroundOpacity);
-  painter.fillRect(rect(), background);
-  painter.setPen(colors.warning);
-  const QRectF area = QRectF(rect()).adjusted(
-      kHorizontalPadding + kSpinnerSize + kSpacing, 0, -kHorizontalPadding, 0);
-  TabularText::draw(painter, area, Qt::AlignLeft | Qt::AlignVCenter, m_text,
-                    systemFont(kFontSize));
+void ConnectionBanner::paintEvent(QPaintEvent* /*event*/) {
+    const ThemeColors::Resolved& colors = ThemeKey::value(*this).colors;
+    QPainter painter(this);
+    QColor background = colors.warning;
+    background.setAlphaF(kBackgroundOpacity);
+    painter.fillRect(rect(), background);
+    painter.setPen(colors.warning);
+    const QRectF area = QRectF(rect()).adjusted(
+        kHorizontalPadding + kSpinnerSize + kSpacing, 0, -kHorizontalPadding, 0);
+    TabularText::draw(
+        painter, area, Qt::AlignLeft | Qt::AlignVCenter, m_text, systemFont(kFontSize));
 }
 
 void ConnectionBanner::refresh() {
-  const bool isConnected =
-      *m_state.connectionState() == ConnectionState::connected;
-  // While prices come in, this is called at each of them.
-  if (!isConnected) {
-    const QString text = bannerText(*m_state.lastUpdate(), m_zone, m_locale);
-    if (text != m_text) {
-      m_text = text;
-      setAccessibleName(text);
-      update();
+    const bool isConnected = *m_state.connectionState() == ConnectionState::connected;
+    // While prices come in, this is called at each of them.
+    if (!isConnected) {
+        const QString text = bannerText(*m_state.lastUpdate(), m_zone, m_locale);
+        if (text != m_text) {
+            m_text = text;
+            setAccessibleName(text);
+            update();
+        }
     }
-  }
-  if (isConnected == !isHidden()) {
-    setVisible(!isConnected);
-  }
+    if (isConnected == !isHidden()) {
+        setVisible(!isConnected);
+    }
 }
 
-} // namespace quillbar
+}  // namespace quillbar

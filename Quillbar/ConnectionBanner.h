@@ -20,28 +20,29 @@ namespace quillbar {
 /// are; hidden while the stream is connected.
 class ConnectionBanner final : public QWidget {
 public:
-  /// The state outlives the banner. Times are told in `zone`, as `locale`
-  /// writes them.
-  explicit ConnectionBanner(const AppState &state, QWidget *parent = nullptr,
-                            QTimeZone zone = QTimeZone::systemTimeZone(),
-                            QLocale locale = QLocale());
+    /// The state outlives the banner. Times are told in `zone`, as `locale`
+    /// writes them.
+    explicit ConnectionBanner(const AppState& state,
+                              QWidget* parent = nullptr,
+                              const QTimeZone& zone = QTimeZone::systemTimeZone(),
+                              const QLocale& locale = QLocale());
 
-  /// What the banner says when the last price came at `lastUpdate`. Pure.
-  [[nodiscard]] static QString bannerText(std::optional<TimePoint> lastUpdate,
-                                          const QTimeZone &zone,
-                                          const QLocale &locale);
+    /// What the banner says when the last price came at `lastUpdate`. Pure.
+    [[nodiscard]] static QString bannerText(std::optional<TimePoint> lastUpdate,
+                                            const QTimeZone& zone,
+                                            const QLocale& locale);
 
 protected:
-  void paintEvent(QPaintEvent *event) override;
+    void paintEvent(QPaintEvent* event) override;
 
 private:
-  void refresh();
+    void refresh();
 
-  const AppState &m_state;
-  QTimeZone m_zone;
-  QLocale m_locale;
-  QString m_text;
-  std::vector<Observation> m_observations;
+    const AppState& m_state;
+    QTimeZone m_zone;
+    QLocale m_locale;
+    QString m_text;
+    std::vector<Observation> m_observations;
 };
 
-} // namespace quillbar
+}  // namespace quillbar

@@ -6,8 +6,8 @@
 #include "Quillbar/CoinListView.h"
 #include "Quillbar/ConnectionBanner.h"
 #include "Quillbar/ErrorLine.h"
-#include "Quillbar/UnderlineTabs.h"
 #include "Quillbar/text/SystemFont.h"
+#include "Quillbar/UnderlineTabs.h"
 
 #include <QLabel>
 #include <QVBoxLayout>
@@ -28,109 +28,116 @@ constexpr double kUnderlineHeight = 1.5;
 /// The product's name, in the theme's colour.
 class Title final : public QLabel {
 public:
-  explicit Title(QWidget *parent) : QLabel(QStringLiteral("Quillbar"), parent) {
-    setFont(systemFont(kTitleFontSize, QFont::DemiBold));
-    applyTheme();
-  }
+    explicit Title(QWidget* parent)
+        : QLabel(QStringLiteral("Quillbar"), parent) {
+        setFont(systemFont(kTitleFontSize, QFont::DemiBold));
+        applyTheme();
+    }
 
 protected:
-  bool event(QEvent *event) override {
-    if (event->type() == ThemeKey::changeEvent()) {
-      applyTheme();
+    bool event(QEvent* event) override {
+        if (event->type() == ThemeKey::changeEvent()) {
+            applyTheme();
+        }
+        return QLabel::event(event);
     }
-    return QLabel::event(event);
-  }
 
 private:
-  void applyTheme() {
-    QPalette colors = palette();
-    colors.setColor(QPalette::WindowText,
-                    ThemeKey::value(*this).colors.primaryText);
-    setPalette(colors);
-  }
+    void applyTheme() {
+        QPalette colors = palette();
+        colors.setColor(QPalette::WindowText, ThemeKey::value(*this).colors.primaryText);
+        setPalette(colors);
+    }
 };
 
-} // namespace
+}  // namespace
 
-PanelView::PanelView(const ViewEnvironment &environment,
-                     const Observed<ColorScheme> &systemScheme, QWidget *parent)
-    : QWidget(parent), m_environment(environment),
-      m_systemScheme(systemScheme) {
-  setFixedWidth(kWidth);
-  applyTheme();
-  auto *const stack = new QVBoxLayout(this);
-  stack->setContentsMargins(0, 0, 0, 0);
-  stack->setSpacing(kSpacing);
-  buildHeader(*stack);
-  buildTabs(*stack);
-  stack->addWidget(new ErrorLine(environment.appState, this));
-  stack->addWidget(new ConnectionBanner(environment.appState, this));
-  buildContent(*stack);
+PanelView::PanelView(const ViewEnvironment& environment,
+                     const Observed<ColorScheme>& systemScheme,
+                     QWidget* parent)
+    : QWidget(parent)
+    , m_environment(environment)
+    , m_systemScheme(systemScheme) {
+    setFixedWidth(kWidth);
+    applyTheme();
+    auto* const stack = new QVBoxLayout(this);
+    stack->setContentsMargins(0, 0, 0, 0);
+    stack->setSpacing(kSpacing);
+    buildHeader(*stack);
+    buildTabs(*stack);
+    stack->addWidget(new ErrorLine(environment.appState, this));
+    stack->addWidget(new ConnectionBanner(environment.appState, this));
+    buildContent(*stack);
 
-  m_observations.push_back(environment.appState.settings().observe(
-      [this](const AppSettings & /*settings*/) { applyTheme(); }));
-  m_observations.push_back(
-      systemScheme.observe([this](ColorScheme /*scheme*/) { applyTheme(); }));
+    m_observations.push_back(environment.appState.settings().observe(
+        [this](const AppSettings& /*settings*/) { applyTheme(); }));
+    m_observations.push_back(
+        systemScheme.observe([this](ColorScheme /*scheme*/) { applyTheme(); }));
 }
 
 PanelView::~PanelView() = default;
 
-std::vector<PanelTab> PanelView::tabs() { return {PanelTab::watchlist()}; }
+std::vector<PanelTab> PanelView::tabs() {
+    return {PanelTab::watchlist()};
+}
 
 QSize PanelView::sizeHint() const {
-  return {kWidth, layout()->sizeHint().height()};
+    return {kWidth, layout()->sizeHint().height()};
 }
 
-void PanelView::showEvent(QShowEvent *event) {
-  restoreTab();
-  QWidget::showEvent(event);
+void PanelView::showEvent(QShowEvent* event) {
+    restoreTab();
+    QWidget::showEvent(event);
 }
 
-void PanelView::buildHeader(QVBoxLayout &stack) {
-  auto *const header = new QHBoxLayout;
-  header->setContentsMargins(kHeaderHorizontalPadding, kHeaderVerticalPadding,
-                             kHeaderHorizontalPadding, kHeaderVerticalPadding);
-  header->addWidget(new Title(this));
-  header->addStretch();
-  stack.addLayout(header);
+void PanelView::buildHeader(QVBoxLayout& stack) {
+    auto* const header = new QHBoxLayout;
+    header->setContentsMargins(kHeaderHorizontalPadding,
+                               kHeaderVerticalPadding,
+                               kHeaderHorizontalPadding,
+                               kHeaderVerticalPadding);
+    header->addWidget(new Title(this));
+    header->addStretch();
+    stack.addLayout(header);
 }
 
-void PanelView::buildTabs(QVBoxLayout &stack) {
-  std::vector<QString> titles;
-  for (const PanelTab tab : tabs()) {
-    titles.push_back(tab.title());
-  }
-  m_tabs = new UnderlineTabs(titles, kTabsPadding, kUnderlineHeight, this);
-  m_tabs->onSelect = [this](std::size_t index) {
-    m_tab = tabs()[index];
-    m_environment.appState.setLastBoard(m_tab.board());
-  };
-  stack.addWidget(m_tabs);
+void PanelView::buildTabs(QVBoxLayout& stack) {
+    std::vector<QString> titles;
+    for (const PanelTab tab : tabs()) {
+        titles.push_back(tab.title());
+    }
+    m_tabs = new UnderlineTabs(titles, kTabsPadding, kUnderlineHeight, this);
+    m_tabs->onSelect = [this](std::size_t index) {
+        m_tab = tabs()[index];
+        m_environment.appState.setLastBoard(m_tab.board());
+    };
+    stack.addWidget(m_tabs);
 }
 
-void PanelView::buildContent(QVBoxLayout &stack) {
-  auto *const list = new CoinListView(
-      m_environment, m_expandedSymbol,
-      [this](const Coin &coin, QWidget *parent) -> QWidget * {
-        return new CoinDetailView(m_environment, coin, parent);
-      },
-      this);
-  stack.addWidget(list);
+void PanelView::buildContent(QVBoxLayout& stack) {
+    auto* const list = new CoinListView(
+        m_environment,
+        m_expandedSymbol,
+        [this](const Coin& coin, QWidget* parent) -> QWidget* {
+            return new CoinDetailView(m_environment, coin, parent);
+        },
+        this);
+    stack.addWidget(list);
 }
 
 void PanelView::applyTheme() {
-  const ColorScheme scheme = resolvedScheme(
-      m_environment.appState.settings()->appearance, *m_systemScheme);
-  ThemeKey::set(*this, {.colors = ThemeColors::of(scheme)});
+    const ColorScheme scheme =
+        resolvedScheme(m_environment.appState.settings()->appearance, *m_systemScheme);
+    ThemeKey::set(*this, {.colors = ThemeColors::of(scheme)});
 }
 
 void PanelView::restoreTab() {
-  const std::vector<PanelTab> offered = tabs();
-  const PanelTab last(m_environment.appState.settings()->lastBoard);
-  const auto found = std::find(offered.begin(), offered.end(), last);
-  const auto index = found == offered.end() ? 0 : found - offered.begin();
-  m_tabs->setSelection(static_cast<std::size_t>(index));
-  m_tab = offered[static_cast<std::size_t>(index)];
+    const std::vector<PanelTab> offered = tabs();
+    const PanelTab last(m_environment.appState.settings()->lastBoard);
+    const auto found = std::find(offered.begin(), offered.end(), last);
+    const auto index = found == offered.end() ? 0 : found - offered.begin();
+    m_tabs->setSelection(static_cast<std::size_t>(index));
+    m_tab = offered[static_cast<std::size_t>(index)];
 }
 
-} // namespace quillbar
+}  // namespace quillbar

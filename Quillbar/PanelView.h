@@ -24,47 +24,46 @@ class UnderlineTabs;
 /// Its size hint is the size it wants; given less height, its list shrinks.
 class PanelView final : public QWidget {
 public:
-  static constexpr int kWidth = 400;
+    static constexpr int kWidth = 400;
 
-  /// `systemScheme` is the desktop's; both outlive the view.
-  PanelView(const ViewEnvironment &environment,
-            const Observed<ColorScheme> &systemScheme,
-            QWidget *parent = nullptr);
-  PanelView(const PanelView &) = delete;
-  PanelView &operator=(const PanelView &) = delete;
-  PanelView(PanelView &&) = delete;
-  PanelView &operator=(PanelView &&) = delete;
-  ~PanelView() override;
+    /// `systemScheme` is the desktop's; both outlive the view.
+    PanelView(const ViewEnvironment& environment,
+              const Observed<ColorScheme>& systemScheme,
+              QWidget* parent = nullptr);
+    PanelView(const PanelView&) = delete;
+    PanelView& operator=(const PanelView&) = delete;
+    PanelView(PanelView&&) = delete;
+    PanelView& operator=(PanelView&&) = delete;
+    ~PanelView() override;
 
-  /// The tabs that the panel offers, in order.
-  [[nodiscard]] static std::vector<PanelTab> tabs();
+    /// The tabs that the panel offers, in order.
+    [[nodiscard]] static std::vector<PanelTab> tabs();
 
-  [[nodiscard]] PanelTab tab() const { return m_tab; }
+    [[nodiscard]] PanelTab tab() const { return m_tab; }
 
-  /// The symbol of the watchlist row whose chart is open.
-  [[nodiscard]] const Observed<std::optional<std::string>> &
-  expandedSymbol() const noexcept {
-    return m_expandedSymbol;
-  }
+    /// The symbol of the watchlist row whose chart is open.
+    [[nodiscard]] const Observed<std::optional<std::string>>& expandedSymbol() const noexcept {
+        return m_expandedSymbol;
+    }
 
-  [[nodiscard]] QSize sizeHint() const override;
+    [[nodiscard]] QSize sizeHint() const override;
 
 protected:
-  void showEvent(QShowEvent *event) override;
+    void showEvent(QShowEvent* event) override;
 
 private:
-  void buildHeader(QVBoxLayout &stack);
-  void buildTabs(QVBoxLayout &stack);
-  void buildContent(QVBoxLayout &stack);
-  void applyTheme();
-  void restoreTab();
+    void buildHeader(QVBoxLayout& stack);
+    void buildTabs(QVBoxLayout& stack);
+    void buildContent(QVBoxLayout& stack);
+    void applyTheme();
+    void restoreTab();
 
-  const ViewEnvironment &m_environment;
-  const Observed<ColorScheme> &m_systemScheme;
-  PanelTab m_tab = PanelTab::watchlist();
-  Observed<std::optional<std::string>> m_expandedSymbol;
-  UnderlineTabs *m_tabs = nullptr;
-  std::vector<Observation> m_observations;
+    const ViewEnvironment& m_environment;
+    const Observed<ColorScheme>& m_systemScheme;
+    PanelTab m_tab = PanelTab::watchlist();
+    Observed<std::optional<std::string>> m_expandedSymbol;
+    UnderlineTabs* m_tabs = nullptr;
+    std::vector<Observation> m_observations;
 };
 
-} // namespace quillbar
+}  // namespace quillbar

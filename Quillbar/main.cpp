@@ -25,6 +25,7 @@
 
 #include <optional>
 #include <string>
+#include <utility>
 #include <variant>
 #include <vector>
 
@@ -43,9 +44,9 @@ int fail(int status, const std::string& text) {
 /// Everything of the one instance, in the order in which it is built.
 class Instance final {
 public:
-    Instance(std::optional<QDBusConnection> bus, const ServiceEndpoints& endpoints)
+    Instance(std::optional<QDBusConnection> bus, ServiceEndpoints endpoints)
         : m_bus(std::move(bus))
-        , m_endpoints(endpoints)
+        , m_endpoints(std::move(endpoints))
         , m_service(m_bus.value_or(QDBusConnection(QString())),
                     [this](ApplicationAction action, const ActivationTokens& tokens) {
                         perform(action, tokens);
@@ -106,7 +107,7 @@ private:
 
 /// Asks the running application, if there is one. Absent when this process is to become it.
 std::optional<int> askRunningApplication(int argc,
-                                         char* argv[],
+                                         char** argv,
                                          std::optional<ApplicationAction> action,
                                          const ActivationTokens& tokens) {
     const QCoreApplication application(argc, argv);
@@ -145,7 +146,7 @@ bool hasScreen(const ServiceEndpoints::Variables& variables) {
 }
 
 int runApplication(int argc,
-                   char* argv[],
+                   char** argv,
                    const ServiceEndpoints& endpoints,
                    std::optional<ApplicationAction> action,
                    const ActivationTokens& tokens) {
@@ -188,7 +189,7 @@ int runApplication(int argc,
     return leave(status);
 }
 
-int run(int argc, char* argv[]) {
+int run(int argc, char** argv) {
     const std::vector<std::string> arguments(argv + 1, argv + argc);
     const auto parsed = parseAppOptions(arguments);
     if (const auto* const error = std::get_if<AppUsageError>(&parsed)) {
@@ -214,7 +215,7 @@ int run(int argc, char* argv[]) {
 
 }  // namespace quillbar
 
-int main(int argc, char* argv[]) {
+int main(int argc, char** argv) {
     quillbar::StandardStreams::hold();
     return quillbar::run(argc, argv);
 }

@@ -7,8 +7,11 @@
 # Runs clang-tidy on the given sources, else on every source of the build that has not yet passed as
 # it stands. What passed is kept in BUILD_FOLDER/passed, under a hash of all that the verdict rests
 # on: the source, every header of ours below it, its .clang-tidy, its command, and the versions of
-# clang-tidy and of the packages with headers. So a fresh build folder costs some twenty minutes on
-# two cores, and later only what a change reaches is looked at, however many commits it has.
+# clang-tidy and of the packages with headers. So a fresh build folder costs half an hour on two cores,
+# and later only what a change reaches is looked at, however many commits it has.
+#
+# QUILLBAR_TIDY_SECONDS ends the looking after that time: what was changed last is looked at first, and
+# the sources that are left are counted.
 set -euo pipefail
 shopt -s inherit_errexit
 cd "$(dirname "$(readlink -f "$0")")/.."
@@ -74,7 +77,32 @@ with open(f"{build}/compile_commands.json") as file:
 with open(f"{build}/once/compile_commands.json", "w") as file:
     json.dump(list(entries.values()), file)
 
-for name in given or sorted(entries):
+def changed():
+    # When each file was changed last: now, where it differs from its last commit.
+    times = {}
+    log = ["git", "log", "--format=%ct", "--name-only", "--no-renames"]
+    when = 0
+    for line in subprocess.run(log, stdout=subprocess.PIPE, check=True, text=True).stdout.split("\n"):
+        if line.isdigit():
+            when = int(line)
+        elif line:
+            times.setdefault(line, when)
+    status = ["git", "status", "--porcelain", "--no-renames"]
+    for line in subprocess.run(status, stdout=subprocess.PIPE, check=True, text=True).stdout.split("\n"):
+        times[line[3:]] = float("inf")
+    return times
+
+
+times = changed()
+
+
+def newest_first(name):
+    path = os.path.relpath(os.path.abspath(name), root)
+    header = os.path.splitext(path)[0] + ".h"
+    return -max(times.get(path, 0), times.get(header, 0)), path
+
+
+for name in sorted(given or entries, key=newest_first):
     source = os.path.abspath(name)
     if source not in entries:
         sys.exit(f"tidy: {build} does not compile {name}")
@@ -83,7 +111,11 @@ PYTHON
 }
 
 check() {
-    local build=$1 hash=$2 source=$3
+    local build=$1 end=$2 hash=$3 source=$4
+    if [ "$end" != never ] && [ "$(date +%s)" -ge "$end" ]; then
+        printf 'left\n' >>"$build/left"
+        return 0
+    fi
     clang-tidy-16 --quiet -p "$build/once" "$source" 2>&1 |
         { grep -v ' warnings\? generated\.$' || true; }
     touch "$build/passed/$hash"
@@ -100,5 +132,12 @@ if [ -z "$chosen" ]; then
     exit 0
 fi
 printf 'tidy: %d sources\n' "$(wc -l <<<"$chosen")"
+end=never
+[ -z "${QUILLBAR_TIDY_SECONDS:-}" ] || end=$(($(date +%s) + QUILLBAR_TIDY_SECONDS))
+rm -f "$build/left"
 printf '%s\n' "$chosen" |
-    xargs -r -P "$(nproc)" -L 1 bash -e -o pipefail -c 'check "$0" "$1" "$2"' "$build"
+    xargs -r -P "$(nproc)" -L 1 bash -e -o pipefail -c 'check "$0" "$1" "$2" "$3"' "$build" "$end"
+if [ -e "$build/left" ]; then
+    printf 'tidy: no time was left for %d sources, those that were not changed for longest\n' \
+        "$(wc -l <"$build/left")"
+fi

@@ -6,10 +6,10 @@
 /// files, users' hot keys and scripts hold them.
 namespace quillbar::ApplicationNames {
 
-inline constexpr char kBusName[] = "io.github.quillbar.Quillbar";
-inline constexpr char kObjectPath[] = "/io/github/quillbar/Quillbar";
+inline constexpr const char* kBusName = "io.github.quillbar.Quillbar";
+inline constexpr const char* kObjectPath = "/io/github/quillbar/Quillbar";
 /// What desktops call when the user starts the application a second time.
-inline constexpr char kApplicationInterface[] = "org.freedesktop.Application";
-inline constexpr char kLabelInterface[] = "io.github.quillbar.Quillbar.Label";
+inline constexpr const char* kApplicationInterface = "org.freedesktop.Application";
+inline constexpr const char* kLabelInterface = "io.github.quillbar.Quillbar.Label";
 
 }  // namespace quillbar::ApplicationNames

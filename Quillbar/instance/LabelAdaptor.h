@@ -22,7 +22,7 @@ public:
     void setReader(std::function<QVariantMap()> reader);
 
     /// The label as it stands, as `labelMessage` writes it; empty while there is none.
-    Q_SLOT QVariantMap Read() const;  // NOLINT(*-identifier-naming)
+    Q_SLOT QVariantMap Read() const;  // NOLINT(*-identifier-naming, modernize-use-nodiscard)
 
     /// Something that can be seen has changed; carries what `Read` would give.
     Q_SIGNAL void Changed(const QVariantMap& label);  // NOLINT(*-identifier-naming)
