@@ -18,6 +18,7 @@ const QString kItemPath = QStringLiteral("/StatusNotifierItem");
 const QString kItemInterface = QStringLiteral("org.kde.StatusNotifierItem");
 
 constexpr int kFirstRowCentre = 111;
+constexpr int kMostTabStops = 20;
 
 QString textOfTooltip(const QVariant& tooltip) {
     const auto argument = tooltip.value<QDBusArgument>();
@@ -180,14 +181,30 @@ void DesktopFixture::clickOnPanel(QPoint position, int button) {
     settle();
 }
 
-void DesktopFixture::chooseFromMenuOfRow(int row, int entry) {
-    clickOnPanel(rowCentre(row), Screen::kRight);
-    ASSERT_TRUE(eventually([this] { return hasMenu(); })) << "no menu on row " << row;
+bool DesktopFixture::tabToRows() {
+    for (int stop = 0; stop < kMostTabStops; ++stop) {
+        screen().key(Screen::kTab);
+        screen().key(Screen::kMenu);
+        settle();
+        if (hasMenu()) {
+            return true;
+        }
+    }
+    return false;
+}
+
+void DesktopFixture::chooseFromMenu(int entry) {
+    ASSERT_TRUE(eventually([this] { return hasMenu(); })) << "no menu";
     for (int step = 0; step < entry; ++step) {
         screen().key(Screen::kDown);
     }
     screen().key(Screen::kReturn);
     ASSERT_TRUE(eventually([this] { return !hasMenu(); })) << "the menu stays";
+}
+
+void DesktopFixture::chooseFromMenuOfRow(int row, int entry) {
+    clickOnPanel(rowCentre(row), Screen::kRight);
+    chooseFromMenu(entry);
 }
 
 void DesktopFixture::settle() const {

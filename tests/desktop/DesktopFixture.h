@@ -66,7 +66,10 @@ protected:
     void openPanel();
     /// What is at this place on the panel.
     void clickOnPanel(QPoint position, int button = Screen::kLeft);
-    /// Chooses an entry of the menu of a row, counted from 1, by the keyboard.
+    /// Walks through the panel by the Tab key until the Menu key opens the menu of the first row.
+    [[nodiscard]] bool tabToRows();
+    /// Chooses an entry, counted from 1, of the menu that opens, by the keyboard.
+    void chooseFromMenu(int entry);
     void chooseFromMenuOfRow(int row, int entry);
     /// Makes sure that the application has handled what was done with the pointer and the keyboard.
     void settle() const;

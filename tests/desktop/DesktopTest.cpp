@@ -71,6 +71,24 @@ TEST_F(DesktopTest, aRowUnfoldsItsChartAndFoldsItAgain) {
     EXPECT_TRUE(eventually([&] { return panelGeometry().height() == height; }));
 }
 
+TEST_F(DesktopTest, theKeyboardAloneReachesRowsTheirChartsAndTheirMenus) {
+    startApplication();
+    openPanel();
+    const int height = panelGeometry().height();
+    ASSERT_TRUE(tabToRows());
+    screen().key(Screen::kEscape);
+    EXPECT_TRUE(eventually([this] { return !hasMenu(); }));
+    EXPECT_TRUE(isPanelOpen()) << "Escape closes the menu alone";
+    screen().key(Screen::kDown);
+    screen().key(Screen::kReturn);
+    EXPECT_TRUE(eventually([&] { return panelGeometry().height() == height + kChartHeight; }));
+    screen().key(Screen::kMenu);
+    chooseFromMenu(4);
+    EXPECT_TRUE(eventually([this] {
+        return kept(kWatchlist).value(QStringLiteral("pinnedSymbol")) == QStringLiteral("ETHUSDT");
+    }));
+}
+
 TEST_F(DesktopTest, escapeClosesThePanelAndAClickOpensItAgain) {
     startApplication();
     openPanel();
