@@ -68,6 +68,7 @@ PanelWindow::PanelWindow(QWidget* content, ToggleGuard::Elapsed elapsed)
     , m_guard(std::move(elapsed))
     , m_presses({.pressed = [this] { handlePress(); }, .released = [this] { handleRelease(); }}) {
     setWindowTitle(QStringLiteral("Quillbar"));
+    m_sway = SwayPlacement::ofSession(windowTitle());
     setAccessibleName(QStringLiteral("Quillbar"));
     m_isTranslucent = X11Session::isComposited() || !X11Session::isX11();
     setAttribute(Qt::WA_TranslucentBackground, m_isTranslucent);
@@ -115,6 +116,9 @@ void PanelWindow::open(std::optional<QPoint> anchor) {
     X11Session::skipTaskbar(*windowHandle());
     X11Session::setStartupToken(*windowHandle(), std::exchange(m_token, QString()));
     show();
+    if (m_sway) {
+        m_sway->shown(anchor ? SwayPlacement::OpenedBy::pointer : SwayPlacement::OpenedBy::other);
+    }
     raise();
     activateWindow();
     if (focusWidget() == nullptr) {
@@ -177,6 +181,9 @@ void PanelWindow::resizeEvent(QResizeEvent* /*event*/) {
     m_content->setGeometry(rect());
     m_edge->setGeometry(rect());
     applyShape();
+    if (m_sway) {
+        m_sway->resized(size());
+    }
 }
 
 void PanelWindow::showEvent(QShowEvent* /*event*/) {
@@ -186,6 +193,9 @@ void PanelWindow::showEvent(QShowEvent* /*event*/) {
 
 void PanelWindow::hideEvent(QHideEvent* /*event*/) {
     m_focusCheck.stop();
+    if (m_sway) {
+        m_sway->hidden();
+    }
     m_guard.hidden(std::exchange(m_cause, ToggleGuard::HiddenBy::other));
     if (!m_guard.isPressHeld()) {
         m_presses.stopListening();
@@ -207,8 +217,14 @@ void PanelWindow::place() {
     const QRect workArea = screen->availableGeometry();
     const QSize wanted = m_content->sizeHint();
     const QRect area = screen->geometry();
-    setGeometry(m_anchor ? PanelPlacement::rectangle(*m_anchor, wanted, area, workArea)
-                         : PanelPlacement::rectangleWithoutAnchor(wanted, area, workArea));
+    const QRect rectangle = m_anchor
+                                ? PanelPlacement::rectangle(*m_anchor, wanted, area, workArea)
+                                : PanelPlacement::rectangleWithoutAnchor(wanted, area, workArea);
+    if (m_sway) {
+        // Sway tiles a window that could have another size, and moves all others for it.
+        setFixedSize(rectangle.size());
+    }
+    setGeometry(rectangle);
 }
 
 void PanelWindow::handlePress() {

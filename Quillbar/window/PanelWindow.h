@@ -3,6 +3,7 @@
 #pragma once
 
 #include "Quillbar/window/OutsidePressWatch.h"
+#include "Quillbar/window/SwayPlacement.h"
 #include "Quillbar/window/ToggleGuard.h"
 
 #include <QPoint>
@@ -10,6 +11,7 @@
 #include <QWidget>
 
 #include <functional>
+#include <memory>
 #include <optional>
 
 namespace quillbar {
@@ -72,6 +74,8 @@ private:
     std::optional<QPoint> m_anchor;
     QString m_token;
     bool m_isTranslucent = false;
+    /// Null outside sway, which places windows itself.
+    std::unique_ptr<SwayPlacement> m_sway;
 };
 
 }  // namespace quillbar

@@ -3,6 +3,8 @@
 #include "Quillbar/Theme.h"
 #include "Quillbar/window/PanelWindow.h"
 #include "tests/qtsupport/SpinUntil.h"
+#include "tests/support/TemporaryEnvironment.h"
+#include "tests/window/FakeSway.h"
 
 #include <QGuiApplication>
 #include <QMenu>
@@ -43,6 +45,8 @@ protected:
         m_elapsed += 1s;
     }
 
+    // Its absence: these tests may themselves run in a session of sway.
+    TemporaryEnvironment m_swaySocket{"SWAYSOCK", std::nullopt};
     std::chrono::milliseconds m_elapsed{0};
     Content* m_content = new Content({400, 300});
     PanelWindow m_window{m_content, [this] { return m_elapsed; }};
@@ -121,6 +125,57 @@ TEST_F(PanelWindowTest, hasRoundCornersAndAnEdge) {
     EXPECT_LT(picture.pixelColor(0, 0).alpha(), 255);
     EXPECT_NE(picture.pixelColor(200, 0), ThemeColors::dark().surface);
     EXPECT_EQ(picture.pixelColor(200, 3), ThemeColors::dark().surface);
+}
+
+class PanelWindowInSwayTest : public ::testing::Test {
+protected:
+    PanelWindowInSwayTest() {
+        m_sway.pid = QCoreApplication::applicationPid();
+        m_sway.workspace = {0, 0, 1280, 770};
+        m_sway.window = {700, 320, 400, 480};
+    }
+
+    void waitForRequests(std::size_t count) {
+        EXPECT_TRUE(spinUntil([this, count] { return m_sway.requests.size() >= count; }));
+        spinUntilIdle();
+    }
+
+    FakeSway m_sway;
+    TemporaryEnvironment m_socket{"SWAYSOCK", m_sway.path().toStdString()};
+    Content* m_content = new Content({400, 480});
+    PanelWindow m_window{m_content, [] { return 0ms; }};
+};
+
+TEST_F(PanelWindowInSwayTest, isPlacedWhenItOpens) {
+    m_window.open(QPoint(1, 2));
+    waitForRequests(5);
+    EXPECT_EQ(m_sway.requests[2],
+              "[con_id=8] floating enable, border none, sticky enable, move position cursor");
+    EXPECT_EQ(m_sway.requests[4], "[con_id=8] move absolute position 700 px 286 px");
+    m_window.dismiss();
+    EXPECT_TRUE(spinUntil([this] { return !m_sway.isConnected(); }));
+}
+
+TEST_F(PanelWindowInSwayTest, isPlacedWithoutThePointerWhenNobodyClicked) {
+    m_window.open(std::nullopt);
+    waitForRequests(5);
+    EXPECT_EQ(m_sway.requests[2], "[con_id=8] floating enable, border none, sticky enable");
+}
+
+TEST_F(PanelWindowInSwayTest, isMovedWhenItGrows) {
+    m_window.open(QPoint(1, 2));
+    waitForRequests(5);
+    m_content->grow({400, 500});
+    waitForRequests(6);
+    EXPECT_EQ(m_sway.requests.back(), "[con_id=8] move absolute position 700 px 266 px");
+}
+
+TEST_F(PanelWindowInSwayTest, hasNoOtherSizeSoThatItIsNotTiled) {
+    m_window.open(QPoint(1, 2));
+    EXPECT_EQ(m_window.minimumSize(), QSize(400, 480));
+    EXPECT_EQ(m_window.maximumSize(), QSize(400, 480));
+    m_content->grow({400, 500});
+    EXPECT_TRUE(spinUntil([this] { return m_window.height() == 500; }));
 }
 
 }  // namespace
