@@ -4,6 +4,7 @@
 
 #include "Quillbar/labelstate/LabelSnapshot.h"
 #include "Quillbar/PanelView.h"
+#include "Quillbar/platform/StartPages.h"
 #include "Quillbar/window/PanelWindow.h"
 #include "QuillbarCore/runtime/QtExecutor.h"
 #include "QuillbarCore/runtime/QtSleeper.h"
@@ -20,6 +21,8 @@ namespace {
 
 /// The tooltip tells the age of prices in minutes.
 constexpr Seconds kFaceInterval{60};
+/// By then the first prices are there, and what starting needs has been done with.
+constexpr Seconds kStartLasts{10};
 
 ToggleGuard::Elapsed elapsed() {
     return [] {
@@ -71,6 +74,7 @@ QuillbarApp::QuillbarApp(const std::optional<QDBusConnection>& bus,
     AppState& state = m_services.appState();
     m_observations.push_back(state.menuBarText().observe(refresh));
     m_observations.push_back(state.connectionState().observe(refresh));
+    m_observations.push_back(state.connectionFailure().observe(refresh));
     m_observations.push_back(state.lastError().observe(refresh));
 }
 
@@ -79,6 +83,7 @@ QuillbarApp::~QuillbarApp() = default;
 void QuillbarApp::start() {
     refreshFace();
     m_scope.spawn(refreshFaceEachMinute());
+    m_scope.spawn(releaseStartPages());
     m_services.start();
     m_systemEvents.emplace(m_services, *m_executor, m_sleeper);
 }
@@ -107,6 +112,11 @@ Task<void> QuillbarApp::refreshFaceEachMinute() {
         co_await m_sleeper(kFaceInterval);
         refreshFace();
     }
+}
+
+Task<void> QuillbarApp::releaseStartPages() {
+    co_await m_sleeper(kStartLasts);
+    StartPages::release();
 }
 
 void QuillbarApp::activate(QPoint anchor, ActivationSource source) {

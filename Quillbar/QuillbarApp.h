@@ -59,6 +59,7 @@ public:
 private:
     void refreshFace();
     Task<void> refreshFaceEachMinute();
+    Task<void> releaseStartPages();
     void activate(QPoint anchor, ActivationSource source);
     PanelWindow& panel();
 
