@@ -19,15 +19,17 @@ constexpr int kVerticalPadding = 4;
 
 ErrorLine::ErrorLine(const AppState& state, QWidget* parent)
     : QLabel(parent)
-    , m_observation(state.lastError().observe(
-          [this](const std::optional<std::string>& error) { update(error); })) {
+    , m_state(state) {
+    const auto changed = [this](const auto& /*value*/) { refresh(); };
+    m_observations.push_back(state.lastError().observe(changed));
+    m_observations.push_back(state.watchlist().observe(changed));
     setFont(systemFont(kFontSize));
     setTextFormat(Qt::PlainText);
     setWordWrap(true);
     setContentsMargins(kHorizontalPadding, kVerticalPadding, kHorizontalPadding, kVerticalPadding);
     setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
     applyTheme();
-    update(*state.lastError());
+    refresh();
 }
 
 bool ErrorLine::event(QEvent* event) {
@@ -37,11 +39,16 @@ bool ErrorLine::event(QEvent* event) {
     return QLabel::event(event);
 }
 
-void ErrorLine::update(const std::optional<std::string>& error) {
-    const QString text = QString::fromStdString(error.value_or(std::string()));
-    setText(text);
-    setAccessibleName(text);
-    setVisible(error.has_value());
+void ErrorLine::refresh() {
+    QString line;
+    if (const auto& error = *m_state.lastError()) {
+        line = QString::fromStdString(*error);
+    } else if (m_state.watchlist()->coins.size() > AppState::kMaximumFollowed) {
+        line = QStringLiteral("自选列表过长,只更新前 %1 个币种").arg(AppState::kMaximumFollowed);
+    }
+    setText(line);
+    setAccessibleName(line);
+    setVisible(!line.isEmpty());
 }
 
 void ErrorLine::applyTheme() {

@@ -7,9 +7,12 @@
 
 #include <QLabel>
 
+#include <vector>
+
 namespace quillbar {
 
-/// The line that says what went wrong with the user's last edit; hidden while nothing did.
+/// The line that says what is wrong with the user's list: that the last edit was not saved, or that
+/// the list is longer than prices can be followed for. Hidden while nothing is.
 class ErrorLine final : public QLabel {
 public:
     /// The state outlives the line.
@@ -19,10 +22,11 @@ protected:
     bool event(QEvent* event) override;
 
 private:
-    void update(const std::optional<std::string>& error);
+    void refresh();
     void applyTheme();
 
-    Observation m_observation;
+    const AppState& m_state;
+    std::vector<Observation> m_observations;
 };
 
 }  // namespace quillbar

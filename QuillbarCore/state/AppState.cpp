@@ -87,15 +87,22 @@ Task<void> AppState::resume() {
 }
 
 Task<void> AppState::subscribeStream() {
-    std::vector<std::string> watched = symbols();
+    std::vector<std::string> watched = followedSymbols();
     co_await m_stream.setSymbols(std::move(watched));
 }
 
-std::vector<std::string> AppState::symbols() const {
+std::vector<std::string> AppState::followedSymbols() const {
+    const std::vector<Coin>& coins = m_watchlist->coins;
+    const std::size_t count = std::min(coins.size(), kMaximumFollowed);
     std::vector<std::string> symbols;
-    symbols.reserve(m_watchlist->coins.size());
-    for (const Coin& coin : m_watchlist->coins) {
-        symbols.push_back(coin.symbol);
+    symbols.reserve(count);
+    for (std::size_t index = 0; index < count; ++index) {
+        symbols.push_back(coins[index].symbol);
+    }
+    const auto& pinned = m_watchlist->pinnedSymbol;
+    if (count < coins.size() && pinned && m_watchlist->contains(*pinned)
+        && std::find(symbols.begin(), symbols.end(), *pinned) == symbols.end()) {
+        symbols.back() = *pinned;
     }
     return symbols;
 }
@@ -160,7 +167,7 @@ Task<void> AppState::refreshSnapshot() {
         co_return;
     }
     try {
-        std::vector<std::string> watched = symbols();
+        std::vector<std::string> watched = followedSymbols();
         const TickerMap snapshot = co_await m_api.ticker24h(std::move(watched));
         for (const Coin& coin : m_watchlist->coins) {
             if (const auto found = snapshot.find(coin.symbol); found != snapshot.end()) {
@@ -266,7 +273,7 @@ Task<void> AppState::refreshTodayOpens() {
         co_return;
     }
     m_lastTodayOpensAttempt = now;
-    std::vector<std::string> missing = symbols();
+    std::vector<std::string> missing = followedSymbols();
     std::erase_if(missing, [this](const std::string& symbol) {
         return m_todayOpens.find(symbol) != nullptr;
     });

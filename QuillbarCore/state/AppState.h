@@ -74,6 +74,10 @@ public:
     /// The age beyond which prices are stale and the label drops them.
     static constexpr Seconds kStaleDataThreshold{60};
 
+    /// How many coins of a longer list get prices: the exchange streams no more on one connection.
+    /// They are the first ones, and the pinned one in any case.
+    static constexpr std::size_t kMaximumFollowed = 1024;
+
     /// Loads the watchlist and the settings and computes the label; connects to nothing.
     explicit AppState(AppStateDependencies dependencies);
 
@@ -193,7 +197,7 @@ private:
 
     void applyWatchlist(Watchlist watchlist);
     void saveSettings(std::string_view textOnFailure);
-    [[nodiscard]] std::vector<std::string> symbols() const;
+    [[nodiscard]] std::vector<std::string> followedSymbols() const;
 
     BinanceAPI& m_api;
     PriceStreaming& m_stream;

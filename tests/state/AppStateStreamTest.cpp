@@ -102,6 +102,17 @@ TEST_F(AppStateEventsTest, followsTheConnectionAndTellsOfChangesAlone) {
                             ConnectionState::waitingRetry));
 }
 
+TEST_F(AppStateEventsTest, tellsWhyNoPricesStreamUntilTheyDo) {
+    build();
+    Notes failures(state->connectionFailure());
+    EXPECT_EQ(*state->connectionFailure(), std::nullopt);
+    const ConnectionFailure refused{.kind = ConnectionFailure::Kind::refused, .httpStatus = 451};
+    stream.fails(refused);
+    EXPECT_EQ(*state->connectionFailure(), refused);
+    stream.recovers();
+    EXPECT_THAT(failures.values, ElementsAre(refused, std::nullopt));
+}
+
 TEST_F(AppStateEventsTest, storesEachTickerAndItsTime) {
     start();
     time.advance(Seconds(5));
@@ -384,6 +395,22 @@ TEST_F(AppStateLifetimeTest, mayGoOnceTheStartUpSequenceHasBeenCancelled) {
     snapshot.setValue({{"BTCUSDT", Ticker{1, 1}}});
     executor.run();
     EXPECT_THAT(log.lines(), IsEmpty());
+}
+
+TEST_F(AppStateStartTest, followsNoMoreCoinsThanOneConnectionTakesButAlwaysThePinnedOne) {
+    std::vector<std::string> baseAssets;
+    for (int index = 0; index < 1030; ++index) {
+        baseAssets.push_back("C" + std::to_string(index));
+    }
+    Watchlist list = listOf(baseAssets);
+    theUserHas(list.pinning(symbolOf("C1029")));
+    start();
+    const auto& followed = stream.symbolLists.back();
+    ASSERT_EQ(followed.size(), 1024U);
+    EXPECT_EQ(followed.front(), symbolOf("C0"));
+    EXPECT_EQ(followed[1022], symbolOf("C1022"));
+    EXPECT_EQ(followed.back(), symbolOf("C1029"));
+    EXPECT_EQ(api.ticker24hRequests.back(), followed);
 }
 
 }  // namespace

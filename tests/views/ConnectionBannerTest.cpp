@@ -73,6 +73,20 @@ TEST_F(ConnectionBannerTest, anErrorOnALiveStreamShowsTheErrorAlone) {
     EXPECT_FALSE(banner->isVisible());
 }
 
+struct ErrorLineTest : ViewFixture {};
+
+TEST_F(ErrorLineTest, aListThatIsTooLongToFollowSaysSo) {
+    std::vector<std::string> baseAssets;
+    for (int index = 0; index < 1025; ++index) {
+        baseAssets.push_back("C" + std::to_string(index));
+    }
+    theUserHas(listOf(baseAssets));
+    build();
+    const ErrorLine line(*state);
+    EXPECT_EQ(line.text(), QStringLiteral("自选列表过长,只更新前 1024 个币种"));
+    EXPECT_FALSE(line.isHidden());
+}
+
 }  // namespace
 
 }  // namespace quillbar
