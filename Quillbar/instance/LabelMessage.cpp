@@ -27,6 +27,7 @@ const QString kChangePercent = QStringLiteral("changePercent");
 const QString kBasis = QStringLiteral("basis");
 const QString kConnection = QStringLiteral("connection");
 const QString kLastUpdate = QStringLiteral("lastUpdate");
+const QString kFailure = QStringLiteral("failure");
 const QString kStale = QStringLiteral("stale");
 const QString kLastError = QStringLiteral("lastError");
 const QString kStarted = QStringLiteral("started");
@@ -112,6 +113,9 @@ QVariantMap labelMessage(const LabelReport& report) {
     if (label.lastUpdate) {
         message.insert(kLastUpdate, label.lastUpdate->time_since_epoch().count());
     }
+    if (label.failure) {
+        message.insert(kFailure, toQString(*label.failure));
+    }
     if (label.lastError) {
         message.insert(kLastError, toQString(*label.lastError));
     }
@@ -137,6 +141,7 @@ std::optional<LabelReport> labelReport(const QVariantMap& message) {
                            .value_or(label.connection);
     label.lastUpdate = lastUpdateIn(message);
     label.isStale = flagAt(message, kStale, label.isStale);
+    label.failure = textAt(message, kFailure);
     label.lastError = textAt(message, kLastError);
     report.isStarted = flagAt(message, kStarted, report.isStarted);
     return report;

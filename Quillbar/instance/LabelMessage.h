@@ -31,6 +31,7 @@ struct LabelReport final {
 /// | basis | text | rolling24h or today |
 /// | connection | text | disconnected, connecting, connected or waitingRetry |
 /// | lastUpdate | double | seconds since 1970-01-01T00:00:00Z |
+/// | failure | text | why no prices stream, in Chinese |
 /// | stale, started | boolean | |
 /// | lastError | text | an edit that was not saved |
 [[nodiscard]] QVariantMap labelMessage(const LabelReport& report);

@@ -55,7 +55,16 @@ std::string jsonLine(const LabelSnapshot& snapshot) {
             dateTime(*snapshot.lastUpdate).toString(Qt::ISODateWithMs).toStdString();
     }
     object["stale"] = snapshot.isStale;
+    object["failure"] = orNull(snapshot.failure);
     return dump(object);
+}
+
+// One line of output is one line, and commands no terminal, whatever a watchlist file or another
+// program says.
+std::string onOneLine(std::string text) {
+    const auto isControl = [](char c) { return (c >= '\0' && c < ' ') || c == '\x7f'; };
+    std::replace_if(text.begin(), text.end(), isControl, ' ');
+    return text;
 }
 
 std::string tooltip(const LabelSnapshot& snapshot) {
@@ -76,7 +85,10 @@ std::string tooltip(const LabelSnapshot& snapshot) {
             dateTime(*snapshot.lastUpdate).toLocalTime().toString(QStringLiteral("HH:mm:ss"));
         text += fmt::format("更新于 {}\n", time.toStdString());
     }
-    text += displayName(snapshot.connection);
+    text += displayName(snapshot.visibleConnection());
+    if (snapshot.failure) {
+        text += '\n' + onOneLine(*snapshot.failure);
+    }
     return text;
 }
 
@@ -118,13 +130,6 @@ std::string waybarLine(const LabelSnapshot& snapshot) {
     object["tooltip"] = escapedMarkup(tooltip(snapshot));
     object["class"] = waybarClass(snapshot);
     return dump(object);
-}
-
-// One line of output is one line, whatever a watchlist file holds.
-std::string onOneLine(std::string text) {
-    std::replace_if(
-        text.begin(), text.end(), [](char c) { return c == '\n' || c == '\r'; }, ' ');
-    return text;
 }
 
 }  // namespace

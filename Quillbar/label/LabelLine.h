@@ -14,7 +14,7 @@ namespace quillbar {
 [[nodiscard]] std::string labelLine(const LabelSnapshot& snapshot, LabelFormat format);
 
 /// Whether a reader of `format` must be told of `current` after `previous`: the text differs, or,
-/// where the format carries them, the connection or the staleness. The age of a price alone is no
+/// where the format carries them, the connection with its failure or the staleness. The age of a price alone is no
 /// reason.
 [[nodiscard]] bool differsVisibly(const LabelSnapshot& previous,
                                   const LabelSnapshot& current,

@@ -13,6 +13,9 @@ LabelSnapshot LabelSnapshot::of(const AppState& state) {
     snapshot.text = *state.menuBarText();
     snapshot.basis = state.settings()->changeBasis;
     snapshot.connection = *state.connectionState();
+    if (const auto& failure = *state.connectionFailure()) {
+        snapshot.failure = displayName(*failure);
+    }
     snapshot.lastUpdate = *state.lastUpdate();
     snapshot.lastError = *state.lastError();
     const Watchlist& watchlist = *state.watchlist();
@@ -35,9 +38,14 @@ bool LabelSnapshot::showsPrice() const {
     return coin && ticker && text != coin->baseAsset;
 }
 
+ConnectionState LabelSnapshot::visibleConnection() const {
+    return failure && connection == ConnectionState::connected ? ConnectionState::connecting
+                                                               : connection;
+}
+
 bool differsVisibly(const LabelSnapshot& previous, const LabelSnapshot& current) {
     return previous.text != current.text || previous.connection != current.connection
-           || previous.isStale != current.isStale;
+           || previous.failure != current.failure || previous.isStale != current.isStale;
 }
 
 }  // namespace quillbar

@@ -28,6 +28,8 @@ struct LabelSnapshot final {
     ChangeBasis basis = ChangeBasis::rolling24h;
     ConnectionState connection = ConnectionState::disconnected;
     std::optional<TimePoint> lastUpdate = std::nullopt;
+    /// Why no prices stream, in a few words for the user; absent while they do.
+    std::optional<std::string> failure = std::nullopt;
     /// Whether the data must not be taken for live: the stream is down or silent, or the text
     /// shows no price.
     bool isStale = true;
@@ -40,10 +42,14 @@ struct LabelSnapshot final {
     /// Whether the text shows a price.
     [[nodiscard]] bool showsPrice() const;
 
+    /// The connection as a person is told of it. One that has been asked for after a failure and has
+    /// delivered nothing yet is only being made: it may well fail again.
+    [[nodiscard]] ConnectionState visibleConnection() const;
+
     [[nodiscard]] bool operator==(const LabelSnapshot&) const = default;
 };
 
-/// Whether somebody who sees the text, the connection and the staleness must be told of `current`
+/// Whether somebody who sees the text, the connection with its failure, and the staleness must be told of `current`
 /// after `previous`. The age of a price alone is no reason.
 [[nodiscard]] bool differsVisibly(const LabelSnapshot& previous, const LabelSnapshot& current);
 

@@ -56,8 +56,11 @@ QString detailsOf(const LabelSnapshot& snapshot, TimePoint now) {
     QStringList lines;
     lines << (snapshot.lastUpdate ? ageText(now - *snapshot.lastUpdate, *snapshot.lastUpdate)
                                   : QStringLiteral("尚无数据"));
-    const std::string_view connection = displayName(snapshot.connection);
+    const std::string_view connection = displayName(snapshot.visibleConnection());
     lines << QString::fromUtf8(connection.data(), static_cast<qsizetype>(connection.size()));
+    if (snapshot.failure) {
+        lines << onOneLine(*snapshot.failure);
+    }
     if (snapshot.lastError) {
         lines << onOneLine(*snapshot.lastError);
     }

@@ -32,7 +32,7 @@ struct LabelFace final {
     QString shortChange;
     LabelDirection direction = LabelDirection::stale;
     /// What a tooltip says below the text, as plain lines: how old the data is, what the connection
-    /// does, and what is wrong.
+    /// does and why it is down, and what is wrong beside that.
     QString details;
 
     [[nodiscard]] bool operator==(const LabelFace&) const = default;

@@ -94,7 +94,7 @@ Task<void> PriceStreamClient::setSymbols(std::vector<std::string> symbols) {
 Task<void> PriceStreamClient::stop() {
     endRun();
     m_connection.reset();
-    push(ConnectionState::disconnected);
+    rest();
     co_return;
 }
 
@@ -118,7 +118,7 @@ void PriceStreamClient::restart() {
     endRun();
     std::vector<std::string> symbols = validSymbols();
     if (symbols.empty()) {
-        push(ConnectionState::disconnected);
+        rest();
         return;
     }
     m_runTask = m_scope.spawn(run(std::move(symbols), m_generation));
@@ -148,12 +148,18 @@ void PriceStreamClient::push(ConnectionState state) const {
     m_source.push(StateEvent{state});
 }
 
+void PriceStreamClient::rest() {
+    m_failure.set(std::nullopt);
+    push(ConnectionState::disconnected);
+}
+
 Task<void> PriceStreamClient::run(std::vector<std::string> symbols, std::uint64_t generation) {
     int attempt = 0;
     while (generation == m_generation) {
         const auto endpoint = m_endpoints->current();
         if (!endpoint) {
             m_logger.error("no stream endpoint available");
+            m_failure.set(ConnectionFailure{.kind = ConnectionFailure::Kind::noServer});
             push(ConnectionState::disconnected);
             co_return;
         }
@@ -190,6 +196,7 @@ Task<bool> PriceStreamClient::readConnection(std::string url, std::uint64_t gene
         }
         if (generation == m_generation) {
             m_logger.log("stream closed by server");
+            m_failure.set(ConnectionFailure{.kind = ConnectionFailure::Kind::closedByServer});
         }
         attempt.close();
     } catch (const Cancelled&) {
@@ -197,14 +204,21 @@ Task<bool> PriceStreamClient::readConnection(std::string url, std::uint64_t gene
         throw;
     } catch (...) {
         attempt.close();
-        m_logger.error("connection failed: {}", errorText(std::current_exception()));
+        const std::exception_ptr error = std::current_exception();
+        m_logger.error("connection failed: {}", errorText(error));
+        if (generation == m_generation) {
+            m_failure.set(ConnectionFailure::of(error));
+        }
     }
     const bool hasLived = m_now() - connectedAt >= m_stabilityThreshold;
     const bool isStable = hasDelivered && hasLived;
     co_return isStable;
 }
 
-void PriceStreamClient::receive(std::string_view frame) const {
+void PriceStreamClient::receive(std::string_view frame) {
+    if (m_failure->has_value()) {
+        m_failure.set(std::nullopt);
+    }
     try {
         m_source.push(BinanceDecoder::decodeMiniTickerFrame(frame));
     } catch (const std::exception& error) {

@@ -14,6 +14,7 @@
 #include <cstdint>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -51,6 +52,7 @@ public:
     ~PriceStreamClient() override = default;
 
     AsyncStream<PriceEvent>& events() override { return m_events; }
+    const Observed<std::optional<ConnectionFailure>>& failure() const override { return m_failure; }
 
     /// Symbols that are not made of ASCII letters and digits alone are logged and left out; when
     /// none is left, `disconnected` is told and nothing is opened.
@@ -78,15 +80,19 @@ private:
     void endRun();
     [[nodiscard]] std::vector<std::string> validSymbols() const;
     void push(ConnectionState state) const;
+    // Tells that nothing is streamed, because nothing is to be.
+    void rest();
 
     Task<void> run(std::vector<std::string> symbols, std::uint64_t generation);
     // One connection, until it ends; true when it was stable.
     Task<bool> readConnection(std::string url, std::uint64_t generation);
-    void receive(std::string_view frame) const;
+    // Notes that the connection delivers, and tells what it said.
+    void receive(std::string_view frame);
     Task<void> wait(Seconds delay);
 
     AsyncStream<PriceEvent> m_events;
     StreamSource<PriceEvent> m_source;
+    Observed<std::optional<ConnectionFailure>> m_failure;
     MakeConnection m_makeConnection;
     ReconnectPolicy m_policy;
     Sleeper m_sleeper;

@@ -2,10 +2,13 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "QuillbarCore/exchange/ConnectionFailure.h"
 #include "QuillbarCore/exchange/PriceEvent.h"
 #include "QuillbarCore/runtime/AsyncStream.h"
+#include "QuillbarCore/runtime/Observed.h"
 #include "QuillbarCore/runtime/Task.h"
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -24,6 +27,10 @@ public:
     /// The one stream of events for the life of this object: unbounded, for one consumer. It never
     /// fails, and ends only with this object.
     [[nodiscard]] virtual AsyncStream<PriceEvent>& events() = 0;
+
+    /// Why the last attempt failed, until a connection delivers again or nothing is to be streamed;
+    /// absent before the first failure. Observers are told before the event that belongs to it.
+    [[nodiscard]] virtual const Observed<std::optional<ConnectionFailure>>& failure() const = 0;
 
     /// Replaces the pairs that are watched and connects again at once, also when they are the same:
     /// a connection that lives is replaced, and a wait before the next attempt ends. The events tell

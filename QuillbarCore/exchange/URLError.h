@@ -7,15 +7,17 @@
 
 namespace quillbar {
 
-/// A transport error: no HTTP answer came whole, or a stream's connection broke. An HTTP status,
-/// whatever it is, is never one. `what()` is an English text for the log, on one line.
+/// A transport error: no HTTP answer came whole, or a stream's connection was not made or broke. The
+/// HTTP status of a request's answer, whatever it is, is never one. `what()` is an English text for
+/// the log, on one line.
 class URLError final : public std::runtime_error {
 public:
     enum class Code {
         cancelled,               ///< our own side ended the transfer or the connection
         timedOut,                ///< no progress, no handshake or no sign of life in time
-        cannotFindHost,          ///< the host's (or the proxy's) name does not resolve
-        cannotConnect,           ///< refused, unreachable, or the proxy would not connect
+        cannotFindHost,          ///< the host's name does not resolve
+        cannotConnect,           ///< refused, unreachable, or the upgrade is refused
+        proxyFailed,             ///< the proxy is not found, refuses, or breaks off
         connectionLost,          ///< broke before the answer was whole, or without a farewell
         secureConnectionFailed,  ///< TLS failed, or the certificate cannot be trusted
         tooLarge,                ///< the body or the message exceeds what is accepted
@@ -23,14 +25,19 @@ public:
         other,
     };
 
-    URLError(Code code, const std::string& text)
+    /// `httpStatus` is the status with which a server refused to upgrade a stream's connection; 0
+    /// for every other error.
+    URLError(Code code, const std::string& text, int httpStatus = 0)
         : std::runtime_error(text)
-        , m_code(code) {}
+        , m_code(code)
+        , m_httpStatus(httpStatus) {}
 
     [[nodiscard]] Code code() const noexcept { return m_code; }
+    [[nodiscard]] int httpStatus() const noexcept { return m_httpStatus; }
 
 private:
     Code m_code;
+    int m_httpStatus;
 };
 
 }  // namespace quillbar

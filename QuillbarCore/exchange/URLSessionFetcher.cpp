@@ -64,17 +64,18 @@ URLError::Code codeOf(QNetworkReply::NetworkError error) {
     case QNetworkReply::ProxyTimeoutError:
         return Code::timedOut;
     case QNetworkReply::HostNotFoundError:
-    case QNetworkReply::ProxyNotFoundError:
         return Code::cannotFindHost;
     case QNetworkReply::ConnectionRefusedError:
     case QNetworkReply::TemporaryNetworkFailureError:
     case QNetworkReply::NetworkSessionFailedError:
     case QNetworkReply::UnknownNetworkError:
+        return Code::cannotConnect;
+    case QNetworkReply::ProxyNotFoundError:
     case QNetworkReply::ProxyConnectionRefusedError:
     case QNetworkReply::ProxyConnectionClosedError:
     case QNetworkReply::ProxyAuthenticationRequiredError:
     case QNetworkReply::UnknownProxyError:
-        return Code::cannotConnect;
+        return Code::proxyFailed;
     case QNetworkReply::RemoteHostClosedError:
         return Code::connectionLost;
     case QNetworkReply::SslHandshakeFailedError:

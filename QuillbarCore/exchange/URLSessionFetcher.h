@@ -39,7 +39,8 @@ public:
     /// | code | when |
     /// |---|---|
     /// | `timedOut` | no progress for the time allowed |
-    /// | `cannotFindHost`, `cannotConnect` | no connection to the server or the proxy |
+    /// | `cannotFindHost`, `cannotConnect` | no connection to the server; Qt 6.4 says the latter of a proxy that is not there too |
+    /// | `proxyFailed` | the proxy turns the request away, or breaks off |
     /// | `connectionLost` | the connection broke before the body was whole |
     /// | `secureConnectionFailed` | TLS failed; a certificate is expired, for another host, or of an unknown authority |
     /// | `tooLarge` | the body is too large; found out while it arrives, so memory stays bounded |

@@ -8,6 +8,7 @@
 #include <QCoreApplication>
 #include <QMetaObject>
 #include <QObject>
+#include <QRegularExpression>
 #include <QThread>
 #include <QTimer>
 #include <QUrl>
@@ -28,7 +29,6 @@ using Source = StreamSource<std::string>;
 URLError::Code codeOf(QAbstractSocket::SocketError error, URLError::Code unreachable) {
     switch (error) {
     case QAbstractSocket::HostNotFoundError:
-    case QAbstractSocket::ProxyNotFoundError:
         return Code::cannotFindHost;
     case QAbstractSocket::SocketTimeoutError:
     case QAbstractSocket::ProxyConnectionTimeoutError:
@@ -38,11 +38,13 @@ URLError::Code codeOf(QAbstractSocket::SocketError error, URLError::Code unreach
     case QAbstractSocket::SslInvalidUserDataError:
         return Code::secureConnectionFailed;
     case QAbstractSocket::ConnectionRefusedError:
+        return Code::cannotConnect;
+    case QAbstractSocket::ProxyNotFoundError:
     case QAbstractSocket::ProxyConnectionRefusedError:
     case QAbstractSocket::ProxyConnectionClosedError:
     case QAbstractSocket::ProxyAuthenticationRequiredError:
     case QAbstractSocket::ProxyProtocolError:
-        return Code::cannotConnect;
+        return Code::proxyFailed;
     case QAbstractSocket::RemoteHostClosedError:
         return Code::connectionLost;
     case QAbstractSocket::NetworkError:
@@ -50,6 +52,14 @@ URLError::Code codeOf(QAbstractSocket::SocketError error, URLError::Code unreach
     default:
         return Code::other;
     }
+}
+
+// The status with which the server refused the upgrade; 0 when it did not. QWebSocket of Qt 6.4 tells
+// of it only as "connection refused", with the status in the text of the error.
+int upgradeStatusIn(QAbstractSocket::SocketError error, const QString& text) {
+    static const QRegularExpression status(QStringLiteral("http status code: (\\d{3})\\b"));
+    return error == QAbstractSocket::ConnectionRefusedError ? status.match(text).captured(1).toInt()
+                                                            : 0;
 }
 
 // What a close frame means. Absent: a farewell. The other codes say that one side broke the
@@ -188,8 +198,9 @@ private:
 
     void noteError(QAbstractSocket::SocketError error) {
         const Code unreachable = m_isOpen ? Code::connectionLost : Code::cannotConnect;
-        m_error.emplace(codeOf(error, unreachable),
-                        m_socket->errorString().simplified().toStdString());
+        const QString text = m_socket->errorString().simplified();
+        m_error.emplace(
+            codeOf(error, unreachable), text.toStdString(), upgradeStatusIn(error, text));
         // What came before the end of the connection may still be delivered, a close frame too.
         if (error != QAbstractSocket::RemoteHostClosedError) {
             failSoon();

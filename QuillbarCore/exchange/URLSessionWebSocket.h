@@ -34,7 +34,8 @@ struct WebSocketLimits {
 /// |---|---|
 /// | `cancelled` | `cancel` was called |
 /// | `timedOut` | the handshake took too long, or the peer is dead |
-/// | `cannotFindHost`, `cannotConnect` | no connection to the server or the proxy, or the server refuses the upgrade |
+/// | `cannotFindHost`, `cannotConnect` | no connection to the server, or it refuses the upgrade, whose status the error then carries |
+/// | `proxyFailed` | no connection to the proxy, or it turns the connection away |
 /// | `connectionLost` | the connection broke without a close frame |
 /// | `secureConnectionFailed` | TLS failed; a certificate is expired, for another host, or of an unknown authority |
 /// | `tooLarge` | a message is too large |

@@ -101,6 +101,10 @@ public:
     [[nodiscard]] const Observed<ConnectionState>& connectionState() const noexcept {
         return m_connectionState;
     }
+    /// Why no prices stream: what ended the stream's last connection, until one delivers again.
+    [[nodiscard]] const Observed<std::optional<ConnectionFailure>>& connectionFailure() const {
+        return m_stream.failure();
+    }
     /// When the last ticker or snapshot came; absent before the first.
     [[nodiscard]] const Observed<std::optional<TimePoint>>& lastUpdate() const noexcept {
         return m_lastUpdate;

@@ -19,6 +19,7 @@ LabelReport fullReport() {
     report.label.basis = ChangeBasis::today;
     report.label.connection = ConnectionState::connected;
     report.label.lastUpdate = TimePoint(Seconds(1794657600.123));
+    report.label.failure = "连接超时";
     report.label.isStale = false;
     report.label.lastError = "保存失败";
     report.isStarted = true;
@@ -95,6 +96,7 @@ TEST(LabelMessageTest, entriesOfAnotherTypeAreMissing) {
     EXPECT_EQ(reportWith("basis", wrong).label.basis, ChangeBasis::rolling24h);
     EXPECT_EQ(reportWith("connection", 2).label.connection, ConnectionState::disconnected);
     EXPECT_EQ(reportWith("lastUpdate", key("noon")).label.lastUpdate, std::nullopt);
+    EXPECT_EQ(reportWith("failure", wrong).label.failure, std::nullopt);
     EXPECT_TRUE(reportWith("stale", 0).label.isStale);
     EXPECT_EQ(reportWith("lastError", wrong).label.lastError, std::nullopt);
     EXPECT_FALSE(reportWith("started", key("yes")).isStarted);
@@ -135,7 +137,9 @@ TEST(LabelMessageTest, aTickerNeedsItsCoin) {
 TEST(LabelMessageTest, textsThatAreNotUtf8AreMended) {
     LabelReport report = fullReport();
     report.label.text = "BTC\xff";
+    report.label.failure = "\xff";
     EXPECT_EQ(labelReport(labelMessage(report))->label.text, "BTC\xef\xbf\xbd");
+    EXPECT_EQ(labelReport(labelMessage(report))->label.failure, "\xef\xbf\xbd");
 }
 
 TEST(LabelMessageTest, entriesOfTheFutureAreLeftAlone) {

@@ -71,6 +71,8 @@ TEST_F(LabelServiceTest, everythingThatCanBeSeenIsTold) {
     };
     report.label.connection = ConnectionState::waitingRetry;
     EXPECT_TRUE(isTold());
+    report.label.failure = "连接超时";
+    EXPECT_TRUE(isTold());
     report.label.isStale = true;
     EXPECT_TRUE(isTold());
     report.label.coin->symbol = "BTCFDUSD";

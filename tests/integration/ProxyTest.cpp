@@ -96,12 +96,12 @@ TEST_F(ProxyTest, givesTheProxyItsPassword) {
 TEST_F(ProxyTest, failsWhenTheProxyTurnsItAway) {
     LittleProxy proxy(m_exchange->port(), LittleProxy::Access::withPassword);
     setProxy("https_proxy", proxy.url("http"));
-    EXPECT_EQ(Fetching().failure("https://" + address() + "/"), URLError::Code::cannotConnect);
+    EXPECT_EQ(Fetching().failure("https://" + address() + "/"), URLError::Code::proxyFailed);
     EventLoop loop;
     URLSessionWebSocket socket;
     StreamReader reader(loop, socket.connect("wss://" + address() + "/stream"));
     ASSERT_TRUE(reader.ends());
-    EXPECT_EQ(reader.error, URLError::Code::cannotConnect);
+    EXPECT_EQ(reader.error, URLError::Code::proxyFailed);
     EXPECT_GE(proxy.refusals, 2);
 }
 
@@ -117,7 +117,7 @@ TEST_F(ProxyTest, failsWhereNoProxyListens) {
     URLSessionWebSocket socket;
     StreamReader reader(loop, socket.connect("wss://" + address() + "/stream"));
     ASSERT_TRUE(reader.ends());
-    EXPECT_EQ(reader.error, URLError::Code::cannotConnect);
+    EXPECT_EQ(reader.error, URLError::Code::proxyFailed);
 }
 
 TEST_F(ProxyTest, refusesAWrongCertificateBehindAProxyToo) {

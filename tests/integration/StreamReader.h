@@ -39,6 +39,7 @@ public:
     bool isEnded = false;
     /// The error the stream ended with; nothing when it ended normally.
     std::optional<URLError::Code> error;
+    int httpStatus = 0;
     std::string errorText;
 
 private:
@@ -49,6 +50,7 @@ private:
             }
         } catch (const URLError& failure) {
             error = failure.code();
+            httpStatus = failure.httpStatus();
             errorText = failure.what();
         }
         isEnded = true;

@@ -122,6 +122,7 @@ TEST_F(WebSocketFaultsTest, failsWhenTheUpgradeIsAnsweredWithAStatus) {
     StreamReader reader = connect();
     ASSERT_TRUE(reader.ends());
     EXPECT_EQ(reader.error, Code::cannotConnect);
+    EXPECT_EQ(reader.httpStatus, 503);
     EXPECT_THAT(reader.errorText, HasSubstr("503"));
 }
 

@@ -180,6 +180,7 @@ TEST_F(URLSessionWebSocketTest, failsWhereNobodyListens) {
     StreamReader reader = connect(url);
     ASSERT_TRUE(reader.ends());
     EXPECT_EQ(reader.error, Code::cannotConnect);
+    EXPECT_EQ(reader.httpStatus, 0);
 }
 
 TEST_F(URLSessionWebSocketTest, failsForAHostWithoutAnAddress) {
@@ -195,6 +196,7 @@ TEST_F(URLSessionWebSocketTest, failsWhenTheUpgradeIsRefused) {
     StreamReader reader = connect(server.streamUrl());
     ASSERT_TRUE(reader.ends());
     EXPECT_EQ(reader.error, Code::cannotConnect);
+    EXPECT_EQ(reader.httpStatus, 403);
     EXPECT_THAT(reader.errorText, HasSubstr("403"));
 }
 

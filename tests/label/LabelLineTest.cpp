@@ -40,11 +40,17 @@ TEST(LabelLine, asTextStaysOneLineWhateverTheBaseAsset) {
     EXPECT_EQ(labelLine(snapshot, LabelFormat::text), "B T C");
 }
 
+TEST(LabelLine, asTextCommandsNoTerminal) {
+    LabelSnapshot snapshot;
+    snapshot.text = "B\x1b[2JC\x7f";
+    EXPECT_EQ(labelLine(snapshot, LabelFormat::text), "B [2JC ");
+}
+
 TEST(LabelLine, asJSONCarriesEveryFieldInItsOrder) {
     EXPECT_EQ(labelLine(bitcoin(), LabelFormat::json),
               "{\"text\":\"BTC 67,234.50 ▲ 1.23%\",\"symbol\":\"BTCUSDT\",\"price\":67234.5,"
               "\"changePercent\":1.23,\"basis\":\"rolling24h\",\"connection\":\"connected\","
-              "\"lastUpdate\":\"2026-11-14T12:00:00.250Z\",\"stale\":false}");
+              "\"lastUpdate\":\"2026-11-14T12:00:00.250Z\",\"stale\":false,\"failure\":null}");
 }
 
 TEST(LabelLine, asJSONHasNullForWhatIsNotKnown) {
@@ -53,7 +59,7 @@ TEST(LabelLine, asJSONHasNullForWhatIsNotKnown) {
     EXPECT_EQ(labelLine(snapshot, LabelFormat::json),
               "{\"text\":\"Quillbar\",\"symbol\":null,\"price\":null,\"changePercent\":null,"
               "\"basis\":\"rolling24h\",\"connection\":\"disconnected\",\"lastUpdate\":null,"
-              "\"stale\":true}");
+              "\"stale\":true,\"failure\":null}");
 }
 
 TEST(LabelLine, asJSONNamesEveryConnectionAndBasis) {
@@ -113,6 +119,32 @@ TEST(LabelLine, forWaybarWithoutAPriceTellsTheConnection) {
     EXPECT_EQ(lineAsJSON(snapshot, LabelFormat::waybar)["tooltip"], "连接中断,等待重试");
 }
 
+TEST(LabelLine, forWaybarSaysWhyTheConnectionIsDown) {
+    LabelSnapshot snapshot;
+    snapshot.text = "BTC";
+    snapshot.connection = ConnectionState::waitingRetry;
+    snapshot.failure = "服务器返回 451";
+    EXPECT_EQ(lineAsJSON(snapshot, LabelFormat::waybar)["tooltip"],
+              "连接中断,等待重试\n服务器返回 451");
+    snapshot.connection = ConnectionState::connected;
+    EXPECT_EQ(lineAsJSON(snapshot, LabelFormat::waybar)["tooltip"], "正在连接\n服务器返回 451");
+    snapshot.failure.reset();
+    EXPECT_EQ(lineAsJSON(snapshot, LabelFormat::waybar)["tooltip"], "已连接");
+}
+
+TEST(LabelLine, forWaybarTrustsNoFailureThatAnotherProgramTells) {
+    LabelSnapshot snapshot;
+    snapshot.text = "BTC";
+    snapshot.failure = "<b>\nA\xff";
+    EXPECT_EQ(lineAsJSON(snapshot, LabelFormat::waybar)["tooltip"], "未连接\n&lt;b&gt; A\uFFFD");
+}
+
+TEST(LabelLine, asJSONSaysWhyTheConnectionIsDown) {
+    LabelSnapshot snapshot;
+    snapshot.failure = "连接超时";
+    EXPECT_EQ(lineAsJSON(snapshot, LabelFormat::json)["failure"], "连接超时");
+}
+
 TEST(LabelLine, forWaybarEscapesItsMarkup) {
     LabelSnapshot snapshot;
     snapshot.text = "A<&>B";
@@ -133,7 +165,9 @@ TEST(LabelLine, isWorthPrintingAgainForItsConnectionOnlyWhereTheFormatShowsIt) {
     waiting.connection = ConnectionState::waitingRetry;
     LabelSnapshot stale = bitcoin();
     stale.isStale = true;
-    for (const LabelSnapshot& changed : {waiting, stale}) {
+    LabelSnapshot failed = bitcoin();
+    failed.failure = "连接超时";
+    for (const LabelSnapshot& changed : {waiting, stale, failed}) {
         EXPECT_FALSE(differsVisibly(bitcoin(), changed, LabelFormat::text));
         EXPECT_TRUE(differsVisibly(bitcoin(), changed, LabelFormat::json));
         EXPECT_TRUE(differsVisibly(bitcoin(), changed, LabelFormat::waybar));

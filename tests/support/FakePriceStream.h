@@ -4,6 +4,7 @@
 
 #include "QuillbarCore/exchange/PriceStreaming.h"
 
+#include <optional>
 #include <string>
 #include <utility>
 #include <vector>
@@ -16,6 +17,7 @@ public:
     FakePriceStream();
 
     AsyncStream<PriceEvent>& events() override { return m_events; }
+    const Observed<std::optional<ConnectionFailure>>& failure() const override { return m_failure; }
     Task<void> setSymbols(std::vector<std::string> symbols) override;
     Task<void> stop() override;
 
@@ -23,6 +25,10 @@ public:
     void ticker(std::string symbol, Ticker ticker);
     /// Tells of a state.
     void state(ConnectionState state);
+    /// Tells why the last attempt failed.
+    void fails(ConnectionFailure failure) { m_failure.set(failure); }
+    /// Tells that a connection delivers again.
+    void recovers() { m_failure.set(std::nullopt); }
     /// Ends the events.
     void finish() { m_source.finish(); }
     /// Whether nobody listens any more.
@@ -37,6 +43,7 @@ private:
 
     AsyncStream<PriceEvent> m_events;
     StreamSource<PriceEvent> m_source;
+    Observed<std::optional<ConnectionFailure>> m_failure;
 };
 
 }  // namespace quillbar

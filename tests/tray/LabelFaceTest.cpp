@@ -116,6 +116,31 @@ TEST_F(LabelFaceTest, saysWhatTheConnectionDoesAndWhatIsWrong) {
     EXPECT_EQ(after(1s, snapshot).details, QStringLiteral("刚刚更新\n连接中断,等待重试\n无法保存"));
 }
 
+TEST_F(LabelFaceTest, saysWhyTheConnectionIsDown) {
+    LabelSnapshot snapshot = bitcoin();
+    snapshot.connection = ConnectionState::waitingRetry;
+    snapshot.failure = "代理不可用";
+    EXPECT_EQ(after(1s, snapshot).details,
+              QStringLiteral("刚刚更新\n连接中断,等待重试\n代理不可用"));
+    snapshot.lastError = "无法保存";
+    EXPECT_EQ(after(1s, snapshot).details,
+              QStringLiteral("刚刚更新\n连接中断,等待重试\n代理不可用\n无法保存"));
+}
+
+TEST_F(LabelFaceTest, doesNotCallAConnectionMadeThatHasDeliveredNothingSinceAFailure) {
+    LabelSnapshot snapshot = bitcoin();
+    snapshot.failure = "连接超时";
+    EXPECT_EQ(after(1s, snapshot).details, QStringLiteral("刚刚更新\n正在连接\n连接超时"));
+    snapshot.failure.reset();
+    EXPECT_EQ(after(1s, snapshot).details, QStringLiteral("刚刚更新\n已连接"));
+}
+
+TEST_F(LabelFaceTest, keepsAFailureOnItsLine) {
+    LabelSnapshot snapshot = bitcoin();
+    snapshot.failure = "A\nB\tC";
+    EXPECT_EQ(after(1s, snapshot).details, QStringLiteral("刚刚更新\n正在连接\nA B C"));
+}
+
 }  // namespace
 
 }  // namespace quillbar

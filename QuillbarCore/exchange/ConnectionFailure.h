@@ -1,0 +1,42 @@
+// SPDX-FileCopyrightText: 2026 The Quillbar developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <exception>
+#include <string>
+
+namespace quillbar {
+
+/// Why a connection to the exchange could not be made, or ended. A plain value.
+struct ConnectionFailure final {
+    enum class Kind {
+        hostNotFound,    ///< the server's name does not resolve
+        cannotConnect,   ///< refused or unreachable
+        proxyFailed,     ///< the proxy is not there, or would not connect
+        timedOut,        ///< no handshake or no sign of life in time
+        untrusted,       ///< TLS failed, or the certificate cannot be trusted
+        refused,         ///< the server answered with the status of `httpStatus`
+        closedByServer,  ///< the server said farewell
+        lost,            ///< the connection broke
+        tooLarge,        ///< a message is larger than what is accepted
+        badAddress,      ///< the address is none that can be connected to
+        noServer,        ///< no server is left to try
+        cancelled,       ///< our own side ended it
+        unknown,         ///< anything else, a broken protocol among it
+    };
+
+    Kind kind = Kind::unknown;
+    /// Of `refused`; otherwise 0.
+    int httpStatus = 0;
+
+    /// What the error (not null) means for a connection; `unknown` for errors that are neither a
+    /// `URLError`, a `BinanceError` nor `Cancelled`. Pure.
+    [[nodiscard]] static ConnectionFailure of(const std::exception_ptr& error);
+
+    [[nodiscard]] bool operator==(const ConnectionFailure&) const = default;
+};
+
+/// The failure in a few words for the user, on one line and without a full stop.
+[[nodiscard]] std::string displayName(const ConnectionFailure& failure);
+
+}  // namespace quillbar
