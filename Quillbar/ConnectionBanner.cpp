@@ -12,6 +12,7 @@
 #include <QPainter>
 
 #include <chrono>
+#include <utility>
 
 namespace quillbar {
 
@@ -29,11 +30,11 @@ constexpr int kSpinnerSize = 11;
 
 ConnectionBanner::ConnectionBanner(const AppState& state,
                                    QWidget* parent,
-                                   const QTimeZone& zone,
+                                   std::function<QTimeZone()> zone,
                                    const QLocale& locale)
     : QWidget(parent)
     , m_state(state)
-    , m_zone(zone)
+    , m_zone(std::move(zone))
     , m_locale(locale) {
     setFixedHeight(kHeight);
     auto* const spinner = new Spinner(kSpinnerSize, this);
@@ -77,7 +78,7 @@ void ConnectionBanner::refresh() {
     const bool isConnected = *m_state.connectionState() == ConnectionState::connected;
     // While prices come in, this is called at each of them.
     if (!isConnected) {
-        const QString text = bannerText(*m_state.lastUpdate(), m_zone, m_locale);
+        const QString text = bannerText(*m_state.lastUpdate(), m_zone(), m_locale);
         if (text != m_text) {
             m_text = text;
             setAccessibleName(text);

@@ -11,6 +11,7 @@
 #include <QTimeZone>
 #include <QWidget>
 
+#include <functional>
 #include <optional>
 #include <vector>
 
@@ -24,7 +25,7 @@ public:
     /// writes them.
     explicit ConnectionBanner(const AppState& state,
                               QWidget* parent = nullptr,
-                              const QTimeZone& zone = QTimeZone::systemTimeZone(),
+                              std::function<QTimeZone()> zone = QTimeZone::systemTimeZone,
                               const QLocale& locale = QLocale());
 
     /// What the banner says when the last price came at `lastUpdate`. Pure.
@@ -39,7 +40,7 @@ private:
     void refresh();
 
     const AppState& m_state;
-    QTimeZone m_zone;
+    std::function<QTimeZone()> m_zone;
     QLocale m_locale;
     QString m_text;
     std::vector<Observation> m_observations;

@@ -82,7 +82,11 @@ std::vector<PanelTab> PanelView::tabs() {
 }
 
 QSize PanelView::sizeHint() const {
-    return {kWidth, layout()->sizeHint().height()};
+    // Only with the line that may wrap does the layout depend on the width.
+    const QLayout& stack = *layout();
+    return {
+        kWidth,
+        stack.hasHeightForWidth() ? stack.totalHeightForWidth(kWidth) : stack.sizeHint().height()};
 }
 
 void PanelView::showEvent(QShowEvent* event) {

@@ -90,11 +90,8 @@ void QuillbarApp::start() {
 
 void QuillbarApp::togglePanel(const QString& token) {
     PanelWindow& window = panel();
-    if (window.isVisible()) {
-        window.dismiss();
-    } else {
-        showPanel(token);
-    }
+    window.setActivationToken(token);
+    window.toggle(std::nullopt);
 }
 
 void QuillbarApp::showPanel(const QString& token) {
@@ -123,7 +120,7 @@ void QuillbarApp::activate(QPoint anchor, ActivationSource source) {
     if (source == ActivationSource::menu) {
         panel().open(anchor);
     } else {
-        panel().toggleAt(anchor);
+        panel().toggle(anchor);
     }
 }
 

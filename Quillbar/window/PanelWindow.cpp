@@ -84,22 +84,27 @@ PanelWindow::PanelWindow(QWidget* content, ToggleGuard::Elapsed elapsed)
             m_focusCheck.start();
         }
     });
-    connect(qGuiApp, &QGuiApplication::screenRemoved, this, [this] {
-        if (isVisible()) {
-            place();
-        }
+    connect(qGuiApp, &QGuiApplication::screenRemoved, this, [this] { replace(); });
+    connect(qGuiApp, &QGuiApplication::screenAdded, this, [this](const QScreen* screen) {
+        follow(screen);
     });
+    for (const QScreen* const screen : QGuiApplication::screens()) {
+        follow(screen);
+    }
 }
 
-PanelWindow::~PanelWindow() = default;
+PanelWindow::~PanelWindow() {
+    // The focus leaves while the native window goes, when half of this is gone already.
+    disconnect(qGuiApp, nullptr, this, nullptr);
+}
 
-void PanelWindow::toggleAt(QPoint anchor) {
+void PanelWindow::toggle(std::optional<QPoint> anchor) {
     switch (m_guard.clicked()) {
     case ToggleGuard::Action::open:
         open(anchor);
         break;
     case ToggleGuard::Action::close:
-        closeBy(ToggleGuard::HiddenBy::pointer);
+        closeBy(anchor ? ToggleGuard::HiddenBy::pointer : ToggleGuard::HiddenBy::other);
         break;
     case ToggleGuard::Action::nothing:
         break;
@@ -112,7 +117,9 @@ void PanelWindow::open(std::optional<QPoint> anchor) {
     }
     // The native window carries what window managers read before it is mapped.
     winId();
+    m_isMasked = !m_isTranslucent || (X11Session::isX11() && !X11Session::isComposited());
     place();
+    applyShape();
     X11Session::skipTaskbar(*windowHandle());
     X11Session::setStartupToken(*windowHandle(), std::exchange(m_token, QString()));
     show();
@@ -141,9 +148,7 @@ void PanelWindow::setActivationToken(const QString& token) {
 bool PanelWindow::event(QEvent* event) {
     switch (event->type()) {
     case QEvent::LayoutRequest:
-        if (isVisible()) {
-            place();
-        }
+        replace();
         break;
     case QEvent::WindowDeactivate:
         m_focusCheck.start();
@@ -199,6 +204,17 @@ void PanelWindow::hideEvent(QHideEvent* /*event*/) {
     m_guard.hidden(std::exchange(m_cause, ToggleGuard::HiddenBy::other));
     if (!m_guard.isPressHeld()) {
         m_presses.stopListening();
+    }
+}
+
+void PanelWindow::follow(const QScreen* screen) {
+    connect(screen, &QScreen::geometryChanged, this, [this] { replace(); });
+    connect(screen, &QScreen::availableGeometryChanged, this, [this] { replace(); });
+}
+
+void PanelWindow::replace() {
+    if (isVisible()) {
+        place();
     }
 }
 
@@ -273,10 +289,10 @@ bool PanelWindow::isOverOurs(QPoint point) {
 }
 
 void PanelWindow::applyShape() {
-    if (m_isTranslucent) {
+    if (!m_isMasked) {
+        clearMask();
         return;
     }
-    // Nobody blends windows here, so the corners are cut instead.
     QBitmap shape(size());
     shape.clear();
     QPainter painter(&shape);

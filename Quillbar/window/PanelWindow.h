@@ -14,6 +14,8 @@
 #include <memory>
 #include <optional>
 
+class QScreen;
+
 namespace quillbar {
 
 /// The window that drops down from the item: beside it, without a frame or an entry in the task
@@ -32,8 +34,9 @@ public:
     PanelWindow& operator=(PanelWindow&&) = delete;
     ~PanelWindow() override;
 
-    /// A click on the item, which lies at `anchor`: opens or closes the panel.
-    void toggleAt(QPoint anchor);
+    /// A click on the item, which lies at `anchor`, or without an anchor a command that may come from
+    /// a key or from a click anywhere: opens or closes the panel.
+    void toggle(std::optional<QPoint> anchor);
     /// Opens the panel, or raises it when it is open. Without an anchor it goes beside the item where
     /// that was last, or else where it would be on the primary screen.
     void open(std::optional<QPoint> anchor);
@@ -55,6 +58,8 @@ protected:
 private:
     class Edge;
 
+    void follow(const QScreen* screen);
+    void replace();
     void closeBy(ToggleGuard::HiddenBy cause);
     void place();
     void handlePress();
@@ -74,6 +79,8 @@ private:
     std::optional<QPoint> m_anchor;
     QString m_token;
     bool m_isTranslucent = false;
+    // Nobody blends windows, so the corners are cut.
+    bool m_isMasked = false;
     /// Null outside sway, which places windows itself.
     std::unique_ptr<SwayPlacement> m_sway;
 };

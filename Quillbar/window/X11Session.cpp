@@ -122,7 +122,9 @@ void skipTaskbar(const QWindow& window) {
 
 void setStartupToken(const QWindow& window, const QString& token) {
     xcb_connection_t* const server = connection();
-    if (server == nullptr || token.isEmpty()) {
+    // Who sends more than any desktop's token must not break the connection with it.
+    constexpr qsizetype kLongestToken = 1024;
+    if (server == nullptr || token.isEmpty() || token.size() > kLongestToken) {
         return;
     }
     const QByteArray id = token.toUtf8();

@@ -31,7 +31,7 @@ struct ConnectionBannerTest : ViewFixture {
     ConnectionBannerTest() {
         start();
         panel.resize(400, 60);
-        banner = new ConnectionBanner(*state, &panel, QTimeZone::utc(), chinese());
+        banner = new ConnectionBanner(*state, &panel, QTimeZone::utc, chinese());
         error = new ErrorLine(*state, &panel);
         panel.show();
     }

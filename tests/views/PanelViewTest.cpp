@@ -92,6 +92,29 @@ TEST_F(PanelViewTest, aFirstStartOpensTheWatchlistInTheDark) {
     EXPECT_EQ(colors(), ThemeColors::dark());
 }
 
+TEST_F(PanelViewTest, aLongErrorTakesNoMoreRoomThanItsLines) {
+    startConnected(listOf({"BTC"}));
+    show();
+    const auto gap = [this] {
+        const auto* const error = widgetsOf<ErrorLine>(*panel).at(0);
+        return error->height() - error->heightForWidth(400);
+    };
+    files.breakAll();
+    state->setAppearance(AppearanceMode::light);
+    spinUntilIdle();
+    panel->resize(panel->sizeHint());
+    spinUntilIdle();
+    EXPECT_EQ(gap(), 0);
+}
+
+TEST_F(PanelViewTest, keepsABoardInTheSettingsThatItDoesNotOffer) {
+    theUserHas(AppSettings::defaultSettings().settingLastBoard(RankingBoard::marketCap));
+    start();
+    show();
+    EXPECT_EQ(panel->tab(), PanelTab::watchlist());
+    EXPECT_EQ(state->settings()->lastBoard, RankingBoard::marketCap);
+}
+
 TEST_F(PanelViewTest, followsTheUsersAppearance) {
     start();
     show();

@@ -41,7 +41,7 @@ private:
 class PanelWindowTest : public ::testing::Test {
 protected:
     void clickItem() {
-        m_window.toggleAt({300, 0});
+        m_window.toggle(QPoint{300, 0});
         m_elapsed += 1s;
     }
 
@@ -69,8 +69,18 @@ TEST_F(PanelWindowTest, takesTheFocusAndClosesAtEscape) {
     EXPECT_TRUE(spinUntil([this] { return m_content->hasFocus(); }));
     QTest::keyClick(m_content, Qt::Key_Escape);
     EXPECT_FALSE(m_window.isVisible());
-    m_window.toggleAt({300, 0});
+    m_window.toggle(QPoint{300, 0});
     EXPECT_TRUE(m_window.isVisible()) << "the keyboard's closing must not hold the item back";
+}
+
+TEST_F(PanelWindowTest, aCommandTogglesItToo) {
+    m_window.toggle(std::nullopt);
+    EXPECT_TRUE(m_window.isVisible());
+    m_elapsed += 1s;
+    m_window.toggle(std::nullopt);
+    EXPECT_FALSE(m_window.isVisible());
+    m_window.toggle(std::nullopt);
+    EXPECT_TRUE(m_window.isVisible()) << "a key is not held back as a click would be";
 }
 
 TEST_F(PanelWindowTest, otherKeysLeaveItOpen) {
