@@ -68,15 +68,22 @@ TEST_P(PicturesTest, thePanelIsDrawnInItsPalette) {
     EXPECT_EQ(closed.pixelColor(0, 0), Screen::background()) << "the corners are round";
 
     clickOnPanel({kDisclosureX, rowCentre(0).y()});
+    ASSERT_TRUE(
+        eventually([&] { return panelGeometry().height() == closed.height() + kChartHeight; }));
     screen().movePointer({300, 600});
     const QRect plot(30, rowCentre(0).y() + kRowHeight / 2 + 40, 300, kChartHeight - 80);
     EXPECT_TRUE(eventually([&] {
         const QImage unfolded = picture();
-        return unfolded.height() == closed.height() + kChartHeight
-               && laterRows(unfolded, kChartHeight) == laterRows(closed, 0)
+        return laterRows(unfolded, kChartHeight) == laterRows(closed, 0)
                && colorfulColumns(unfolded, plot) > plot.width() * 9 / 10;
     }));
     keep(picture(), QStringLiteral("chart"));
+
+    clickOnPanel(kPriceTitle);
+    clickOnPanel(rowCentre(0), Screen::kRight);
+    EXPECT_TRUE(eventually([this] { return hasMenu(); }));
+    settle();
+    keep(picture(), QStringLiteral("menu"));
     const QRect item = desktop().statusArea().value_or(QRect());
     keep(screen().picture(item.adjusted(-40, 0, 0, 0)), QStringLiteral("item"));
 }
