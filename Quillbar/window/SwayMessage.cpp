@@ -38,16 +38,19 @@ quint32 payloadLength(const QByteArray& received) {
 /// Empty when it is not a rectangle on a screen.
 QRect rectangleOf(const QJsonObject& node) {
     const QJsonObject object = node[QLatin1String("rect")].toObject();
-    const QRect found(object[QLatin1String("x")].toInt(kLargestCoordinate + 1),
-                      object[QLatin1String("y")].toInt(kLargestCoordinate + 1),
-                      object[QLatin1String("width")].toInt(),
-                      object[QLatin1String("height")].toInt());
+    const int x = object[QLatin1String("x")].toInt(kLargestCoordinate + 1);
+    const int y = object[QLatin1String("y")].toInt(kLargestCoordinate + 1);
+    const int width = object[QLatin1String("width")].toInt();
+    const int height = object[QLatin1String("height")].toInt();
     const auto isOnScreen = [](int number) {
         return number >= -kLargestCoordinate && number <= kLargestCoordinate;
     };
-    const bool isSound = isOnScreen(found.x()) && isOnScreen(found.y()) && isOnScreen(found.width())
-                         && isOnScreen(found.height());
-    return isSound && found.isValid() ? found : QRect();
+    // First of all: the corners of larger rectangles do not fit their type.
+    if (!isOnScreen(x) || !isOnScreen(y) || !isOnScreen(width) || !isOnScreen(height)) {
+        return {};
+    }
+    const QRect found(x, y, width, height);
+    return found.isValid() ? found : QRect();
 }
 
 bool isMeant(const QJsonObject& node, const SwayWindowKey& key) {
