@@ -234,8 +234,8 @@ void CoinListView::updateOrder() {
 void CoinListView::updateHeight() {
     const int height = listHeight();
     // A list that shrinks does so after its rows have moved together.
-    if (height >= m_rows->height() || !m_rows->isMoving()) {
-        m_rows->setFixedHeight(height);
+    if (height >= m_rows->preferredHeight() || !m_rows->isMoving()) {
+        m_rows->setPreferredHeight(height);
     }
 }
 

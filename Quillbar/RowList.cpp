@@ -40,6 +40,22 @@ RowList::RowList(RowListContent content, int detailHeight, QWidget* parent)
               m_content.settled();
           }) {
     RowAccessibility::install();
+    setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Maximum);
+}
+
+void RowList::setPreferredHeight(int height) {
+    if (height != m_preferredHeight) {
+        m_preferredHeight = height;
+        updateGeometry();
+    }
+}
+
+QSize RowList::sizeHint() const {
+    return {0, m_preferredHeight};
+}
+
+QSize RowList::minimumSizeHint() const {
+    return {0, std::min(m_preferredHeight, m_layout.rowHeight())};
 }
 
 // What is shown

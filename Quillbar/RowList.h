@@ -7,6 +7,7 @@
 #include "Quillbar/RowLayout.h"
 
 #include <QPoint>
+#include <QSize>
 #include <QWidget>
 
 #include <cstddef>
@@ -44,6 +45,13 @@ public:
     static constexpr std::size_t kMargin = 2;
 
     RowList(RowListContent content, int detailHeight, QWidget* parent = nullptr);
+
+    /// The height that the list asks a layout for. It never gets more; given less, down to that of
+    /// one row, it scrolls.
+    void setPreferredHeight(int height);
+    [[nodiscard]] int preferredHeight() const noexcept { return m_preferredHeight; }
+    [[nodiscard]] QSize sizeHint() const override;
+    [[nodiscard]] QSize minimumSizeHint() const override;
 
     /// Shows these items, in this order. The ids differ from one another. The detail of an id that
     /// is not among them goes at once.
@@ -141,6 +149,7 @@ private:
     RowListContent m_content;
     RowDetails m_details;
     RowLayout m_layout{TableRow::kHeight};
+    int m_preferredHeight = TableRow::kHeight;
     std::vector<std::string> m_ids;
     std::vector<Slot> m_slots;
     // Hidden rows that wait for an item.

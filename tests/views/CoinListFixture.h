@@ -59,6 +59,12 @@ struct CoinListFixture : ViewFixture {
         rows = widgetsOf<RowList>(*window).front();
     }
 
+    /// Gives the window this height, or the least that the view takes, whatever the view asks for.
+    void giveHeight(int height) {
+        window->layout()->setSizeConstraint(QLayout::SetNoConstraint);
+        window->setFixedHeight(std::max(height, view->minimumSizeHint().height()));
+    }
+
     // What the stream tells.
 
     void tick(const std::string& baseAsset, const Ticker& ticker) {

@@ -92,6 +92,30 @@ TEST_F(CoinListViewTest, shrinksWhenTheChartHasClosed) {
     EXPECT_EQ(chart("BTC"), nullptr);
 }
 
+TEST_F(CoinListViewTest, givenLessHeightTheListShrinksAndScrollsToItsLastRow) {
+    std::vector<std::string> coins;
+    for (int each = 10; each < 25; ++each) {
+        coins.push_back("C" + std::to_string(each));
+    }
+    show(coins);
+    const int wanted = view->sizeHint().height();
+    EXPECT_EQ(wanted, 20 + 15 * kRow + 4);
+    giveHeight(200);
+    ASSERT_TRUE(spinUntil([this] { return view->height() == 200; }));
+    EXPECT_EQ(rows->visibleRegion().boundingRect(), rows->rect()) << "none of it is cut off";
+    EXPECT_EQ(rows->height(), 180);
+    EXPECT_EQ(view->sizeHint().height(), wanted) << "it wants what it wanted";
+    row("C10")->setFocus(Qt::TabFocusReason);
+    press(Qt::Key_End);
+    EXPECT_EQ(row("C24")->visibleRegion().boundingRect(), row("C24")->rect());
+    EXPECT_TRUE(row("C24")->hasFocus());
+    giveHeight(0);
+    EXPECT_TRUE(spinUntil([this] { return rows->height() == kRow; })) << "one row is the least";
+    giveHeight(wanted);
+    EXPECT_TRUE(spinUntil([this] { return rows->height() == 15 * kRow + 4; }));
+    EXPECT_EQ(rows->scrollOffset(), 0);
+}
+
 TEST_F(CoinListViewTest, everyColumnStandsUnderItsTitle) {
     show({"BTC"});
     const auto left = [this](const QWidget* widget) { return widget->mapTo(view, QPoint()).x(); };
