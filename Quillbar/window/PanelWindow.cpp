@@ -99,7 +99,7 @@ PanelWindow::~PanelWindow() {
 }
 
 void PanelWindow::toggle(std::optional<QPoint> anchor) {
-    switch (m_guard.clicked()) {
+    switch (anchor ? m_guard.clicked() : m_guard.commanded()) {
     case ToggleGuard::Action::open:
         open(anchor);
         break;

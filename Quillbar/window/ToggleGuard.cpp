@@ -10,8 +10,12 @@ ToggleGuard::ToggleGuard(Elapsed elapsed)
     : m_elapsed(std::move(elapsed)) {}
 
 ToggleGuard::Action ToggleGuard::clicked() const {
+    return m_isShown && isRecent(m_shownAt) ? Action::nothing : commanded();
+}
+
+ToggleGuard::Action ToggleGuard::commanded() const {
     if (m_isShown) {
-        return isRecent(m_shownAt) ? Action::nothing : Action::close;
+        return Action::close;
     }
     return m_isPressHeld || isRecent(m_hiddenAt) ? Action::nothing : Action::open;
 }

@@ -28,6 +28,10 @@ public:
     /// does the very click whose press closed the panel, however long it is held.
     [[nodiscard]] Action clicked() const;
 
+    /// What a command asks for, which a key or a click somewhere has sent: a click whose press closed
+    /// the panel does not open it again.
+    [[nodiscard]] Action commanded() const;
+
     /// Whether a press outside closes the panel: not the second one of the double click that opened
     /// it.
     [[nodiscard]] bool closesAtPress() const;

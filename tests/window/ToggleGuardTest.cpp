@@ -41,6 +41,20 @@ TEST_F(ToggleGuardTest, theSecondHalfOfADoubleClickLeavesThePanelOpen) {
     EXPECT_EQ(m_guard.clicked(), Action::close);
 }
 
+TEST_F(ToggleGuardTest, aCommandClosesAtOnceButDoesNotReopenWhatItsClickClosed) {
+    m_guard.shown();
+    EXPECT_EQ(m_guard.commanded(), Action::close);
+    m_guard.hidden(HiddenBy::other);
+    EXPECT_EQ(m_guard.commanded(), Action::open);
+    open();
+    m_guard.pressedOutside();
+    m_guard.hidden(HiddenBy::pointer);
+    EXPECT_EQ(m_guard.commanded(), Action::nothing);
+    m_guard.released();
+    after(400ms);
+    EXPECT_EQ(m_guard.commanded(), Action::open);
+}
+
 TEST_F(ToggleGuardTest, theClickWhosePressClosedThePanelDoesNotReopenIt) {
     open();
     m_guard.pressedOutside();
