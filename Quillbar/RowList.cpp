@@ -6,10 +6,8 @@
 
 #include <QApplication>
 #include <QCursor>
-#include <QEnterEvent>
-#include <QEvent>
 #include <QHideEvent>
-#include <QPointF>
+#include <QPoint>
 #include <QRect>
 #include <QResizeEvent>
 #include <QShowEvent>
@@ -22,6 +20,19 @@
 #include <utility>
 
 namespace quillbar {
+
+namespace {
+
+// The window system counts a pointer that stands still as over the row that has moved away from
+// under it, and so may have no entry to tell of when the pointer comes there again.
+void trackPointerOver(ListRow& row) {
+    row.setMouseTracking(true);
+    for (QWidget* const each : row.findChildren<QWidget*>()) {
+        each->setMouseTracking(true);
+    }
+}
+
+}  // namespace
 
 RowList::RowList(RowListContent content, int detailHeight, QWidget* parent)
     : QWidget(parent)
@@ -268,6 +279,7 @@ void RowList::fill(const std::vector<std::size_t>& wanted) {
             widget = m_content.makeRow(this);
             widget->setFocusPolicy(Qt::ClickFocus);
             widget->installEventFilter(this);
+            trackPointerOver(*widget);
         } else {
             widget = m_spare.back();
             m_spare.pop_back();
@@ -300,20 +312,16 @@ void RowList::followPointer() {
     if (!underMouse() || QApplication::activePopupWidget() != nullptr) {
         return;
     }
-    const QPoint pointer = QCursor::pos();
+    const QPoint pointer = mapFromGlobal(QCursor::pos());
+    const auto under = std::find_if(m_slots.begin(), m_slots.end(), [&](const Slot& slot) {
+        return rect().contains(pointer) && slot.widget->geometry().contains(pointer);
+    });
+    hoverOnly(under == m_slots.end() ? nullptr : under->widget);
+}
+
+void RowList::hoverOnly(const QObject* row) {
     for (const Slot& slot : m_slots) {
-        const QPoint position = slot.widget->mapFromGlobal(pointer);
-        const bool isUnder = slot.widget->rect().contains(position);
-        if (isUnder == slot.widget->isHovering()) {
-            continue;
-        }
-        if (isUnder) {
-            QEnterEvent enter(position, mapFromGlobal(pointer), pointer);
-            QApplication::sendEvent(slot.widget, &enter);
-        } else {
-            QEvent leave(QEvent::Leave);
-            QApplication::sendEvent(slot.widget, &leave);
-        }
+        slot.widget->setHovering(slot.widget == row);
     }
 }
 
@@ -325,6 +333,10 @@ void RowList::resizeEvent(QResizeEvent* event) {
 
 void RowList::showEvent(QShowEvent* event) {
     QWidget::showEvent(event);
+    // The list moves with what it stands in, and hears nothing of it.
+    for (QWidget* above = this; !above->isWindow(); above = above->parentWidget()) {
+        above->installEventFilter(this);
+    }
     synchronize();
 }
 

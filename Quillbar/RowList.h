@@ -100,6 +100,7 @@ protected:
     void keyPressEvent(QKeyEvent* event) override;
     void contextMenuEvent(QContextMenuEvent* event) override;
     void wheelEvent(QWheelEvent* event) override;
+    void leaveEvent(QEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void showEvent(QShowEvent* event) override;
     void hideEvent(QHideEvent* event) override;
@@ -133,6 +134,8 @@ private:
     void fill(const std::vector<std::size_t>& wanted);
     void place();
     void followPointer();
+    void hoverOnly(const QObject* row);
+    void notePointer(const QObject* row, const QEvent& event);
 
     [[nodiscard]] QWidget* focused() const;
     void noteFocus(const std::string& id, Qt::FocusReason reason);

@@ -8,6 +8,7 @@
 #include <QFocusEvent>
 #include <QGuiApplication>
 #include <QKeyEvent>
+#include <QMouseEvent>
 #include <QWheelEvent>
 
 #include <algorithm>
@@ -53,16 +54,49 @@ void RowList::wheelEvent(QWheelEvent* event) {
     event->accept();
 }
 
-// The focus
+// The pointer
+
+void RowList::notePointer(const QObject* row, const QEvent& event) {
+    switch (event.type()) {
+    case QEvent::MouseMove:
+        // With a button held the row has the pointer wherever it is.
+        if (static_cast<const QMouseEvent&>(event).buttons() != Qt::NoButton) {
+            break;
+        }
+        [[fallthrough]];
+    case QEvent::Enter:
+        hoverOnly(row);
+        break;
+    case QEvent::Leave:
+        // It may be another row that the pointer was over last.
+        hoverOnly(nullptr);
+        break;
+    default:
+        break;
+    }
+}
+
+void RowList::leaveEvent(QEvent* event) {
+    hoverOnly(nullptr);
+    QWidget::leaveEvent(event);
+}
+
+// What its parts are told
 
 bool RowList::eventFilter(QObject* watched, QEvent* event) {
-    if (event->type() == QEvent::FocusIn) {
-        if (const Slot* const slot = slotOf(watched)) {
+    if (const Slot* const slot = slotOf(watched)) {
+        if (event->type() == QEvent::FocusIn) {
             noteFocus(std::string(slot->id), static_cast<QFocusEvent*>(event)->reason());
+        } else {
+            notePointer(watched, *event);
         }
+    } else if (event->type() == QEvent::Move) {
+        followPointer();
     }
     return QWidget::eventFilter(watched, event);
 }
+
+// The focus
 
 QWidget* RowList::focused() const {
     // Of this window, whether or not it is the active one.

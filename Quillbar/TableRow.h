@@ -33,6 +33,8 @@ public:
 
     /// Whether the pointer is over the row.
     [[nodiscard]] bool isHovering() const noexcept { return m_isHovering; }
+    /// Says so for a row that has moved under the pointer, or away, of which nobody tells it.
+    void setHovering(bool isHovering);
 
 protected:
     void paintEvent(QPaintEvent* event) override;
@@ -42,8 +44,6 @@ protected:
     void focusInEvent(QFocusEvent* event) override;
 
 private:
-    void setHovering(bool isHovering);
-
     QHBoxLayout* m_layout;
     bool m_isAlternate = false;
     bool m_isHovering = false;

@@ -72,6 +72,16 @@ struct RowListTest : testing::Test {
         list->setIds(numbered(count));
         showActive(window);
     }
+    /// The rows that show the pointer over them.
+    [[nodiscard]] std::vector<std::string> tinted() const {
+        std::vector<std::string> rows;
+        for (const std::string& id : list->ids()) {
+            if (const ListRow* const row = list->row(id); row != nullptr && row->isHovering()) {
+                rows.push_back(id);
+            }
+        }
+        return rows;
+    }
     void focus(const std::string& id) { list->row(id)->setFocus(Qt::TabFocusReason); }
     void press(Qt::Key key, Qt::KeyboardModifiers modifiers = {}) {
         QTest::keyClick(QApplication::focusWidget(), key, modifiers);
@@ -564,6 +574,35 @@ TEST_F(RowListTest, theRowThatComesUnderThePointerIsTheOneThatIsTinted) {
     list->scrollTo(11 * TableRow::kHeight);
     EXPECT_FALSE(list->row("11")->isHovering());
     EXPECT_TRUE(list->row("12")->isHovering());
+}
+
+TEST_F(RowListTest, oneRowAtMostIsTintedWhereverThePointerGoes) {
+    show(100);
+    const auto tints = [this](const QWidget& under, int y, const std::vector<std::string>& rows) {
+        QCursor::setPos(under.mapToGlobal(QPoint(100, y)));
+        EXPECT_TRUE(spinUntil([&] { return tinted() == rows; })) << y;
+    };
+    tints(*list, 2 * TableRow::kHeight + 5, {"2"});
+    list->scrollTo(TableRow::kHeight);
+    EXPECT_THAT(tinted(), ElementsAre("3"));
+    tints(*list, 5 * TableRow::kHeight + 5, {"6"});
+    list->scrollTo(2 * TableRow::kHeight);
+    EXPECT_THAT(tinted(), ElementsAre("7"));
+    // The row that was under the pointer before the list scrolled.
+    tints(*list, 4 * TableRow::kHeight + 5, {"6"});
+    list->scrollTo(3 * TableRow::kHeight);
+    EXPECT_THAT(tinted(), ElementsAre("7"));
+    tints(*after, 5, {});
+}
+
+TEST_F(RowListTest, theTintStaysUnderThePointerWhileTheListMovesAsAWhole) {
+    show(100);
+    QCursor::setPos(list->mapToGlobal(QPoint(100, 2 * TableRow::kHeight + 5)));
+    ASSERT_TRUE(spinUntil([this] { return tinted() == std::vector<std::string>{"2"}; }));
+    before->setFixedHeight(before->height() + TableRow::kHeight);
+    EXPECT_TRUE(spinUntil([this] { return tinted() == std::vector<std::string>{"1"}; }));
+    before->setFixedHeight(before->height() + 3 * TableRow::kHeight);
+    EXPECT_TRUE(spinUntil([this] { return tinted().empty(); })) << "the pointer is above the list";
 }
 
 }  // namespace
