@@ -6,6 +6,7 @@
 #include <QJsonDocument>
 #include <QJsonObject>
 
+#include <array>
 #include <cstring>
 #include <string_view>
 #include <utility>
@@ -26,9 +27,9 @@ quint32 numberAt(const QByteArray& bytes, qsizetype position) {
 }
 
 void append(QByteArray& bytes, quint32 number) {
-    char raw[sizeof number];
-    std::memcpy(raw, &number, sizeof number);
-    bytes.append(raw, sizeof raw);
+    std::array<char, sizeof number> raw{};
+    std::memcpy(raw.data(), &number, sizeof number);
+    bytes.append(raw.data(), raw.size());
 }
 
 quint32 payloadLength(const QByteArray& received) {
@@ -82,7 +83,7 @@ std::optional<SwayWindow> findBelow(const QJsonObject& node,
     }
     for (const auto* const list : {"floating_nodes", "nodes"}) {
         const QJsonArray children = node[QLatin1String(list)].toArray();
-        for (const QJsonValue& child : children) {
+        for (const auto& child : children) {
             if (auto found = findBelow(child.toObject(), place, key)) {
                 return found;
             }
@@ -108,7 +109,8 @@ std::optional<SwayMessage> SwayMessage::takeFrom(QByteArray& received) {
     if (received.size() - kHeaderLength < length) {
         return std::nullopt;
     }
-    const quint32 type = numberAt(received, static_cast<qsizetype>(kMark.size() + sizeof(quint32)));
+    const quint32 type =
+        numberAt(received, static_cast<qsizetype>(kMark.size()) + qsizetype{sizeof(quint32)});
     SwayMessage taken{.type = static_cast<Type>(type),
                       .payload = received.mid(kHeaderLength, length)};
     received.remove(0, kHeaderLength + length);
@@ -141,9 +143,10 @@ std::optional<QString> swayRefusal(const QByteArray& answer) {
     // A list with an entry for each command, or one entry alone.
     const QJsonArray results =
         document.isArray() ? document.array() : QJsonArray{document.object()};
-    for (const QJsonValue& result : results) {
-        if (!result[QLatin1String("success")].toBool()) {
-            return result[QLatin1String("error")].toString(QStringLiteral("no reason given"));
+    for (const auto& result : results) {
+        const QJsonObject entry = result.toObject();
+        if (!entry[QLatin1String("success")].toBool()) {
+            return entry[QLatin1String("error")].toString(QStringLiteral("no reason given"));
         }
     }
     return std::nullopt;

@@ -13,6 +13,7 @@
 #include <fstream>
 #include <stdexcept>
 #include <utility>
+#include <vector>
 
 namespace quillbar {
 
@@ -190,7 +191,7 @@ void Desktop::startExchange() {
             QStringLiteral("--ca-file"), authority, QStringLiteral("--port"), m_exchangePort},
         m_environment,
         ChildProcess::Complaints::shown);
-    const std::pair<QString, QString> services[] = {
+    const std::vector<std::pair<QString, QString>> services{
         {QStringLiteral("rest "), QStringLiteral("QUILLBAR_REST_ENDPOINTS")},
         {QStringLiteral("stream "), QStringLiteral("QUILLBAR_STREAM_ENDPOINTS")},
         {QStringLiteral("market-caps "), QStringLiteral("QUILLBAR_MARKETCAP_ENDPOINT")},

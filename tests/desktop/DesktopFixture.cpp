@@ -44,14 +44,14 @@ QString textOfTooltip(const QVariant& tooltip) {
 
 }  // namespace
 
-std::unique_ptr<Desktop> DesktopFixture::s_desktop;
+std::unique_ptr<Desktop> DesktopFixture::sharedDesktop;
 
 void DesktopFixture::SetUpTestSuite() {
-    s_desktop = std::make_unique<Desktop>();
+    sharedDesktop = std::make_unique<Desktop>();
 }
 
 void DesktopFixture::TearDownTestSuite() {
-    s_desktop.reset();
+    sharedDesktop.reset();
 }
 
 void DesktopFixture::TearDown() {

@@ -31,8 +31,8 @@ protected:
     static void SetUpTestSuite();
     static void TearDownTestSuite();
 
-    [[nodiscard]] static Desktop& desktop() { return *s_desktop; }
-    [[nodiscard]] static Screen& screen() { return s_desktop->screen(); }
+    [[nodiscard]] static Desktop& desktop() { return *sharedDesktop; }
+    [[nodiscard]] static Screen& screen() { return sharedDesktop->screen(); }
 
     /// The application does not run on after a test, and has nothing to complain of at its end.
     void TearDown() override;
@@ -83,7 +83,7 @@ protected:
     static constexpr int kChartHeight = 210;
 
 private:
-    static std::unique_ptr<Desktop> s_desktop;
+    static std::unique_ptr<Desktop> sharedDesktop;
 
     [[nodiscard]] QProcessEnvironment environment() const;
     [[nodiscard]] std::filesystem::path file(const QString& name) const;
