@@ -218,17 +218,15 @@ void RowList::focusInEvent(QFocusEvent* event) {
 void RowList::keyPressEvent(QKeyEvent* event) {
     // Keys that a detail has left over say nothing to the rows.
     const bool isOnRow = slotOf(focused()) != nullptr;
-    if (!isOnRow) {
-        QWidget::keyPressEvent(event);
-    } else if (isMenuKey(*event)) {
+    const bool isPlain = (event->modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier;
+    const bool isEnter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    if (isOnRow && isMenuKey(*event)) {
         openMenuOfCurrent();
-    } else if ((event->modifiers() & ~Qt::KeypadModifier) != Qt::NoModifier) {
-        QWidget::keyPressEvent(event);
-    } else if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
+    } else if (isOnRow && isPlain && isEnter) {
         if (!event->isAutoRepeat()) {
             m_content.activate(std::string(*m_current));
         }
-    } else if (!moveCurrent(event->key())) {
+    } else if (!isOnRow || !isPlain || !moveCurrent(event->key())) {
         QWidget::keyPressEvent(event);
     }
 }
@@ -237,7 +235,7 @@ bool RowList::moveCurrent(int key) {
     const std::size_t here = currentIndex();
     const std::size_t last = m_ids.size() - 1;
     const auto page = static_cast<std::size_t>(std::max(1, height() / m_layout.rowHeight() - 1));
-    std::size_t target = here;
+    std::size_t target = 0;
     switch (key) {
     case Qt::Key_Up:
         target = here - std::min<std::size_t>(here, 1);
