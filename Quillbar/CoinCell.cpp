@@ -5,6 +5,7 @@
 #include "Quillbar/CoinIconView.h"
 #include "Quillbar/Glyphs.h"
 #include "Quillbar/text/FittedText.h"
+#include "Quillbar/text/OneLineText.h"
 #include "Quillbar/Theme.h"
 
 #include <QFontMetricsF>
@@ -50,12 +51,13 @@ void CoinCell::paintEvent(QPaintEvent* /*event*/) {
     const double left = kIconSize + kSpacing;
     const double room = width() - left - (m_mark == PinMark::pinned ? kPinSize + kSpacing : 0);
     const FittedText::Fit name = FittedText::fit(
-        QString::fromStdString(m_baseAsset), kNameSize, QFont::DemiBold, room, kSmallestNameScale);
+        OneLineText::of(m_baseAsset), kNameSize, QFont::DemiBold, room, kSmallestNameScale);
     painter.setFont(name.font);
     painter.setPen(colors.primaryText);
-    painter.drawText(QRectF(left, 0, room, height()),
-                     static_cast<int>(Qt::AlignLeft | Qt::AlignVCenter | Qt::TextDontClip),
-                     name.text);
+    painter.drawText(
+        QRectF(left, 0, room, height()),
+        static_cast<int>(Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine | Qt::TextDontClip),
+        name.text);
     if (m_mark == PinMark::pinned) {
         const double end = left + QFontMetricsF(name.font).horizontalAdvance(name.text);
         QRectF pin(end + kSpacing, 0, kPinSize, kPinSize);

@@ -6,6 +6,7 @@
 #include "Quillbar/PriceChart.h"
 #include "Quillbar/RangeSelector.h"
 #include "Quillbar/Spinner.h"
+#include "Quillbar/text/OneLineText.h"
 #include "Quillbar/text/SystemFont.h"
 #include "Quillbar/text/TabularText.h"
 #include "Quillbar/Theme.h"
@@ -90,7 +91,7 @@ CoinDetailView::CoinDetailView(const ViewEnvironment& environment, Coin coin, QW
     , m_chart(new PriceChart(environment.calendar, this))
     , m_scope(environment.executor) {
     setFixedHeight(kHeight);
-    setAccessibleName(QString::fromStdString(m_coin.baseAsset) + QStringLiteral(" 走势"));
+    setAccessibleName(OneLineText::of(m_coin.baseAsset) + QStringLiteral(" 走势"));
     m_spinner->setAccessibleName(QStringLiteral("正在加载走势"));
     m_message->setFont(systemFont(kTextSize));
     m_ranges->onChoose = [this](ChartRange range) { choose(range); };
@@ -199,8 +200,8 @@ void CoinDetailView::refresh() {
     const bool hasCandles = !m_candles.empty();
     const bool isOutdated = hasCandles && m_candlesRange != m_range;
     m_chart->setAccessibleName(
-        QString::fromStdString(m_coin.baseAsset + " 走势图, "
-                               + std::string(displayName(m_candlesRange.value_or(m_range)))));
+        OneLineText::of(m_coin.baseAsset + " 走势图, "
+                        + std::string(displayName(m_candlesRange.value_or(m_range)))));
     m_chart->setCandles(m_candles);
     m_chart->setOutdated(isOutdated);
     m_chart->setVisible(hasCandles);

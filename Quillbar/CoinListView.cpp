@@ -10,6 +10,7 @@
 #include "Quillbar/ListRow.h"
 #include "Quillbar/RowList.h"
 #include "Quillbar/SortableHeader.h"
+#include "Quillbar/text/OneLineText.h"
 #include "QuillbarCore/market/FrozenOrder.h"
 #include "QuillbarCore/model/Watchlist.h"
 
@@ -89,7 +90,7 @@ public:
         m_coin->setCoin(m_list.m_displayed[index]);
         const bool isExpanded = *m_list.m_expandedSymbol == id;
         m_disclosure->setGlyph(isExpanded ? Glyph::chevronDown : Glyph::chevronRight);
-        const QString name = QString::fromStdString(m_coin->coin().baseAsset);
+        const QString name = OneLineText::of(m_coin->coin().baseAsset);
         speak(*m_disclosure,
               (isExpanded ? QStringLiteral("收起 %1 走势") : QStringLiteral("展开 %1 走势"))
                   .arg(name));

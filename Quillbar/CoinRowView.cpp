@@ -6,6 +6,7 @@
 #include "Quillbar/CoinCell.h"
 #include "Quillbar/NumericCell.h"
 #include "Quillbar/TableRow.h"
+#include "Quillbar/text/OneLineText.h"
 #include "QuillbarCore/model/MissingValue.h"
 #include "QuillbarCore/model/PriceFormatter.h"
 #include "QuillbarCore/model/Ticker.h"
@@ -65,10 +66,8 @@ void CoinRowView::refresh() {
 
 QString CoinRowView::spokenText() const {
     return QStringLiteral("%1, 价格 %2, 涨跌 %3, 成交额 %4")
-        .arg(QString::fromStdString(m_coin.baseAsset),
-             m_price->text(),
-             m_change->text(),
-             m_volume->text());
+        .arg(
+            OneLineText::of(m_coin.baseAsset), m_price->text(), m_change->text(), m_volume->text());
 }
 
 }  // namespace quillbar

@@ -3,12 +3,12 @@
 #include "Quillbar/tray/LabelFace.h"
 
 #include "Quillbar/labelstate/ConnectionName.h"
+#include "Quillbar/text/OneLineText.h"
 #include "Quillbar/tray/ShortNumbers.h"
 
 #include <QDateTime>
 #include <QStringList>
 
-#include <algorithm>
 #include <chrono>
 
 namespace quillbar {
@@ -18,17 +18,6 @@ namespace {
 constexpr Seconds kMinute{60};
 constexpr Seconds kHour{3600};
 constexpr Seconds kDay{86400};
-
-// A symbol read from a file the user may edit can hold anything.
-QString onOneLine(const std::string& text) {
-    QString result = QString::fromStdString(text);
-    std::replace_if(
-        result.begin(),
-        result.end(),
-        [](QChar character) { return character.category() == QChar::Other_Control; },
-        QChar(u' '));
-    return result;
-}
 
 QString localTime(TimePoint instant, const QString& format) {
     const auto sinceEpoch =
@@ -59,10 +48,10 @@ QString detailsOf(const LabelSnapshot& snapshot, TimePoint now) {
     const std::string_view connection = displayName(snapshot.visibleConnection());
     lines << QString::fromUtf8(connection.data(), static_cast<qsizetype>(connection.size()));
     if (snapshot.failure) {
-        lines << onOneLine(*snapshot.failure);
+        lines << OneLineText::of(*snapshot.failure);
     }
     if (snapshot.lastError) {
-        lines << onOneLine(*snapshot.lastError);
+        lines << OneLineText::of(*snapshot.lastError);
     }
     return lines.join(u'\n');
 }
@@ -83,11 +72,11 @@ LabelDirection directionOf(const LabelSnapshot& snapshot) {
 LabelFace LabelFace::of(const LabelSnapshot& snapshot, TimePoint now) {
     LabelFace face;
     // Some hosts hide an item whose label is empty.
-    if (const QString text = onOneLine(snapshot.text); !text.trimmed().isEmpty()) {
+    if (const QString text = OneLineText::of(snapshot.text); !text.trimmed().isEmpty()) {
         face.text = text;
     }
     if (snapshot.coin) {
-        face.symbol = onOneLine(snapshot.coin->baseAsset);
+        face.symbol = OneLineText::of(snapshot.coin->baseAsset);
     }
     if (snapshot.showsPrice()) {
         face.shortPrice = QString::fromStdString(ShortNumbers::price(snapshot.ticker->lastPrice));

@@ -19,8 +19,7 @@ enum class LabelDirection {
 };
 
 /// Everything that the status item shows, ready to be drawn or sent. A plain value: two that are
-/// equal look the same. No text holds a control character, but for the line feeds of
-/// `details`.
+/// equal look the same. Every text is a `OneLineText`, but for the line feeds of `details`.
 struct LabelFace final {
     /// The whole label, "BTC 67,234.50 ▲ 1.23%". Never empty.
     QString text = QStringLiteral("Quillbar");

@@ -134,6 +134,17 @@ TEST_F(CoinListViewTest, everyColumnStandsUnderItsTitle) {
     EXPECT_EQ(left(coinCell("BTC")) + coinCell("BTC")->width() + 6, left(volumeCell("BTC")));
 }
 
+TEST_F(CoinListViewTest, theTintStaysUnderThePointerWhenALineAppearsAboveTheList) {
+    show({"BTC", "ETH", "SOL"});
+    QCursor::setPos(row("ETH")->mapToGlobal(QPoint(100, 14)));
+    ASSERT_TRUE(spinUntil([this] { return row("ETH")->isHovering(); }));
+    auto* const line = new QWidget;
+    line->setFixedHeight(kRow);
+    static_cast<QVBoxLayout*>(window->layout())->insertWidget(0, line);
+    EXPECT_TRUE(spinUntil([this] { return row("BTC")->isHovering(); }));
+    EXPECT_FALSE(row("ETH")->isHovering());
+}
+
 // Cells
 
 TEST_F(CoinListViewTest, aRowShowsItsCoinAsTheFormattersSay) {
@@ -171,6 +182,18 @@ TEST_F(CoinListViewTest, readsAloudAsASentence) {
     clickArrow("BTC");
     EXPECT_EQ(arrow("BTC")->accessibleName(), QStringLiteral("收起 BTC 走势"));
     EXPECT_EQ(rows->accessibleName(), QStringLiteral("自选列表"));
+}
+
+TEST_F(CoinListViewTest, aBaseAssetIsOneLineWhateverItHolds) {
+    const std::string hostile = "A\nB\u202eC";
+    show({"BTC", "A BC", hostile});
+    EXPECT_EQ(row(hostile)->accessibleName(), QStringLiteral("A BC, 价格 —, 涨跌 —, 成交额 —"));
+    EXPECT_EQ(arrow(hostile)->accessibleName(), QStringLiteral("展开 A BC 走势"));
+    const auto written = [this](const std::string& baseAsset) {
+        CoinCell* const cell = coinCell(baseAsset);
+        return pictureOf(*cell).copy(cell->rect().adjusted(CoinCell::kIconSize, 0, 0, 0));
+    };
+    EXPECT_EQ(written(hostile), written("A BC"));
 }
 
 TEST_F(CoinListViewTest, isAListOfItemsToAScreenReader) {
