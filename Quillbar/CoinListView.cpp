@@ -352,6 +352,10 @@ void CoinListView::showEvent(QShowEvent* event) {
     m_staleness.start();
     m_basis = m_environment.appState.settings()->changeBasis;
     m_isStale = m_environment.appState.isDataStale();
+    if (m_expandedSymbol->has_value()) {
+        // A chart that was left open holds the rows where they are seen again.
+        m_frozenOrder = symbolsOf(displayedCoins());
+    }
     m_rows->refreshAll();
 }
 

@@ -420,6 +420,22 @@ TEST_F(CoinListViewTest, aTitleClickedWhileAChartIsOpenSortsWhenItCloses) {
     EXPECT_TRUE(comesTo({"ETH", "BTC"}));
 }
 
+TEST_F(CoinListViewTest, aChartThatStaysOpenHoldsTheRowsWhenTheyAreShownAgain) {
+    showThreeByChange();
+    clickArrow("SOL");
+    window->hide();
+    window->show();
+    EXPECT_THAT(view->frozenOrder(), ElementsAre("BTCUSDT", "ETHUSDT", "SOLUSDT"));
+    click("涨跌");
+    tick("BTC", {150, 100});
+    state->pin(symbolOf("ETH"));
+    EXPECT_THAT(order(), ElementsAre("BTC", "ETH", "SOL"));
+    clickArrow("SOL");
+    EXPECT_TRUE(comesTo({"BTC", "ETH", "SOL"}));
+    tick("SOL", {190, 100});
+    EXPECT_TRUE(comesTo({"SOL", "BTC", "ETH"}));
+}
+
 TEST_F(CoinListViewTest, thePanelMayOpenAndCloseTheChart) {
     show({"BTC", "ETH"});
     expanded.set(symbolOf("ETH"));
