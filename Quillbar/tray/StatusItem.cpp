@@ -5,6 +5,7 @@
 #include "Quillbar/tray/EntryMenu.h"
 
 #include <QDBusConnection>
+#include <QDBusError>
 #include <QDBusPendingCallWatcher>
 #include <QDBusServiceWatcher>
 #include <QImage>
@@ -19,6 +20,13 @@ namespace {
 const QString kWatcherService = QStringLiteral("org.kde.StatusNotifierWatcher");
 const QString kWatcherPath = QStringLiteral("/StatusNotifierWatcher");
 const QString kThemeIcon = QStringLiteral("io.github.quillbar.Quillbar");
+
+// A busy host that does not answer in time has the registration all the same.
+bool isSilence(const QDBusMessage& reply) {
+    const QDBusError::ErrorType type = QDBusError(reply).type();
+    return type == QDBusError::NoReply || type == QDBusError::Timeout
+           || type == QDBusError::TimedOut;
+}
 
 QDBusMessage questionToBus(const QString& method, const QString& argument) {
     const QString bus = QStringLiteral("org.freedesktop.DBus");
@@ -150,6 +158,8 @@ void StatusItem::watcherIs(const QString& owner) {
         return;
     }
     m_watcher = owner;
+    m_isRefused = false;
+    m_registering.cancel();
     m_waiting.cancel();
     introduceTo(owner);
 }
@@ -178,16 +188,38 @@ void StatusItem::registerWith(const QString& owner) {
         owner, kWatcherPath, kWatcherService, QStringLiteral("RegisterStatusNotifierItem"));
     question << m_environment.bus.baseService();
     ask(question, [this, owner](const QDBusMessage& reply) {
-        if (reply.type() == QDBusMessage::ErrorMessage && owner == m_watcher) {
-            m_logger.error("the tray host refused the item: {}",
-                           reply.errorMessage().toStdString());
-            loseWatcher();
+        if (owner != m_watcher) {
+            return;
         }
+        if (reply.type() == QDBusMessage::ErrorMessage && !isSilence(reply)) {
+            registrationFailed(owner, reply.errorMessage());
+            return;
+        }
+        m_isRefused = false;
+        m_waiting.cancel();
+        m_olderTray.reset();
     });
+}
+
+void StatusItem::registrationFailed(const QString& owner, const QString& why) {
+    // Another refusal of the same host is no news, and must not begin the wait afresh.
+    if (!m_isRefused) {
+        m_isRefused = true;
+        m_logger.error("the tray host refused the item: {}", why.toStdString());
+        waitForWatcher();
+    }
+    m_registering = m_scope.spawn(registerLater(owner));
+}
+
+Task<void> StatusItem::registerLater(QString owner) {
+    co_await m_environment.sleeper(kPatience);
+    registerWith(owner);
 }
 
 void StatusItem::loseWatcher() {
     m_watcher.clear();
+    m_isRefused = false;
+    m_registering.cancel();
     waitForWatcher();
 }
 

@@ -39,7 +39,8 @@ enum class ActivationSource {
 
 /// The application's item in the desktop's status area, in the form that suits the host of the
 /// moment: over D-Bus where there is a StatusNotifierWatcher, whenever one comes; where there has
-/// been none for `kPatience`, in a tray of the older protocol, until one comes. A host is told of a
+/// been none for `kPatience`, in a tray of the older protocol, until one comes. One that refuses the
+/// item counts as none, and is asked again every `kPatience`. A host is told of a
 /// face only when what it shows of it has changed.
 ///
 /// Lives on the main thread, which it never blocks, and needs a QApplication. One for a connection.
@@ -89,6 +90,8 @@ private:
     void watcherIs(const QString& owner);
     void introduceTo(const QString& owner);
     void registerWith(const QString& owner);
+    void registrationFailed(const QString& owner, const QString& why);
+    Task<void> registerLater(QString owner);
     void loseWatcher();
 
     void waitForWatcher();
@@ -122,9 +125,11 @@ private:
     /// The unique name of the watcher; empty without one.
     QString m_watcher;
     std::optional<QPoint> m_menuAnchor;
+    bool m_isRefused = false;
     bool m_hadTray = false;
     bool m_toldNoTray = false;
     TaskScope::Handle m_waiting;
+    TaskScope::Handle m_registering;
     // Last: its tasks use all of the above.
     TaskScope m_scope;
 };

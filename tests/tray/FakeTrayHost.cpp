@@ -91,7 +91,7 @@ void FakeTrayHost::RegisterStatusNotifierItem(const QString& service) {
     registered << service;
     m_item = service;
     if (refuses) {
-        sendErrorReply(QDBusError::AccessDenied, QStringLiteral("no room"));
+        sendErrorReply(refusal, QStringLiteral("no room"));
     }
 }
 

@@ -7,6 +7,7 @@
 
 #include <QDBusConnection>
 #include <QDBusContext>
+#include <QDBusError>
 #include <QDBusMessage>
 #include <QList>
 #include <QObject>
@@ -58,6 +59,8 @@ public:
     QList<uint> revisions;
     /// Answers registrations with an error.
     bool refuses = false;
+    /// Which one.
+    QDBusError::ErrorType refusal = QDBusError::AccessDenied;
 
 private:
     Q_SLOT void newIcon() { signalled << QStringLiteral("NewIcon"); }

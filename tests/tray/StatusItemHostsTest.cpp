@@ -116,6 +116,46 @@ TEST_F(StatusItemHostsTest, looksForAnotherTrayWhenTheHostRefusesIt) {
     EXPECT_NE(olderIcon(), nullptr);
 }
 
+TEST_F(StatusItemHostsTest, registersAgainWithAHostThatRefusedIt) {
+    host->refuses = true;
+    hasOlderTray = true;
+    host->beWatcher();
+    start();
+    ASSERT_TRUE(seesRegistrations(*host, 1));
+    noticeThatTheHostIsGone();
+    pass(10s);
+    ASSERT_TRUE(seesRegistrations(*host, 2));
+    noticeThatTheHostIsGone();
+    EXPECT_NE(olderIcon(), nullptr);
+    host->refuses = false;
+    pass(10s);
+    ASSERT_TRUE(seesRegistrations(*host, 3));
+    EXPECT_TRUE(spinUntil([this] { return olderIcon() == nullptr; }));
+    EXPECT_THAT(log.lines("StatusItem"),
+                ElementsAre("StatusItem|error|the tray host refused the item: no room"));
+    item->show(face(QStringLiteral("ETH 3,456.00 ▼ 0.50%")));
+    settle();
+    EXPECT_EQ(host->tooltip().title, QStringLiteral("ETH 3,456.00 ▼ 0.50%"));
+}
+
+TEST_F(StatusItemHostsTest, staysWithAHostThatIsTooBusyToAnswer) {
+    for (const auto silence : {QDBusError::NoReply, QDBusError::Timeout, QDBusError::TimedOut}) {
+        FakeTrayHost busy(daemon.address());
+        busy.refuses = true;
+        busy.refusal = silence;
+        busy.beWatcher();
+        start();
+        ASSERT_TRUE(seesRegistrations(busy, 1));
+        // The answer to the registration comes before this question.
+        busy.property(QStringLiteral("Status"));
+        item->show(face(QStringLiteral("ETH 3,456.00 ▼ 0.50%")));
+        EXPECT_EQ(busy.tooltip().title, QStringLiteral("ETH 3,456.00 ▼ 0.50%"));
+        EXPECT_EQ(time.sleepingCount(), 0U);
+        EXPECT_THAT(log.lines("StatusItem"), IsEmpty());
+        item.reset();
+    }
+}
+
 TEST_F(StatusItemHostsTest, waitsTenSecondsForAHostBeforeItUsesTheOlderTray) {
     hasOlderTray = true;
     start();
