@@ -4,6 +4,10 @@
 
 namespace quillbar {
 
+QPoint logicalPosition(QPoint native, QPoint origin, double ratio) {
+    return origin + (native - origin) / ratio;
+}
+
 QPoint clickAnchor(QPoint reported,
                    bool reportedInBar,
                    QPoint pointer,

@@ -335,8 +335,9 @@ void StatusItem::menuClicked(int id) {
 }
 
 QPoint StatusItem::anchorOf(QPoint reported) const {
-    return clickAnchor(reported,
-                       m_environment.isInBar(reported),
+    const QPoint position = m_environment.logicalPosition(reported);
+    return clickAnchor(position,
+                       m_environment.isInBar(position),
                        m_environment.pointer(),
                        m_environment.pointerPosition,
                        m_host.clickPosition);

@@ -26,6 +26,18 @@ std::string nameOfProcess(uint processId) {
     return file.readAll().trimmed().toStdString();
 }
 
+// Other window systems tell positions in logical pixels.
+QPoint logicalOnX11(QPoint reported) {
+    for (const QScreen* const screen : QGuiApplication::screens()) {
+        const double ratio = screen->devicePixelRatio();
+        const QRect logical = screen->geometry();
+        if (QRect(logical.topLeft(), logical.size() * ratio).contains(reported)) {
+            return logicalPosition(reported, logical.topLeft(), ratio);
+        }
+    }
+    return reported;
+}
+
 bool liesInBar(QPoint position) {
     const QScreen* const screen = QGuiApplication::screenAt(position);
     return screen != nullptr && !screen->availableGeometry().contains(position);
@@ -45,6 +57,8 @@ StatusItemEnvironment StatusItemEnvironment::ofDesktop(QDBusConnection bus,
         .processName = nameOfProcess,
         .pointer = [] { return QCursor::pos(); },
         .pointerPosition = knowsPointer ? PointerPosition::current : PointerPosition::outdated,
+        .logicalPosition =
+            [](QPoint reported) { return isOnX11() ? logicalOnX11(reported) : reported; },
         .isInBar = liesInBar,
     };
 }

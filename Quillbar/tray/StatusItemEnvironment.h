@@ -25,10 +25,12 @@ struct StatusItemEnvironment final {
     std::function<bool()> hasOlderTray;
     /// The name of a process, as /proc/PID/comm tells it; empty when it cannot be read.
     std::function<std::string(uint processId)> processName;
-    /// Where the pointer is.
+    /// Where the pointer is, in logical pixels.
     std::function<QPoint()> pointer;
     PointerPosition pointerPosition = PointerPosition::current;
-    /// Whether a position lies on a screen, but outside of its work area.
+    /// The logical position of one that a host reported.
+    std::function<QPoint(QPoint reported)> logicalPosition;
+    /// Whether a logical position lies on a screen, but outside of its work area.
     std::function<bool(QPoint)> isInBar;
 
     /// That of the desktop that the application runs on, with its session bus. Needs a

@@ -42,6 +42,16 @@ TEST(ClickAnchor, isThePointerForAHostThatReportsNoPlaceOnTheScreen) {
     EXPECT_EQ((Click{.trust = PointerPosition::outdated, .host = kUnusable}.anchor()), kNear);
 }
 
+TEST(LogicalPosition, isTheReportedOneWithoutScaling) {
+    EXPECT_EQ(logicalPosition({1500, 14}, {0, 0}, 1), QPoint(1500, 14));
+    EXPECT_EQ(logicalPosition({2500, 14}, {1920, 0}, 1), QPoint(2500, 14));
+}
+
+TEST(LogicalPosition, isScaledFromTheCornerOfItsScreen) {
+    EXPECT_EQ(logicalPosition({1500, 15}, {0, 0}, 1.25), QPoint(1200, 12));
+    EXPECT_EQ(logicalPosition({2520, 100}, {1920, 40}, 2), QPoint(2220, 70));
+}
+
 }  // namespace
 
 }  // namespace quillbar

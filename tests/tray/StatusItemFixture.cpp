@@ -24,33 +24,36 @@ StatusItemFixture::~StatusItemFixture() {
 }
 
 void StatusItemFixture::start(std::optional<QDBusConnection> connection) {
-    item.emplace(StatusItemEnvironment{
-                     .bus = connection.value_or(*bus),
-                     .executor = executor,
-                     .sleeper = time.sleeper(),
-                     .hasOlderTray =
-                         [this] {
-                             ++olderTrayQuestions;
-                             return hasOlderTray;
-                         },
-                     .processName =
-                         [this](uint processId) {
-                             askedProcesses.push_back(processId);
-                             return hostProcess;
-                         },
-                     .pointer = [this] { return pointer; },
-                     .pointerPosition = PointerPosition::current,
-                     .isInBar = [](QPoint position) { return position.y() < 30; },
-                 },
-                 StatusItem::Handlers{
-                     .onActivate =
-                         [this](QPoint anchor, ActivationSource source) {
-                             activations.emplace_back(anchor, source);
-                         },
-                     .onMenu = [this](int id) { chosen.push_back(id); },
-                     .onActivationToken = [this](const QString& token) { tokens.push_back(token); },
-                     .onNoTray = [this] { ++noTray; },
-                 });
+    item.emplace(
+        StatusItemEnvironment{
+            .bus = connection.value_or(*bus),
+            .executor = executor,
+            .sleeper = time.sleeper(),
+            .hasOlderTray =
+                [this] {
+                    ++olderTrayQuestions;
+                    return hasOlderTray;
+                },
+            .processName =
+                [this](uint processId) {
+                    askedProcesses.push_back(processId);
+                    return hostProcess;
+                },
+            .pointer = [this] { return pointer; },
+            .pointerPosition = PointerPosition::current,
+            .logicalPosition =
+                [this](QPoint reported) { return logicalPosition(reported, QPoint(), pixelRatio); },
+            .isInBar = [](QPoint position) { return position.y() < 30; },
+        },
+        StatusItem::Handlers{
+            .onActivate =
+                [this](QPoint anchor, ActivationSource source) {
+                    activations.emplace_back(anchor, source);
+                },
+            .onMenu = [this](int id) { chosen.push_back(id); },
+            .onActivationToken = [this](const QString& token) { tokens.push_back(token); },
+            .onNoTray = [this] { ++noTray; },
+        });
     item->show(face());
     executor.run();
 }

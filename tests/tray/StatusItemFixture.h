@@ -57,6 +57,7 @@ struct StatusItemFixture : ::testing::Test {
     bool hasOlderTray = false;
     int olderTrayQuestions = 0;
     QPoint pointer{1000, 10};
+    double pixelRatio = 1;
     std::vector<std::pair<QPoint, ActivationSource>> activations;
     std::vector<int> chosen;
     std::vector<QString> tokens;

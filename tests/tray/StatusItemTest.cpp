@@ -242,6 +242,18 @@ TEST_F(StatusItemTest, isActivatedByTheKeyboardWhereTheHostSays) {
     EXPECT_THAT(activations, ElementsAre(Pair(QPoint(900, 12), ActivationSource::click)));
 }
 
+TEST_F(StatusItemTest, takesWhatTheHostSaysInPixelsOfAScaledScreen) {
+    startAt("some-panel");
+    pixelRatio = 1.25;
+    pointer = QPoint(1200, 11);
+    host->callItem(QStringLiteral("Activate"), {1500, 14});
+    pointer = QPoint(300, 700);
+    host->callItem(QStringLiteral("Activate"), {1500, 15});
+    EXPECT_THAT(activations,
+                ElementsAre(Pair(QPoint(1200, 11), ActivationSource::click),
+                            Pair(QPoint(1200, 12), ActivationSource::click)));
+}
+
 TEST_F(StatusItemTest, isActivatedByTheMiddleButtonToo) {
     startAt("some-panel");
     host->callItem(QStringLiteral("SecondaryActivate"), {1001, 11});
