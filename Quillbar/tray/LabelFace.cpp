@@ -19,6 +19,25 @@ constexpr Seconds kMinute{60};
 constexpr Seconds kHour{3600};
 constexpr Seconds kDay{86400};
 
+constexpr qsizetype kLongestText = 64;
+
+// A long base asset is cut in the middle of the label: the price behind it stays. Never between the
+// halves of a character.
+QString shortened(const QString& text) {
+    if (text.size() <= kLongestText) {
+        return text;
+    }
+    QString head = text.left(kLongestText / 2);
+    if (head.back().isHighSurrogate()) {
+        head.chop(1);
+    }
+    QString tail = text.right(kLongestText / 2 - 1);
+    if (tail.front().isLowSurrogate()) {
+        tail.remove(0, 1);
+    }
+    return head + u'…' + tail;
+}
+
 QString localTime(TimePoint instant, const QString& format) {
     const auto sinceEpoch =
         std::chrono::floor<std::chrono::milliseconds>(instant.time_since_epoch());
@@ -72,11 +91,11 @@ LabelDirection directionOf(const LabelSnapshot& snapshot) {
 LabelFace LabelFace::of(const LabelSnapshot& snapshot, TimePoint now) {
     LabelFace face;
     // Some hosts hide an item whose label is empty.
-    if (const QString text = OneLineText::of(snapshot.text); !text.trimmed().isEmpty()) {
+    if (const QString text = shortened(OneLineText::of(snapshot.text)); !text.trimmed().isEmpty()) {
         face.text = text;
     }
     if (snapshot.coin) {
-        face.symbol = OneLineText::of(snapshot.coin->baseAsset);
+        face.symbol = shortened(OneLineText::of(snapshot.coin->baseAsset));
     }
     if (snapshot.showsPrice()) {
         face.shortPrice = QString::fromStdString(ShortNumbers::price(snapshot.ticker->lastPrice));

@@ -21,9 +21,10 @@ enum class LabelDirection {
 /// Everything that the status item shows, ready to be drawn or sent. A plain value: two that are
 /// equal look the same. Every text is a `OneLineText`, but for the line feeds of `details`.
 struct LabelFace final {
-    /// The whole label, "BTC 67,234.50 ▲ 1.23%". Never empty.
+    /// The whole label, "BTC 67,234.50 ▲ 1.23%". Never empty; at most 64 characters, of a longer
+    /// one the ends.
     QString text = QStringLiteral("Quillbar");
-    /// The pinned coin's base asset; empty when none is pinned.
+    /// The pinned coin's base asset; empty when none is pinned. As short as the label.
     QString symbol;
     /// The price in at most five characters, "67.2k"; empty when the label shows none.
     QString shortPrice;

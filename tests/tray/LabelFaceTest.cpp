@@ -94,6 +94,36 @@ TEST_F(LabelFaceTest, isOneLineWhateverTheBaseAsset) {
               QStringLiteral("B T C"));
 }
 
+TEST_F(LabelFaceTest, staysShortWhateverTheBaseAsset) {
+    const std::string longAsset(10'000, 'A');
+    LabelSnapshot snapshot = bitcoin();
+    snapshot.text = longAsset + " 67,234.50 ▲ 1.23%";
+    snapshot.coin = Coin{longAsset + "USDT", longAsset};
+    const LabelFace face = after(1s, snapshot);
+    EXPECT_EQ(face.text.size(), 64);
+    EXPECT_TRUE(face.text.startsWith(QStringLiteral("AAAA")));
+    EXPECT_TRUE(face.text.endsWith(QStringLiteral("A 67,234.50 ▲ 1.23%")));
+    EXPECT_EQ(face.symbol, QString(32, u'A') + u'…' + QString(31, u'A'));
+}
+
+TEST_F(LabelFaceTest, shortensATextOfSixtyFiveButNotOneOfSixtyFour) {
+    const auto text = [](std::size_t length) {
+        return LabelFace::of(LabelSnapshot{.text = std::string(length, 'A')}, kUpdate).text;
+    };
+    EXPECT_EQ(text(64), QString(64, u'A'));
+    EXPECT_EQ(text(65), QString(32, u'A') + u'…' + QString(31, u'A'));
+}
+
+TEST_F(LabelFaceTest, cutsNoCharacterInTwo) {
+    std::string text = "A";
+    for (int i = 0; i < 40; ++i) {
+        text += "😀";
+    }
+    const QString whole = LabelFace::of(LabelSnapshot{.text = text}, kUpdate).text;
+    EXPECT_EQ(whole,
+              u'A' + QStringLiteral("😀").repeated(15) + u'…' + QStringLiteral("😀").repeated(15));
+}
+
 TEST_F(LabelFaceTest, staysTheSameForAMinute) {
     EXPECT_EQ(after(0s), after(59.9s));
     EXPECT_EQ(after(60s), after(119.9s));
