@@ -47,6 +47,7 @@ public:
     StatusImages icon();
     StatusTooltip tooltip();
 
+    // NOLINTNEXTLINE(readability-identifier-naming): the protocol spells it so
     Q_SCRIPTABLE Q_SLOT void RegisterStatusNotifierItem(const QString& service);
 
     /// In the order in which they came.

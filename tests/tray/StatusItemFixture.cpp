@@ -23,7 +23,7 @@ StatusItemFixture::~StatusItemFixture() {
     spinUntilIdle();
 }
 
-void StatusItemFixture::start(std::optional<QDBusConnection> connection) {
+void StatusItemFixture::start(const std::optional<QDBusConnection>& connection) {
     item.emplace(
         StatusItemEnvironment{
             .bus = connection.value_or(*bus),

@@ -32,7 +32,7 @@ struct StatusItemFixture : ::testing::Test {
     StatusItemFixture& operator=(StatusItemFixture&&) = delete;
 
     /// Makes the item, on this connection, and shows the face of bitcoin.
-    void start(std::optional<QDBusConnection> connection = std::nullopt);
+    void start(const std::optional<QDBusConnection>& connection = std::nullopt);
     /// Makes the item with a host there already, whose process has this name, and waits until it is
     /// registered.
     void startAt(const std::string& processName);
