@@ -3,6 +3,7 @@
 #include "Quillbar/tray/DesktopShade.h"
 
 #include <QDBusMessage>
+#include <QDBusMetaType>
 #include <QDBusPendingCallWatcher>
 #include <QDBusPendingReply>
 
@@ -29,6 +30,9 @@ QVariant unwrapped(QVariant value) {
 
 DesktopShade::DesktopShade(QDBusConnection bus, std::function<void(BarShade)> onChange)
     : m_onChange(std::move(onChange)) {
+    // Where the process has not used the type on a bus before, Qt 6.4 drops signals that carry a
+    // variant.
+    qDBusRegisterMetaType<QDBusVariant>();
     // From any sender: to name one would ask the bus for its owner, and wait for the answer.
     bus.connect(QString(),
                 kPath,
