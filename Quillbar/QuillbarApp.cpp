@@ -53,7 +53,12 @@ QuillbarApp::QuillbarApp(const std::optional<QDBusConnection>& bus,
                     .calendar = Calendar::autoupdatingCurrent(),
                     .appState = m_services.appState(),
                     .edits = m_edits,
-                    .iconStore = &m_services.iconStore()}
+                    .iconStore = &m_services.iconStore(),
+                    .marketModels =
+                        [this] {
+                            return MarketModels{.market = m_services.marketState(),
+                                                .marketCaps = m_services.marketCapState()};
+                        }}
     , m_item(
           StatusItemEnvironment::ofDesktop(bus.value_or(QDBusConnection(QString())),
                                            *m_executor,

@@ -3,13 +3,23 @@
 #pragma once
 
 #include "QuillbarCore/catalog/IconStore.h"
+#include "QuillbarCore/market/MarketCapState.h"
+#include "QuillbarCore/market/MarketState.h"
 #include "QuillbarCore/model/Calendar.h"
 #include "QuillbarCore/runtime/Executor.h"
 #include "QuillbarCore/runtime/TaskScope.h"
 #include "QuillbarCore/runtime/Time.h"
 #include "QuillbarCore/state/AppState.h"
 
+#include <functional>
+
 namespace quillbar {
+
+/// What the boards show. Both outlive the views.
+struct MarketModels final {
+    MarketState& market;
+    MarketCapState& marketCaps;
+};
 
 /// What every view of the panel is built on. All of it, and the environment itself, outlives the
 /// views.
@@ -25,6 +35,9 @@ struct ViewEnvironment final {
     TaskScope& edits;
     /// Without one, coins keep their placeholder.
     IconStore* iconStore = nullptr;
+    /// The models behind the boards, which are built when the first board asks for them. Never
+    /// empty where there are boards.
+    std::function<MarketModels()> marketModels = nullptr;
 };
 
 }  // namespace quillbar
