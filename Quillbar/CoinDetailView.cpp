@@ -10,14 +10,13 @@
 #include "Quillbar/text/SystemFont.h"
 #include "Quillbar/text/TabularText.h"
 #include "Quillbar/Theme.h"
+#include "Quillbar/ThemedLabel.h"
 #include "QuillbarCore/exchange/URLError.h"
 #include "QuillbarCore/model/PriceFormatter.h"
 #include "QuillbarCore/runtime/Cancelled.h"
 
 #include <QFontMetricsF>
-#include <QLabel>
 #include <QPainter>
-#include <QPalette>
 
 #include <cmath>
 #include <exception>
@@ -86,25 +85,16 @@ CoinDetailView::CoinDetailView(const ViewEnvironment& environment, Coin coin, QW
     , m_coin(std::move(coin))
     , m_ranges(new RangeSelector(this))
     , m_spinner(new Spinner(kSpinnerDiameter, this))
-    , m_message(new QLabel(this))
+    , m_message(new ThemedLabel(systemFont(kTextSize), &ThemeColors::Resolved::secondaryText, this))
     , m_retry(new TextButton(QStringLiteral("重试"), this))
     , m_chart(new PriceChart(environment.calendar, this))
     , m_scope(environment.executor) {
     setFixedHeight(kHeight);
     setAccessibleName(OneLineText::of(m_coin.baseAsset) + QStringLiteral(" 走势"));
     m_spinner->setAccessibleName(QStringLiteral("正在加载走势"));
-    m_message->setFont(systemFont(kTextSize));
     m_ranges->onChoose = [this](ChartRange range) { choose(range); };
     connect(m_retry, &QAbstractButton::clicked, this, [this] { startLoad(); });
-    applyTheme();
     refresh();
-}
-
-bool CoinDetailView::event(QEvent* event) {
-    if (event->type() == ThemeKey::changeEvent()) {
-        applyTheme();
-    }
-    return QWidget::event(event);
 }
 
 void CoinDetailView::paintEvent(QPaintEvent* /*event*/) {
@@ -138,7 +128,6 @@ void CoinDetailView::resizeEvent(QResizeEvent* event) {
 
 void CoinDetailView::showEvent(QShowEvent* event) {
     QWidget::showEvent(event);
-    applyTheme();
     startLoad();
 }
 
@@ -188,12 +177,6 @@ void CoinDetailView::finishLoad(std::uint64_t generation, Outcome outcome) {
 void CoinDetailView::choose(ChartRange range) {
     m_range = range;
     startLoad();
-}
-
-void CoinDetailView::applyTheme() {
-    QPalette palette = m_message->palette();
-    palette.setColor(QPalette::WindowText, ThemeKey::value(*this).colors.secondaryText);
-    m_message->setPalette(palette);
 }
 
 void CoinDetailView::refresh() {

@@ -16,7 +16,6 @@
 #include <optional>
 #include <vector>
 
-class QLabel;
 class QPainter;
 
 namespace quillbar {
@@ -25,6 +24,7 @@ class PlainButton;
 class PriceChart;
 class RangeSelector;
 class Spinner;
+class ThemedLabel;
 
 /// What unfolds under a coin's row: the choice of a range, a line that sums it up, and the chart.
 ///
@@ -49,7 +49,6 @@ public:
     [[nodiscard]] bool loadFailed() const noexcept { return m_loadFailed; }
 
 protected:
-    bool event(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void showEvent(QShowEvent* event) override;
@@ -63,7 +62,6 @@ private:
     void finishLoad(std::uint64_t generation, Outcome outcome);
 
     void choose(ChartRange range);
-    void applyTheme();
     void refresh();
     void placeChildren();
     void placeFailure(const QRect& place, bool isCentred);
@@ -87,7 +85,7 @@ private:
     // Children, owned by Qt.
     RangeSelector* m_ranges;
     Spinner* m_spinner;
-    QLabel* m_message;
+    ThemedLabel* m_message;
     PlainButton* m_retry;
     PriceChart* m_chart;
     TaskScope::Handle m_loading;

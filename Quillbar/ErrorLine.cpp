@@ -3,9 +3,6 @@
 #include "Quillbar/ErrorLine.h"
 
 #include "Quillbar/text/SystemFont.h"
-#include "Quillbar/Theme.h"
-
-#include <QEvent>
 
 namespace quillbar {
 
@@ -18,25 +15,15 @@ constexpr int kVerticalPadding = 4;
 }  // namespace
 
 ErrorLine::ErrorLine(const AppState& state, QWidget* parent)
-    : QLabel(parent)
+    : ThemedLabel(systemFont(kFontSize), &ThemeColors::Resolved::down, parent)
     , m_state(state) {
     const auto changed = [this](const auto& /*value*/) { refresh(); };
     m_observations.push_back(state.lastError().observe(changed));
     m_observations.push_back(state.watchlist().observe(changed));
-    setFont(systemFont(kFontSize));
-    setTextFormat(Qt::PlainText);
     setWordWrap(true);
     setContentsMargins(kHorizontalPadding, kVerticalPadding, kHorizontalPadding, kVerticalPadding);
     setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
-    applyTheme();
     refresh();
-}
-
-bool ErrorLine::event(QEvent* event) {
-    if (event->type() == ThemeKey::changeEvent()) {
-        applyTheme();
-    }
-    return QLabel::event(event);
 }
 
 void ErrorLine::refresh() {
@@ -49,12 +36,6 @@ void ErrorLine::refresh() {
     setText(line);
     setAccessibleName(line);
     setVisible(!line.isEmpty());
-}
-
-void ErrorLine::applyTheme() {
-    QPalette colors = palette();
-    colors.setColor(QPalette::WindowText, ThemeKey::value(*this).colors.down);
-    setPalette(colors);
 }
 
 }  // namespace quillbar

@@ -7,9 +7,9 @@
 #include "Quillbar/ConnectionBanner.h"
 #include "Quillbar/ErrorLine.h"
 #include "Quillbar/text/SystemFont.h"
+#include "Quillbar/ThemedLabel.h"
 #include "Quillbar/UnderlineTabs.h"
 
-#include <QLabel>
 #include <QVBoxLayout>
 
 #include <algorithm>
@@ -24,31 +24,6 @@ constexpr int kHeaderVerticalPadding = 8;
 constexpr double kTitleFontSize = 13;
 constexpr int kTabsPadding = 8;
 constexpr double kUnderlineHeight = 1.5;
-
-/// The product's name, in the theme's colour.
-class Title final : public QLabel {
-public:
-    explicit Title(QWidget* parent)
-        : QLabel(QStringLiteral("Quillbar"), parent) {
-        setFont(systemFont(kTitleFontSize, QFont::DemiBold));
-        applyTheme();
-    }
-
-protected:
-    bool event(QEvent* event) override {
-        if (event->type() == ThemeKey::changeEvent()) {
-            applyTheme();
-        }
-        return QLabel::event(event);
-    }
-
-private:
-    void applyTheme() {
-        QPalette colors = palette();
-        colors.setColor(QPalette::WindowText, ThemeKey::value(*this).colors.primaryText);
-        setPalette(colors);
-    }
-};
 
 }  // namespace
 
@@ -100,7 +75,10 @@ void PanelView::buildHeader(QVBoxLayout& stack) {
                                kHeaderVerticalPadding,
                                kHeaderHorizontalPadding,
                                kHeaderVerticalPadding);
-    header->addWidget(new Title(this));
+    auto* const title = new ThemedLabel(
+        systemFont(kTitleFontSize, QFont::DemiBold), &ThemeColors::Resolved::primaryText, this);
+    title->setText(QStringLiteral("Quillbar"));
+    header->addWidget(title);
     header->addStretch();
     stack.addLayout(header);
 }
