@@ -24,9 +24,8 @@ constexpr uint kAlreadyOwner = 4;
 
 }  // namespace
 
-ApplicationService::ApplicationService(const QDBusConnection& bus,
-                                       ApplicationAdaptor::OnAction onAction)
-    : m_bus(bus)
+ApplicationService::ApplicationService(QDBusConnection bus, ApplicationAdaptor::OnAction onAction)
+    : m_bus(std::move(bus))
     , m_label(new LabelAdaptor(&m_object)) {
     new ApplicationAdaptor(&m_object, std::move(onAction));
     m_bus.registerObject(

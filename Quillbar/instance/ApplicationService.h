@@ -35,7 +35,7 @@ public:
 
     /// Exports the object, so that a call that comes right behind the claim is answered. `onAction`
     /// is called for each action that another program asks for.
-    ApplicationService(const QDBusConnection& bus, ApplicationAdaptor::OnAction onAction);
+    ApplicationService(QDBusConnection bus, ApplicationAdaptor::OnAction onAction);
     ApplicationService(const ApplicationService&) = delete;
     ApplicationService& operator=(const ApplicationService&) = delete;
     ApplicationService(ApplicationService&&) = delete;

@@ -14,11 +14,11 @@
 
 namespace quillbar {
 
-LabelWatch::LabelWatch(const QDBusConnection& bus, std::function<void()> onChange)
-    : LabelWatch(bus, std::move(onChange), Timing()) {}
+LabelWatch::LabelWatch(QDBusConnection bus, std::function<void()> onChange)
+    : LabelWatch(std::move(bus), std::move(onChange), Timing()) {}
 
-LabelWatch::LabelWatch(const QDBusConnection& bus, std::function<void()> onChange, Timing timing)
-    : m_bus(bus)
+LabelWatch::LabelWatch(QDBusConnection bus, std::function<void()> onChange, Timing timing)
+    : m_bus(std::move(bus))
     , m_onChange(std::move(onChange))
     , m_timing(timing) {
     m_silence.setSingleShot(true);

@@ -32,8 +32,8 @@ public:
 
     /// `onChange` is called from the event loop after each change of what follows; it does not
     /// destroy this object.
-    LabelWatch(const QDBusConnection& bus, std::function<void()> onChange, Timing timing);
-    LabelWatch(const QDBusConnection& bus, std::function<void()> onChange);
+    LabelWatch(QDBusConnection bus, std::function<void()> onChange, Timing timing);
+    LabelWatch(QDBusConnection bus, std::function<void()> onChange);
 
     /// Whether it is known if there is a label to read. So within twice the patience, and from then
     /// on.

@@ -86,7 +86,7 @@ std::optional<std::string> socketName(std::string_view address) {
     if (!address.starts_with("unix:")) {
         return std::nullopt;
     }
-    if (const auto path = valueOf("path", address)) {
+    if (auto path = valueOf("path", address)) {
         return path;
     }
     if (const auto name = valueOf("abstract", address)) {

@@ -20,11 +20,13 @@ Fit fit(const QString& text,
     }
     // Hinting makes letters wider than their share, so the first guess may be too wide.
     constexpr double kStep = 0.02;
-    for (double scale = width / needed; scale > smallestScale; scale -= kStep) {
+    double scale = width / needed;
+    while (scale > smallestScale) {
         const QFont smaller = systemFont(points * scale, weight);
         if (QFontMetricsF(smaller).horizontalAdvance(text) <= width) {
             return {.font = smaller, .text = text};
         }
+        scale -= kStep;
     }
     const QFont smallest = systemFont(points * smallestScale, weight);
     const QFontMetricsF metrics(smallest);

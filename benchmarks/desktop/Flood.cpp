@@ -98,7 +98,7 @@ private:
 
 }  // namespace
 
-int runFlood(int argc, char* argv[]) {
+int runFlood(int argc, char** argv) {
     const QCoreApplication application(argc, argv);
     const std::string_view rate = argc > 2 ? argv[2] : "";
     double perSecond = 0;

@@ -80,7 +80,7 @@ private:
 
 }  // namespace
 
-int runPanel(int argc, char* argv[]) {
+int runPanel(int argc, char** argv) {
     QApplication::setHighDpiScaleFactorRoundingPolicy(
         Qt::HighDpiScaleFactorRoundingPolicy::PassThrough);
     QApplication application(argc, argv);

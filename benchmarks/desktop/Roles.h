@@ -8,16 +8,16 @@ namespace quillbar::benchmarks {
 
 /// The bar of a desktop on the session bus: says "ready", then "registered" for each item and
 /// "label" with the text of each label. The line "click" clicks the item, after "clicked".
-int runTrayHost(int argc, char* argv[]);
+int runTrayHost(int argc, char** argv);
 
 /// The application as `quillbar` is made of it, which says "frame ... ROWS" when a frame of the
 /// panel has been painted and the X server has it, with the number of rows painted by then, and
 /// "hidden" when the panel has gone.
-int runPanel(int argc, char* argv[]);
+int runPanel(int argc, char** argv);
 
 /// An exchange whose only argument is how many prices it sends a second, evenly, over all its coins
 /// in turn: says its addresses and "ready" as the simulator does, "sent ... N" each second, and
 /// "last" when the line "last" has made it send one price of BTCUSDT that no other frame has.
-int runFlood(int argc, char* argv[]);
+int runFlood(int argc, char** argv);
 
 }  // namespace quillbar::benchmarks

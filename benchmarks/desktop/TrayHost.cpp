@@ -50,7 +50,7 @@ void TrayHost::newLabel(const QString& label, const QString& /*guide*/) {
     sayMoment("label", label.toStdString());
 }
 
-int runTrayHost(int argc, char* argv[]) {
+int runTrayHost(int argc, char** argv) {
     const QCoreApplication application(argc, argv);
     TrayHost host;
     if (!host.isWatcher()) {

@@ -23,6 +23,7 @@ public:
     /// Clicks the item that registered last.
     void click();
 
+    // NOLINTNEXTLINE(readability-identifier-naming): the protocol spells it so
     Q_SCRIPTABLE Q_SLOT void RegisterStatusNotifierItem(const QString& service);
 
 private:

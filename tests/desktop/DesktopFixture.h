@@ -42,7 +42,7 @@ protected:
     /// Starts the program once more and waits for its end.
     [[nodiscard]] int startAgain(const QStringList& arguments = {});
     void keepSettings(const QJsonObject& settings);
-    [[nodiscard]] QJsonObject kept(const QString& file) const;
+    [[nodiscard]] QJsonObject kept(const QString& name) const;
     [[nodiscard]] std::vector<std::string> keptSymbols() const;
 
     /// What the application tells other programs of its label.

@@ -26,9 +26,9 @@ using Held = std::unique_ptr<Reply, Free>;
 
 Held<xcb_get_property_reply_t> propertyOf(xcb_connection_t* server,
                                           xcb_window_t window,
-                                          xcb_atom_t name) {
-    const auto cookie =
-        xcb_get_property(server, 0, window, name, XCB_GET_PROPERTY_TYPE_ANY, 0, kLongestProperty);
+                                          xcb_atom_t property) {
+    const auto cookie = xcb_get_property(
+        server, 0, window, property, XCB_GET_PROPERTY_TYPE_ANY, 0, kLongestProperty);
     return Held<xcb_get_property_reply_t>(xcb_get_property_reply(server, cookie, nullptr));
 }
 
@@ -100,7 +100,7 @@ QImage Screen::picture(const QRect& area) const {
     return QImage(xcb_get_image_data(reply.get()),
                   area.width(),
                   area.height(),
-                  area.width() * 4,
+                  qsizetype{area.width()} * 4,
                   QImage::Format_RGB32)
         .copy();
 }

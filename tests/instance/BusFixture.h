@@ -20,7 +20,7 @@ namespace quillbar {
 /// A session bus of the test's own, and as many programs on it as are asked for.
 class BusFixture : public testing::Test {
 protected:
-    ~BusFixture() override {
+    void TearDown() override {
         for (const QString& name : m_names) {
             QDBusConnection::disconnectFromBus(name);
         }

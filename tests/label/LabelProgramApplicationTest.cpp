@@ -24,9 +24,10 @@ protected:
     LabelProgramApplicationTest() {
         m_environment.insert(QStringLiteral("DBUS_SESSION_BUS_ADDRESS"), m_bus.address());
     }
-    ~LabelProgramApplicationTest() override {
+    void TearDown() override {
         m_application.reset();
         QDBusConnection::disconnectFromBus(kName);
+        LabelProgramFixture::TearDown();
     }
 
     void startTheApplication() { m_application = std::make_unique<FakeApplication>(m_connection); }

@@ -41,7 +41,7 @@ std::vector<MenuEntry> entries() {
 
 /// A menu as a host sees it over the bus.
 class DBusMenuTest : public ::testing::Test {
-protected:
+public:
     DBusMenuTest()
         : m_name(QUuid::createUuid().toString())
         , m_bus(QDBusConnection::connectToBus(m_daemon.address(), m_name))
@@ -58,7 +58,7 @@ protected:
         host.RegisterStatusNotifierItem(m_bus.baseService());
         menu.setEntries(entries());
     }
-    ~DBusMenuTest() override { QDBusConnection::disconnectFromBus(m_name); }
+    void TearDown() override { QDBusConnection::disconnectFromBus(m_name); }
 
     MenuLayout layout(int parent, int depth, const QStringList& names = {}) {
         const QDBusMessage reply =
@@ -83,7 +83,7 @@ private:
     QString m_name;
     QDBusConnection m_bus;
 
-protected:
+public:
     int shown = 0;
     std::vector<int> clicked;
     uint revision = 0;

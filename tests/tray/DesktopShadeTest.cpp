@@ -26,15 +26,14 @@ constexpr uint kLight = 2;
 const QString kGroup = QStringLiteral("org.freedesktop.appearance");
 const QString kKey = QStringLiteral("color-scheme");
 
-class DesktopShadeTest : public StatusItemFixture {
-protected:
+struct DesktopShadeTest : StatusItemFixture {
     /// Follows a portal that starts with this scheme, until it has answered.
     void follow(uint scheme) {
         portal.emplace(daemon.address(), scheme);
         shade.emplace(*bus, [this](BarShade told) { shades.push_back(told); });
         EXPECT_TRUE(spinUntil([this] { return !shades.empty(); }));
     }
-    ~DesktopShadeTest() override {
+    void TearDown() override {
         shade.reset();
         portal.reset();
     }

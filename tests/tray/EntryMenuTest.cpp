@@ -15,8 +15,7 @@ namespace {
 
 using ::testing::ElementsAre;
 
-class EntryMenuTest : public ::testing::Test {
-protected:
+struct EntryMenuTest : ::testing::Test {
     void fill(const std::vector<MenuEntry>& entries) {
         fillMenu(menu, entries, [this](int id) { clicked.push_back(id); });
     }

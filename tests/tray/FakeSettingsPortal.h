@@ -37,6 +37,7 @@ public:
         Q_EMIT SettingChanged(group, key, QDBusVariant(value));
     }
 
+    // NOLINTBEGIN(readability-identifier-naming): the protocol spells them so
     Q_SCRIPTABLE Q_SLOT QDBusVariant Read(const QString& group, const QString& key) {
         asked = group + u'/' + key;
         // A variant in a variant, as the real one answers.
@@ -46,6 +47,7 @@ public:
     Q_SCRIPTABLE Q_SIGNAL void SettingChanged(const QString& group,
                                               const QString& key,
                                               const QDBusVariant& value);
+    // NOLINTEND(readability-identifier-naming)
 
     QString asked;
 

@@ -110,11 +110,11 @@ TEST(RowLayoutTest, agreesWithCountingLines) {
 }
 
 TEST(RowLayoutTest, aRangeHoldsItsFirstAndNotItsEnd) {
-    constexpr RowLayout::Range range{.first = 2, .end = 4};
-    EXPECT_TRUE(range.contains(2));
-    EXPECT_TRUE(range.contains(3));
-    EXPECT_FALSE(range.contains(1));
-    EXPECT_FALSE(range.contains(4));
+    constexpr RowLayout::Range kRange{.first = 2, .end = 4};
+    EXPECT_TRUE(kRange.contains(2));
+    EXPECT_TRUE(kRange.contains(3));
+    EXPECT_FALSE(kRange.contains(1));
+    EXPECT_FALSE(kRange.contains(4));
 }
 
 }  // namespace
