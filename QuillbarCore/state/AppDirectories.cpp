@@ -40,23 +40,40 @@ std::optional<std::string> databaseHome() {
     return found->pw_dir;
 }
 
+std::filesystem::path homeFolder(const UserFolders& folders) {
+    for (const auto& candidate : {folders.home, folders.databaseHome}) {
+        if (const auto home = absolutePath(candidate)) {
+            return *home;
+        }
+    }
+    programmingError("no home folder: HOME is unset, and the user is unknown");
+}
+
+UserFolders foldersOfProcess() {
+    return {.dataHome = environmentVariable("XDG_DATA_HOME"),
+            .home = environmentVariable("HOME"),
+            .databaseHome = databaseHome(),
+            .configHome = environmentVariable("XDG_CONFIG_HOME")};
+}
+
 }  // namespace
 
 std::filesystem::path applicationSupport(const UserFolders& folders) {
-    if (const auto dataHome = absolutePath(folders.dataHome)) {
-        return *dataHome / kFolderName;
-    }
-    for (const auto& candidate : {folders.home, folders.databaseHome}) {
-        if (const auto home = absolutePath(candidate)) {
-            return *home / ".local" / "share" / kFolderName;
-        }
-    }
-    programmingError("no home folder: XDG_DATA_HOME and HOME are unset, and the user is unknown");
+    const auto dataHome = absolutePath(folders.dataHome);
+    return (dataHome ? *dataHome : homeFolder(folders) / ".local" / "share") / kFolderName;
 }
 
 std::filesystem::path applicationSupport() {
-    return applicationSupport(
-        {environmentVariable("XDG_DATA_HOME"), environmentVariable("HOME"), databaseHome()});
+    return applicationSupport(foldersOfProcess());
+}
+
+std::filesystem::path configurationHome(const UserFolders& folders) {
+    const auto configHome = absolutePath(folders.configHome);
+    return configHome ? *configHome : homeFolder(folders) / ".config";
+}
+
+std::filesystem::path configurationHome() {
+    return configurationHome(foldersOfProcess());
 }
 
 }  // namespace quillbar::AppDirectories

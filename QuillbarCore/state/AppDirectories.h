@@ -6,17 +6,19 @@
 #include <optional>
 #include <string>
 
-/// Where the application keeps its files.
+/// Where the application keeps its files, and where desktops look for theirs.
 namespace quillbar::AppDirectories {
 
 /// What the system says of the user's folders; an absent text is one that it does not say.
 struct UserFolders final {
     /// XDG_DATA_HOME.
-    std::optional<std::string> dataHome;
+    std::optional<std::string> dataHome = std::nullopt;
     /// HOME.
-    std::optional<std::string> home;
+    std::optional<std::string> home = std::nullopt;
     /// The home folder of the user's entry in the system's user database.
-    std::optional<std::string> databaseHome;
+    std::optional<std::string> databaseHome = std::nullopt;
+    /// XDG_CONFIG_HOME.
+    std::optional<std::string> configHome = std::nullopt;
 };
 
 /// The application's own folder, "Quillbar": in XDG_DATA_HOME, or else in .local/share of HOME, or
@@ -29,5 +31,12 @@ struct UserFolders final {
 
 /// The same, from the process's environment and the system's user database. For the main thread.
 [[nodiscard]] std::filesystem::path applicationSupport();
+
+/// The user's folder of configuration files: XDG_CONFIG_HOME, or else .config of the home folder,
+/// which is found as for `applicationSupport` and needed as much. The folder is not created.
+[[nodiscard]] std::filesystem::path configurationHome(const UserFolders& folders);
+
+/// The same, from the process's environment and the system's user database. For the main thread.
+[[nodiscard]] std::filesystem::path configurationHome();
 
 }  // namespace quillbar::AppDirectories

@@ -13,6 +13,7 @@ namespace quillbar {
 namespace {
 
 using AppDirectories::applicationSupport;
+using AppDirectories::configurationHome;
 using std::nullopt;
 
 TEST(AppDirectories, prefersTheDataHome) {
@@ -55,6 +56,20 @@ TEST(AppDirectories, readsTheUserDatabaseAtLast) {
     EXPECT_TRUE(folder.is_absolute());
     EXPECT_EQ(folder.lexically_relative(folder.parent_path().parent_path().parent_path()),
               ".local/share/Quillbar");
+}
+
+TEST(AppDirectories, prefersTheConfigurationHome) {
+    EXPECT_EQ(configurationHome({.home = "/home/me", .configHome = "/config"}), "/config");
+    EXPECT_EQ(configurationHome({.home = "/home/me", .configHome = "config"}), "/home/me/.config");
+    EXPECT_EQ(configurationHome({.databaseHome = "/users/me"}), "/users/me/.config");
+}
+
+TEST(AppDirectories, readsTheConfigurationHomeFromTheEnvironment) {
+    const TemporaryEnvironment home("HOME", "/home/me");
+    const TemporaryEnvironment without("XDG_CONFIG_HOME", nullopt);
+    EXPECT_EQ(configurationHome(), "/home/me/.config");
+    const TemporaryEnvironment with("XDG_CONFIG_HOME", "/config");
+    EXPECT_EQ(configurationHome(), "/config");
 }
 
 TEST(AppDirectoriesDeathTest, endsTheProcessWhenThereIsNowhereToKeepFiles) {
