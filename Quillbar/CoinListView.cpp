@@ -3,14 +3,13 @@
 #include "Quillbar/CoinListView.h"
 
 #include "Quillbar/CenteredText.h"
+#include "Quillbar/CoinListRow.h"
 #include "Quillbar/CoinRowMenu.h"
 #include "Quillbar/CoinRowView.h"
 #include "Quillbar/ColumnHeader.h"
-#include "Quillbar/GlyphButton.h"
-#include "Quillbar/ListRow.h"
 #include "Quillbar/RowList.h"
 #include "Quillbar/SortableHeader.h"
-#include "Quillbar/text/OneLineText.h"
+#include "Quillbar/WatchlistMove.h"
 #include "QuillbarCore/market/FrozenOrder.h"
 #include "QuillbarCore/model/Watchlist.h"
 
@@ -18,7 +17,6 @@
 #include <QMenu>
 #include <QPoint>
 #include <QShowEvent>
-#include <QSize>
 #include <QString>
 #include <QVBoxLayout>
 
@@ -31,8 +29,6 @@ namespace quillbar {
 
 namespace {
 
-constexpr int kDisclosureWidth = 16;
-constexpr double kDisclosureSize = 9;
 constexpr int kEmptyPadding = 16;
 
 struct Column {
@@ -65,51 +61,6 @@ void dropRepeated(std::vector<Coin>& coins) {
 
 }  // namespace
 
-/// A row of the watchlist: the arrow that opens its chart, and the coin.
-class CoinListView::Row final : public ListRow {
-public:
-    Row(CoinListView& list, QWidget* parent)
-        : ListRow(parent)
-        , m_list(list)
-        , m_disclosure(new GlyphButton(Glyph::chevronRight,
-                                       kDisclosureSize,
-                                       QSize(kDisclosureWidth, kHeight),
-                                       this))
-        , m_coin(new CoinRowView(list.m_environment, this)) {
-        // The row itself has the focus, and Enter on it does the same.
-        m_disclosure->setFocusPolicy(Qt::NoFocus);
-        QObject::connect(m_disclosure, &QAbstractButton::clicked, this, [this] {
-            m_list.toggle(std::string(m_coin->coin().symbol));
-        });
-        addContent(m_disclosure);
-        addContent(m_coin, 1);
-    }
-
-    void present(const std::string& id, std::size_t index) override {
-        setAlternate(index % 2 == 1);
-        m_coin->setCoin(m_list.m_displayed[index]);
-        const bool isExpanded = *m_list.m_expandedSymbol == id;
-        m_disclosure->setGlyph(isExpanded ? Glyph::chevronDown : Glyph::chevronRight);
-        const QString name = OneLineText::of(m_coin->coin().baseAsset);
-        speak(*m_disclosure,
-              (isExpanded ? QStringLiteral("收起 %1 走势") : QStringLiteral("展开 %1 走势"))
-                  .arg(name));
-        speak(*this, m_coin->spokenText());
-    }
-
-private:
-    // Screen readers are told of every name that is set.
-    static void speak(QWidget& widget, const QString& name) {
-        if (widget.accessibleName() != name) {
-            widget.setAccessibleName(name);
-        }
-    }
-
-    CoinListView& m_list;
-    GlyphButton* m_disclosure;
-    CoinRowView* m_coin;
-};
-
 CoinListView::CoinListView(const ViewEnvironment& environment,
                            Observed<std::optional<std::string>>& expandedSymbol,
                            DetailFactory makeDetail,
@@ -119,6 +70,9 @@ CoinListView::CoinListView(const ViewEnvironment& environment,
     , m_expandedSymbol(expandedSymbol)
     , m_empty(new CenteredText(QStringLiteral("自选列表是空的,点 + 添加币种"), kEmptyPadding, this))
     , m_header(new ColumnHeader(this))
+    , m_source{.coins = m_displayed,
+               .expandedSymbol = expandedSymbol,
+               .toggle = [this](const std::string& symbol) { toggle(symbol); }}
     , m_basis(environment.appState.settings()->changeBasis)
     , m_reorder(this)
     , m_staleness(this) {
@@ -152,7 +106,7 @@ CoinListView::~CoinListView() {
 // Its parts
 
 void CoinListView::makeHeader() {
-    m_header->addGap(kDisclosureWidth);
+    m_header->addGap(CoinListRow::kDisclosureWidth);
     m_header->addFlexibleTitle(QStringLiteral("币种"));
     for (std::size_t each = 0; each < kColumns.size(); ++each) {
         const Column& column = kColumns[each];
@@ -170,7 +124,10 @@ void CoinListView::makeHeader() {
 void CoinListView::makeRows(DetailFactory makeDetail) {
     m_rows = new RowList(
         RowListContent{
-            .makeRow = [this](QWidget* parent) { return new Row(*this, parent); },
+            .makeRow =
+                [this](QWidget* parent) {
+                    return new CoinListRow(m_environment, m_source, parent);
+                },
             .makeDetail =
                 [this, makeDetail = std::move(makeDetail)](const std::string& id, QWidget* parent) {
                     const auto coin = std::find_if(
@@ -183,10 +140,33 @@ void CoinListView::makeRows(DetailFactory makeDetail) {
             .openMenu = [this](const std::string& id,
                                const QPoint& position) { openMenu(id, position); },
             .settled = [this] { updateHeight(); },
+            .drag = {.canMove =
+                         [this](const std::string& /*id*/) {
+                             return !m_sort && m_displayed.size() > 1;
+                         },
+                     .moved = [this](const std::string& id,
+                                     std::size_t before) { move(id, before); }},
         },
         kExpandedDetailHeight,
         this);
     m_rows->setAccessibleName(QStringLiteral("自选列表"));
+}
+
+void CoinListView::move(const std::string& symbol, std::size_t before) {
+    const std::optional<std::string> next =
+        before < m_displayed.size() ? std::optional(m_displayed[before].symbol) : std::nullopt;
+    m_environment.edits.spawn(WatchlistMove::inFrontOf(m_environment.appState, symbol, next));
+    // Edits run by themselves, and the row is not to be seen in its old place until then.
+    const auto from = std::find_if(m_displayed.begin(), m_displayed.end(), [&](const Coin& coin) {
+        return coin.symbol == symbol;
+    });
+    const auto to = m_displayed.begin() + static_cast<std::ptrdiff_t>(before);
+    if (from < to) {
+        std::rotate(from, from + 1, to);
+    } else {
+        std::rotate(to, from, from + 1);
+    }
+    m_rows->setIds(symbolsOf(m_displayed));
 }
 
 void CoinListView::openMenu(const std::string& symbol, const QPoint& position) {

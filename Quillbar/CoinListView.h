@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "Quillbar/CoinListRow.h"
+#include "Quillbar/DetailFactory.h"
 #include "Quillbar/ViewEnvironment.h"
 #include "QuillbarCore/model/ChangeBasis.h"
 #include "QuillbarCore/model/Coin.h"
@@ -28,13 +30,16 @@ class SortableHeader;
 
 /// The watchlist: a header whose columns sort, a row for each coin, and a coin's chart under its row.
 ///
+/// In the order of the watchlist, which a row is dragged to another place of, or moved by Alt and an
+/// arrow, the user's edit is seen at once.
+///
 /// While it is shown it follows the models: a price that comes in changes the cells of its row, if
 /// that can be seen, and the order of a sorted list follows a moment later, once for all prices that
 /// came meanwhile. While it is hidden prices cost nothing. Hiding it ends the sort.
 class CoinListView final : public QWidget {
 public:
     /// The height of an open chart.
-    static constexpr int kExpandedDetailHeight = 210;
+    static constexpr int kExpandedDetailHeight = kDetailHeight;
     /// What is left free below the last row.
     static constexpr int kBottomSlack = 4;
     /// The list never grows taller.
@@ -43,9 +48,6 @@ public:
     static constexpr std::chrono::milliseconds kReorderSpacing{100};
     /// How often prices are looked at that grow old without an event.
     static constexpr std::chrono::seconds kStalenessInterval{5};
-
-    /// Makes what unfolds under a row, as a child of `parent`. It is as high as an open chart.
-    using DetailFactory = std::function<QWidget*(const Coin& coin, QWidget* parent)>;
 
     /// Whether a chart is open.
     enum class Chart { closed, open };
@@ -88,8 +90,6 @@ protected:
     void hideEvent(QHideEvent* event) override;
 
 private:
-    class Row;
-
     void makeHeader();
     void makeRows(DetailFactory makeDetail);
     void observeEdits();
@@ -104,6 +104,7 @@ private:
     void scheduleReorder();
     void updateOrder();
     void updateHeight();
+    void move(const std::string& symbol, std::size_t before);
     void openMenu(const std::string& symbol, const QPoint& position);
 
     const ViewEnvironment& m_environment;
@@ -117,6 +118,7 @@ private:
     ColumnHeader* m_header;
     RowList* m_rows = nullptr;
     std::array<SortableHeader*, kAllWatchlistSortColumns.size()> m_columns{};
+    CoinListRow::Source m_source;
 
     ChangeBasis m_basis;
     bool m_isStale = false;

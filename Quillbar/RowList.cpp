@@ -4,10 +4,7 @@
 
 #include "Quillbar/RowAccessibility.h"
 
-#include <QApplication>
-#include <QCursor>
 #include <QHideEvent>
-#include <QPoint>
 #include <QRect>
 #include <QResizeEvent>
 #include <QShowEvent>
@@ -49,7 +46,11 @@ RowList::RowList(RowListContent content, int detailHeight, QWidget* parent)
           [this] {
               m_anchor.reset();
               m_content.settled();
-          }) {
+          })
+    , m_drag(*this, m_content.drag, [this] {
+        layOutDetails();
+        synchronize();
+    }) {
     RowAccessibility::install();
     setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Maximum);
 }
@@ -92,6 +93,7 @@ void RowList::setIds(std::vector<std::string> ids) {
     for (const std::string& id : lost) {
         m_details.drop(id);
     }
+    m_drag.followIds();
     layOutDetails();
     setOffset(m_offset);
     synchronize();
@@ -107,7 +109,7 @@ void RowList::setExpanded(const std::optional<std::string>& id) {
     }
     m_anchor.reset();
     if (index && slotOf(*id) != nullptr) {
-        m_anchor = Anchor{.id = *id, .y = m_layout.top(*index) - m_offset};
+        m_anchor = Anchor{.id = *id, .y = topOf(*index) - m_offset};
     }
     m_details.open(
         index ? id : std::nullopt,
@@ -126,7 +128,7 @@ QWidget* RowList::detail(const std::string& id) const {
 void RowList::refresh(const std::string& id) {
     const Slot* const slot = slotOf(id);
     if (slot != nullptr && isVisible()) {
-        slot->widget->present(slot->id, slot->index);
+        present(*slot);
     }
 }
 
@@ -135,7 +137,7 @@ void RowList::refreshAll() {
         return;
     }
     for (const Slot& slot : m_slots) {
-        slot.widget->present(slot.id, slot.index);
+        present(slot);
     }
 }
 
@@ -167,6 +169,18 @@ const RowList::Slot* RowList::slotOf(const std::string& id) const {
 
 // Where it is scrolled to
 
+int RowList::topOf(std::size_t index) const {
+    return m_layout.top(m_drag.positionOf(index));
+}
+
+int RowList::bottomOf(std::size_t index) const {
+    return m_layout.bottom(m_drag.positionOf(index));
+}
+
+int RowList::topInView(const Slot& slot) const {
+    return slot.id == m_drag.lifted() ? m_drag.liftedTop() : topOf(slot.index) - m_offset;
+}
+
 int RowList::greatestOffset() const {
     return std::max(0, m_layout.height() - height());
 }
@@ -175,26 +189,11 @@ void RowList::setOffset(int offset) {
     m_offset = std::clamp(offset, 0, greatestOffset());
 }
 
-void RowList::scrollTo(int offset) {
-    // From here on the user, not the row that was opened, says what stays in view.
-    m_anchor.reset();
-    setOffset(offset);
-    synchronize();
-}
-
-void RowList::reveal(int top, int bottom) {
-    if (top < m_offset) {
-        scrollTo(top);
-    } else if (bottom > m_offset + height()) {
-        scrollTo(bottom - height());
-    }
-}
-
 void RowList::layOutDetails() {
     std::vector<RowLayout::Detail> details;
     for (const RowDetails::Entry& entry : m_details.entries()) {
         if (const auto index = indexOf(entry.id)) {
-            details.push_back({.row = *index, .height = entry.height});
+            details.push_back({.row = m_drag.positionOf(*index), .height = entry.height});
         }
     }
     m_layout.setDetails(std::move(details));
@@ -206,8 +205,8 @@ void RowList::holdAnchor() {
         setOffset(m_offset);
         return;
     }
-    const int top = m_layout.top(*index);
-    const int toSeeItsDetail = m_layout.bottom(*index) - height();
+    const int top = topOf(*index);
+    const int toSeeItsDetail = bottomOf(*index) - height();
     setOffset(std::min(top, std::max(top - m_anchor->y, toSeeItsDetail)));
 }
 
@@ -216,6 +215,9 @@ void RowList::holdAnchor() {
 void RowList::synchronize() {
     if (!isVisible()) {
         return;
+    }
+    if (m_drag.findPlace()) {
+        layOutDetails();
     }
     const bool hadFocus = slotOf(focused()) != nullptr;
     const std::vector<std::size_t> wanted = wantedRows();
@@ -236,16 +238,20 @@ std::vector<std::size_t> RowList::wantedRows() const {
     const std::size_t first = inView.first - std::min(inView.first, kMargin);
     const std::size_t end = std::min(inView.end + kMargin, m_ids.size());
     std::vector<std::size_t> wanted;
-    for (std::size_t index = first; index < end; ++index) {
-        wanted.push_back(index);
+    for (std::size_t position = first; position < end; ++position) {
+        wanted.push_back(m_drag.indexAt(position));
     }
-    // The row that has the focus keeps its widget wherever it is.
-    if (m_current && slotOf(focused()) != nullptr) {
-        const auto index = indexOf(*m_current);
-        if (index && (*index < first || *index >= end)) {
+    const auto keep = [&](const std::optional<std::string>& id) {
+        const auto index = id ? indexOf(*id) : std::optional<std::size_t>();
+        if (index && std::find(wanted.begin(), wanted.end(), *index) == wanted.end()) {
             wanted.push_back(*index);
         }
+    };
+    // The rows that have the focus and the pointer keep their widgets wherever they are.
+    if (slotOf(focused()) != nullptr) {
+        keep(m_current);
     }
+    keep(m_drag.lifted());
     return wanted;
 }
 
@@ -262,7 +268,7 @@ void RowList::retireAllBut(const std::vector<std::size_t>& wanted) {
         }
         if (found->second != slot.index) {
             slot.index = found->second;
-            slot.widget->present(slot.id, slot.index);
+            present(slot);
         }
         return false;
     });
@@ -285,43 +291,39 @@ void RowList::fill(const std::vector<std::size_t>& wanted) {
             m_spare.pop_back();
         }
         m_slots.push_back({.id = id, .index = index, .widget = widget});
-        widget->present(id, index);
+        present(m_slots.back());
     }
 }
 
 void RowList::place() {
     const int rowHeight = m_layout.rowHeight();
     for (const Slot& slot : m_slots) {
-        slot.widget->setGeometry(0, m_layout.top(slot.index) - m_offset, width(), rowHeight);
+        slot.widget->setGeometry(0, topInView(slot), width(), rowHeight);
         slot.widget->show();
+        tint(slot);
     }
     for (const RowDetails::Entry& entry : m_details.entries()) {
         const auto index = indexOf(entry.id);
         if (index && entry.height > 0) {
-            const int top = m_layout.top(*index) + rowHeight - m_offset;
+            const int top = topOf(*index) + rowHeight - m_offset;
             entry.frame->setGeometry(0, top, width(), entry.height);
             entry.frame->show();
         } else {
             entry.frame->hide();
         }
     }
+    m_drag.raise();
 }
 
-void RowList::followPointer() {
-    // Nobody tells a row that it has moved away from under a pointer that stands still.
-    if (!underMouse() || QApplication::activePopupWidget() != nullptr) {
-        return;
-    }
-    const QPoint pointer = mapFromGlobal(QCursor::pos());
-    const auto under = std::find_if(m_slots.begin(), m_slots.end(), [&](const Slot& slot) {
-        return rect().contains(pointer) && slot.widget->geometry().contains(pointer);
-    });
-    hoverOnly(under == m_slots.end() ? nullptr : under->widget);
+void RowList::present(const Slot& slot) const {
+    slot.widget->present(slot.id, slot.index);
+    tint(slot);
 }
 
-void RowList::hoverOnly(const QObject* row) {
-    for (const Slot& slot : m_slots) {
-        slot.widget->setHovering(slot.widget == row);
+void RowList::tint(const Slot& slot) const {
+    // The tints stay where they are when rows make room for one that is dragged.
+    if (m_content.drag.moved) {
+        slot.widget->setAlternate(m_drag.positionOf(slot.index) % 2 == 1);
     }
 }
 
@@ -342,6 +344,7 @@ void RowList::showEvent(QShowEvent* event) {
 
 void RowList::hideEvent(QHideEvent* event) {
     QWidget::hideEvent(event);
+    m_drag.cancel();
     if (m_details.isMoving()) {
         m_details.settle();
     }
@@ -363,21 +366,21 @@ std::string RowList::brokenRule() const {
         return {};
     }
     const auto inView = m_layout.rowsWithin(m_offset, m_offset + height());
-    for (std::size_t index = inView.first; index < inView.end; ++index) {
-        if (slotOf(m_ids[index]) == nullptr) {
-            return fmt::format("row {} can be seen and has no widget", index);
+    for (std::size_t position = inView.first; position < inView.end; ++position) {
+        if (slotOf(m_ids[m_drag.indexAt(position)]) == nullptr) {
+            return fmt::format("row {} can be seen and has no widget", position);
         }
     }
     for (const Slot& slot : m_slots) {
         if (slot.index >= m_ids.size() || m_ids[slot.index] != slot.id) {
             return fmt::format("row {} shows {}", slot.index, slot.id);
         }
-        const bool isNear =
-            slot.index + kMargin >= inView.first && slot.index < inView.end + kMargin;
-        if (!isNear && slot.id != m_current) {
+        const std::size_t position = m_drag.positionOf(slot.index);
+        const bool isNear = position + kMargin >= inView.first && position < inView.end + kMargin;
+        if (!isNear && slot.id != m_current && slot.id != m_drag.lifted()) {
             return fmt::format("row {} has a widget far from the view", slot.index);
         }
-        const QRect where(0, m_layout.top(slot.index) - m_offset, width(), m_layout.rowHeight());
+        const QRect where(0, topInView(slot), width(), m_layout.rowHeight());
         if (slot.widget->geometry() != where || slot.widget->isHidden()) {
             return fmt::format("row {} is not in its place", slot.index);
         }

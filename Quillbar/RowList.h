@@ -4,6 +4,7 @@
 
 #include "Quillbar/ListRow.h"
 #include "Quillbar/RowDetails.h"
+#include "Quillbar/RowDrag.h"
 #include "Quillbar/RowLayout.h"
 
 #include <QPoint>
@@ -18,7 +19,8 @@
 
 namespace quillbar {
 
-/// What a `RowList` asks of whoever shows it. None of it may be empty.
+/// What a `RowList` asks of whoever shows it. None of it may be empty, but for what is said of
+/// `drag`.
 struct RowListContent final {
     /// Makes a row that shows nothing yet.
     std::function<ListRow*(QWidget* parent)> makeRow;
@@ -30,14 +32,16 @@ struct RowListContent final {
     std::function<void(const std::string& id, const QPoint& position)> openMenu;
     /// A detail has come to the end of its way.
     std::function<void()> settled;
+    /// For a list whose rows the user puts in order. Every other row of such a list is tinted.
+    RowDrag::Purpose drag = {};
 };
 
 /// A list that scrolls and shows no bar. It holds widgets only for the rows that can be seen, and a
 /// few beside them, so a list of ten thousand costs what one of twenty does.
 ///
 /// One row is current and has the focus: the arrows, Page Up and Down, Home and End move it and
-/// scroll, Enter activates it, the Menu key or Shift+F10 asks for its menu. Tab goes on into the open
-/// detail, then out of the list. The focus stays with its row when the order changes, and passes to
+/// scroll, Enter activates it, the Menu key or Shift+F10 asks for its menu, Alt with an arrow moves
+/// the row itself where rows can be dragged. Tab goes on into the open detail, then out of the list. The focus stays with its row when the order changes, and passes to
 /// the neighbour when the row goes; the scroll position stays where it is.
 class RowList final : public QWidget {
 public:
@@ -86,7 +90,12 @@ public:
     /// The row that has the focus, or gets it next; absent before it first had any.
     [[nodiscard]] const std::optional<std::string>& current() const noexcept { return m_current; }
 
+    /// As the rows are shown: while one is dragged not by their indexes.
     [[nodiscard]] const RowLayout& rowLayout() const noexcept { return m_layout; }
+    /// The row that is being dragged; absent while none is.
+    [[nodiscard]] const std::optional<std::string>& lifted() const noexcept {
+        return m_drag.lifted();
+    }
     /// Whether the widgets are those of the rows that can be seen, each in its place. Nothing is
     /// promised of the widgets of a list that is not shown.
     [[nodiscard]] bool isConsistent() const { return brokenRule().empty(); }
@@ -121,6 +130,9 @@ private:
     [[nodiscard]] std::optional<std::size_t> indexOf(const std::string& id) const;
     [[nodiscard]] const Slot* slotOf(const QObject* widget) const;
     [[nodiscard]] const Slot* slotOf(const std::string& id) const;
+    [[nodiscard]] int topOf(std::size_t index) const;
+    [[nodiscard]] int bottomOf(std::size_t index) const;
+    [[nodiscard]] int topInView(const Slot& slot) const;
     [[nodiscard]] int greatestOffset() const;
 
     void layOutDetails();
@@ -133,6 +145,8 @@ private:
     void retireAllBut(const std::vector<std::size_t>& wanted);
     void fill(const std::vector<std::size_t>& wanted);
     void place();
+    void present(const Slot& slot) const;
+    void tint(const Slot& slot) const;
     void followPointer();
     void hoverOnly(const QObject* row);
     void notePointer(const QObject* row, const QEvent& event);
@@ -147,10 +161,12 @@ private:
     void focusInDetail(QWidget* stop, Qt::FocusReason reason);
     bool focusOutside(bool next);
     bool moveCurrent(int key);
+    bool moveRow(int key);
     void openMenuOfCurrent();
 
     RowListContent m_content;
     RowDetails m_details;
+    RowDrag m_drag;
     RowLayout m_layout{TableRow::kHeight};
     int m_preferredHeight = TableRow::kHeight;
     std::vector<std::string> m_ids;

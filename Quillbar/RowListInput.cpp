@@ -4,11 +4,13 @@
 
 #include <QApplication>
 #include <QContextMenuEvent>
+#include <QCursor>
 #include <QEvent>
 #include <QFocusEvent>
 #include <QGuiApplication>
 #include <QKeyEvent>
 #include <QMouseEvent>
+#include <QPoint>
 #include <QWheelEvent>
 
 #include <algorithm>
@@ -44,7 +46,22 @@ bool isMenuKey(const QKeyEvent& event) {
 
 }  // namespace
 
-// The wheel
+// Scrolling
+
+void RowList::scrollTo(int offset) {
+    // From here on the user, not the row that was opened, says what stays in view.
+    m_anchor.reset();
+    setOffset(offset);
+    synchronize();
+}
+
+void RowList::reveal(int top, int bottom) {
+    if (top < m_offset) {
+        scrollTo(top);
+    } else if (bottom > m_offset + height()) {
+        scrollTo(bottom - height());
+    }
+}
 
 void RowList::wheelEvent(QWheelEvent* event) {
     m_turned += turnedBy(*event);
@@ -55,6 +72,28 @@ void RowList::wheelEvent(QWheelEvent* event) {
 }
 
 // The pointer
+
+void RowList::followPointer() {
+    if (const auto& lifted = m_drag.lifted()) {
+        hoverOnly(row(*lifted));
+        return;
+    }
+    // Nobody tells a row that it has moved away from under a pointer that stands still.
+    if (!underMouse() || QApplication::activePopupWidget() != nullptr) {
+        return;
+    }
+    const QPoint pointer = mapFromGlobal(QCursor::pos());
+    const auto under = std::find_if(m_slots.begin(), m_slots.end(), [&](const Slot& slot) {
+        return rect().contains(pointer) && slot.widget->geometry().contains(pointer);
+    });
+    hoverOnly(under == m_slots.end() ? nullptr : under->widget);
+}
+
+void RowList::hoverOnly(const QObject* row) {
+    for (const Slot& slot : m_slots) {
+        slot.widget->setHovering(slot.widget == row);
+    }
+}
 
 void RowList::notePointer(const QObject* row, const QEvent& event) {
     switch (event.type()) {
@@ -85,12 +124,18 @@ void RowList::leaveEvent(QEvent* event) {
 
 bool RowList::eventFilter(QObject* watched, QEvent* event) {
     if (const Slot* const slot = slotOf(watched)) {
+        if (m_drag.follow(slot->id, *event)) {
+            return true;
+        }
         if (event->type() == QEvent::FocusIn) {
             noteFocus(std::string(slot->id), static_cast<QFocusEvent*>(event)->reason());
         } else {
             notePointer(watched, *event);
         }
     } else if (event->type() == QEvent::Move) {
+        if (m_drag.lifted()) {
+            synchronize();
+        }
         followPointer();
     }
     return QWidget::eventFilter(watched, event);
@@ -139,7 +184,7 @@ void RowList::focusRow(std::size_t index, Qt::FocusReason reason) {
         return;
     }
     // Its widget is made by scrolling to it.
-    reveal(m_layout.top(index), m_layout.top(index) + m_layout.rowHeight());
+    reveal(topOf(index), topOf(index) + m_layout.rowHeight());
     if (const Slot* const slot = slotOf(m_ids[index])) {
         slot->widget->setFocus(reason);
     }
@@ -218,7 +263,8 @@ void RowList::focusInEvent(QFocusEvent* event) {
 void RowList::keyPressEvent(QKeyEvent* event) {
     // Keys that a detail has left over say nothing to the rows.
     const bool isOnRow = slotOf(focused()) != nullptr;
-    const bool isPlain = (event->modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier;
+    const Qt::KeyboardModifiers modifiers = event->modifiers() & ~Qt::KeypadModifier;
+    const bool isPlain = modifiers == Qt::NoModifier;
     const bool isEnter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
     if (isOnRow && isMenuKey(*event)) {
         openMenuOfCurrent();
@@ -226,6 +272,8 @@ void RowList::keyPressEvent(QKeyEvent* event) {
         if (!event->isAutoRepeat()) {
             m_content.activate(std::string(*m_current));
         }
+    } else if (isOnRow && modifiers == Qt::AltModifier && moveRow(event->key())) {
+        event->accept();
     } else if (!isOnRow || !isPlain || !moveCurrent(event->key())) {
         QWidget::keyPressEvent(event);
     }
@@ -262,6 +310,20 @@ bool RowList::moveCurrent(int key) {
     return true;
 }
 
+bool RowList::moveRow(int key) {
+    if ((key != Qt::Key_Up && key != Qt::Key_Down) || !m_drag.canMove(*m_current)) {
+        return false;
+    }
+    const std::size_t here = currentIndex();
+    if (key == Qt::Key_Up && here > 0) {
+        m_drag.move(std::string(*m_current), here - 1);
+    } else if (key == Qt::Key_Down && here + 1 < m_ids.size()) {
+        m_drag.move(std::string(*m_current), here + 2);
+    }
+    focusRow(currentIndex(), Qt::TabFocusReason);
+    return true;
+}
+
 // Menus
 
 void RowList::openMenuOfCurrent() {
@@ -274,8 +336,9 @@ void RowList::openMenuOfCurrent() {
 }
 
 void RowList::contextMenuEvent(QContextMenuEvent* event) {
-    // The keys are followed as keys: some platforms send this event for them, others do not.
-    if (event->reason() == QContextMenuEvent::Keyboard) {
+    // The keys are followed as keys: some platforms send this event for them, others do not. And
+    // the button that puts a row back asks for nothing else.
+    if (event->reason() == QContextMenuEvent::Keyboard || m_drag.isHeld()) {
         event->accept();
         return;
     }

@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Quillbar developers
 // SPDX-License-Identifier: MIT
 #include "Quillbar/RowList.h"
+#include "tests/views/NamedRow.h"
 #include "tests/views/Widgets.h"
 
 #include <QContextMenuEvent>
@@ -27,32 +28,6 @@ using ::testing::IsEmpty;
 
 constexpr int kDetailHeight = 210;
 constexpr int kHeight = 280;
-
-/// "0", "1", "2" …
-std::vector<std::string> numbered(std::size_t count) {
-    std::vector<std::string> ids;
-    for (std::size_t each = 0; each < count; ++each) {
-        ids.push_back(std::to_string(each));
-    }
-    return ids;
-}
-
-/// A row that is named after what it shows.
-class NamedRow final : public ListRow {
-public:
-    NamedRow(int& presented, QWidget* parent)
-        : ListRow(parent)
-        , m_presented(presented) {}
-
-    void present(const std::string& id, std::size_t index) override {
-        ++m_presented;
-        setAccessibleName(QString::fromStdString(id));
-        setAlternate(index % 2 == 1);
-    }
-
-private:
-    int& m_presented;
-};
 
 /// A list of ten rows' height between two fields, with a detail that holds two buttons.
 struct RowListTest : testing::Test {
