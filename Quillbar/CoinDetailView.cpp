@@ -2,13 +2,13 @@
 // SPDX-License-Identifier: MIT
 #include "Quillbar/CoinDetailView.h"
 
-#include "Quillbar/PlainButton.h"
 #include "Quillbar/PriceChart.h"
 #include "Quillbar/RangeSelector.h"
 #include "Quillbar/Spinner.h"
 #include "Quillbar/text/OneLineText.h"
 #include "Quillbar/text/SystemFont.h"
 #include "Quillbar/text/TabularText.h"
+#include "Quillbar/TextButton.h"
 #include "Quillbar/Theme.h"
 #include "Quillbar/ThemedLabel.h"
 #include "QuillbarCore/exchange/URLError.h"
@@ -18,7 +18,6 @@
 #include <QFontMetricsF>
 #include <QPainter>
 
-#include <cmath>
 #include <exception>
 #include <utility>
 
@@ -36,35 +35,11 @@ constexpr double kLabelSize = 9.5;
 constexpr double kSpaceAfterLabel = 4;
 constexpr double kSpaceAfterValue = 14;
 constexpr int kSpaceBeforeButton = 6;
-constexpr int kButtonPadding = 4;
 
 constexpr int kSummaryTop = kVerticalPadding + RangeSelector::kHeight + kSpacing;
 constexpr int kChartTop = kSummaryTop + kSummaryHeight + kSpacing;
 static_assert(kChartTop + CoinDetailView::kChartHeight + kVerticalPadding
               == CoinDetailView::kHeight);
-
-/// Text that can be clicked.
-class TextButton final : public PlainButton {
-public:
-    TextButton(const QString& text, QWidget* parent)
-        : PlainButton(parent) {
-        setText(text);
-        setAccessibleName(text);
-        const QFontMetricsF metrics(systemFont(kTextSize));
-        setFixedSize(
-            static_cast<int>(std::ceil(metrics.horizontalAdvance(text))) + 2 * kButtonPadding,
-            RangeSelector::kHeight);
-    }
-
-protected:
-    void drawContent(QPainter& painter) override {
-        QFont font = systemFont(kTextSize);
-        font.setUnderline(isHovered());
-        painter.setFont(font);
-        painter.setPen(ThemeKey::value(*this).colors.accent);
-        painter.drawText(rect(), Qt::AlignCenter, text());
-    }
-};
 
 QColor changeColor(double percent, const ThemeColors::Resolved& colors) {
     if (percent > 0) {

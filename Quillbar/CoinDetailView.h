@@ -3,6 +3,7 @@
 #pragma once
 
 #include "Quillbar/ChartSummary.h"
+#include "Quillbar/DetailFactory.h"
 #include "Quillbar/ViewEnvironment.h"
 #include "QuillbarCore/exchange/Candle.h"
 #include "QuillbarCore/exchange/ChartRange.h"
@@ -20,10 +21,10 @@ class QPainter;
 
 namespace quillbar {
 
-class PlainButton;
 class PriceChart;
 class RangeSelector;
 class Spinner;
+class TextButton;
 class ThemedLabel;
 
 /// What unfolds under a coin's row: the choice of a range, a line that sums it up, and the chart.
@@ -36,7 +37,7 @@ class ThemedLabel;
 class CoinDetailView final : public QWidget {
 public:
     /// In points. The view's height never changes.
-    static constexpr int kHeight = 210;
+    static constexpr int kHeight = kDetailHeight;
     static constexpr int kChartHeight = 140;
 
     /// The environment outlives the view.
@@ -86,7 +87,7 @@ private:
     RangeSelector* m_ranges;
     Spinner* m_spinner;
     ThemedLabel* m_message;
-    PlainButton* m_retry;
+    TextButton* m_retry;
     PriceChart* m_chart;
     TaskScope::Handle m_loading;
     // Last: its tasks use `this`.

@@ -4,12 +4,8 @@
 
 #include "Quillbar/Spinner.h"
 #include "Quillbar/text/LocalTimeText.h"
-#include "Quillbar/text/SystemFont.h"
-#include "Quillbar/text/TabularText.h"
-#include "Quillbar/Theme.h"
 
 #include <QDateTime>
-#include <QPainter>
 
 #include <chrono>
 #include <utility>
@@ -18,11 +14,7 @@ namespace quillbar {
 
 namespace {
 
-constexpr int kHeight = 20;
-constexpr int kHorizontalPadding = 12;
 constexpr int kSpacing = 6;
-constexpr double kFontSize = 9.5;
-constexpr float kBackgroundOpacity = 0.1F;
 /// A small spinner of 16 points at 0.7 of its size.
 constexpr int kSpinnerSize = 11;
 
@@ -32,13 +24,13 @@ ConnectionBanner::ConnectionBanner(const AppState& state,
                                    QWidget* parent,
                                    std::function<QTimeZone()> zone,
                                    const QLocale& locale)
-    : QWidget(parent)
+    : BannerRow(parent)
     , m_state(state)
     , m_zone(std::move(zone))
     , m_locale(locale) {
-    setFixedHeight(kHeight);
     auto* const spinner = new Spinner(kSpinnerSize, this);
-    spinner->move(kHorizontalPadding, (kHeight - spinner->height()) / 2);
+    spinner->move(kPadding, (kHeight - spinner->height()) / 2);
+    setTextIndent(kSpinnerSize + kSpacing);
     m_observations.push_back(
         state.connectionState().observe([this](ConnectionState /*state*/) { refresh(); }));
     m_observations.push_back(state.lastUpdate().observe(
@@ -61,29 +53,11 @@ QString ConnectionBanner::bannerText(std::optional<TimePoint> lastUpdate,
     return text;
 }
 
-void ConnectionBanner::paintEvent(QPaintEvent* /*event*/) {
-    const ThemeColors::Resolved& colors = ThemeKey::value(*this).colors;
-    QPainter painter(this);
-    QColor background = colors.warning;
-    background.setAlphaF(kBackgroundOpacity);
-    painter.fillRect(rect(), background);
-    painter.setPen(colors.warning);
-    const QRectF area = QRectF(rect()).adjusted(
-        kHorizontalPadding + kSpinnerSize + kSpacing, 0, -kHorizontalPadding, 0);
-    TabularText::draw(
-        painter, area, Qt::AlignLeft | Qt::AlignVCenter, m_text, systemFont(kFontSize));
-}
-
 void ConnectionBanner::refresh() {
     const bool isConnected = *m_state.connectionState() == ConnectionState::connected;
     // While prices come in, this is called at each of them.
     if (!isConnected) {
-        const QString text = bannerText(*m_state.lastUpdate(), m_zone(), m_locale);
-        if (text != m_text) {
-            m_text = text;
-            setAccessibleName(text);
-            update();
-        }
+        setText(bannerText(*m_state.lastUpdate(), m_zone(), m_locale));
     }
     if (isConnected == !isHidden()) {
         setVisible(!isConnected);

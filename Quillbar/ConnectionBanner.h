@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "Quillbar/BannerRow.h"
 #include "QuillbarCore/runtime/Observed.h"
 #include "QuillbarCore/runtime/Time.h"
 #include "QuillbarCore/state/AppState.h"
@@ -9,7 +10,6 @@
 #include <QLocale>
 #include <QString>
 #include <QTimeZone>
-#include <QWidget>
 
 #include <functional>
 #include <optional>
@@ -19,7 +19,7 @@ namespace quillbar {
 
 /// The row that says that prices are not coming in, and from when the last ones
 /// are; hidden while the stream is connected.
-class ConnectionBanner final : public QWidget {
+class ConnectionBanner final : public BannerRow {
 public:
     /// The state outlives the banner. Times are told in `zone`, as `locale`
     /// writes them.
@@ -33,16 +33,12 @@ public:
                                             const QTimeZone& zone,
                                             const QLocale& locale);
 
-protected:
-    void paintEvent(QPaintEvent* event) override;
-
 private:
     void refresh();
 
     const AppState& m_state;
     std::function<QTimeZone()> m_zone;
     QLocale m_locale;
-    QString m_text;
     std::vector<Observation> m_observations;
 };
 

@@ -28,10 +28,16 @@ void GlyphButton::setColors(ColorRole role, ColorRole hoverRole) {
     update();
 }
 
+void GlyphButton::setRestingOpacity(double opacity) {
+    m_restingOpacity = opacity;
+    update();
+}
+
 void GlyphButton::drawContent(QPainter& painter) {
     QRectF square(0, 0, m_glyphSize, m_glyphSize);
     square.moveCenter(QRectF(rect()).center());
     const ThemeColors::Resolved& colors = ThemeKey::value(*this).colors;
+    painter.setOpacity(glyphOpacity());
     drawGlyph(painter, m_glyph, square, colors.*(isHovered() ? m_hoverRole : m_role));
 }
 

@@ -24,12 +24,18 @@ public:
     /// secondaryText and primaryText unless told.
     void setColors(ColorRole role, ColorRole hoverRole);
 
+    /// How opaque the glyph is while the pointer is not over the button; fully unless told.
+    void setRestingOpacity(double opacity);
+    /// How opaque it is as things stand.
+    [[nodiscard]] double glyphOpacity() const { return isHovered() ? 1 : m_restingOpacity; }
+
 protected:
     void drawContent(QPainter& painter) override;
 
 private:
     Glyph m_glyph;
     double m_glyphSize;
+    double m_restingOpacity = 1;
     ColorRole m_role = &ThemeColors::Resolved::secondaryText;
     ColorRole m_hoverRole = &ThemeColors::Resolved::primaryText;
 };

@@ -10,6 +10,7 @@
 #include <QAccessibleWidget>
 #include <QObject>
 #include <QString>
+#include <QWidget>
 
 namespace quillbar {
 
@@ -31,6 +32,18 @@ QAccessibleInterface* make(const QString& /*className*/, QObject* object) {
 void RowAccessibility::install() {
     // Qt drops a factory that it has already.
     QAccessible::installFactory(make);
+}
+
+void RowAccessibility::setName(QWidget& widget, const QString& name) {
+    if (widget.accessibleName() != name) {
+        widget.setAccessibleName(name);
+    }
+}
+
+void RowAccessibility::setDescription(QWidget& widget, const QString& description) {
+    if (widget.accessibleDescription() != description) {
+        widget.setAccessibleDescription(description);
+    }
 }
 
 }  // namespace quillbar

@@ -1,0 +1,222 @@
+// SPDX-FileCopyrightText: 2026 The Quillbar developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "Quillbar/BannerRow.h"
+#include "Quillbar/BoardPlaceholder.h"
+#include "Quillbar/CoinCell.h"
+#include "Quillbar/GlyphButton.h"
+#include "Quillbar/MarketBoardView.h"
+#include "Quillbar/MarketRowView.h"
+#include "Quillbar/NumericCell.h"
+#include "Quillbar/RowList.h"
+#include "tests/views/ViewFixture.h"
+#include "tests/views/Widgets.h"
+
+#include <QAction>
+#include <QContextMenuEvent>
+#include <QMenu>
+#include <QTest>
+#include <QTimer>
+#include <QVBoxLayout>
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <chrono>
+#include <cstddef>
+#include <memory>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace quillbar {
+
+/// A board in a window of the panel's width, over the real models on fakes. A coin's chart is a
+/// widget named "chart BTC". Base assets stand for their pairs.
+struct MarketBoardFixture : ViewFixture {
+    using Tickers = std::vector<std::pair<std::string, Ticker>>;
+
+    // What the services answer from here on.
+
+    void theMarketIs(const Tickers& tickers) {
+        TickerMap bySymbol;
+        std::vector<Coin> coins;
+        for (const auto& [baseAsset, ticker] : tickers) {
+            coins.push_back(coinOf(baseAsset));
+            bySymbol.emplace(symbolOf(baseAsset), ticker);
+        }
+        api.exchangeInfoAnswers.otherwise(std::move(coins));
+        api.ticker24hAllAnswers.otherwise(std::move(bySymbol));
+    }
+    /// By gain: SOL +30, ETH +20, BTC +10 percent; by volume the other way round.
+    void theMarketIsOfThree() {
+        theMarketIs({{"BTC", {110, 100, 3e9}}, {"ETH", {120, 100, 2e9}}, {"SOL", {130, 100, 1e8}}});
+    }
+    /// BTC before ETH; DOGE is not on the exchange.
+    void theMarketCapsAreOfTwo() {
+        coinGecko.answers.otherwise(
+            {{"BTC", 1, 1.35e12, 110}, {"DOGE", 2, 9e11, 1}, {"ETH", 3, 4.2e11, 120}});
+    }
+    void openThree() {
+        theMarketIsOfThree();
+        open(RankingBoard::gainers);
+        ASSERT_EQ(order(), (std::vector<std::string>{"1 SOL", "2 ETH", "3 BTC"}));
+    }
+    /// The next refresh has ETH before SOL.
+    void thenEthLeads() {
+        theMarketIs({{"BTC", {110, 100, 3e9}}, {"ETH", {190, 100, 2e9}}, {"SOL", {130, 100, 1e8}}});
+    }
+    void theExchangeFails() { api.ticker24hAllAnswers.otherwiseError(BinanceError(503)); }
+
+    /// Shows a board to a user who watches these coins; nothing has had a turn yet.
+    void show(RankingBoard board, const std::vector<std::string>& watched = {"XMR"}) {
+        startConnected(listOf(watched));
+        make(board);
+        showActive(*window);
+    }
+    /// The same, and lets the first refresh run.
+    void open(RankingBoard board, const std::vector<std::string>& watched = {"XMR"}) {
+        show(board, watched);
+        settle();
+    }
+
+    /// Makes the view, over the state that is built, in a window that is not shown.
+    void make(RankingBoard board) {
+        window = std::make_unique<QWidget>();
+        window->setFixedWidth(400);
+        auto* const layout = new QVBoxLayout(window.get());
+        layout->setContentsMargins(0, 0, 0, 0);
+        layout->setSizeConstraint(QLayout::SetFixedSize);
+        view = new MarketBoardView(environment(), board, [](const Coin& coin, QWidget* parent) {
+            auto* const chart = new QWidget(parent);
+            chart->setAccessibleName(QStringLiteral("chart ")
+                                     + QString::fromStdString(coin.baseAsset));
+            return chart;
+        });
+        view->setFixedWidth(400);
+        layout->addWidget(view);
+        rows = widgetsOf<RowList>(*window).front();
+        // It fires when a test says so.
+        lookTimer()->setInterval(std::chrono::hours(24));
+    }
+
+    /// Lets what has been begun run, and the view follow.
+    void settle() {
+        executor.run();
+        spinUntilIdle();
+    }
+    /// Lets time pass, and the view follow.
+    void pass(Seconds span) {
+        time.advance(span);
+        spinUntilIdle();
+    }
+    /// The wall clock goes on by itself, and the view looks at it.
+    void theClockGoesOn(Seconds span) {
+        time.setClock(time.now() + span);
+        look();
+    }
+    void look() { QMetaObject::invokeMethod(lookTimer(), "timeout"); }
+
+    // What the user does.
+
+    void clickAt(const QWidget& widget, const QPoint& place) const {
+        QTest::mouseClick(
+            window->windowHandle(), Qt::LeftButton, {}, widget.mapTo(window.get(), place));
+    }
+    /// Clicks a row in its middle and waits until its chart has come to rest.
+    void clickRow(const std::string& baseAsset) {
+        clickAt(*row(baseAsset), {100, 14});
+        ASSERT_TRUE(spinUntil([this] { return !rows->isMoving(); }));
+    }
+    static void press(Qt::Key key, Qt::KeyboardModifiers modifiers = {}) {
+        QTest::keyClick(QApplication::focusWidget(), key, modifiers);
+    }
+    void openMenu(const std::string& baseAsset) const {
+        const QPoint place(100, 14);
+        QContextMenuEvent event(
+            QContextMenuEvent::Mouse, place, row(baseAsset)->mapToGlobal(place));
+        QApplication::sendEvent(row(baseAsset), &event);
+    }
+
+    // What is seen.
+
+    /// The ranks and base assets of the rows, from above: "1 BTC".
+    [[nodiscard]] std::vector<std::string> order() const {
+        std::vector<MarketRowView*> seen;
+        for (MarketRowView* const each : widgetsOf<MarketRowView>(*rows)) {
+            if (each->isVisible()) {
+                seen.push_back(each);
+            }
+        }
+        std::sort(seen.begin(), seen.end(), [](MarketRowView* left, MarketRowView* right) {
+            return left->y() < right->y();
+        });
+        std::vector<std::string> texts;
+        texts.reserve(seen.size());
+        for (MarketRowView* const each : seen) {
+            texts.push_back(cellOf(*each, 0)->text().toStdString() + " "
+                            + widgetsOf<CoinCell>(*each).front()->baseAsset());
+        }
+        return texts;
+    }
+    [[nodiscard]] MarketRowView* row(const std::string& baseAsset) const {
+        auto* const found = dynamic_cast<MarketRowView*>(rows->row(symbolOf(baseAsset)));
+        EXPECT_NE(found, nullptr) << baseAsset;
+        return found;
+    }
+    [[nodiscard]] static NumericCell* cellOf(const MarketRowView& row, std::size_t index) {
+        return widgetsOf<NumericCell>(row).at(index);
+    }
+    [[nodiscard]] NumericCell* rankCell(const std::string& baseAsset) const {
+        return cellOf(*row(baseAsset), 0);
+    }
+    [[nodiscard]] NumericCell* secondaryCell(const std::string& baseAsset) const {
+        return cellOf(*row(baseAsset), 1);
+    }
+    [[nodiscard]] NumericCell* priceCell(const std::string& baseAsset) const {
+        return cellOf(*row(baseAsset), 2);
+    }
+    [[nodiscard]] NumericCell* changeCell(const std::string& baseAsset) const {
+        return cellOf(*row(baseAsset), 3);
+    }
+    /// The plus of a row, shown or not.
+    [[nodiscard]] GlyphButton* addButton(const std::string& baseAsset) const {
+        return widgetsOf<GlyphButton>(*row(baseAsset)).front();
+    }
+    /// The check mark of a row; null while it has none.
+    [[nodiscard]] QWidget* checkMark(const std::string& baseAsset) const {
+        return named(*row(baseAsset), QStringLiteral("已在自选列表中"));
+    }
+    [[nodiscard]] QWidget* chart(const std::string& baseAsset) const {
+        return named(*window, QStringLiteral("chart ") + QString::fromStdString(baseAsset));
+    }
+    /// What stands in the place of the rows; null while there are rows.
+    [[nodiscard]] BoardPlaceholder* placeholder() const {
+        BoardPlaceholder* const found = widgetsOf<BoardPlaceholder>(*view).front();
+        return found->isVisible() ? found : nullptr;
+    }
+    [[nodiscard]] QAbstractButton* retryButton() const {
+        return dynamic_cast<QAbstractButton*>(named(*view, QStringLiteral("重试")));
+    }
+    /// What the banner says; empty while there is none.
+    [[nodiscard]] std::string warning() const {
+        const BannerRow* const banner = widgetsOf<BannerRow>(*view).front();
+        return banner->isVisible() ? banner->accessibleName().toStdString() : "";
+    }
+    [[nodiscard]] QTimer* lookTimer() const {
+        return view->findChild<QTimer*>(QStringLiteral("look"));
+    }
+    [[nodiscard]] static QMenu* menu() {
+        return dynamic_cast<QMenu*>(QApplication::activePopupWidget());
+    }
+    [[nodiscard]] bool isWatched(const std::string& baseAsset) const {
+        return state->watchlist()->contains(symbolOf(baseAsset));
+    }
+
+    std::unique_ptr<QWidget> window;
+    MarketBoardView* view = nullptr;
+    RowList* rows = nullptr;
+};
+
+}  // namespace quillbar
