@@ -80,6 +80,14 @@ QPainterPath gearPath() {
     return path;
 }
 
+QPainterPath xmarkPath() {
+    QPainterPath path(QPointF(1.6, 1.6));
+    path.lineTo(8.4, 8.4);
+    path.moveTo(8.4, 1.6);
+    path.lineTo(1.6, 8.4);
+    return path;
+}
+
 QPainterPath trashPath() {
     QPainterPath path;
     path.moveTo(1.2, 2.4);
@@ -122,6 +130,9 @@ void drawInUnits(QPainter& painter, Glyph glyph, const QColor& color) {
         break;
     case Glyph::trash:
         stroke(painter, trashPath(), color, kThinStroke);
+        break;
+    case Glyph::xmark:
+        stroke(painter, xmarkPath(), color, kStroke);
         break;
     case Glyph::pinFill:
         painter.fillPath(pinPath(), color);

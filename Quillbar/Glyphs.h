@@ -9,7 +9,17 @@ class QRectF;
 namespace quillbar {
 
 /// The pictures on buttons and rows. They are drawn as paths, so they need no icon theme and no font.
-enum class Glyph { chevronRight, chevronDown, chevronUp, pinFill, plus, gear, checkmark, trash };
+enum class Glyph {
+    chevronRight,
+    chevronDown,
+    chevronUp,
+    pinFill,
+    plus,
+    gear,
+    checkmark,
+    trash,
+    xmark
+};
 
 /// Draws a glyph in one colour, filling the largest square in the middle of `rectangle`. A glyph
 /// "at 9 points" is one in a square of 9 points. Leaves the painter as it was.

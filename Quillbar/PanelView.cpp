@@ -6,6 +6,7 @@
 #include "Quillbar/CoinListView.h"
 #include "Quillbar/ConnectionBanner.h"
 #include "Quillbar/ErrorLine.h"
+#include "Quillbar/NoticeLines.h"
 #include "Quillbar/text/SystemFont.h"
 #include "Quillbar/ThemedLabel.h"
 #include "Quillbar/UnderlineTabs.h"
@@ -41,6 +42,7 @@ PanelView::PanelView(const ViewEnvironment& environment,
     buildHeader(*stack);
     buildTabs(*stack);
     stack->addWidget(new ErrorLine(environment.appState, this));
+    stack->addWidget(new NoticeLines(environment.notices, this));
     stack->addWidget(new ConnectionBanner(environment.appState, this));
     buildContent(*stack);
 

@@ -5,12 +5,16 @@
 #include "Quillbar/labelstate/LabelSnapshot.h"
 #include "Quillbar/PanelView.h"
 #include "Quillbar/platform/StartPages.h"
+#include "Quillbar/text/ChineseFont.h"
 #include "Quillbar/window/PanelWindow.h"
+#include "QuillbarCore/runtime/Logger.h"
 #include "QuillbarCore/runtime/QtExecutor.h"
-#include "QuillbarCore/runtime/QtSleeper.h"
 #include "QuillbarCore/runtime/QtWorker.h"
 
 #include <QCoreApplication>
+#include <QKeySequence>
+#include <QObject>
+#include <QShortcut>
 
 #include <chrono>
 #include <utility>
@@ -35,10 +39,11 @@ ToggleGuard::Elapsed elapsed() {
 
 QuillbarApp::QuillbarApp(const std::optional<QDBusConnection>& bus,
                          const ServiceEndpoints& endpoints,
-                         const std::filesystem::path& folder)
+                         const std::filesystem::path& folder,
+                         Sleeper sleeper)
     : m_executor(makeQtExecutor())
     , m_worker(makeQtWorker())
-    , m_sleeper(makeQtSleeper())
+    , m_sleeper(std::move(sleeper))
     , m_services({.executor = *m_executor,
                   .worker = *m_worker,
                   .clock = systemClock(),
@@ -48,6 +53,7 @@ QuillbarApp::QuillbarApp(const std::optional<QDBusConnection>& bus,
                  folder)
     , m_edits(*m_executor)
     , m_systemScheme(bus)
+    , m_hasBus(bus && bus->isConnected())
     , m_environment{.executor = *m_executor,
                     .now = systemClock(),
                     .calendar = Calendar::autoupdatingCurrent(),
@@ -58,7 +64,9 @@ QuillbarApp::QuillbarApp(const std::optional<QDBusConnection>& bus,
                         [this] {
                             return MarketModels{.market = m_services.marketState(),
                                                 .marketCaps = m_services.marketCapState()};
-                        }}
+                        },
+                    .sleeper = m_sleeper,
+                    .notices = &m_notices}
     , m_item(
           StatusItemEnvironment::ofDesktop(bus.value_or(QDBusConnection(QString())),
                                            *m_executor,
@@ -72,7 +80,8 @@ QuillbarApp::QuillbarApp(const std::optional<QDBusConnection>& bus,
                    }
                },
            .onActivationToken = [this](const QString& token) { panel().setActivationToken(token); },
-           .onNoTray = [this] { showPanel(QString()); }})
+           .onNoTray = [this] { openWithoutTray(); },
+           .onTray = [this] { dropFromTray(); }})
     , m_labelSource(m_services.appState(), m_services.isStarted())
     , m_scope(*m_executor) {
     const auto refresh = [this](const auto& /*value*/) { refreshFace(); };
@@ -81,6 +90,10 @@ QuillbarApp::QuillbarApp(const std::optional<QDBusConnection>& bus,
     m_observations.push_back(state.connectionState().observe(refresh));
     m_observations.push_back(state.connectionFailure().observe(refresh));
     m_observations.push_back(state.lastError().observe(refresh));
+    if (!m_hasBus) {
+        Logger("QuillbarApp").error("no session bus: no item in the status area");
+        m_notices.add(Notice::noSessionBus);
+    }
 }
 
 QuillbarApp::~QuillbarApp() = default;
@@ -129,10 +142,36 @@ void QuillbarApp::activate(QPoint anchor, ActivationSource source) {
     }
 }
 
+void QuillbarApp::openWithoutTray() {
+    if (m_hasBus) {
+        m_notices.add(Notice::noTray);
+    } else {
+        // Without an item and a bus, nothing could open it a second time.
+        panel().setElsewhere(PanelWindow::Elsewhere::changesNothing);
+        panel().onClosed = &QCoreApplication::quit;
+    }
+    showPanel(QString());
+}
+
+void QuillbarApp::dropFromTray() {
+    m_notices.remove(Notice::noTray);
+    panel().setElsewhere(PanelWindow::Elsewhere::closes);
+    panel().onClosed = nullptr;
+}
+
 PanelWindow& QuillbarApp::panel() {
     if (!m_panel) {
+        // Only here, because looking through the fonts takes its time.
+        if (!ChineseFont::isInstalled()) {
+            Logger("QuillbarApp")
+                .error("no font for Simplified Chinese is installed: install fonts-noto-cjk");
+            m_notices.add(Notice::noChineseFont);
+        }
         m_panel = std::make_unique<PanelWindow>(
             new PanelView(m_environment, m_systemScheme.scheme()), elapsed());
+        auto* const quit = new QShortcut(Qt::CTRL | Qt::Key_Q, m_panel.get());
+        quit->setContext(Qt::ApplicationShortcut);
+        QObject::connect(quit, &QShortcut::activated, qApp, &QCoreApplication::quit);
     }
     return *m_panel;
 }

@@ -5,12 +5,14 @@
 #include "Quillbar/AppServices.h"
 #include "Quillbar/DeferredSystemEvents.h"
 #include "Quillbar/labelstate/StateLabelSource.h"
+#include "Quillbar/Notices.h"
 #include "Quillbar/ServiceEndpoints.h"
 #include "Quillbar/SystemColorScheme.h"
 #include "Quillbar/tray/StatusItem.h"
 #include "Quillbar/ViewEnvironment.h"
 #include "QuillbarCore/runtime/Executor.h"
 #include "QuillbarCore/runtime/Observed.h"
+#include "QuillbarCore/runtime/QtSleeper.h"
 #include "QuillbarCore/runtime/Sleeper.h"
 #include "QuillbarCore/runtime/TaskScope.h"
 #include "QuillbarCore/runtime/Worker.h"
@@ -35,10 +37,12 @@ class PanelWindow;
 /// Lives on the main thread, inside a running QApplication.
 class QuillbarApp final {
 public:
-    /// Builds everything and connects to nothing; `bus` is the session's, where there is one.
+    /// Builds everything and connects to nothing; `bus` is the session's, where there is one. All
+    /// that waits does so with the `sleeper`.
     QuillbarApp(const std::optional<QDBusConnection>& bus,
                 const ServiceEndpoints& endpoints,
-                const std::filesystem::path& folder);
+                const std::filesystem::path& folder,
+                Sleeper sleeper = makeQtSleeper());
     QuillbarApp(const QuillbarApp&) = delete;
     QuillbarApp& operator=(const QuillbarApp&) = delete;
     QuillbarApp(QuillbarApp&&) = delete;
@@ -61,6 +65,8 @@ private:
     Task<void> refreshFaceEachMinute();
     Task<void> releaseStartPages();
     void activate(QPoint anchor, ActivationSource source);
+    void openWithoutTray();
+    void dropFromTray();
     PanelWindow& panel();
 
     std::unique_ptr<Executor> m_executor;
@@ -70,6 +76,8 @@ private:
     // Edits end before the state that they change.
     TaskScope m_edits;
     SystemColorScheme m_systemScheme;
+    bool m_hasBus;
+    Notices m_notices;
     ViewEnvironment m_environment;
     std::unique_ptr<PanelWindow> m_panel;
     StatusItem m_item;

@@ -2,11 +2,13 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "Quillbar/Notices.h"
 #include "QuillbarCore/catalog/IconStore.h"
 #include "QuillbarCore/market/MarketCapState.h"
 #include "QuillbarCore/market/MarketState.h"
 #include "QuillbarCore/model/Calendar.h"
 #include "QuillbarCore/runtime/Executor.h"
+#include "QuillbarCore/runtime/Sleeper.h"
 #include "QuillbarCore/runtime/TaskScope.h"
 #include "QuillbarCore/runtime/Time.h"
 #include "QuillbarCore/state/AppState.h"
@@ -38,6 +40,10 @@ struct ViewEnvironment final {
     /// The models behind the boards, which are built when the first board asks for them. Never
     /// empty where there are boards.
     std::function<MarketModels()> marketModels = nullptr;
+    /// On a monotonic clock. Never empty where something is searched for.
+    Sleeper sleeper = nullptr;
+    /// What the session lacks; null for nothing to tell.
+    Notices* notices = nullptr;
 };
 
 }  // namespace quillbar

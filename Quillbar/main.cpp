@@ -15,13 +15,11 @@
 #include "Quillbar/platform/TerminationSignals.h"
 #include "Quillbar/QuillbarApp.h"
 #include "Quillbar/ServiceEndpoints.h"
-#include "QuillbarCore/runtime/Logger.h"
 #include "QuillbarCore/state/AppDirectories.h"
 
 #include <QApplication>
 #include <QCoreApplication>
 #include <QDBusConnection>
-#include <QFontDatabase>
 
 #include <optional>
 #include <string>
@@ -172,14 +170,6 @@ int runApplication(int argc,
     installProxyFactory();
     const TerminationSignals signals([] { QCoreApplication::exit(0); });
     const auto bus = SessionBus::connect(variables);
-    if (!bus) {
-        Logger("QuillbarApp").error("no session bus: no item in the status area");
-    }
-    if (QFontDatabase::families(QFontDatabase::SimplifiedChinese).isEmpty()) {
-        // Without one the panel is boxes, so it cannot say so itself.
-        Logger("QuillbarApp")
-            .error("no font for Simplified Chinese is installed: install fonts-noto-cjk");
-    }
     int status = 0;
     {
         Instance instance(bus, endpoints);

@@ -174,7 +174,6 @@ void StatusItem::introduceTo(const QString& owner) {
             m_host = reply.type() == QDBusMessage::ReplyMessage ? TrayHost::ofProcess(
                          m_environment.processName(reply.arguments().value(0).toUInt()))
                                                                 : TrayHost{};
-            m_hadTray = true;
             m_olderTray.reset();
             refresh();
             registerWith(owner);
@@ -198,6 +197,7 @@ void StatusItem::registerWith(const QString& owner) {
         m_isRefused = false;
         m_waiting.cancel();
         m_olderTray.reset();
+        reportTray();
     });
 }
 
@@ -253,8 +253,14 @@ void StatusItem::reportNoTray() {
     m_handlers.onNoTray();
 }
 
-void StatusItem::useOlderTray() {
+void StatusItem::reportTray() {
     m_hadTray = true;
+    if (m_toldNoTray) {
+        m_handlers.onTray();
+    }
+}
+
+void StatusItem::useOlderTray() {
     m_olderTray =
         std::make_unique<OlderTray>(m_ownMenu,
                                     OlderTray::Handlers{
@@ -263,6 +269,7 @@ void StatusItem::useOlderTray() {
                                     });
     m_olderTray->setParent(this);
     refresh();
+    reportTray();
 }
 
 BarShade StatusItem::shade() const {

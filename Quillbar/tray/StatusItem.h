@@ -66,6 +66,8 @@ public:
         std::function<void(const QString& token)> onActivationToken;
         /// There is no tray of any kind, and there has not been one. At most once.
         std::function<void()> onNoTray;
+        /// After `onNoTray`, a tray came and took the item.
+        std::function<void()> onTray;
     };
 
     StatusItem(StatusItemEnvironment environment, Handlers handlers);
@@ -97,6 +99,7 @@ private:
     void waitForWatcher();
     Task<void> lookForOlderTray();
     void reportNoTray();
+    void reportTray();
     void useOlderTray();
 
     void refresh();

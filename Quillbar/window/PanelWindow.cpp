@@ -27,11 +27,6 @@ constexpr double kCornerRadius = 10;
 /// The focus is with nobody for a moment when it moves between two windows of ours.
 constexpr std::chrono::milliseconds kFocusSettles{60};
 
-QScreen* screenOf(std::optional<QPoint> anchor) {
-    QScreen* const found = anchor ? QGuiApplication::screenAt(*anchor) : nullptr;
-    return found != nullptr ? found : QGuiApplication::primaryScreen();
-}
-
 }  // namespace
 
 /// The hairline around the panel, above the content, which reaches to the window's edges.
@@ -205,6 +200,9 @@ void PanelWindow::hideEvent(QHideEvent* /*event*/) {
     if (!m_guard.isPressHeld()) {
         m_presses.stopListening();
     }
+    if (onClosed) {
+        onClosed();
+    }
 }
 
 void PanelWindow::follow(const QScreen* screen) {
@@ -226,14 +224,16 @@ void PanelWindow::closeBy(ToggleGuard::HiddenBy cause) {
 }
 
 void PanelWindow::place() {
-    const QScreen* const screen = screenOf(m_anchor);
+    // The screen that the item was on may have been unplugged since.
+    const QScreen* const anchored = m_anchor ? QGuiApplication::screenAt(*m_anchor) : nullptr;
+    const QScreen* const screen = anchored != nullptr ? anchored : QGuiApplication::primaryScreen();
     if (screen == nullptr) {
         return;
     }
     const QRect workArea = screen->availableGeometry();
     const QSize wanted = m_content->sizeHint();
     const QRect area = screen->geometry();
-    const QRect rectangle = m_anchor
+    const QRect rectangle = anchored != nullptr
                                 ? PanelPlacement::rectangle(*m_anchor, wanted, area, workArea)
                                 : PanelPlacement::rectangleWithoutAnchor(wanted, area, workArea);
     if (m_sway) {
@@ -245,7 +245,8 @@ void PanelWindow::place() {
 
 void PanelWindow::handlePress() {
     // The first press outside an open menu closes the menu alone.
-    if (!m_guard.closesAtPress() || QApplication::activePopupWidget() != nullptr
+    if (m_elsewhere != Elsewhere::closes || !m_guard.closesAtPress()
+        || QApplication::activePopupWidget() != nullptr
         || QApplication::activeModalWidget() != nullptr || isOverOurs(QCursor::pos())) {
         return;
     }
@@ -268,7 +269,7 @@ void PanelWindow::handleRelease() {
 }
 
 void PanelWindow::handleFocusLoss() {
-    if (isVisible() && !hasFocusOfOurs()) {
+    if (m_elsewhere == Elsewhere::closes && isVisible() && !hasFocusOfOurs()) {
         closeBy(ToggleGuard::HiddenBy::pointer);
     }
 }

@@ -46,6 +46,14 @@ public:
     /// The token that the host handed out for the click that follows.
     void setActivationToken(const QString& token);
 
+    /// What a press outside, or another program that takes the focus, does to the open panel.
+    enum class Elsewhere { closes, changesNothing };
+    /// Closes, unless told otherwise.
+    void setElsewhere(Elsewhere elsewhere) { m_elsewhere = elsewhere; }
+
+    /// Called after the panel has closed, whatever closed it, but not while it is destroyed.
+    std::function<void()> onClosed;
+
 protected:
     bool event(QEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
@@ -76,6 +84,7 @@ private:
     ToggleGuard::HiddenBy m_cause = ToggleGuard::HiddenBy::other;
     OutsidePressWatch m_presses;
     QTimer m_focusCheck;
+    Elsewhere m_elsewhere = Elsewhere::closes;
     std::optional<QPoint> m_anchor;
     QString m_token;
     bool m_isTranslucent = false;

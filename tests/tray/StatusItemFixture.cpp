@@ -53,6 +53,7 @@ void StatusItemFixture::start(const std::optional<QDBusConnection>& connection) 
             .onMenu = [this](int id) { chosen.push_back(id); },
             .onActivationToken = [this](const QString& token) { tokens.push_back(token); },
             .onNoTray = [this] { ++noTray; },
+            .onTray = [this] { ++tray; },
         });
     item->show(face());
     executor.run();

@@ -62,6 +62,7 @@ struct StatusItemFixture : ::testing::Test {
     std::vector<int> chosen;
     std::vector<QString> tokens;
     int noTray = 0;
+    int tray = 0;
     QString connectionName;
     std::optional<QDBusConnection> bus;
     std::optional<FakeTrayHost> host;

@@ -261,6 +261,44 @@ TEST_F(StatusItemHostsTest, usesAnOlderTrayThatComesLate) {
     EXPECT_EQ(olderTrayQuestions, questions);
 }
 
+TEST_F(StatusItemHostsTest, saysThatATrayHasComeAfterAll) {
+    start();
+    noticeThatThereIsNoHost();
+    pass(10s);
+    ASSERT_EQ(noTray, 1);
+    EXPECT_EQ(tray, 0);
+    host->beWatcher();
+    EXPECT_TRUE(spinUntil([this] { return tray == 1; }));
+}
+
+TEST_F(StatusItemHostsTest, saysThatAnOlderTrayHasComeAfterAll) {
+    start();
+    noticeThatThereIsNoHost();
+    pass(10s);
+    ASSERT_EQ(noTray, 1);
+    hasOlderTray = true;
+    pass(10s);
+    EXPECT_EQ(tray, 1);
+}
+
+TEST_F(StatusItemHostsTest, saysNothingOfATrayThatWasThereInTime) {
+    startAt("some-panel");
+    settle();
+    pass(100s);
+    EXPECT_EQ(noTray, 0);
+    EXPECT_EQ(tray, 0);
+}
+
+TEST_F(StatusItemHostsTest, saysThatThereIsNoTrayWhenTheOnlyHostRefusesTheItem) {
+    host->refuses = true;
+    host->beWatcher();
+    start();
+    ASSERT_TRUE(seesRegistrations(*host, 1));
+    noticeThatTheHostIsGone();
+    pass(10s);
+    EXPECT_EQ(noTray, 1);
+}
+
 TEST_F(StatusItemHostsTest, saysNothingOfATrayThatWentAway) {
     startAt("some-panel");
     host->resign();

@@ -80,7 +80,8 @@ TEST(GlyphsTest, everyGlyphIsItsOwnAndInOneColour) {
                               Glyph::plus,
                               Glyph::gear,
                               Glyph::checkmark,
-                              Glyph::trash}) {
+                              Glyph::trash,
+                              Glyph::xmark}) {
         const QImage picture = drawn(glyph, 40, Qt::red);
         EXPECT_EQ(solidColors(picture), std::set<QRgb>{QColor(Qt::red).rgba()});
         for (const QImage& other : pictures) {

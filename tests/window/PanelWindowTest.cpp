@@ -10,6 +10,7 @@
 #include <QMenu>
 #include <QScreen>
 #include <QTest>
+#include <QTimer>
 
 #include <gtest/gtest.h>
 
@@ -43,6 +44,19 @@ protected:
     void clickItem() {
         m_window.toggle(QPoint{300, 0});
         m_elapsed += 1s;
+    }
+
+    /// The focus goes where no window of the program is.
+    void loseFocus() {
+        {
+            QWidget other;
+            other.show();
+            other.activateWindow();
+            EXPECT_TRUE(spinUntil([&other] { return other.isActiveWindow(); }));
+        }
+        ASSERT_EQ(QGuiApplication::focusWindow(), nullptr);
+        QEvent deactivated(QEvent::WindowDeactivate);
+        QCoreApplication::sendEvent(&m_window, &deactivated);
     }
 
     // Its absence: these tests may themselves run in a session of sway.
@@ -108,6 +122,15 @@ TEST_F(PanelWindowTest, opensInTheMiddleWhenThereIsNoItem) {
     EXPECT_EQ(m_window.geometry().center(), QRect(workArea).center());
 }
 
+TEST_F(PanelWindowTest, goesWhereAnItemWouldBeWhenTheScreenOfTheItemIsGone) {
+    m_window.open(std::nullopt);
+    const QRect withoutItem = m_window.geometry();
+    m_window.open(QPoint{300, 0});
+    EXPECT_NE(m_window.geometry(), withoutItem);
+    m_window.open(QPoint{30'000, 0});
+    EXPECT_EQ(m_window.geometry(), withoutItem);
+}
+
 TEST_F(PanelWindowTest, itsOwnMenuDoesNotCloseIt) {
     clickItem();
     QMenu menu(&m_window);
@@ -119,6 +142,33 @@ TEST_F(PanelWindowTest, itsOwnMenuDoesNotCloseIt) {
     QTest::keyClick(&menu, Qt::Key_Escape);
     EXPECT_FALSE(menu.isVisible());
     EXPECT_TRUE(m_window.isVisible());
+}
+
+TEST_F(PanelWindowTest, closesWhenTheFocusGoesToAnotherProgram) {
+    clickItem();
+    loseFocus();
+    EXPECT_TRUE(spinUntil([this] { return !m_window.isVisible(); }));
+}
+
+TEST_F(PanelWindowTest, staysWhereItIsToldThatElsewhereIsNothing) {
+    m_window.setElsewhere(PanelWindow::Elsewhere::changesNothing);
+    clickItem();
+    loseFocus();
+    bool isOver = false;
+    QTimer::singleShot(200ms, &m_window, [&isOver] { isOver = true; });
+    EXPECT_TRUE(spinUntil([&isOver] { return isOver; }));
+    EXPECT_TRUE(m_window.isVisible());
+    QTest::keyClick(m_content, Qt::Key_Escape);
+    EXPECT_FALSE(m_window.isVisible());
+}
+
+TEST_F(PanelWindowTest, saysThatItHasClosed) {
+    int closed = 0;
+    m_window.onClosed = [&closed] { ++closed; };
+    clickItem();
+    EXPECT_EQ(closed, 0);
+    QTest::keyClick(m_content, Qt::Key_Escape);
+    EXPECT_EQ(closed, 1);
 }
 
 TEST_F(PanelWindowTest, isDrawnInTheContentsTheme) {

@@ -1,0 +1,217 @@
+// SPDX-FileCopyrightText: 2026 The Quillbar developers
+// SPDX-License-Identifier: MIT
+#include "Quillbar/platform/CertificateAuthorities.h"
+#include "Quillbar/QuillbarApp.h"
+#include "Quillbar/window/PanelWindow.h"
+#include "simulator/Simulator.h"
+#include "tests/qtsupport/PrivateBus.h"
+#include "tests/qtsupport/SpinUntil.h"
+#include "tests/services/HeldSleeper.h"
+#include "tests/support/CapturedLog.h"
+#include "tests/support/TemporaryEnvironment.h"
+#include "tests/support/TemporaryFolder.h"
+#include "tests/tray/FakeTrayHost.h"
+#include "tests/views/Widgets.h"
+
+#include <QDBusVariant>
+#include <QTest>
+#include <QTimer>
+#include <QUuid>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+namespace quillbar {
+
+namespace {
+
+using namespace std::chrono_literals;
+using ::testing::Contains;
+using ::testing::IsEmpty;
+
+constexpr int kQuit = 0;
+constexpr int kDidNotQuit = 77;
+
+std::string authorityFile() {
+    static const TemporaryFolder folder;
+    return (folder.path() / "authority.pem").string();
+}
+
+/// The application on a bus of its own, with an exchange of its own and a sleep that the test ends.
+struct QuillbarAppTest : ::testing::Test {
+    QuillbarAppTest()
+        : bus(QDBusConnection::connectToBus(daemon.address(), connectionName))
+        , host(daemon.address()) {
+        EXPECT_TRUE(bus.isConnected());
+    }
+
+    ~QuillbarAppTest() override {
+        app.reset();
+        QDBusConnection::disconnectFromBus(connectionName);
+        spinUntilIdle();
+    }
+
+    static void SetUpTestSuite() {
+        const simulator::Simulator maker({.caFile = authorityFile(), .symbolCount = 1});
+        ASSERT_EQ(trustAuthorities(authorityFile()), std::nullopt);
+    }
+
+    void start(const std::optional<QDBusConnection>& connection) {
+        app.emplace(connection,
+                    ServiceEndpoints{.rest = {exchange.restBase()},
+                                     .stream = {exchange.streamBase()},
+                                     .marketCap = exchange.marketCapBase(),
+                                     .icon = exchange.iconBase()},
+                    folder.path(),
+                    sleeper.sleeper());
+        app->start();
+    }
+
+    /// With a tray that takes the item.
+    void startInTray() {
+        host.beWatcher();
+        start(bus);
+        ASSERT_TRUE(spinUntil([this] { return !host.registered.isEmpty(); }));
+    }
+
+    /// Until the item has given up waiting for a tray.
+    void startWithoutTray(const std::optional<QDBusConnection>& connection) {
+        start(connection);
+        ASSERT_TRUE(spinUntil([this] {
+            endPatience();
+            return panel() != nullptr;
+        }));
+    }
+
+    void endPatience() {
+        static_cast<void>(
+            sleeper.wake([](double span) { return span == StatusItem::kPatience.count(); }));
+    }
+
+    void choose(int id) {
+        host.callMenu(QStringLiteral("Event"),
+                      {id, QStringLiteral("clicked"), QVariant::fromValue(QDBusVariant(0)), 0U});
+    }
+
+    /// The panel while it is shown.
+    [[nodiscard]] static PanelWindow* panel() {
+        for (QWidget* const window : QApplication::topLevelWidgets()) {
+            if (auto* const found = dynamic_cast<PanelWindow*>(window);
+                found && found->isVisible()) {
+                return found;
+            }
+        }
+        return nullptr;
+    }
+
+    [[nodiscard]] static bool tells(Notice notice) {
+        return named(*panel(), Notices::text(notice)) != nullptr;
+    }
+
+    /// Runs the application as its program does, from `act` on: 0 when it quits by itself.
+    static int statusAfter(const std::function<void()>& act) {
+        QTimer::singleShot(0, qApp, act);
+        QTimer end;
+        end.setSingleShot(true);
+        QObject::connect(&end, &QTimer::timeout, [] { QCoreApplication::exit(kDidNotQuit); });
+        end.start(20s);
+        return QCoreApplication::exec();
+    }
+
+    // Its absence: these tests may themselves run in a session of sway.
+    TemporaryEnvironment swaySocket{"SWAYSOCK", std::nullopt};
+    CapturedLog log;
+    TemporaryFolder folder;
+    HeldSleeper sleeper;
+    PrivateBus daemon;
+    QString connectionName = QUuid::createUuid().toString();
+    QDBusConnection bus;
+    FakeTrayHost host;
+    simulator::Simulator exchange{{.caFile = authorityFile(), .symbolCount = 100}};
+    std::optional<QuillbarApp> app;
+};
+
+TEST_F(QuillbarAppTest, putsItsItemIntoTheTrayAndOpensNothing) {
+    startInTray();
+    EXPECT_THAT(host.registered, Contains(bus.baseService()));
+    EXPECT_EQ(panel(), nullptr);
+}
+
+TEST_F(QuillbarAppTest, theItemFollowsThePrices) {
+    startInTray();
+    ASSERT_TRUE(spinUntil([this] { return exchange.openStreams() > 0; }));
+    ASSERT_TRUE(spinUntil([this] { return !host.labels.isEmpty(); }));
+    const QString before = host.labels.constLast();
+    EXPECT_TRUE(spinUntil([&] {
+        exchange.tick();
+        endPatience();
+        return host.labels.constLast() != before;
+    })) << before.toStdString();
+}
+
+TEST_F(QuillbarAppTest, aClickOnTheItemOpensThePanel) {
+    startInTray();
+    host.callItem(QStringLiteral("Activate"), {300, 5});
+    ASSERT_NE(panel(), nullptr);
+    EXPECT_EQ(panel()->width(), 400);
+    EXPECT_FALSE(tells(Notice::noTray));
+    EXPECT_FALSE(tells(Notice::noSessionBus));
+    EXPECT_FALSE(tells(Notice::noChineseFont));
+}
+
+TEST_F(QuillbarAppTest, theMenuOpensThePanel) {
+    startInTray();
+    choose(StatusItem::kOpenPanel);
+    EXPECT_NE(panel(), nullptr);
+}
+
+TEST_F(QuillbarAppTest, theMenuQuits) {
+    startInTray();
+    EXPECT_EQ(statusAfter([this] { choose(StatusItem::kQuit); }), kQuit);
+}
+
+TEST_F(QuillbarAppTest, theKeyForQuittingQuitsFromThePanel) {
+    startInTray();
+    app->showPanel(QString());
+    ASSERT_TRUE(spinUntil([] { return panel()->isActiveWindow(); }));
+    EXPECT_EQ(statusAfter([] { QTest::keyClick(panel(), Qt::Key_Q, Qt::ControlModifier); }), kQuit);
+}
+
+TEST_F(QuillbarAppTest, commandsToggleThePanel) {
+    startInTray();
+    app->togglePanel(QString());
+    EXPECT_NE(panel(), nullptr);
+    app->togglePanel(QString());
+    EXPECT_EQ(panel(), nullptr);
+}
+
+TEST_F(QuillbarAppTest, withoutATrayThePanelOpensAndSaysWhy) {
+    startWithoutTray(bus);
+    EXPECT_TRUE(tells(Notice::noTray));
+    EXPECT_FALSE(tells(Notice::noSessionBus));
+    EXPECT_THAT(log.lines("QuillbarApp"), IsEmpty());
+    QTest::keyClick(panel(), Qt::Key_Escape);
+    spinUntilIdle();
+    app->togglePanel(QString());
+    ASSERT_NE(panel(), nullptr) << "closing does not quit where a command opens it again";
+    host.beWatcher();
+    EXPECT_TRUE(spinUntil([] { return !tells(Notice::noTray); }));
+}
+
+TEST_F(QuillbarAppTest, withoutASessionBusThePanelOpensAndSaysWhy) {
+    startWithoutTray(std::nullopt);
+    EXPECT_TRUE(tells(Notice::noSessionBus));
+    EXPECT_FALSE(tells(Notice::noTray)) << "the bus is the reason";
+    EXPECT_THAT(log.lines("QuillbarApp"),
+                Contains("QuillbarApp|error|no session bus: no item in the status area"));
+}
+
+TEST_F(QuillbarAppTest, withoutASessionBusAClosedPanelIsTheEnd) {
+    startWithoutTray(std::nullopt);
+    EXPECT_EQ(statusAfter([] { QTest::keyClick(panel(), Qt::Key_Escape); }), kQuit)
+        << "nothing could ever open it again";
+}
+
+}  // namespace
+
+}  // namespace quillbar
