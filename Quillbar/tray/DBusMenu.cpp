@@ -41,7 +41,7 @@ QVariantMap propertiesOf(const MenuEntry& entry) {
     // A single underscore would mark a mnemonic.
     QString label = entry.label;
     properties.insert(QStringLiteral("label"), label.replace(u'_', QStringLiteral("__")));
-    properties.insert(QStringLiteral("enabled"), entry.isEnabled);
+    properties.insert(QStringLiteral("enabled"), entry.isUsable());
     if (entry.kind == MenuEntry::Kind::submenu) {
         properties.insert(kChildrenDisplay, kSubmenu);
     }
@@ -103,6 +103,12 @@ MenuLayout DBusMenu::layoutOf(int id, int depth, const QStringList& names) const
     return layout;
 }
 
+bool DBusMenu::changesWhenShown() {
+    const uint before = m_revision;
+    m_handlers.shown();
+    return m_revision != before;
+}
+
 void DBusMenu::refuse(int id) {
     if (calledFromDBus()) {
         sendErrorReply(QDBusError::InvalidArgs,
@@ -118,7 +124,7 @@ void DBusMenu::handle(int id, const QString& type) {
         return;
     }
     const MenuEntry* const entry = find(m_entries, id);
-    if (type == QStringLiteral("clicked") && entry != nullptr && entry->isEnabled
+    if (type == QStringLiteral("clicked") && entry != nullptr && entry->isUsable()
         && entry->kind == MenuEntry::Kind::action) {
         m_handlers.clicked(id);
     }
@@ -183,21 +189,20 @@ QList<int> DBusMenu::EventGroup(const QList<MenuEvent>& events) {
 bool DBusMenu::AboutToShow(int id) {
     if (!isKnown(id)) {
         refuse(id);
-    } else if (id == kRoot) {
-        m_handlers.shown();
     }
-    return false;
+    return id == kRoot && changesWhenShown();
 }
 
 QList<int> DBusMenu::AboutToShowGroup(const QList<int>& ids, QList<int>& idErrors) {
+    QList<int> changed;
     for (const int id : ids) {
         if (!isKnown(id)) {
             idErrors.append(id);
-        } else if (id == kRoot) {
-            m_handlers.shown();
+        } else if (id == kRoot && changesWhenShown()) {
+            changed.append(id);
         }
     }
-    return {};
+    return changed;
 }
 
 }  // namespace quillbar

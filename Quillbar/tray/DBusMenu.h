@@ -35,7 +35,7 @@ class DBusMenu final : public QObject,
 public:
     /// What the user does. Both are set.
     struct Handlers final {
-        /// The menu is about to be shown, or just was. Perhaps several times.
+        /// The menu is about to be shown, or just was. Perhaps several times. May set the entries.
         std::function<void()> shown;
         /// An enabled action was clicked.
         std::function<void(int id)> clicked;
@@ -73,7 +73,7 @@ public:
                                    uint timestamp);
     /// Returns the ids that are not in the menu.
     Q_SCRIPTABLE Q_SLOT QList<int> EventGroup(const QList<quillbar::MenuEvent>& events);
-    /// Returns whether the layout must be read again first, which it never must.
+    /// Returns whether the layout must be read again first, because `shown` has set other entries.
     Q_SCRIPTABLE Q_SLOT bool AboutToShow(int id);
     /// Returns the ids whose layout must be read again, and sets those that are not in the menu.
     Q_SCRIPTABLE Q_SLOT QList<int> AboutToShowGroup(const QList<int>& ids, QList<int>& idErrors);
@@ -83,6 +83,8 @@ public:
 
 private:
     [[nodiscard]] bool isKnown(int id) const;
+    /// Whether showing the menu changes it.
+    bool changesWhenShown();
     [[nodiscard]] QVariantMap propertiesOf(int id, const QStringList& names) const;
     [[nodiscard]] MenuLayout layoutOf(int id, int depth, const QStringList& names) const;
     void refuse(int id);

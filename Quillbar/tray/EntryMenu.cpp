@@ -10,6 +10,8 @@ namespace quillbar {
 
 namespace {
 
+constexpr const char* kKindProperty = "_quillbar_kind";
+
 // A single ampersand would mark a mnemonic.
 QString withoutMnemonic(QString label) {
     return label.replace(u'&', QStringLiteral("&&"));
@@ -17,7 +19,8 @@ QString withoutMnemonic(QString label) {
 
 void addAction(QMenu& menu, const MenuEntry& entry, const std::function<void(int id)>& clicked) {
     QAction* const action = menu.addAction(withoutMnemonic(entry.label));
-    action->setEnabled(entry.isEnabled);
+    action->setEnabled(entry.isUsable());
+    action->setProperty(kKindProperty, static_cast<int>(entry.kind));
     if (entry.mark != MenuEntry::Mark::none) {
         action->setCheckable(true);
         action->setChecked(entry.isOn);
@@ -40,6 +43,8 @@ void fillMenu(QMenu& menu,
     for (const MenuEntry& entry : entries) {
         switch (entry.kind) {
         case MenuEntry::Kind::action:
+        case MenuEntry::Kind::header:
+        case MenuEntry::Kind::notice:
             addAction(menu, entry, clicked);
             break;
         case MenuEntry::Kind::separator:
@@ -54,6 +59,10 @@ void fillMenu(QMenu& menu,
         }
         }
     }
+}
+
+MenuEntry::Kind entryKindOf(const QAction& action) {
+    return static_cast<MenuEntry::Kind>(action.property(kKindProperty).toInt());
 }
 
 }  // namespace quillbar

@@ -7,6 +7,7 @@
 #include <functional>
 #include <vector>
 
+class QAction;
 class QMenu;
 
 namespace quillbar {
@@ -16,5 +17,8 @@ namespace quillbar {
 void fillMenu(QMenu& menu,
               const std::vector<MenuEntry>& entries,
               const std::function<void(int id)>& clicked);
+
+/// The kind of the entry that an action of such a menu shows; `action` for any other action.
+[[nodiscard]] MenuEntry::Kind entryKindOf(const QAction& action);
 
 }  // namespace quillbar

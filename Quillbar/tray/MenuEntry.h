@@ -8,9 +8,18 @@
 
 namespace quillbar {
 
-/// One entry of the status item's menu. A plain value.
+/// One entry of the status item's menu, or of the panel's. A plain value.
 struct MenuEntry final {
-    enum class Kind { action, separator, submenu };
+    enum class Kind {
+        /// What can be chosen, unless it is disabled.
+        action,
+        separator,
+        submenu,
+        /// The title of the entries below it.
+        header,
+        /// A word about the entry above it.
+        notice,
+    };
     /// How an entry that can be on is marked.
     enum class Mark { none, check, radio };
 
@@ -25,6 +34,11 @@ struct MenuEntry final {
     bool isOn = false;
     /// For submenus.
     std::vector<MenuEntry> children = {};
+
+    /// Whether the user can do anything with it.
+    [[nodiscard]] bool isUsable() const {
+        return isEnabled && (kind == Kind::action || kind == Kind::submenu);
+    }
 
     [[nodiscard]] bool operator==(const MenuEntry&) const = default;
 };

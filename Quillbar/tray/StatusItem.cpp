@@ -329,6 +329,9 @@ void StatusItem::popUpMenu(QPoint reported) {
 void StatusItem::menuShown() {
     // By the time an entry is chosen, the pointer is on that entry.
     m_menuAnchor = m_environment.pointer();
+    if (m_handlers.onMenuShown) {
+        m_handlers.onMenuShown();
+    }
 }
 
 void StatusItem::menuClicked(int id) {

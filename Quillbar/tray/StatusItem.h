@@ -55,11 +55,13 @@ public:
     static constexpr int kQuit = 2;
     static constexpr int kLastOwnId = 9;
 
-    /// What the user does. All are set. A handler does not destroy the item; it may post that to the
-    /// executor.
+    /// What the user does. All but `onMenuShown` are set. A handler does not destroy the item; it may
+    /// post that to the executor.
     struct Handlers final {
         /// Wants the panel beside this position on the screen.
         std::function<void(QPoint anchor, ActivationSource source)> onActivate;
+        /// Is about to see the menu, whose entries may be set now. Perhaps several times.
+        std::function<void()> onMenuShown = nullptr;
         /// Chose an entry of the menu, `kQuit` or one of those given; never `kOpenPanel`.
         std::function<void(int id)> onMenu;
         /// Precedes an activation: with the token, the next window shown may take the focus.

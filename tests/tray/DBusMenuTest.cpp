@@ -197,6 +197,23 @@ TEST_F(DBusMenuTest, tellsWhenItIsShown) {
     EXPECT_EQ(shown, 3);
 }
 
+TEST_F(DBusMenuTest, whatOnlySaysSomethingIsDisabled) {
+    menu.setEntries(
+        {MenuEntry{.id = 10, .label = QStringLiteral("title"), .kind = MenuEntry::Kind::header},
+         MenuEntry{.id = 11, .label = QStringLiteral("word"), .kind = MenuEntry::Kind::notice}});
+    const MenuLayout all = layout(DBusMenu::kRoot, -1);
+    ASSERT_EQ(all.children.size(), 2);
+    for (int index = 0; index < 2; ++index) {
+        const QVariantMap properties = child(all, index).properties;
+        EXPECT_EQ(properties.value(QStringLiteral("enabled")), false);
+        EXPECT_FALSE(properties.contains(QStringLiteral("type")));
+    }
+    EXPECT_EQ(child(all, 0).properties.value(QStringLiteral("label")), QStringLiteral("title"));
+    event(10, "clicked");
+    event(11, "clicked");
+    EXPECT_THAT(clicked, IsEmpty());
+}
+
 TEST_F(DBusMenuTest, announcesEachChangeOfItsLayoutWithTheNextRevision) {
     layout(DBusMenu::kRoot, 0);
     const uint before = revision;

@@ -60,6 +60,18 @@ TEST_F(EntryMenuTest, tellsWhatIsChosen) {
     EXPECT_THAT(clicked, ElementsAre(1, 3));
 }
 
+TEST_F(EntryMenuTest, whatOnlySaysSomethingCannotBeChosen) {
+    fill({MenuEntry{.id = 1, .label = QStringLiteral("title"), .kind = MenuEntry::Kind::header},
+          MenuEntry{.id = 2, .label = QStringLiteral("word"), .kind = MenuEntry::Kind::notice},
+          MenuEntry{.id = 3}});
+    EXPECT_FALSE(action(0)->isEnabled());
+    EXPECT_EQ(entryKindOf(*action(0)), MenuEntry::Kind::header);
+    EXPECT_FALSE(action(1)->isEnabled());
+    EXPECT_EQ(entryKindOf(*action(1)), MenuEntry::Kind::notice);
+    EXPECT_EQ(entryKindOf(*action(2)), MenuEntry::Kind::action);
+    EXPECT_EQ(entryKindOf(QAction()), MenuEntry::Kind::action);
+}
+
 TEST_F(EntryMenuTest, forgetsTheEntriesBefore) {
     fill({MenuEntry{.id = 1, .kind = MenuEntry::Kind::submenu}});
     fill({MenuEntry{.id = 2}});

@@ -50,6 +50,7 @@ void StatusItemFixture::start(const std::optional<QDBusConnection>& connection) 
                 [this](QPoint anchor, ActivationSource source) {
                     activations.emplace_back(anchor, source);
                 },
+            .onMenuShown = [this] { onMenuShown(); },
             .onMenu = [this](int id) { chosen.push_back(id); },
             .onActivationToken = [this](const QString& token) { tokens.push_back(token); },
             .onNoTray = [this] { ++noTray; },

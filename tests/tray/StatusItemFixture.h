@@ -14,6 +14,7 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
 #include <optional>
 #include <string>
 #include <utility>
@@ -60,6 +61,8 @@ struct StatusItemFixture : ::testing::Test {
     double pixelRatio = 1;
     std::vector<std::pair<QPoint, ActivationSource>> activations;
     std::vector<int> chosen;
+    /// Called when the menu is about to be shown.
+    std::function<void()> onMenuShown = [] {};
     std::vector<QString> tokens;
     int noTray = 0;
     int tray = 0;

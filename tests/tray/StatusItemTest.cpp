@@ -328,6 +328,31 @@ TEST_F(StatusItemTest, hasAMenuThatBeginsWithThePanelAndEndsWithQuit) {
                            QStringLiteral("退出")}));
 }
 
+TEST_F(StatusItemTest, itsMenuMayBeSetWhenItIsAboutToBeShown) {
+    onMenuShown = [this] { item->setMenu({MenuEntry{.id = 10, .label = QStringLiteral("设置")}}); };
+    startAt("some-panel");
+    const auto asked = [this] {
+        return host->callMenu(QStringLiteral("AboutToShow"), {0}).arguments().value(0).toBool();
+    };
+    EXPECT_TRUE(asked());
+    EXPECT_FALSE(asked());
+    item->setMenu({});
+    const QDBusMessage group = host->callMenu(QStringLiteral("AboutToShowGroup"),
+                                              {QVariant::fromValue(QList<int>{DBusMenu::kRoot})});
+    EXPECT_EQ(qdbus_cast<QList<int>>(group.arguments().value(0)), QList<int>{DBusMenu::kRoot});
+}
+
+TEST_F(StatusItemTest, itsOwnMenuMayBeSetWhenItIsAboutToBeShown) {
+    onMenuShown = [this] { item->setMenu({MenuEntry{.id = 10, .label = QStringLiteral("设置")}}); };
+    startAt("swaybar");
+    host->callItem(QStringLiteral("ContextMenu"), {10, 10});
+    auto* const menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+    ASSERT_NE(menu, nullptr);
+    EXPECT_EQ(menu->actions().at(2)->text(), QStringLiteral("设置"));
+    EXPECT_TRUE(menu->rect().contains(menu->actionGeometry(menu->actions().last())));
+    menu->close();
+}
+
 }  // namespace
 
 }  // namespace quillbar
