@@ -3,6 +3,7 @@
 #include "Quillbar/CoinRowMenu.h"
 
 #include "Quillbar/Glyphs.h"
+#include "Quillbar/PanelMenu.h"
 #include "Quillbar/Theme.h"
 #include "QuillbarCore/model/Watchlist.h"
 
@@ -82,7 +83,7 @@ void addMoves(QMenu& menu, const ViewEnvironment& environment, const std::string
     }
 }
 
-// What tells a destructive item from the others, in a menu that the platform draws.
+// What tells a destructive item from the others.
 QIcon trashIcon(const QWidget& view) {
     const double scale = view.devicePixelRatioF();
     QPixmap pixmap((QSizeF(kIconSize, kIconSize) * scale).toSize());
@@ -103,7 +104,7 @@ QMenu* CoinRowMenu::make(const ViewEnvironment& environment,
                          const std::string& symbol,
                          std::function<void()> restoreManualOrder,
                          QWidget* parent) {
-    auto* const menu = new QMenu(parent);
+    auto* const menu = new PanelMenu(parent);
     menu->setAttribute(Qt::WA_DeleteOnClose);
     if (restoreManualOrder) {
         QObject::connect(menu->addAction(QStringLiteral("恢复手动顺序")),

@@ -11,7 +11,7 @@
 namespace quillbar {
 
 /// A plain button that shows one glyph in its middle.
-class GlyphButton final : public PlainButton {
+class GlyphButton : public PlainButton {
 public:
     /// `size` is that of the whole button, `glyphSize` that of the glyph in it, in points.
     GlyphButton(Glyph glyph, double glyphSize, const QSize& size, QWidget* parent = nullptr);

@@ -1,0 +1,126 @@
+// SPDX-FileCopyrightText: 2026 The Quillbar developers
+// SPDX-License-Identifier: MIT
+#include "Quillbar/SettingsMenu.h"
+
+#include "Quillbar/tray/StatusItem.h"
+#include "QuillbarCore/model/ChangeBasis.h"
+#include "QuillbarCore/state/AppearanceMode.h"
+
+#include <cstddef>
+#include <string_view>
+#include <utility>
+
+namespace quillbar {
+
+namespace {
+
+// The ids tell the entries apart while the menu changes, so none depends on its place.
+enum Id : int {
+    basisHeader = SettingsMenu::kFirstId,
+    firstBasis,
+    appearanceHeader = 20,
+    firstAppearance,
+    aboveLaunch = 30,
+    launch,
+    launchError,
+};
+
+static_assert(SettingsMenu::kFirstId > StatusItem::kLastOwnId);
+static_assert(launchError <= SettingsMenu::kLastId);
+static_assert(firstBasis + int{kAllChangeBases.size()} <= appearanceHeader);
+static_assert(firstAppearance + int{kAllAppearanceModes.size()} <= aboveLaunch);
+
+QString text(std::string_view utf8) {
+    return QString::fromUtf8(utf8.data(), static_cast<qsizetype>(utf8.size()));
+}
+
+/// A title with all values below it, the present one marked.
+template <class Values, class Value>
+void addPicker(std::vector<MenuEntry>& entries,
+               int headerId,
+               const QString& title,
+               const Values& values,
+               Value present) {
+    entries.push_back(MenuEntry{.id = headerId, .label = title, .kind = MenuEntry::Kind::header});
+    int id = headerId;
+    for (const Value value : values) {
+        ++id;
+        entries.push_back(MenuEntry{.id = id,
+                                    .label = text(displayName(value)),
+                                    .mark = MenuEntry::Mark::radio,
+                                    .isOn = value == present});
+    }
+}
+
+/// The value whose entry has this id, if one has.
+template <class Values>
+auto valueOf(const Values& values, int firstId, int id)
+    -> std::optional<typename Values::value_type> {
+    const int index = id - firstId;
+    if (index < 0 || static_cast<std::size_t>(index) >= values.size()) {
+        return std::nullopt;
+    }
+    return values[static_cast<std::size_t>(index)];
+}
+
+}  // namespace
+
+SettingsMenu::SettingsMenu(AppState& appState, LaunchAtLogin& launchAtLogin)
+    : m_appState(appState)
+    , m_launchAtLogin(launchAtLogin)
+    , m_isLaunched(launchAtLogin.isEnabled()) {
+    const auto changed = [this](const auto& /*value*/) { updateEntries(); };
+    m_observations.push_back(appState.settings().observe(changed));
+    m_observations.push_back(m_isLaunched.observe(changed));
+    m_observations.push_back(m_launchError.observe(changed));
+    updateEntries();
+}
+
+void SettingsMenu::choose(int id) {
+    if (id == launch) {
+        setLaunchAtLogin(!*m_isLaunched);
+    } else if (const auto basis = valueOf(kAllChangeBases, firstBasis, id)) {
+        m_appState.setChangeBasis(*basis);
+    } else if (const auto mode = valueOf(kAllAppearanceModes, firstAppearance, id)) {
+        m_appState.setAppearance(*mode);
+    }
+}
+
+void SettingsMenu::setLaunchAtLogin(bool enabled) {
+    m_isLaunched.set(enabled);
+    if (m_launchAtLogin.set(enabled)) {
+        m_launchError.set(std::nullopt);
+        return;
+    }
+    m_isLaunched.set(m_launchAtLogin.isEnabled());
+    m_launchError.set(enabled ? QStringLiteral("开机自启注册失败,请检查系统设置中的登录项")
+                              : QStringLiteral("取消开机自启失败,请稍后重试"));
+}
+
+void SettingsMenu::refresh() {
+    m_isLaunched.set(m_launchAtLogin.isEnabled());
+}
+
+void SettingsMenu::updateEntries() {
+    const AppSettings& settings = *m_appState.settings();
+    std::vector<MenuEntry> entries;
+    addPicker(
+        entries, basisHeader, QStringLiteral("涨跌幅基准"), kAllChangeBases, settings.changeBasis);
+    addPicker(entries,
+              appearanceHeader,
+              QStringLiteral("外观"),
+              kAllAppearanceModes,
+              settings.appearance);
+    entries.push_back(MenuEntry{.id = aboveLaunch, .kind = MenuEntry::Kind::separator});
+    entries.push_back(MenuEntry{.id = launch,
+                                .label = QStringLiteral("开机自启"),
+                                .mark = MenuEntry::Mark::check,
+                                .isOn = *m_isLaunched});
+    if (const auto& error = *m_launchError) {
+        entries.push_back(
+            MenuEntry{.id = launchError, .label = *error, .kind = MenuEntry::Kind::notice});
+    }
+    m_entries.set(std::move(entries));
+}
+
+}  // namespace quillbar

@@ -1,0 +1,146 @@
+// SPDX-FileCopyrightText: 2026 The Quillbar developers
+// SPDX-License-Identifier: MIT
+#include "Quillbar/PanelMenu.h"
+#include "Quillbar/tray/EntryMenu.h"
+#include "tests/views/Widgets.h"
+
+#include <QAction>
+#include <QImage>
+
+#include <gtest/gtest.h>
+
+#include <set>
+#include <vector>
+
+namespace quillbar {
+namespace {
+
+/// A menu in the theme of its window, with the entries that the test gives it.
+struct PanelMenuTest : ::testing::Test {
+    PanelMenuTest() { ThemeKey::set(window, {.colors = ThemeColors::dark()}); }
+
+    void fill(const std::vector<MenuEntry>& entries) {
+        fillMenu(menu, entries, [](int /*id*/) {});
+        menu.popup(QPoint(50, 50));
+    }
+    void fill(const MenuEntry& entry) { fill(std::vector<MenuEntry>{entry}); }
+
+    [[nodiscard]] QRect place(int index) const {
+        return menu.actionGeometry(menu.actions().at(index));
+    }
+    /// What is shown of an entry.
+    [[nodiscard]] QImage picture(int index = 0) { return menu.grab(place(index)).toImage(); }
+    [[nodiscard]] static std::set<QRgb> colorsIn(const QImage& image) {
+        std::set<QRgb> colors;
+        for (int y = 0; y < image.height(); ++y) {
+            for (int x = 0; x < image.width(); ++x) {
+                colors.insert(image.pixel(x, y));
+            }
+        }
+        return colors;
+    }
+    [[nodiscard]] bool shows(const QColor& color, int index = 0) {
+        return colorsIn(picture(index)).contains(color.rgb());
+    }
+    /// What lies beneath the entries.
+    [[nodiscard]] QColor ground() { return menu.grab().toImage().pixelColor(3, 3); }
+
+    QWidget window;
+    PanelMenu menu{&window};
+};
+
+const MenuEntry kPlain{.id = 1, .label = QStringLiteral("深色")};
+
+TEST_F(PanelMenuTest, isDarkOverADarkPanel) {
+    fill(kPlain);
+    EXPECT_LT(ground().lightness(), 60);
+    EXPECT_GT(ground().lightness(), ThemeColors::dark().surface.lightness());
+    EXPECT_TRUE(shows(ThemeColors::dark().primaryText));
+}
+
+TEST_F(PanelMenuTest, isLightOverALightPanel) {
+    ThemeKey::set(window, {.colors = ThemeColors::light()});
+    fill(kPlain);
+    EXPECT_GT(ground().lightness(), 230);
+    EXPECT_LT(ground().lightness(), ThemeColors::light().surface.lightness());
+    EXPECT_TRUE(shows(ThemeColors::light().primaryText));
+}
+
+TEST_F(PanelMenuTest, marksWhatIsOnAndNothingElse) {
+    const QColor accent = ThemeColors::dark().accent;
+    fill({MenuEntry{.id = 1, .mark = MenuEntry::Mark::radio, .isOn = true},
+          MenuEntry{.id = 2, .mark = MenuEntry::Mark::radio},
+          MenuEntry{.id = 3, .mark = MenuEntry::Mark::check, .isOn = true},
+          MenuEntry{.id = 4, .mark = MenuEntry::Mark::check}});
+    EXPECT_TRUE(shows(accent, 0));
+    EXPECT_FALSE(shows(accent, 1));
+    EXPECT_TRUE(shows(accent, 2));
+    EXPECT_FALSE(shows(accent, 3));
+}
+
+TEST_F(PanelMenuTest, drawsEachKindInItsColour) {
+    const ThemeColors::Resolved& colors = ThemeColors::dark();
+    const QString label = QStringLiteral("跟随系统");
+    fill({MenuEntry{.id = 1, .label = label, .kind = MenuEntry::Kind::header},
+          MenuEntry{.id = 2, .label = label, .kind = MenuEntry::Kind::notice},
+          MenuEntry{.id = 3, .label = label, .isEnabled = false}});
+    EXPECT_TRUE(shows(colors.secondaryText, 0));
+    EXPECT_TRUE(shows(colors.down, 1));
+    EXPECT_TRUE(shows(colors.tertiaryText, 2));
+    for (int index = 0; index < 3; ++index) {
+        EXPECT_FALSE(shows(colors.primaryText, index)) << index;
+    }
+}
+
+TEST_F(PanelMenuTest, tintsTheEntryUnderThePointer) {
+    fill({kPlain, MenuEntry{.id = 2, .label = QStringLiteral("浅色")}});
+    const QImage before = picture(0);
+    const QImage other = picture(1);
+    menu.setActiveAction(menu.actions().front());
+    EXPECT_NE(picture(0), before);
+    EXPECT_EQ(picture(1), other);
+}
+
+TEST_F(PanelMenuTest, aHeaderIsNotTinted) {
+    fill(MenuEntry{.id = 1, .label = QStringLiteral("外观"), .kind = MenuEntry::Kind::header});
+    const QImage before = picture();
+    menu.setActiveAction(menu.actions().front());
+    EXPECT_EQ(picture(), before);
+}
+
+TEST_F(PanelMenuTest, breaksALongTextIntoLines) {
+    fill({kPlain,
+          MenuEntry{.id = 2,
+                    .label = QStringLiteral("开机自启注册失败,请检查系统设置中的登录项"),
+                    .kind = MenuEntry::Kind::notice}});
+    EXPECT_LT(menu.width(), 250);
+    EXPECT_GT(place(1).height(), place(0).height());
+}
+
+TEST_F(PanelMenuTest, drawsADividerAsALine) {
+    fill({kPlain, MenuEntry{.id = 2, .kind = MenuEntry::Kind::separator}, kPlain});
+    EXPECT_EQ(place(1).height(), 9);
+    EXPECT_EQ(colorsIn(picture(1)).size(), 2U);
+}
+
+TEST_F(PanelMenuTest, showsThatThereIsMoreBelow) {
+    fill(MenuEntry{.id = 1, .kind = MenuEntry::Kind::submenu});
+    EXPECT_TRUE(shows(ThemeColors::dark().primaryText));
+}
+
+TEST_F(PanelMenuTest, anAmpersandIsShownAsItIs) {
+    fill({MenuEntry{.id = 1, .label = QStringLiteral("A&B")},
+          MenuEntry{.id = 2, .label = QStringLiteral("AB")}});
+    EXPECT_NE(picture(0), picture(1));
+}
+
+TEST_F(PanelMenuTest, drawsTheIconOfAnAction) {
+    QPixmap red(16, 16);
+    red.fill(Qt::red);
+    menu.addAction(QIcon(red), QStringLiteral("删除"));
+    menu.popup(QPoint(50, 50));
+    EXPECT_TRUE(shows(Qt::red));
+}
+
+}  // namespace
+}  // namespace quillbar
