@@ -171,7 +171,8 @@ bool RowDrag::follow(const std::string& id, const QEvent& event) {
 bool RowDrag::press(const std::string& id, const QMouseEvent& event) {
     if (event.button() != Qt::LeftButton) {
         if (isHeld()) {
-            putBack(State::spent);
+            // Without the left button its release went elsewhere.
+            putBack(event.buttons().testFlag(Qt::LeftButton) ? State::spent : State::idle);
         }
         return isHeld();
     }

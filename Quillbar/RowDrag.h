@@ -32,7 +32,7 @@ public:
     /// How near an edge of the view the pointer makes the list scroll, in points.
     static constexpr int kScrollZone = 24;
     /// The furthest that the list scrolls in one step, and the time between two of them.
-    static constexpr int kGreatestStep = 12;
+    static constexpr int kGreatestStep = 40;
     static constexpr std::chrono::milliseconds kScrollInterval{16};
 
     /// What is dragged for. Both may be empty in a list whose rows stay where they are.

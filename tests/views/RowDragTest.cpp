@@ -447,6 +447,22 @@ TEST_F(RowDragTest, aReleaseThatWentElsewherePutsTheRowBack) {
     EXPECT_THAT(moved, IsEmpty());
 }
 
+TEST_F(RowDragTest, aPressWhoseReleaseWentElsewhereKeepsNoMenuBack) {
+    show(5);
+    press("1");
+    QMouseEvent event(QEvent::MouseButtonPress,
+                      QPointF(200, 10),
+                      list->row("1")->mapToGlobal(QPointF(200, 10)),
+                      Qt::RightButton,
+                      Qt::RightButton,
+                      Qt::NoModifier);
+    QApplication::sendEvent(list->row("1"), &event);
+    QContextMenuEvent menu(QContextMenuEvent::Mouse, QPoint(200, 10), QPoint());
+    QApplication::sendEvent(list->row("1"), &menu);
+    EXPECT_THAT(menus, ElementsAre("1"));
+    release();
+}
+
 TEST_F(RowDragTest, hidingPutsTheRowBack) {
     show(5);
     drag("1", 3);
