@@ -4,6 +4,7 @@
 
 #include "Quillbar/CoinRowView.h"
 #include "Quillbar/GlyphButton.h"
+#include "Quillbar/RowAccessibility.h"
 #include "Quillbar/text/OneLineText.h"
 
 #include <QSize>
@@ -14,13 +15,6 @@ namespace quillbar {
 namespace {
 
 constexpr double kDisclosureSize = 9;
-
-// Screen readers are told of every name that is set.
-void speak(QWidget& widget, const QString& name) {
-    if (widget.accessibleName() != name) {
-        widget.setAccessibleName(name);
-    }
-}
 
 }  // namespace
 
@@ -47,9 +41,10 @@ void CoinListRow::present(const std::string& id, std::size_t index) {
     const bool isExpanded = *m_source.expandedSymbol == id;
     m_disclosure->setGlyph(isExpanded ? Glyph::chevronDown : Glyph::chevronRight);
     const QString name = OneLineText::of(m_coin->coin().baseAsset);
-    speak(*m_disclosure,
-          (isExpanded ? QStringLiteral("收起 %1 走势") : QStringLiteral("展开 %1 走势")).arg(name));
-    speak(*this, m_coin->spokenText());
+    RowAccessibility::setName(
+        *m_disclosure,
+        (isExpanded ? QStringLiteral("收起 %1 走势") : QStringLiteral("展开 %1 走势")).arg(name));
+    RowAccessibility::setName(*this, m_coin->spokenText());
     describePlace(index);
 }
 

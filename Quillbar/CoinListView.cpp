@@ -7,6 +7,7 @@
 #include "Quillbar/CoinRowMenu.h"
 #include "Quillbar/CoinRowView.h"
 #include "Quillbar/ColumnHeader.h"
+#include "Quillbar/RowIds.h"
 #include "Quillbar/RowList.h"
 #include "Quillbar/SortableHeader.h"
 #include "Quillbar/WatchlistMove.h"
@@ -22,7 +23,6 @@
 
 #include <algorithm>
 #include <string_view>
-#include <unordered_set>
 #include <utility>
 
 namespace quillbar {
@@ -42,22 +42,6 @@ constexpr std::array<Column, kAllWatchlistSortColumns.size()> kColumns{{
     {WatchlistSortColumn::price, u"价格", CoinRowView::kPriceWidth},
     {WatchlistSortColumn::change, u"涨跌", CoinRowView::kChangeWidth},
 }};
-
-std::vector<std::string> symbolsOf(const std::vector<Coin>& coins) {
-    std::vector<std::string> symbols;
-    symbols.reserve(coins.size());
-    for (const Coin& coin : coins) {
-        symbols.push_back(coin.symbol);
-    }
-    return symbols;
-}
-
-// A list that was written by hand may name a coin twice, and a row is known by its symbol.
-void dropRepeated(std::vector<Coin>& coins) {
-    std::unordered_set<std::string> seen;
-    seen.reserve(coins.size());
-    std::erase_if(coins, [&seen](const Coin& coin) { return !seen.insert(coin.symbol).second; });
-}
 
 }  // namespace
 
@@ -166,7 +150,7 @@ void CoinListView::move(const std::string& symbol, std::size_t before) {
     } else {
         std::rotate(to, from, from + 1);
     }
-    m_rows->setIds(symbolsOf(m_displayed));
+    m_rows->setIds(RowIds::of(m_displayed));
 }
 
 void CoinListView::openMenu(const std::string& symbol, const QPoint& position) {
@@ -208,8 +192,8 @@ int CoinListView::listHeight() const {
 void CoinListView::updateOrder() {
     m_sinceReorder.start();
     m_displayed = displayedCoins();
-    dropRepeated(m_displayed);
-    m_rows->setIds(symbolsOf(m_displayed));
+    RowIds::dropRepeated(m_displayed);
+    m_rows->setIds(RowIds::of(m_displayed));
 }
 
 void CoinListView::updateHeight() {
@@ -254,7 +238,7 @@ void CoinListView::toggle(const std::string& symbol) {
         return;
     }
     m_expandedSymbol.set(symbol);
-    m_frozenOrder = symbolsOf(displayedCoins());
+    m_frozenOrder = RowIds::of(displayedCoins());
 }
 
 // What the models tell
@@ -334,7 +318,7 @@ void CoinListView::showEvent(QShowEvent* event) {
     m_isStale = m_environment.appState.isDataStale();
     if (m_expandedSymbol->has_value()) {
         // A chart that was left open holds the rows where they are seen again.
-        m_frozenOrder = symbolsOf(displayedCoins());
+        m_frozenOrder = RowIds::of(displayedCoins());
     }
     m_rows->refreshAll();
 }

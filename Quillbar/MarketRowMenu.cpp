@@ -2,18 +2,18 @@
 // SPDX-License-Identifier: MIT
 #include "Quillbar/MarketRowMenu.h"
 
+#include "Quillbar/PanelMenu.h"
 #include "QuillbarCore/model/Watchlist.h"
 
 #include <QAction>
 #include <QKeySequence>
-#include <QMenu>
 #include <QObject>
 #include <QString>
 
 namespace quillbar {
 
 QMenu* MarketRowMenu::make(const ViewEnvironment& environment, const Coin& coin, QWidget* parent) {
-    auto* const menu = new QMenu(parent);
+    auto* const menu = new PanelMenu(parent);
     menu->setAttribute(Qt::WA_DeleteOnClose);
     if (environment.appState.watchlist()->contains(coin.symbol)) {
         menu->addAction(QStringLiteral("已在自选列表中"))->setEnabled(false);

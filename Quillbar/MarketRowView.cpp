@@ -69,7 +69,8 @@ public:
         setFixedSize(kAddWidth, kHeight);
         setToolTip(QStringLiteral("已在自选列表中"));
         m_button->setToolTip(QStringLiteral("加入自选"));
-        m_button->setColors(&ThemeColors::Resolved::accent, &ThemeColors::Resolved::accent);
+        m_button->setColors(&ThemeColors::Resolved::primaryText,
+                            &ThemeColors::Resolved::primaryText);
         m_button->setRestingOpacity(kRestingOpacity);
         // The row itself has the focus, and a key and the menu on it do the same.
         m_button->setFocusPolicy(Qt::NoFocus);
