@@ -23,6 +23,9 @@ const QString kConnection = QStringLiteral("desktop-test");
 const QString kWatcher = QStringLiteral("org.kde.StatusNotifierWatcher");
 const QString kWatcherPath = QStringLiteral("/StatusNotifierWatcher");
 
+const QString kLeftMonitor = QStringLiteral("left");
+const QString kRightMonitor = QStringLiteral("right");
+
 /// One bar across the top: a list of windows, nothing in the middle, the status area.
 constexpr const char* kBarSettings = R"(<?xml version="1.0" encoding="UTF-8"?>
 <channel name="xfce4-panel" version="1.0">
@@ -35,6 +38,7 @@ constexpr const char* kBarSettings = R"(<?xml version="1.0" encoding="UTF-8"?>
       <property name="position-locked" type="bool" value="true"/>
       <property name="length" type="uint" value="100"/>
       <property name="size" type="uint" value="28"/>
+      <property name="span-monitors" type="bool" value="true"/>
       <property name="plugin-ids" type="array">
         <value type="int" value="1"/>
         <value type="int" value="2"/>
@@ -160,6 +164,33 @@ void Desktop::startBar() {
 
 void Desktop::killBar() {
     m_bar.reset();
+}
+
+void Desktop::splitIntoMonitors() {
+    // The server has a single output, which only one of the two can name.
+    configureMonitors({QStringLiteral("--setmonitor"),
+                       kLeftMonitor,
+                       QStringLiteral("640/169x900/238+0+0"),
+                       QStringLiteral("screen")});
+    configureMonitors({QStringLiteral("--setmonitor"),
+                       kRightMonitor,
+                       QStringLiteral("640/169x900/238+640+0"),
+                       QStringLiteral("none")});
+}
+
+void Desktop::unplugRightMonitor() {
+    configureMonitors({QStringLiteral("--delmonitor"), kRightMonitor});
+}
+
+void Desktop::joinMonitors() {
+    configureMonitors({QStringLiteral("--delmonitor"), kLeftMonitor});
+}
+
+void Desktop::configureMonitors(const QStringList& arguments) const {
+    ChildProcess tool(QStringLiteral("xrandr"), arguments, m_environment);
+    if (tool.waitForEnd() != 0) {
+        throw std::runtime_error("xrandr cannot change the monitors");
+    }
 }
 
 QStringList Desktop::items() const {

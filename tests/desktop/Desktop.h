@@ -45,6 +45,13 @@ public:
     /// Where the status area is, which a single item fills.
     [[nodiscard]] std::optional<QRect> statusArea() const;
 
+    /// Makes the screen two monitors, its left half and its right one; the bar lies along both.
+    void splitIntoMonitors();
+    /// Leaves the left half alone.
+    void unplugRightMonitor();
+    /// Makes the screen one monitor again.
+    void joinMonitors();
+
     void startExchange();
     /// Comes back at the same address.
     void killExchange();
@@ -65,6 +72,7 @@ private:
     void startServer();
     void startBus();
     void startWindowManager();
+    void configureMonitors(const QStringList& arguments) const;
 
     TemporaryFolder m_folder;
     QProcessEnvironment m_environment;

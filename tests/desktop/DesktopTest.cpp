@@ -121,6 +121,27 @@ TEST_F(DesktopTest, aPressOnTheBareDesktopAndOneOnTheBarCloseThePanel) {
     }
 }
 
+TEST_F(DesktopTest, thePanelMovesFromAMonitorThatIsUnplugged) {
+    const QRect left(0, 0, 640, 900);
+    const QRect right(640, 0, 640, 900);
+    startApplication();
+    desktop().splitIntoMonitors();
+    EXPECT_TRUE(eventually([this, right] { return right.contains(itemCentre()); }));
+    openPanel();
+    EXPECT_TRUE(right.contains(panelGeometry())) << panelGeometry().x();
+    desktop().unplugRightMonitor();
+    EXPECT_TRUE(eventually([this, left] { return left.contains(panelGeometry()); }))
+        << panelGeometry().x();
+    pause();
+    EXPECT_TRUE(left.contains(panelGeometry())) << "it stays there, open";
+    screen().key(Screen::kEscape);
+    EXPECT_TRUE(eventually([this] { return !isPanelOpen(); }));
+    EXPECT_EQ(startAgain({QStringLiteral("--show")}), 0);
+    EXPECT_TRUE(eventually([this, left] { return left.contains(panelGeometry()); }))
+        << "where the item was, nothing can be seen";
+    desktop().joinMonitors();
+}
+
 TEST_F(DesktopTest, furtherStartsReachTheRunningApplication) {
     startApplication();
     EXPECT_EQ(startAgain({QStringLiteral("--toggle")}), 0);
