@@ -91,7 +91,7 @@ void RowList::followPointer() {
 
 void RowList::hoverOnly(const QObject* row) {
     for (const Slot& slot : m_slots) {
-        slot.widget->setHovering(slot.widget == row);
+        slot.widget->setHovering(row != nullptr && slot.widget == row);
     }
 }
 
