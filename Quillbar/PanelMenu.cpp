@@ -8,7 +8,7 @@
 #include "Quillbar/tray/EntryMenu.h"
 
 #include <QAction>
-#include <QMouseEvent>
+#include <QFontMetrics>
 #include <QPalette>
 #include <QPoint>
 #include <QRect>
@@ -33,8 +33,7 @@ PanelMenu::PanelMenu(QWidget* parent)
     setFont(systemFont(kFontSize));
 }
 
-void PanelMenu::openBelow(QWidget& button) {
-    m_button = &button;
+void PanelMenu::openBelow(const QWidget& button) {
     const QSize size = sizeHint();
     const QRect anchor(button.mapToGlobal(QPoint(0, 0)), button.size());
     QPoint corner(anchor.right() + 1 - size.width(), anchor.bottom() + 1 + kGap);
@@ -65,15 +64,6 @@ void PanelMenu::initStyleOption(QStyleOptionMenuItem* option, const QAction* act
     }
     option->fontMetrics = QFontMetrics(option->font);
     option->palette.setColor(QPalette::Text, text);
-}
-
-void PanelMenu::mousePressEvent(QMouseEvent* event) {
-    // The press that closes the menu would be handed on to the button, which would open it again.
-    const bool isOnButton =
-        m_button != nullptr && !rect().contains(event->position().toPoint())
-        && m_button->rect().contains(m_button->mapFromGlobal(event->globalPosition().toPoint()));
-    setAttribute(Qt::WA_NoMouseReplay, isOnButton);
-    QMenu::mousePressEvent(event);
 }
 
 }  // namespace quillbar

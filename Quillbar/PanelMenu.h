@@ -3,7 +3,6 @@
 #pragma once
 
 #include <QMenu>
-#include <QPointer>
 
 namespace quillbar {
 
@@ -16,16 +15,11 @@ public:
     explicit PanelMenu(QWidget* parent);
 
     /// Opens the menu below `button`, with their right edges in line; above it where there is no
-    /// room. A click on the button while the menu is open closes the menu, and does no more. The
-    /// button outlives the menu or is its parent.
-    void openBelow(QWidget& button);
+    /// room. Returns at once.
+    void openBelow(const QWidget& button);
 
 protected:
     void initStyleOption(QStyleOptionMenuItem* option, const QAction* action) const override;
-    void mousePressEvent(QMouseEvent* event) override;
-
-private:
-    QPointer<QWidget> m_button;
 };
 
 }  // namespace quillbar
