@@ -48,6 +48,13 @@ void TableRow::setAlternate(bool isAlternate) {
     }
 }
 
+void TableRow::setReactsToPointer(bool reacts) {
+    if (reacts != m_reactsToPointer) {
+        m_reactsToPointer = reacts;
+        update();
+    }
+}
+
 void TableRow::setHovering(bool isHovering) {
     if (isHovering != m_isHovering) {
         m_isHovering = isHovering;
@@ -58,7 +65,7 @@ void TableRow::setHovering(bool isHovering) {
 void TableRow::paintEvent(QPaintEvent* /*event*/) {
     QPainter painter(this);
     const ThemeColors::Resolved& colors = ThemeKey::value(*this).colors;
-    if (m_isHovering) {
+    if (m_isHovering && m_reactsToPointer) {
         painter.fillRect(rect(), colors.rowHover);
     } else if (m_isAlternate) {
         painter.fillRect(rect(), colors.rowAlternate);

@@ -31,6 +31,9 @@ public:
     void setAlternate(bool isAlternate);
     [[nodiscard]] bool isAlternate() const noexcept { return m_isAlternate; }
 
+    /// Whether the row is tinted under the pointer, as it is unless told.
+    void setReactsToPointer(bool reacts);
+
     /// Whether the pointer is over the row.
     [[nodiscard]] bool isHovering() const noexcept { return m_isHovering; }
     /// Says so for a row that has moved under the pointer, or away, of which nobody tells it.
@@ -46,6 +49,7 @@ protected:
 private:
     QHBoxLayout* m_layout;
     bool m_isAlternate = false;
+    bool m_reactsToPointer = true;
     bool m_isHovering = false;
     KeyboardFocus m_focus;
 };

@@ -27,6 +27,7 @@ struct ViewFixture : AppStateFixture {
                 .appState = *state,
                 .edits = scope,
                 .iconStore = &iconStore,
+                .sleeper = time.sleeper(),
                 .marketModels =
                     [this] { return MarketModels{.market = market(), .marketCaps = marketCaps()}; },
             });

@@ -1,0 +1,100 @@
+// SPDX-FileCopyrightText: 2026 The Quillbar developers
+// SPDX-License-Identifier: MIT
+#include "Quillbar/SearchField.h"
+
+#include "Quillbar/text/SystemFont.h"
+#include "Quillbar/Theme.h"
+
+#include <QAction>
+#include <QClipboard>
+#include <QContextMenuEvent>
+#include <QEvent>
+#include <QGuiApplication>
+#include <QMenu>
+#include <QPainter>
+#include <QPaintEvent>
+#include <QPalette>
+#include <QPen>
+#include <QRectF>
+
+#include <functional>
+#include <utility>
+
+namespace quillbar {
+
+namespace {
+
+constexpr double kFontSize = 12;
+// What Qt itself leaves free around the text.
+constexpr int kOwnHorizontalMargin = 2;
+constexpr int kOwnVerticalMargin = 1;
+
+void addItem(QMenu& menu, const QString& title, bool isEnabled, std::function<void()> act) {
+    QAction* const action = menu.addAction(title);
+    action->setEnabled(isEnabled);
+    QObject::connect(action, &QAction::triggered, &menu, std::move(act));
+}
+
+}  // namespace
+
+SearchField::SearchField(const QString& placeholder, QWidget* parent)
+    : QLineEdit(parent) {
+    setFrame(false);
+    setTextMargins(kHorizontalPadding - kOwnHorizontalMargin,
+                   kVerticalPadding - kOwnVerticalMargin,
+                   kHorizontalPadding - kOwnHorizontalMargin,
+                   kVerticalPadding - kOwnVerticalMargin);
+    setFont(systemFont(kFontSize));
+    setMaxLength(kMaximumLength);
+    setPlaceholderText(placeholder);
+    applyTheme();
+}
+
+bool SearchField::event(QEvent* event) {
+    // Shown, it may stand under another theme than where it was made.
+    if (event->type() == ThemeKey::changeEvent() || event->type() == QEvent::Show) {
+        applyTheme();
+    }
+    return QLineEdit::event(event);
+}
+
+void SearchField::paintEvent(QPaintEvent* event) {
+    {
+        QPainter painter(this);
+        painter.setRenderHint(QPainter::Antialiasing);
+        const ThemeColors::Resolved& colors = ThemeKey::value(*this).colors;
+        painter.setPen(QPen(hasFocus() ? colors.accent : colors.separator, 1));
+        painter.setBrush(colors.rowHover);
+        painter.drawRoundedRect(
+            QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), kCornerRadius, kCornerRadius);
+    }
+    QLineEdit::paintEvent(event);
+}
+
+void SearchField::contextMenuEvent(QContextMenuEvent* event) {
+    // Qt's own menu speaks the language of the session, if any.
+    auto* const menu = new QMenu(this);
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    addItem(*menu, QStringLiteral("剪切"), hasSelectedText(), [this] { cut(); });
+    addItem(*menu, QStringLiteral("拷贝"), hasSelectedText(), [this] { copy(); });
+    const bool canPaste = !QGuiApplication::clipboard()->text().isEmpty();
+    addItem(*menu, QStringLiteral("粘贴"), canPaste, [this] { paste(); });
+    menu->addSeparator();
+    addItem(*menu, QStringLiteral("全选"), !text().isEmpty(), [this] { selectAll(); });
+    menu->popup(event->globalPos());
+}
+
+void SearchField::applyTheme() {
+    const ThemeColors::Resolved& colors = ThemeKey::value(*this).colors;
+    QPalette palette = this->palette();
+    palette.setColor(QPalette::Base, Qt::transparent);
+    palette.setColor(QPalette::Text, colors.primaryText);
+    palette.setColor(QPalette::PlaceholderText, colors.secondaryText);
+    palette.setColor(QPalette::Highlight, colors.accent);
+    palette.setColor(QPalette::HighlightedText, Qt::white);
+    if (palette != this->palette()) {
+        setPalette(palette);
+    }
+}
+
+}  // namespace quillbar
