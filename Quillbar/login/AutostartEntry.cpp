@@ -53,8 +53,8 @@ std::string signature(std::string_view bytes) {
     return fmt::format("{}={:016x}\n", kChecksumKey, checksum(bytes));
 }
 
-std::string withSignature(std::string bytes) {
-    return bytes + signature(bytes);
+std::string withSignature(std::string_view bytes) {
+    return fmt::format("{}{}", bytes, signature(bytes));
 }
 
 Author authorOf(std::string_view bytes, const DesktopEntry& entry) {

@@ -263,11 +263,11 @@ std::optional<std::string> DesktopEntry::execOf(std::string_view program) {
         case '`':
         case '$':
             // The backslash of the quoting, itself written as a value of text writes it.
-            exec += "\\\\";
+            exec += R"(\\)";
             exec += character;
             break;
         case '\\':
-            exec += "\\\\\\\\";
+            exec += R"(\\\\)";
             break;
         default:
             exec += character;
