@@ -51,6 +51,11 @@ struct QuillbarAppTest : ::testing::Test {
         spinUntilIdle();
     }
 
+    QuillbarAppTest(const QuillbarAppTest&) = delete;
+    QuillbarAppTest& operator=(const QuillbarAppTest&) = delete;
+    QuillbarAppTest(QuillbarAppTest&&) = delete;
+    QuillbarAppTest& operator=(QuillbarAppTest&&) = delete;
+
     static void SetUpTestSuite() {
         const simulator::Simulator maker({.caFile = authorityFile(), .symbolCount = 1});
         ASSERT_EQ(trustAuthorities(authorityFile()), std::nullopt);
