@@ -2,11 +2,14 @@
 // SPDX-License-Identifier: MIT
 #include "Quillbar/PanelView.h"
 
+#include "Quillbar/AddCoinButton.h"
 #include "Quillbar/CoinDetailView.h"
 #include "Quillbar/CoinListView.h"
 #include "Quillbar/ConnectionBanner.h"
 #include "Quillbar/ErrorLine.h"
+#include "Quillbar/MarketBoardView.h"
 #include "Quillbar/NoticeLines.h"
+#include "Quillbar/SettingsButton.h"
 #include "Quillbar/text/SystemFont.h"
 #include "Quillbar/ThemedLabel.h"
 #include "Quillbar/UnderlineTabs.h"
@@ -14,6 +17,7 @@
 #include <QVBoxLayout>
 
 #include <algorithm>
+#include <utility>
 
 namespace quillbar {
 
@@ -22,6 +26,7 @@ namespace {
 constexpr int kSpacing = 8;
 constexpr int kHeaderHorizontalPadding = 12;
 constexpr int kHeaderVerticalPadding = 8;
+constexpr int kHeaderSpacing = 4;
 constexpr double kTitleFontSize = 13;
 constexpr int kTabsPadding = 8;
 constexpr double kUnderlineHeight = 1.5;
@@ -30,6 +35,8 @@ constexpr double kUnderlineHeight = 1.5;
 
 PanelView::PanelView(const ViewEnvironment& environment,
                      const Observed<ColorScheme>& systemScheme,
+                     SettingsMenu& settings,
+                     std::function<void()> quit,
                      QWidget* parent)
     : QWidget(parent)
     , m_environment(environment)
@@ -39,12 +46,14 @@ PanelView::PanelView(const ViewEnvironment& environment,
     auto* const stack = new QVBoxLayout(this);
     stack->setContentsMargins(0, 0, 0, 0);
     stack->setSpacing(kSpacing);
-    buildHeader(*stack);
+    buildHeader(*stack, settings, std::move(quit));
     buildTabs(*stack);
     stack->addWidget(new ErrorLine(environment.appState, this));
     stack->addWidget(new NoticeLines(environment.notices, this));
     stack->addWidget(new ConnectionBanner(environment.appState, this));
-    buildContent(*stack);
+    buildList();
+    stack->addWidget(m_list);
+    restoreTab();
 
     m_observations.push_back(environment.appState.settings().observe(
         [this](const AppSettings& /*settings*/) { applyTheme(); }));
@@ -54,10 +63,6 @@ PanelView::PanelView(const ViewEnvironment& environment,
 
 PanelView::~PanelView() = default;
 
-std::vector<PanelTab> PanelView::tabs() {
-    return {PanelTab::watchlist()};
-}
-
 QSize PanelView::sizeHint() const {
     // Only with the line that may wrap does the layout depend on the width.
     const QLayout& stack = *layout();
@@ -66,12 +71,9 @@ QSize PanelView::sizeHint() const {
         stack.hasHeightForWidth() ? stack.totalHeightForWidth(kWidth) : stack.sizeHint().height()};
 }
 
-void PanelView::showEvent(QShowEvent* event) {
-    restoreTab();
-    QWidget::showEvent(event);
-}
-
-void PanelView::buildHeader(QVBoxLayout& stack) {
+void PanelView::buildHeader(QVBoxLayout& stack,
+                            SettingsMenu& settings,
+                            std::function<void()> quit) {
     auto* const header = new QHBoxLayout;
     header->setContentsMargins(kHeaderHorizontalPadding,
                                kHeaderVerticalPadding,
@@ -82,31 +84,36 @@ void PanelView::buildHeader(QVBoxLayout& stack) {
     title->setText(QStringLiteral("Quillbar"));
     header->addWidget(title);
     header->addStretch();
+    header->setSpacing(kHeaderSpacing);
+    header->addWidget(new AddCoinButton(m_environment, this));
+    header->addWidget(new SettingsButton(settings, std::move(quit), this));
     stack.addLayout(header);
 }
 
 void PanelView::buildTabs(QVBoxLayout& stack) {
     std::vector<QString> titles;
-    for (const PanelTab tab : tabs()) {
+    for (const PanelTab tab : m_offered) {
         titles.push_back(tab.title());
     }
     m_tabs = new UnderlineTabs(titles, kTabsPadding, kUnderlineHeight, this);
     m_tabs->onSelect = [this](std::size_t index) {
-        m_tab = tabs()[index];
+        m_tab = m_offered[index];
+        showTab();
         m_environment.appState.setLastBoard(m_tab.board());
     };
     stack.addWidget(m_tabs);
 }
 
-void PanelView::buildContent(QVBoxLayout& stack) {
-    auto* const list = new CoinListView(
+void PanelView::buildList() {
+    m_list = new CoinListView(
         m_environment,
         m_expandedSymbol,
-        [this](const Coin& coin, QWidget* parent) -> QWidget* {
-            return new CoinDetailView(m_environment, coin, parent);
-        },
+        [this](const Coin& coin, QWidget* parent) { return makeDetail(coin, parent); },
         this);
-    stack.addWidget(list);
+}
+
+QWidget* PanelView::makeDetail(const Coin& coin, QWidget* parent) const {
+    return new CoinDetailView(m_environment, coin, parent);
 }
 
 void PanelView::applyTheme() {
@@ -116,12 +123,36 @@ void PanelView::applyTheme() {
 }
 
 void PanelView::restoreTab() {
-    const std::vector<PanelTab> offered = tabs();
-    const PanelTab last(m_environment.appState.settings()->lastBoard);
-    const auto found = std::find(offered.begin(), offered.end(), last);
-    const auto index = found == offered.end() ? 0 : found - offered.begin();
-    m_tabs->setSelection(static_cast<std::size_t>(index));
-    m_tab = offered[static_cast<std::size_t>(index)];
+    m_tab = PanelTab(m_environment.appState.settings()->lastBoard);
+    const auto found = std::find(m_offered.begin(), m_offered.end(), m_tab);
+    m_tabs->setSelection(static_cast<std::size_t>(found - m_offered.begin()));
+    showTab();
+}
+
+void PanelView::showTab() {
+    // What goes is hidden first, so that the panel never asks for room for both.
+    if (const auto board = m_tab.board()) {
+        m_list->hide();
+        showBoard(*board);
+    } else {
+        if (m_board != nullptr) {
+            m_board->hide();
+        }
+        m_list->show();
+    }
+}
+
+void PanelView::showBoard(RankingBoard board) {
+    if (m_board == nullptr) {
+        m_board = new MarketBoardView(
+            m_environment,
+            board,
+            [this](const Coin& coin, QWidget* parent) { return makeDetail(coin, parent); },
+            this);
+        layout()->addWidget(m_board);
+    }
+    m_board->setBoard(board);
+    m_board->show();
 }
 
 }  // namespace quillbar

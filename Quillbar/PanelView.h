@@ -9,6 +9,7 @@
 
 #include <QWidget>
 
+#include <functional>
 #include <optional>
 #include <string>
 #include <vector>
@@ -17,6 +18,9 @@ class QVBoxLayout;
 
 namespace quillbar {
 
+class CoinListView;
+class MarketBoardView;
+class SettingsMenu;
 class UnderlineTabs;
 
 /// All that drops down from the item: the header, the tabs, what went wrong,
@@ -26,18 +30,18 @@ class PanelView final : public QWidget {
 public:
     static constexpr int kWidth = 400;
 
-    /// `systemScheme` is the desktop's; both outlive the view.
+    /// `systemScheme` is the desktop's; it, the settings and the environment outlive the view.
+    /// `quit` ends the application, and destroys nothing inline. Opens on the tab of last time.
     PanelView(const ViewEnvironment& environment,
               const Observed<ColorScheme>& systemScheme,
+              SettingsMenu& settings,
+              std::function<void()> quit,
               QWidget* parent = nullptr);
     PanelView(const PanelView&) = delete;
     PanelView& operator=(const PanelView&) = delete;
     PanelView(PanelView&&) = delete;
     PanelView& operator=(PanelView&&) = delete;
     ~PanelView() override;
-
-    /// The tabs that the panel offers, in order.
-    [[nodiscard]] static std::vector<PanelTab> tabs();
 
     [[nodiscard]] PanelTab tab() const { return m_tab; }
 
@@ -48,21 +52,25 @@ public:
 
     [[nodiscard]] QSize sizeHint() const override;
 
-protected:
-    void showEvent(QShowEvent* event) override;
-
 private:
-    void buildHeader(QVBoxLayout& stack);
+    void buildHeader(QVBoxLayout& stack, SettingsMenu& settings, std::function<void()> quit);
     void buildTabs(QVBoxLayout& stack);
-    void buildContent(QVBoxLayout& stack);
+    void buildList();
+    [[nodiscard]] QWidget* makeDetail(const Coin& coin, QWidget* parent) const;
     void applyTheme();
     void restoreTab();
+    void showTab();
+    void showBoard(RankingBoard board);
 
     const ViewEnvironment& m_environment;
     const Observed<ColorScheme>& m_systemScheme;
+    std::vector<PanelTab> m_offered = PanelTab::allCases();
     PanelTab m_tab = PanelTab::watchlist();
     Observed<std::optional<std::string>> m_expandedSymbol;
+    // Children, owned by Qt. One view shows every board; there is none before the first.
     UnderlineTabs* m_tabs = nullptr;
+    CoinListView* m_list = nullptr;
+    MarketBoardView* m_board = nullptr;
     std::vector<Observation> m_observations;
 };
 

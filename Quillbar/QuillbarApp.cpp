@@ -54,6 +54,9 @@ QuillbarApp::QuillbarApp(const std::optional<QDBusConnection>& bus,
     , m_edits(*m_executor)
     , m_systemScheme(bus)
     , m_hasBus(bus && bus->isConnected())
+    , m_loginItem(LoginSession::ofProcess())
+    , m_launchAtLogin(m_loginItem)
+    , m_settings(m_services.appState(), m_launchAtLogin)
     , m_environment{.executor = *m_executor,
                     .now = systemClock(),
                     .calendar = Calendar::autoupdatingCurrent(),
@@ -73,12 +76,8 @@ QuillbarApp::QuillbarApp(const std::optional<QDBusConnection>& bus,
                                            m_sleeper),
           {.onActivate = [this](QPoint anchor,
                                 ActivationSource source) { activate(anchor, source); },
-           .onMenu =
-               [](int id) {
-                   if (id == StatusItem::kQuit) {
-                       QCoreApplication::quit();
-                   }
-               },
+           .onMenuShown = [this] { m_settings.refresh(); },
+           .onMenu = [this](int id) { chooseFromMenu(id); },
            .onActivationToken = [this](const QString& token) { panel().setActivationToken(token); },
            .onNoTray = [this] { openWithoutTray(); },
            .onTray = [this] { dropFromTray(); }})
@@ -90,6 +89,9 @@ QuillbarApp::QuillbarApp(const std::optional<QDBusConnection>& bus,
     m_observations.push_back(state.connectionState().observe(refresh));
     m_observations.push_back(state.connectionFailure().observe(refresh));
     m_observations.push_back(state.lastError().observe(refresh));
+    m_item.setMenu(*m_settings.entries());
+    m_observations.push_back(m_settings.entries().observe(
+        [this](const std::vector<MenuEntry>& entries) { m_item.setMenu(entries); }));
     if (!m_hasBus) {
         Logger("QuillbarApp").error("no session bus: no item in the status area");
         m_notices.add(Notice::noSessionBus);
@@ -142,6 +144,14 @@ void QuillbarApp::activate(QPoint anchor, ActivationSource source) {
     }
 }
 
+void QuillbarApp::chooseFromMenu(int id) {
+    if (id == StatusItem::kQuit) {
+        QCoreApplication::quit();
+    } else {
+        m_settings.choose(id);
+    }
+}
+
 void QuillbarApp::openWithoutTray() {
     if (m_hasBus) {
         m_notices.add(Notice::noTray);
@@ -168,7 +178,9 @@ PanelWindow& QuillbarApp::panel() {
             m_notices.add(Notice::noChineseFont);
         }
         m_panel = std::make_unique<PanelWindow>(
-            new PanelView(m_environment, m_systemScheme.scheme()), elapsed());
+            new PanelView(
+                m_environment, m_systemScheme.scheme(), m_settings, &QCoreApplication::quit),
+            elapsed());
         auto* const quit = new QShortcut(Qt::CTRL | Qt::Key_Q, m_panel.get());
         quit->setContext(Qt::ApplicationShortcut);
         QObject::connect(quit, &QShortcut::activated, qApp, &QCoreApplication::quit);

@@ -5,8 +5,11 @@
 #include "Quillbar/AppServices.h"
 #include "Quillbar/DeferredSystemEvents.h"
 #include "Quillbar/labelstate/StateLabelSource.h"
+#include "Quillbar/login/AutostartEntry.h"
+#include "Quillbar/login/LaunchAtLogin.h"
 #include "Quillbar/Notices.h"
 #include "Quillbar/ServiceEndpoints.h"
+#include "Quillbar/SettingsMenu.h"
 #include "Quillbar/SystemColorScheme.h"
 #include "Quillbar/tray/StatusItem.h"
 #include "Quillbar/ViewEnvironment.h"
@@ -65,6 +68,7 @@ private:
     Task<void> refreshFaceEachMinute();
     Task<void> releaseStartPages();
     void activate(QPoint anchor, ActivationSource source);
+    void chooseFromMenu(int id);
     void openWithoutTray();
     void dropFromTray();
     PanelWindow& panel();
@@ -78,6 +82,9 @@ private:
     SystemColorScheme m_systemScheme;
     bool m_hasBus;
     Notices m_notices;
+    AutostartEntry m_loginItem;
+    LaunchAtLogin m_launchAtLogin;
+    SettingsMenu m_settings;
     ViewEnvironment m_environment;
     std::unique_ptr<PanelWindow> m_panel;
     StatusItem m_item;

@@ -99,7 +99,7 @@ void StatusItem::setMenu(const std::vector<MenuEntry>& middle) {
         entries.insert(entries.end(), middle.begin(), middle.end());
         entries.push_back(separator(kSecondSeparator));
     }
-    entries.push_back(MenuEntry{.id = kQuit, .label = QStringLiteral("退出")});
+    entries.push_back(MenuEntry{.id = kQuit, .label = QStringLiteral("退出 Quillbar")});
     m_menu.setEntries(entries);
     // A choice is handled after the menu is done with it, because it may change the menu.
     fillMenu(m_ownMenu, entries, [this](int id) {

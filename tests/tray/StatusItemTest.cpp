@@ -325,7 +325,7 @@ TEST_F(StatusItemTest, hasAMenuThatBeginsWithThePanelAndEndsWithQuit) {
                            QString(),
                            QStringLiteral("设置"),
                            QString(),
-                           QStringLiteral("退出")}));
+                           QStringLiteral("退出 Quillbar")}));
 }
 
 TEST_F(StatusItemTest, itsMenuMayBeSetWhenItIsAboutToBeShown) {

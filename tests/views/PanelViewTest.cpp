@@ -1,14 +1,22 @@
 // SPDX-FileCopyrightText: 2026 The Quillbar developers
 // SPDX-License-Identifier: MIT
+#include "Quillbar/AddCoinView.h"
 #include "Quillbar/CoinListView.h"
 #include "Quillbar/ConnectionBanner.h"
 #include "Quillbar/ErrorLine.h"
+#include "Quillbar/login/LaunchAtLogin.h"
+#include "Quillbar/MarketBoardView.h"
 #include "Quillbar/PanelView.h"
 #include "Quillbar/RowList.h"
+#include "Quillbar/SettingsMenu.h"
 #include "Quillbar/UnderlineTabs.h"
 #include "tests/qtsupport/SpinUntil.h"
+#include "tests/support/FakeLoginItem.h"
 #include "tests/views/ViewFixture.h"
 #include "tests/views/Widgets.h"
+
+#include <QAbstractButton>
+#include <QTest>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -21,7 +29,11 @@ using ::testing::ElementsAre;
 
 struct PanelViewTest : ViewFixture {
     PanelView& show() {
-        panel = std::make_unique<PanelView>(environment(), systemScheme);
+        if (!settings) {
+            settings.emplace(*state, launchAtLogin);
+        }
+        panel = std::make_unique<PanelView>(
+            environment(), systemScheme, *settings, [this] { ++quits; });
         panel->resize(panel->sizeHint());
         panel->show();
         spinUntilIdle();
@@ -32,7 +44,39 @@ struct PanelViewTest : ViewFixture {
         return ThemeKey::value(*widgetsOf<UnderlineTabs>(*panel).at(0)).colors;
     }
 
+    void click(const QString& name) {
+        QWidget* const button = named(*panel, name);
+        ASSERT_NE(button, nullptr) << name.toStdString();
+        QTest::mouseClick(button, Qt::LeftButton);
+        executor.run();
+        spinUntilIdle();
+    }
+    /// Whatever of this type is shown.
+    template <class Widget>
+    [[nodiscard]] Widget* shown() const {
+        for (Widget* const each : widgetsOf<Widget>(*panel)) {
+            if (each->isVisible()) {
+                return each;
+            }
+        }
+        return nullptr;
+    }
+    void theExchangeHas(const std::vector<std::string>& baseAssets) {
+        TickerMap tickers;
+        std::vector<Coin> coins;
+        for (const std::string& baseAsset : baseAssets) {
+            coins.push_back(coinOf(baseAsset));
+            tickers.emplace(coins.back().symbol, Ticker{110, 100, 2e9});
+        }
+        api.exchangeInfoAnswers.otherwise(std::move(coins));
+        api.ticker24hAllAnswers.otherwise(std::move(tickers));
+    }
+
     Observed<ColorScheme> systemScheme{ColorScheme::light};
+    FakeLoginItem loginItem;
+    LaunchAtLogin launchAtLogin{loginItem};
+    std::optional<SettingsMenu> settings;
+    int quits = 0;
     std::unique_ptr<PanelView> panel;
 };
 
@@ -108,12 +152,91 @@ TEST_F(PanelViewTest, aLongErrorTakesNoMoreRoomThanItsLines) {
     EXPECT_EQ(gap(), 0);
 }
 
-TEST_F(PanelViewTest, keepsABoardInTheSettingsThatItDoesNotOffer) {
-    theUserHas(AppSettings::defaultSettings().settingLastBoard(RankingBoard::marketCap));
+TEST_F(PanelViewTest, offersTheWatchlistAndEveryBoard) {
+    startConnected(listOf({"BTC"}));
+    show();
+    for (const PanelTab tab : PanelTab::allCases()) {
+        click(tab.title());
+        EXPECT_EQ(panel->tab(), tab);
+        EXPECT_EQ(shown<CoinListView>() != nullptr, !tab.board());
+        EXPECT_EQ(shown<MarketBoardView>() != nullptr, tab.board().has_value());
+        if (tab.board()) {
+            EXPECT_EQ(shown<MarketBoardView>()->board(), *tab.board());
+        }
+    }
+}
+
+TEST_F(PanelViewTest, isAsHighAsTheContentThatIsShown) {
+    startConnected(listOf({"BTC", "ETH"}));
+    theExchangeHas({"BTC", "ETH"});
+    show();
+    const int list = panel->sizeHint().height();
+    click(QStringLiteral("涨幅"));
+    ASSERT_TRUE(spinUntil([this] { return shown<RowList>() != nullptr; }));
+    EXPECT_EQ(panel->sizeHint().height(), list - (2 * 28 + 4) + MarketBoardView::kBoardHeight);
+    click(QStringLiteral("自选"));
+    EXPECT_EQ(panel->sizeHint().height(), list);
+}
+
+TEST_F(PanelViewTest, remembersTheTab) {
     start();
     show();
-    EXPECT_EQ(panel->tab(), PanelTab::watchlist());
+    click(QStringLiteral("市值"));
     EXPECT_EQ(state->settings()->lastBoard, RankingBoard::marketCap);
+    show();
+    EXPECT_EQ(panel->tab(), PanelTab::board(RankingBoard::marketCap));
+    EXPECT_NE(shown<MarketBoardView>(), nullptr);
+    EXPECT_EQ(shown<CoinListView>(), nullptr);
+    click(QStringLiteral("自选"));
+    EXPECT_EQ(state->settings()->lastBoard, std::nullopt);
+    show();
+    EXPECT_EQ(panel->tab(), PanelTab::watchlist());
+}
+
+TEST_F(PanelViewTest, pollsTheMarketOnlyWhileABoardIsOnScreen) {
+    start();
+    show();
+    EXPECT_FALSE(market().isPolling());
+    click(QStringLiteral("市值"));
+    EXPECT_TRUE(market().isPolling());
+    EXPECT_TRUE(marketCaps().isPolling());
+    panel->hide();
+    EXPECT_FALSE(market().isPolling());
+    EXPECT_FALSE(marketCaps().isPolling());
+    panel->show();
+    EXPECT_TRUE(market().isPolling());
+    click(QStringLiteral("自选"));
+    EXPECT_FALSE(market().isPolling());
+}
+
+TEST_F(PanelViewTest, keepsTheOpenChartOfTheWatchlistOverAnotherTab) {
+    startConnected(listOf({"BTC", "ETH"}));
+    show();
+    widgetsOf<CoinListView>(*panel).at(0)->toggle("ETHUSDT");
+    click(QStringLiteral("涨幅"));
+    click(QStringLiteral("自选"));
+    EXPECT_EQ(*panel->expandedSymbol(), "ETHUSDT");
+}
+
+TEST_F(PanelViewTest, thePlusOpensTheSearch) {
+    start();
+    show();
+    click(QStringLiteral("添加币种"));
+    ASSERT_EQ(widgetsOf<AddCoinView>(*panel).size(), 1U);
+    EXPECT_EQ(ThemeKey::value(*widgetsOf<AddCoinView>(*panel).at(0)).colors, ThemeColors::dark());
+    panel->hide();
+    spinUntilIdle();
+    EXPECT_TRUE(widgetsOf<AddCoinView>(*panel).empty());
+}
+
+TEST_F(PanelViewTest, theGearAndThePlusAreAtTheRightEndOfTheHeader) {
+    start();
+    show();
+    const QRect plus = named(*panel, QStringLiteral("添加币种"))->geometry();
+    const QRect gear = named(*panel, QStringLiteral("设置"))->geometry();
+    EXPECT_LT(plus.right(), gear.left());
+    EXPECT_EQ(gear.right() + 1, 400 - 12);
+    EXPECT_EQ(gear.center().y(), plus.center().y());
 }
 
 TEST_F(PanelViewTest, followsTheUsersAppearance) {

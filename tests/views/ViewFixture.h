@@ -27,9 +27,9 @@ struct ViewFixture : AppStateFixture {
                 .appState = *state,
                 .edits = scope,
                 .iconStore = &iconStore,
-                .sleeper = time.sleeper(),
                 .marketModels =
                     [this] { return MarketModels{.market = market(), .marketCaps = marketCaps()}; },
+                .sleeper = time.sleeper(),
             });
         }
         return *m_environment;
