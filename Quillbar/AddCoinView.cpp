@@ -31,9 +31,8 @@ constexpr int kAreaMargin = 4;
 constexpr int kSpacing = 6;
 
 /// The texts that stand in the place of results, by their `ResultArea`.
-constexpr std::array<const char16_t*, 4> kTexts{u"搜索失败,请检查网络后重试",
+constexpr std::array<const char16_t*, 3> kTexts{u"搜索失败,请检查网络后重试",
                                                 u"输入币种代号开始搜索",
-                                                u"搜索中…",
                                                 u"无匹配结果"};
 
 QString textOf(AddCoinView::ResultArea area) {
@@ -110,11 +109,7 @@ AddCoinView::ResultArea AddCoinView::resultArea() const {
     if (query().trimmed().isEmpty()) {
         return ResultArea::hint;
     }
-    if (!m_results.empty()) {
-        return ResultArea::results;
-    }
-    // Nothing is said about matches before anybody has looked.
-    return m_isSearching ? ResultArea::searching : ResultArea::noMatches;
+    return m_results.empty() ? ResultArea::noMatches : ResultArea::results;
 }
 
 QSize AddCoinView::sizeHint() const {

@@ -41,7 +41,7 @@ public:
     static constexpr Seconds kDebounce{0.3};
 
     /// What stands below the field.
-    enum class ResultArea { error, hint, searching, noMatches, results };
+    enum class ResultArea { error, hint, noMatches, results };
 
     /// The environment, which has a sleeper, outlives the view. `dismiss` closes the popover that
     /// the view is in; it is called from the executor's queue, and never after the view has gone.

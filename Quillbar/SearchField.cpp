@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "Quillbar/SearchField.h"
 
+#include "Quillbar/PanelMenu.h"
 #include "Quillbar/text/SystemFont.h"
 #include "Quillbar/Theme.h"
 
@@ -73,7 +74,7 @@ void SearchField::paintEvent(QPaintEvent* event) {
 
 void SearchField::contextMenuEvent(QContextMenuEvent* event) {
     // Qt's own menu speaks the language of the session, if any.
-    auto* const menu = new QMenu(this);
+    auto* const menu = new PanelMenu(this);
     menu->setAttribute(Qt::WA_DeleteOnClose);
     addItem(*menu, QStringLiteral("剪切"), hasSelectedText(), [this] { cut(); });
     addItem(*menu, QStringLiteral("拷贝"), hasSelectedText(), [this] { copy(); });
