@@ -6,6 +6,7 @@
 #include "Quillbar/tray/EntryMenu.h"
 
 #include <QKeyEvent>
+#include <QMetaObject>
 #include <QSize>
 
 #include <utility>
@@ -54,8 +55,17 @@ void SettingsButton::openMenu() {
 void SettingsButton::choose(int id) {
     if (id == kQuit) {
         m_quit();
-    } else {
-        m_settings.choose(id);
+    } else if (m_settings.choose(id) == SettingsMenu::Choice::failed) {
+        // Later, because the entry that was chosen goes when the menu opens. The panel may have been
+        // closed by then.
+        QMetaObject::invokeMethod(
+            this,
+            [this] {
+                if (isVisible()) {
+                    openMenu();
+                }
+            },
+            Qt::QueuedConnection);
     }
 }
 

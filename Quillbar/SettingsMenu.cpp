@@ -76,14 +76,17 @@ SettingsMenu::SettingsMenu(AppState& appState, LaunchAtLogin& launchAtLogin)
     updateEntries();
 }
 
-void SettingsMenu::choose(int id) {
+SettingsMenu::Choice SettingsMenu::choose(int id) {
     if (id == launch) {
         setLaunchAtLogin(!*m_isLaunched);
-    } else if (const auto basis = valueOf(kAllChangeBases, firstBasis, id)) {
+        return *m_launchError ? Choice::failed : Choice::done;
+    }
+    if (const auto basis = valueOf(kAllChangeBases, firstBasis, id)) {
         m_appState.setChangeBasis(*basis);
     } else if (const auto mode = valueOf(kAllAppearanceModes, firstAppearance, id)) {
         m_appState.setAppearance(*mode);
     }
+    return Choice::done;
 }
 
 void SettingsMenu::setLaunchAtLogin(bool enabled) {

@@ -44,8 +44,15 @@ public:
         return m_launchError;
     }
 
+    /// What became of a choice.
+    enum class Choice {
+        done,
+        /// It could not be done; the entries tell why.
+        failed,
+    };
+
     /// Does what the entry of this id is for; nothing for any other id.
-    void choose(int id);
+    Choice choose(int id);
     /// Switches starting at login on or off. The switch moves at once, and back when that failed.
     void setLaunchAtLogin(bool enabled);
     /// To be called when a menu opens: puts the switch where the desktop has it. What went wrong

@@ -12,6 +12,7 @@
 #include <gmock/gmock.h>
 
 #include <memory>
+#include <optional>
 
 namespace quillbar {
 namespace {
@@ -174,7 +175,7 @@ TEST_F(SettingsButtonTest, showsUnderTheSwitchWhatWentWrong) {
     open();
     const int width = menu()->width();
     click("开机自启");
-    open();
+    ASSERT_TRUE(spinUntil([] { return menu() != nullptr; })) << "it opens again by itself";
     EXPECT_THAT(items(),
                 ElementsAre("(涨跌幅基准)",
                             "24 小时*",
@@ -192,6 +193,43 @@ TEST_F(SettingsButtonTest, showsUnderTheSwitchWhatWentWrong) {
     EXPECT_GT(menu()->width(), width);
     const int line = menu()->actionGeometry(action("开机自启")).height();
     EXPECT_GT(menu()->actionGeometry(menu()->actions().at(9)).height(), line);
+}
+
+TEST_F(SettingsButtonTest, opensAgainEachTimeThatTheSwitchFails) {
+    show();
+    item.afterRegister = LoginItemStatus::notRegistered;
+    open();
+    for (int time = 1; time <= 2; ++time) {
+        click("开机自启");
+        EXPECT_EQ(menu(), nullptr) << time;
+        ASSERT_TRUE(spinUntil([] { return menu() != nullptr; })) << time;
+    }
+    item.afterRegister = LoginItemStatus::enabled;
+    click("开机自启");
+    spinUntilIdle();
+    EXPECT_EQ(menu(), nullptr) << "it is on";
+}
+
+TEST_F(SettingsButtonTest, whatWentWrongBeforeOpensNothingAgain) {
+    show();
+    item.afterRegister = LoginItemStatus::notRegistered;
+    open();
+    click("开机自启");
+    ASSERT_TRUE(spinUntil([] { return menu() != nullptr; }));
+    click("今日");
+    spinUntilIdle();
+    EXPECT_EQ(menu(), nullptr);
+    EXPECT_NE(*settings->launchAtLoginError(), std::nullopt);
+}
+
+TEST_F(SettingsButtonTest, opensNothingOverAPanelThatHasBeenClosed) {
+    show();
+    item.afterRegister = LoginItemStatus::notRegistered;
+    open();
+    click("开机自启");
+    window->hide();
+    spinUntilIdle();
+    EXPECT_EQ(menu(), nullptr);
 }
 
 TEST_F(SettingsButtonTest, showsTheSwitchAsTheDesktopHasIt) {
