@@ -79,7 +79,7 @@ QuillbarApp::QuillbarApp(const std::optional<QDBusConnection>& bus,
            .onMenuShown = [this] { m_settings.refresh(); },
            .onMenu = [this](int id) { chooseFromMenu(id); },
            .onActivationToken = [this](const QString& token) { panel().setActivationToken(token); },
-           .onNoTray = [this] { openWithoutTray(); },
+           .onNoTray = [this] { goWithoutTray(); },
            .onTray = [this] { dropFromTray(); }})
     , m_labelSource(m_services.appState(), m_services.isStarted())
     , m_scope(*m_executor) {
@@ -100,7 +100,8 @@ QuillbarApp::QuillbarApp(const std::optional<QDBusConnection>& bus,
 
 QuillbarApp::~QuillbarApp() = default;
 
-void QuillbarApp::start() {
+void QuillbarApp::start(WithoutTray withoutTray) {
+    m_withoutTray = withoutTray;
     refreshFace();
     m_scope.spawn(refreshFaceEachMinute());
     m_scope.spawn(releaseStartPages());
@@ -152,10 +153,14 @@ void QuillbarApp::chooseFromMenu(int id) {
     }
 }
 
-void QuillbarApp::openWithoutTray() {
+void QuillbarApp::goWithoutTray() {
     if (m_hasBus) {
         m_notices.add(Notice::noTray);
-    } else {
+    }
+    if (m_withoutTray == WithoutTray::waits) {
+        return;
+    }
+    if (!m_hasBus) {
         // Without an item and a bus, nothing could open it a second time.
         panel().setElsewhere(PanelWindow::Elsewhere::changesNothing);
         panel().onClosed = &QCoreApplication::quit;
@@ -165,8 +170,10 @@ void QuillbarApp::openWithoutTray() {
 
 void QuillbarApp::dropFromTray() {
     m_notices.remove(Notice::noTray);
-    panel().setElsewhere(PanelWindow::Elsewhere::closes);
-    panel().onClosed = nullptr;
+    if (m_panel) {
+        m_panel->setElsewhere(PanelWindow::Elsewhere::closes);
+        m_panel->onClosed = nullptr;
+    }
 }
 
 PanelWindow& QuillbarApp::panel() {

@@ -52,8 +52,17 @@ public:
     QuillbarApp& operator=(QuillbarApp&&) = delete;
     ~QuillbarApp();
 
+    /// What happens where no tray takes the item.
+    enum class WithoutTray {
+        /// The panel opens, as the only thing that can be seen of the application.
+        opensPanel,
+        /// Nothing: the panel says so once a command opens it. For starts that nobody asked for at
+        /// that moment; it takes a bus for such a command to come.
+        waits,
+    };
+
     /// Puts the item into the status area and starts the stream. Once.
-    void start();
+    void start(WithoutTray withoutTray = WithoutTray::opensPanel);
 
     /// Shows or hides the panel; `token` lets it take the focus, and may be empty.
     void togglePanel(const QString& token);
@@ -69,7 +78,7 @@ private:
     Task<void> releaseStartPages();
     void activate(QPoint anchor, ActivationSource source);
     void chooseFromMenu(int id);
-    void openWithoutTray();
+    void goWithoutTray();
     void dropFromTray();
     PanelWindow& panel();
 
@@ -81,6 +90,7 @@ private:
     TaskScope m_edits;
     SystemColorScheme m_systemScheme;
     bool m_hasBus;
+    WithoutTray m_withoutTray = WithoutTray::opensPanel;
     Notices m_notices;
     AutostartEntry m_loginItem;
     LaunchAtLogin m_launchAtLogin;

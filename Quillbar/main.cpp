@@ -50,17 +50,20 @@ public:
                         perform(action, tokens);
                     }) {}
 
-    /// Becomes the running application and does `action`, or hands it to the one that runs.
-    void begin(std::optional<ApplicationAction> action, const ActivationTokens& tokens) {
-        m_service.claim([this, action, tokens](ApplicationService::Claim claim) {
+    /// Becomes the running application and does what it was started for, or hands that to the one
+    /// that runs.
+    void begin(const AppOptions& options, const ActivationTokens& tokens) {
+        m_service.claim([this, options, tokens](ApplicationService::Claim claim) {
             if (claim == ApplicationService::Claim::alreadyRunning) {
-                handOver(action.value_or(ApplicationAction::togglePanel), tokens);
+                handOver(options, tokens);
                 return;
             }
             m_app.emplace(m_bus, m_endpoints, AppDirectories::applicationSupport());
             m_label.emplace(m_service.label(), m_app->labelSource());
-            m_app->start();
-            if (action) {
+            m_app->start(options.manner == StartManner::background
+                             ? QuillbarApp::WithoutTray::waits
+                             : QuillbarApp::WithoutTray::opensPanel);
+            if (options.action) {
                 m_app->showPanel(tokenOf(tokens));
             }
         });
@@ -89,9 +92,9 @@ private:
         return tokens.activation.isEmpty() ? tokens.startupId : tokens.activation;
     }
 
-    void handOver(ApplicationAction action, const ActivationTokens& tokens) {
+    void handOver(const AppOptions& options, const ActivationTokens& tokens) {
         // The bus is there: it has just told of the other one.
-        const auto outcome = RunningApplication::activate(*m_bus, action, tokens);
+        const auto outcome = RunningApplication::request(*m_bus, options, tokens);
         QCoreApplication::exit(outcome == RunningApplication::Outcome::done ? 0 : kFailureStatus);
     }
 
@@ -106,7 +109,7 @@ private:
 /// Asks the running application, if there is one. Absent when this process is to become it.
 std::optional<int> askRunningApplication(int argc,
                                          char** argv,
-                                         std::optional<ApplicationAction> action,
+                                         const AppOptions& options,
                                          const ActivationTokens& tokens) {
     const QCoreApplication application(argc, argv);
     auto outcome = RunningApplication::Outcome::notRunning;
@@ -116,8 +119,7 @@ std::optional<int> askRunningApplication(int argc,
         const QString name = QStringLiteral("quillbar-start");
         const QDBusConnection bus =
             QDBusConnection::connectToBus(QDBusConnection::SessionBus, name);
-        outcome = RunningApplication::activate(
-            bus, action.value_or(ApplicationAction::togglePanel), tokens);
+        outcome = RunningApplication::request(bus, options, tokens);
         QDBusConnection::disconnectFromBus(name);
     }
     switch (outcome) {
@@ -128,7 +130,7 @@ std::optional<int> askRunningApplication(int argc,
     case RunningApplication::Outcome::notRunning:
         break;
     }
-    if (action == ApplicationAction::quit) {
+    if (options.action == ApplicationAction::quit) {
         return fail(kFailureStatus, "Quillbar 没有在运行");
     }
     return std::nullopt;
@@ -146,7 +148,7 @@ bool hasScreen(const ServiceEndpoints::Variables& variables) {
 int runApplication(int argc,
                    char** argv,
                    const ServiceEndpoints& endpoints,
-                   std::optional<ApplicationAction> action,
+                   const AppOptions& options,
                    const ActivationTokens& tokens) {
     const auto variables = processEnvironment();
     if (!hasScreen(variables)) {
@@ -170,10 +172,14 @@ int runApplication(int argc,
     installProxyFactory();
     const TerminationSignals signals([] { QCoreApplication::exit(0); });
     const auto bus = SessionBus::connect(variables);
+    if (!bus && options.manner == StartManner::background) {
+        // Neither an item nor a command could ever open its panel.
+        return fail(kFailureStatus, "没有会话总线,无法在后台运行");
+    }
     int status = 0;
     {
         Instance instance(bus, endpoints);
-        instance.begin(action, tokens);
+        instance.begin(options, tokens);
         status = QApplication::exec();
     }
     return leave(status);
@@ -188,14 +194,14 @@ int run(int argc, char** argv) {
     if (const auto* const information = std::get_if<AppInformation>(&parsed)) {
         return StandardStreams::print(information->text) ? 0 : kFailureStatus;
     }
-    const auto action = std::get<AppOptions>(parsed).action;
+    const auto& options = std::get<AppOptions>(parsed);
     const auto tokens = ActivationTokens::fromEnvironment(processEnvironment());
-    if (const auto status = askRunningApplication(argc, argv, action, tokens)) {
+    if (const auto status = askRunningApplication(argc, argv, options, tokens)) {
         return *status;
     }
     try {
         const auto endpoints = ServiceEndpoints::fromEnvironment(processEnvironment());
-        return runApplication(argc, argv, endpoints, action, tokens);
+        return runApplication(argc, argv, endpoints, options, tokens);
     } catch (const EndpointError& error) {
         return fail(kUsageStatus, error.what());
     }

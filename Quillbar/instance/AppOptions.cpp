@@ -19,6 +19,7 @@ constexpr std::string_view kHelp = R"(用法:quillbar [选项]
   --show           显示面板
   --toggle         显示或隐藏面板,适合绑定快捷键
   --quit           退出正在运行的程序
+  --background     在后台启动,不打开面板,适合开机自启;已在运行时什么也不做
   --help           显示本说明
   --version        显示版本
 
@@ -32,15 +33,19 @@ constexpr std::string_view kHelp = R"(用法:quillbar [选项]
   QUILLBAR_CA_FILE             额外信任的证书颁发机构(PEM 文件)
 )";
 
-std::optional<ApplicationAction> actionOf(std::string_view option) {
+/// What the program does with this option alone.
+std::optional<AppOptions> requestOf(std::string_view option) {
     if (option == "--show") {
-        return ApplicationAction::showPanel;
+        return AppOptions{.action = ApplicationAction::showPanel};
     }
     if (option == "--toggle") {
-        return ApplicationAction::togglePanel;
+        return AppOptions{.action = ApplicationAction::togglePanel};
     }
     if (option == "--quit") {
-        return ApplicationAction::quit;
+        return AppOptions{.action = ApplicationAction::quit};
+    }
+    if (option == "--background") {
+        return AppOptions{.manner = StartManner::background};
     }
     return std::nullopt;
 }
@@ -57,14 +62,14 @@ std::variant<AppOptions, AppInformation, AppUsageError> parseAppOptions(
         if (argument == "--version") {
             return AppInformation{fmt::format("quillbar {}\n", QUILLBAR_VERSION)};
         }
-        const auto action = actionOf(argument);
-        if (!action) {
+        const auto request = requestOf(argument);
+        if (!request) {
             return AppUsageError{fmt::format("未知的参数「{}」,请看 --help", argument)};
         }
-        if (options.action && options.action != action) {
-            return AppUsageError{"--show、--toggle 与 --quit 只能使用其一"};
+        if (options != AppOptions{} && options != *request) {
+            return AppUsageError{"--show、--toggle、--quit 与 --background 只能使用其一"};
         }
-        options.action = action;
+        options = *request;
     }
     return options;
 }

@@ -11,11 +11,21 @@
 
 namespace quillbar {
 
+/// How a start that asks for no action goes about it.
+enum class StartManner {
+    /// The application shows itself: a second start toggles the panel, and without a tray it opens.
+    usual,
+    /// As at login: nothing opens by itself, and a second start does nothing.
+    background,
+};
+
 /// What the application was asked to do at its start.
 struct AppOptions final {
     /// What to ask of the application that runs, or to do after the start; absent for a plain start,
     /// which shows the label, or toggles the panel of the application that runs already.
     std::optional<ApplicationAction> action = std::nullopt;
+    /// Without an action: what may be seen of the start.
+    StartManner manner = StartManner::usual;
 
     bool operator==(const AppOptions&) const = default;
 };

@@ -50,4 +50,13 @@ Outcome activate(const QDBusConnection& bus,
     }
 }
 
+Outcome request(const QDBusConnection& bus,
+                const AppOptions& options,
+                const ActivationTokens& tokens) {
+    if (options.manner == StartManner::background) {
+        return isRunning(bus) ? Outcome::done : Outcome::notRunning;
+    }
+    return activate(bus, options.action.value_or(ApplicationAction::togglePanel), tokens);
+}
+
 }  // namespace quillbar::RunningApplication

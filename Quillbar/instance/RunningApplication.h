@@ -4,6 +4,7 @@
 
 #include "Quillbar/instance/ActivationTokens.h"
 #include "Quillbar/instance/ApplicationAction.h"
+#include "Quillbar/instance/AppOptions.h"
 
 #include <QDBusConnection>
 
@@ -33,5 +34,11 @@ enum class Outcome {
                                ApplicationAction action,
                                const ActivationTokens& tokens,
                                std::chrono::milliseconds patience = std::chrono::seconds(5));
+
+/// Does what a start with these options asks of the application that runs: nothing in the background,
+/// where its name on the bus is enough.
+[[nodiscard]] Outcome request(const QDBusConnection& bus,
+                              const AppOptions& options,
+                              const ActivationTokens& tokens);
 
 }  // namespace quillbar::RunningApplication

@@ -145,7 +145,8 @@ LoginItemStatus statusOf(const Found& found, const LoginSession& session) {
     return canStart ? LoginItemStatus::enabled : LoginItemStatus::notFound;
 }
 
-// A start at login shows no window by itself; StartupNotify keeps desktops from waiting for one.
+// A start at login shows no window, and toggles none of an application that runs, which a restored
+// session may have started before: hence its argument. StartupNotify keeps desktops from waiting for one.
 // DBusActivatable is left out for the same reason: an activation opens the panel.
 std::string entryOf(std::string_view exec) {
     return withSignature(
@@ -156,7 +157,7 @@ std::string entryOf(std::string_view exec) {
                     "Name[zh_CN]=Quillbar\n"
                     "Comment=Live cryptocurrency prices in the status area\n"
                     "Comment[zh_CN]=在状态栏里显示加密货币的实时价格\n"
-                    "Exec={}\n"
+                    "Exec={} --background\n"
                     "Icon=io.github.quillbar.Quillbar\n"
                     "Terminal=false\n"
                     "StartupNotify=false\n"

@@ -61,7 +61,8 @@ struct QuillbarAppTest : ::testing::Test {
         ASSERT_EQ(trustAuthorities(authorityFile()), std::nullopt);
     }
 
-    void start(const std::optional<QDBusConnection>& connection) {
+    void start(const std::optional<QDBusConnection>& connection,
+               QuillbarApp::WithoutTray withoutTray = QuillbarApp::WithoutTray::opensPanel) {
         app.emplace(connection,
                     ServiceEndpoints{.rest = {exchange.restBase()},
                                      .stream = {exchange.streamBase()},
@@ -69,7 +70,7 @@ struct QuillbarAppTest : ::testing::Test {
                                      .icon = exchange.iconBase()},
                     folder.path(),
                     sleeper.sleeper());
-        app->start();
+        app->start(withoutTray);
     }
 
     /// With a tray that takes the item.
@@ -88,9 +89,9 @@ struct QuillbarAppTest : ::testing::Test {
         }));
     }
 
-    void endPatience() {
-        static_cast<void>(
-            sleeper.wake([](double span) { return span == StatusItem::kPatience.count(); }));
+    /// Ends the wait for a tray; returns whether there was one.
+    bool endPatience() {
+        return sleeper.wake([](double span) { return span == StatusItem::kPatience.count(); }) > 0;
     }
 
     void choose(int id) {
@@ -201,6 +202,33 @@ TEST_F(QuillbarAppTest, withoutATrayThePanelOpensAndSaysWhy) {
     ASSERT_NE(panel(), nullptr) << "closing does not quit where a command opens it again";
     host.beWatcher();
     EXPECT_TRUE(spinUntil([] { return !tells(Notice::noTray); }));
+}
+
+TEST_F(QuillbarAppTest, inTheBackgroundNothingOpensWithoutATrayUntilACommandDoes) {
+    start(bus, QuillbarApp::WithoutTray::waits);
+    ASSERT_TRUE(spinUntil([this] { return endPatience(); }));
+    spinUntilIdle();
+    EXPECT_EQ(panel(), nullptr);
+    app->togglePanel(QString());
+    ASSERT_NE(panel(), nullptr);
+    EXPECT_TRUE(tells(Notice::noTray));
+    QTest::keyClick(panel(), Qt::Key_Escape);
+    spinUntilIdle();
+    EXPECT_EQ(panel(), nullptr);
+    app->showPanel(QString());
+    EXPECT_NE(panel(), nullptr) << "closing it did not quit";
+}
+
+TEST_F(QuillbarAppTest, inTheBackgroundATrayThatComesLateTakesTheItem) {
+    start(bus, QuillbarApp::WithoutTray::waits);
+    ASSERT_TRUE(spinUntil([this] { return endPatience(); }));
+    host.beWatcher();
+    ASSERT_TRUE(spinUntil([this] { return !host.registered.isEmpty(); }));
+    spinUntilIdle();
+    EXPECT_EQ(panel(), nullptr);
+    host.callItem(QStringLiteral("Activate"), {300, 5});
+    ASSERT_NE(panel(), nullptr);
+    EXPECT_FALSE(tells(Notice::noTray));
 }
 
 TEST_F(QuillbarAppTest, withoutASessionBusThePanelOpensAndSaysWhy) {

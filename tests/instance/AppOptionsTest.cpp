@@ -34,9 +34,20 @@ TEST(AppOptionsTest, eachActionHasItsOption) {
     EXPECT_EQ(optionsOf({"--quit"}).action, ApplicationAction::quit);
 }
 
+TEST(AppOptionsTest, aStartInTheBackgroundAsksForNothingEither) {
+    EXPECT_EQ(optionsOf({}).manner, StartManner::usual);
+    const AppOptions options = optionsOf({"--background"});
+    EXPECT_EQ(options.manner, StartManner::background);
+    EXPECT_EQ(options.action, std::nullopt);
+}
+
 TEST(AppOptionsTest, anActionMayBeRepeatedButNotContradicted) {
     EXPECT_EQ(optionsOf({"--show", "--show"}).action, ApplicationAction::showPanel);
-    EXPECT_EQ(errorOf({"--show", "--quit"}), "--show、--toggle 与 --quit 只能使用其一");
+    EXPECT_EQ(optionsOf({"--background", "--background"}).manner, StartManner::background);
+    const std::string contradiction = "--show、--toggle、--quit 与 --background 只能使用其一";
+    EXPECT_EQ(errorOf({"--show", "--quit"}), contradiction);
+    EXPECT_EQ(errorOf({"--background", "--show"}), contradiction);
+    EXPECT_EQ(errorOf({"--toggle", "--background"}), contradiction);
 }
 
 TEST(AppOptionsTest, theHelpNamesEveryOptionAndVariable) {
@@ -45,6 +56,7 @@ TEST(AppOptionsTest, theHelpNamesEveryOptionAndVariable) {
     for (const char* const name : {"--show",
                                    "--toggle",
                                    "--quit",
+                                   "--background",
                                    "--version",
                                    "QUILLBAR_REST_ENDPOINTS",
                                    "QUILLBAR_STREAM_ENDPOINTS",

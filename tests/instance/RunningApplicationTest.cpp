@@ -4,6 +4,7 @@
 #include "Quillbar/instance/RunningApplication.h"
 #include "tests/instance/BusFixture.h"
 
+#include <functional>
 #include <future>
 #include <optional>
 
@@ -19,6 +20,7 @@ protected:
     void start() {
         m_application.emplace(connect(), [this](ApplicationAction action, const auto& tokens) {
             m_action = action;
+            ++m_count;
             m_tokens = tokens;
         });
         bool hasName = false;
@@ -28,16 +30,18 @@ protected:
     }
 
     /// Asks from a program of its own, while the application's events are handled.
-    [[nodiscard]] Outcome ask(ApplicationAction action, const ActivationTokens& tokens = {}) {
-        auto outcome = std::async(std::launch::async, [this, action, tokens] {
-            return RunningApplication::activate(m_user, action, tokens);
-        });
+    [[nodiscard]] Outcome ask(const std::function<Outcome()>& question) {
+        auto outcome = std::async(std::launch::async, question);
         EXPECT_TRUE(spinUntil([&] { return m_action.has_value(); }));
         return outcome.get();
+    }
+    [[nodiscard]] Outcome ask(ApplicationAction action, const ActivationTokens& tokens = {}) {
+        return ask([=, this] { return RunningApplication::activate(m_user, action, tokens); });
     }
 
     QDBusConnection m_user = connect();
     std::optional<ApplicationAction> m_action;
+    int m_count = 0;
     ActivationTokens m_tokens;
     std::optional<ApplicationService> m_application;
 };
@@ -58,6 +62,30 @@ TEST_F(RunningApplicationTest, takesEveryActionAndTheTokens) {
         EXPECT_EQ(m_action, action);
         EXPECT_EQ(m_tokens, tokens);
     }
+}
+
+TEST_F(RunningApplicationTest, aPlainStartTogglesThePanel) {
+    start();
+    EXPECT_EQ(ask([this] { return RunningApplication::request(m_user, {}, {}); }), Outcome::done);
+    EXPECT_EQ(m_action, ApplicationAction::togglePanel);
+}
+
+TEST_F(RunningApplicationTest, aStartForAnActionAsksForThat) {
+    start();
+    const AppOptions quit{.action = ApplicationAction::quit};
+    EXPECT_EQ(ask([&] { return RunningApplication::request(m_user, quit, {}); }), Outcome::done);
+    EXPECT_EQ(m_action, ApplicationAction::quit);
+}
+
+TEST_F(RunningApplicationTest, aStartInTheBackgroundAsksNothingOfIt) {
+    const AppOptions background{.manner = StartManner::background};
+    EXPECT_EQ(RunningApplication::request(m_user, background, {}), Outcome::notRunning);
+    start();
+    EXPECT_EQ(RunningApplication::request(m_user, background, {}), Outcome::done);
+    // What was asked before this would have arrived before it.
+    EXPECT_EQ(ask(ApplicationAction::showPanel), Outcome::done);
+    EXPECT_EQ(m_action, ApplicationAction::showPanel);
+    EXPECT_EQ(m_count, 1);
 }
 
 TEST_F(RunningApplicationTest, isNotStartedByAnAction) {

@@ -34,7 +34,9 @@ TEST_F(AutostartEntryTest, registersTheProgram) {
     EXPECT_EQ(written->text("Name[zh_CN]"), "Quillbar");
     EXPECT_EQ(written->text("Comment"), "Live cryptocurrency prices in the status area");
     EXPECT_EQ(written->text("Comment[zh_CN]"), "在状态栏里显示加密货币的实时价格");
-    EXPECT_EQ(written->text("Exec"), '"' + session.program + '"');
+    EXPECT_EQ(written->text("Exec"), '"' + session.program + "\" --background")
+        << "nothing opens at login";
+    EXPECT_EQ(written->program(), session.program);
     EXPECT_EQ(written->text("Icon"), "io.github.quillbar.Quillbar");
     EXPECT_EQ(written->text("Terminal"), "false");
     EXPECT_EQ(written->text("StartupNotify"), "false");
