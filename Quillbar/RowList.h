@@ -167,7 +167,6 @@ private:
 
     RowListContent m_content;
     RowDetails m_details;
-    RowDrag m_drag;
     RowLayout m_layout{TableRow::kHeight};
     int m_preferredHeight = TableRow::kHeight;
     std::vector<std::string> m_ids;
@@ -181,6 +180,8 @@ private:
     int m_offset = 0;
     // Of the wheel: what has been turned and was too little for a point.
     double m_turned = 0;
+    // Last: as it goes, the list hears of what it had in it, and looks among its rows.
+    RowDrag m_drag;
 };
 
 }  // namespace quillbar
