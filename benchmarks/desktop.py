@@ -62,9 +62,11 @@ class Desktop:
     def environment(self, exchange, home):
         return environment_of(exchange, home, self._environment)
 
-    def panel(self, exchange, home):
-        """The application with a watch on its frames."""
-        return Program([self._programs.desktop, "panel"], self.environment(exchange, home))
+    def panel(self, exchange, home, between_refreshes=""):
+        """The application with a watch on its frames; the seconds between two refreshes of a board
+        may be others than its own."""
+        return Program([self._programs.desktop, "panel", between_refreshes],
+                       self.environment(exchange, home))
 
     def application(self, exchange, home):
         return Program([self._programs.application], self.environment(exchange, home))

@@ -7,9 +7,9 @@ Usage: report.py [--seconds N] BENCHMARKS SIMULATOR LABEL APPLICATION DESKTOP
 They are the programs; DESKTOP is the one that plays the application's surroundings. Each time of the
 first lines is the median processor time of several repetitions, which alternate between ours and the
 alternatives. The label and the application follow four coins of the simulator over TLS for N seconds
-(60), and are looked at then. How the application's own times are taken stands in desktop.py. The
-report fails only when something could not be measured: a target that does not hold is for its reader
-to judge.
+(60), and are looked at then. How the application's own times are taken stands in desktop.py and
+tabs.py. The report fails only when something could not be measured: a target that does not hold is
+for its reader to judge.
 """
 import argparse
 import json
@@ -21,6 +21,7 @@ import tempfile
 from desktop import desktop_rows
 from processes import MeasurementFailed, Program, environment_of, started
 from rows import Row, duration, table
+from tabs import tab_rows
 from usage import Limit, is_priced, usage_of
 
 OURS = "Quillbar"
@@ -113,6 +114,7 @@ def main():
         rows = list(speed_rows(medians(arguments.benchmarks)))
         rows += label_rows(arguments, arguments.seconds)
         rows += desktop_rows(arguments, arguments.seconds)
+        rows += tab_rows(arguments, arguments.seconds)
     except MeasurementFailed as failure:
         sys.exit(f"bench-report: {failure}")
     print(table(rows))

@@ -1,27 +1,48 @@
 // SPDX-FileCopyrightText: 2026 The Quillbar developers
 // SPDX-License-Identifier: MIT
+#include "benchmarks/desktop/Heartbeat.h"
 #include "benchmarks/desktop/Moments.h"
 #include "benchmarks/desktop/Roles.h"
+#include "Quillbar/BoardPlaceholder.h"
 #include "Quillbar/CoinRowView.h"
+#include "Quillbar/MarketRowView.h"
 #include "Quillbar/platform/CertificateAuthorities.h"
 #include "Quillbar/QuillbarApp.h"
 #include "Quillbar/ServiceEndpoints.h"
+#include "Quillbar/UnderlineTabs.h"
 #include "Quillbar/window/PanelWindow.h"
 #include "Quillbar/window/X11Session.h"
+#include "QuillbarCore/market/MarketState.h"
+#include "QuillbarCore/runtime/QtSleeper.h"
 #include "QuillbarCore/state/AppDirectories.h"
 
+#include <QAbstractButton>
 #include <QApplication>
 #include <QDBusConnection>
 #include <QWindow>
 
+#include <fmt/format.h>
+
+#include <charconv>
 #include <cstdlib>
 #include <memory>
 #include <string>
+#include <string_view>
+#include <utility>
 #include <xcb/xcb.h>
 
 namespace quillbar::benchmarks {
 
 namespace {
+
+PanelWindow* panelWindow() {
+    for (QWidget* const window : QApplication::topLevelWidgets()) {
+        if (auto* const panel = dynamic_cast<PanelWindow*>(window)) {
+            return panel;
+        }
+    }
+    return nullptr;
+}
 
 /// Tells when frames of the panel are on the screen.
 class FrameWatch final : public QObject {
@@ -30,7 +51,7 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override {
         switch (event->type()) {
         case QEvent::Paint:
-            m_rows += dynamic_cast<CoinRowView*>(watched) != nullptr ? 1 : 0;
+            m_rows += isContent(watched) ? 1 : 0;
             return false;
         case QEvent::Hide:
             if (dynamic_cast<PanelWindow*>(watched) != nullptr) {
@@ -54,8 +75,16 @@ private:
         QCoreApplication::sendEvent(&watched, &event);
         m_isPainting = false;
         waitForServer();
-        sayMoment("frame", std::to_string(m_rows));
+        const PanelWindow* const panel = panelWindow();
+        sayMoment("frame", fmt::format("{} {}", m_rows, panel == nullptr ? 0 : panel->height()));
         return true;
+    }
+
+    // A row, or what a board has in the place of its rows.
+    static bool isContent(QObject* watched) {
+        return dynamic_cast<CoinRowView*>(watched) != nullptr
+               || dynamic_cast<MarketRowView*>(watched) != nullptr
+               || dynamic_cast<BoardPlaceholder*>(watched) != nullptr;
     }
 
     static bool isOfPanel(QObject* watched) {
@@ -78,6 +107,32 @@ private:
     bool m_isPainting = false;
 };
 
+/// Tells where on the screen the tabs of the panel are.
+void sayTabs() {
+    const PanelWindow* const panel = panelWindow();
+    if (panel == nullptr) {
+        return;
+    }
+    for (const QAbstractButton* const button : panel->findChildren<QAbstractButton*>()) {
+        if (dynamic_cast<UnderlineTabs*>(button->parentWidget()) != nullptr) {
+            const QPoint middle = button->mapToGlobal(button->rect().center());
+            sayMoment("tab", fmt::format("{} {}", middle.x(), middle.y()));
+        }
+    }
+}
+
+/// The sleeper of the event loop, with another time between two refreshes of the boards. Others that
+/// sleep as long do so too.
+Sleeper sleeperBetweenPolls(Seconds interval) {
+    return [interval, sleeper = makeQtSleeper()](Seconds span) {
+        if (span != MarketState::kPollInterval) {
+            return sleeper(span);
+        }
+        sayMoment("slept");
+        return sleeper(interval);
+    };
+}
+
 }  // namespace
 
 int runPanel(int argc, char** argv) {
@@ -92,8 +147,23 @@ int runPanel(int argc, char** argv) {
         && trustAuthorities(*endpoints.certificateAuthorityFile)) {
         return 1;
     }
-    QuillbarApp app(QDBusConnection::sessionBus(), endpoints, AppDirectories::applicationSupport());
-    onLines([](std::string_view /*line*/) {});
+    const std::string_view interval = argc > 2 ? argv[2] : "";
+    double seconds = MarketState::kPollInterval.count();
+    std::from_chars(interval.data(), interval.data() + interval.size(), seconds);
+    QuillbarApp app(QDBusConnection::sessionBus(),
+                    endpoints,
+                    AppDirectories::applicationSupport(),
+                    sleeperBetweenPolls(Seconds(seconds)));
+    Heartbeat heartbeat;
+    onLines([&heartbeat](std::string_view line) {
+        if (line == "tabs") {
+            sayTabs();
+        } else if (line == "beat") {
+            heartbeat.begin();
+        } else if (line == "rest") {
+            sayMoment("gap", std::to_string(heartbeat.end().count()));
+        }
+    });
     app.start();
     return QApplication::exec();
 }

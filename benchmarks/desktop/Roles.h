@@ -7,12 +7,18 @@
 namespace quillbar::benchmarks {
 
 /// The bar of a desktop on the session bus: says "ready", then "registered" for each item and
-/// "label" with the text of each label. The line "click" clicks the item, after "clicked".
+/// "label" with the text of each label. The line "click" clicks the item, after "clicked". It has
+/// the pointer too: "point X Y" moves it, "press" clicks what is under it, after "pressed", and
+/// "wheel" turns its wheel for some seconds as often as a screen has frames, between "turning" and
+/// "turned" with the number of turns.
 int runTrayHost(int argc, char** argv);
 
 /// The application as `quillbar` is made of it, which says "frame ... ROWS" when a frame of the
-/// panel has been painted and the X server has it, with the number of rows painted by then, and
-/// "hidden" when the panel has gone.
+/// panel has been painted and the X server has it, with the number of rows painted by then and the
+/// panel's height, and "hidden" when the panel has gone. The line "tabs" has it say "tab ... X Y" for
+/// each tab; "beat" begins to watch its event loop, and "rest" ends that with "gap ... NANOSECONDS",
+/// the longest time for which the loop did not run. Its argument, if any, is the time between two
+/// refreshes of a board, in seconds; it says "slept" at the beginning of each such time.
 int runPanel(int argc, char** argv);
 
 /// An exchange whose only argument is how many prices it sends a second, evenly, over all its coins

@@ -3,10 +3,18 @@
 #include "benchmarks/desktop/TrayHost.h"
 
 #include "benchmarks/desktop/Moments.h"
+#include "benchmarks/desktop/Pointer.h"
 #include "benchmarks/desktop/Roles.h"
 
 #include <QCoreApplication>
 #include <QDBusMessage>
+#include <QElapsedTimer>
+#include <QTimer>
+
+#include <charconv>
+#include <chrono>
+#include <string>
+#include <string_view>
 
 namespace quillbar::benchmarks {
 
@@ -17,6 +25,60 @@ const QString kItemPath = QStringLiteral("/StatusNotifierItem");
 // Near the right end of a bar at the bottom of a screen of 1280 by 900.
 constexpr int kClickX = 1200;
 constexpr int kClickY = 890;
+
+constexpr int kTurnsASecond = 60;
+constexpr int kWheelSeconds = 5;
+// Fewer than lead to the end of the longest board; the last way leads back to its beginning.
+constexpr int kTurnsOneWay = 25;
+constexpr std::chrono::milliseconds kWheelSpacing{1};
+
+/// Turns the pointer's wheel evenly, down and up again.
+class Wheel final {
+public:
+    explicit Wheel(Pointer& pointer)
+        : m_pointer(pointer) {
+        m_timer.setTimerType(Qt::PreciseTimer);
+        m_timer.setInterval(kWheelSpacing);
+        QObject::connect(&m_timer, &QTimer::timeout, &m_timer, [this] { catchUp(); });
+    }
+
+    void begin() {
+        m_turns = 0;
+        m_elapsed.start();
+        m_timer.start();
+        sayMoment("turning");
+    }
+
+private:
+    void catchUp() {
+        for (const qint64 due = m_elapsed.elapsed() * kTurnsASecond / 1000; m_turns < due;
+             ++m_turns) {
+            const bool isDownwards = m_turns / kTurnsOneWay % 2 == 0;
+            m_pointer.turn(isDownwards ? Pointer::Turn::down : Pointer::Turn::up);
+        }
+        if (m_turns >= kTurnsASecond * kWheelSeconds) {
+            m_timer.stop();
+            sayMoment("turned", std::to_string(m_turns));
+        }
+    }
+
+    Pointer& m_pointer;
+    QTimer m_timer;
+    QElapsedTimer m_elapsed;
+    qint64 m_turns = 0;
+};
+
+/// "X Y" of a line.
+void moveTo(Pointer& pointer, std::string_view place) {
+    int x = 0;
+    int y = 0;
+    const char* const end = place.data() + place.size();
+    const char* const between = std::from_chars(place.data(), end, x).ptr;
+    if (between != end) {
+        std::from_chars(between + 1, end, y);
+    }
+    pointer.moveTo(x, y);
+}
 
 }  // namespace
 
@@ -56,9 +118,19 @@ int runTrayHost(int argc, char** argv) {
     if (!host.isWatcher()) {
         return 1;
     }
-    onLines([&host](std::string_view line) {
+    Pointer pointer;
+    Wheel wheel(pointer);
+    onLines([&](std::string_view line) {
+        constexpr std::string_view kPoint = "point ";
         if (line == "click") {
             host.click();
+        } else if (line == "press") {
+            sayMoment("pressed");
+            pointer.click();
+        } else if (line == "wheel") {
+            wheel.begin();
+        } else if (line.starts_with(kPoint)) {
+            moveTo(pointer, line.substr(kPoint.size()));
         }
     });
     sayMoment("ready");
