@@ -248,12 +248,24 @@ void Desktop::killExchange() {
     m_exchange.reset();
 }
 
+void Desktop::become(Shade shade) const {
+    QDBusMessage news =
+        QDBusMessage::createSignal(QStringLiteral("/org/freedesktop/portal/desktop"),
+                                   QStringLiteral("org.freedesktop.portal.Settings"),
+                                   QStringLiteral("SettingChanged"));
+    news << QStringLiteral("org.freedesktop.appearance") << QStringLiteral("color-scheme")
+         << QVariant::fromValue(QDBusVariant(static_cast<uint>(shade)));
+    m_bus.send(news);
+}
+
 QVariant Desktop::call(const QString& service,
                        const QString& path,
                        const QString& interface,
-                       const QString& method) const {
-    const QDBusMessage answer =
-        m_bus.call(QDBusMessage::createMethodCall(service, path, interface, method));
+                       const QString& method,
+                       const QVariantList& arguments) const {
+    QDBusMessage question = QDBusMessage::createMethodCall(service, path, interface, method);
+    question.setArguments(arguments);
+    const QDBusMessage answer = m_bus.call(question);
     return answer.type() == QDBusMessage::ReplyMessage && !answer.arguments().isEmpty()
                ? answer.arguments().constFirst()
                : QVariant();

@@ -13,6 +13,7 @@
 #include <QString>
 #include <QStringList>
 #include <QVariant>
+#include <QVariantList>
 
 #include <functional>
 #include <optional>
@@ -56,11 +57,16 @@ public:
     /// Comes back at the same address.
     void killExchange();
 
-    /// The answer of a method without arguments; a null variant when there is none.
+    /// Says as the settings portal does that the desktop has become dark or light.
+    enum class Shade : unsigned { dark = 1, light = 2 };
+    void become(Shade shade) const;
+
+    /// The answer of a method; a null variant when there is none.
     [[nodiscard]] QVariant call(const QString& service,
                                 const QString& path,
                                 const QString& interface,
-                                const QString& method) const;
+                                const QString& method,
+                                const QVariantList& arguments = {}) const;
     [[nodiscard]] QVariant property(const QString& service,
                                     const QString& path,
                                     const QString& interface,

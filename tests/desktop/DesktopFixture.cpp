@@ -7,6 +7,9 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 
+#include <array>
+#include <cstddef>
+
 namespace quillbar {
 
 namespace {
@@ -17,8 +20,32 @@ const QString kLabelInterface = QStringLiteral("io.github.quillbar.Quillbar.Labe
 const QString kItemPath = QStringLiteral("/StatusNotifierItem");
 const QString kItemInterface = QStringLiteral("org.kde.StatusNotifierItem");
 
-constexpr int kFirstRowCentre = 111;
+constexpr int kFirstRowCentre = 118;
 constexpr int kMostTabStops = 20;
+
+constexpr int kPanelWidth = 400;
+constexpr int kSearchWidth = 280;
+// What is narrower or lower is no menu, but a window that is of no use to people.
+constexpr int kLeastMenu = 50;
+
+constexpr std::array<int, 5> kTabCentres{26, 70, 114, 164, 214};
+constexpr int kTabLine = 61;
+constexpr QPoint kBelowTab{0, 14};
+// Where the changes stand in their rows.
+constexpr int kChangeX = 320;
+constexpr int kChangeWidth = 50;
+constexpr int kStrongColor = 100;
+
+bool hasStrongColor(const QImage& image) {
+    for (int x = 0; x < image.width(); ++x) {
+        for (int y = 0; y < image.height(); ++y) {
+            if (image.pixelColor(x, y).hsvSaturation() > kStrongColor) {
+                return true;
+            }
+        }
+    }
+    return false;
+}
 
 QString textOfTooltip(const QVariant& tooltip) {
     const auto argument = tooltip.value<QDBusArgument>();
@@ -56,11 +83,21 @@ void DesktopFixture::TearDownTestSuite() {
 
 void DesktopFixture::TearDown() {
     if (m_application && m_application->isRunning()) {
-        EXPECT_EQ(startAgain({QStringLiteral("--quit")}), 0);
-        EXPECT_EQ(m_application->waitForEnd(), 0);
+        endApplication();
     }
     // The next application's item is alone in the status area.
     EXPECT_TRUE(eventually([] { return desktop().items().isEmpty(); }));
+}
+
+void DesktopFixture::endApplication() {
+    EXPECT_EQ(startAgain({QStringLiteral("--quit")}), 0);
+    EXPECT_EQ(endOfApplication(), 0);
+}
+
+int DesktopFixture::endOfApplication() {
+    const int status = m_application->waitForEnd();
+    EXPECT_TRUE(eventually([] { return desktop().items().isEmpty(); }));
+    return status;
 }
 
 void DesktopFixture::startApplication() {
@@ -108,6 +145,19 @@ std::vector<std::string> DesktopFixture::keptSymbols() const {
     return symbols;
 }
 
+bool DesktopFixture::comesToKeep(const QString& setting, const QString& value) const {
+    return eventually(
+        [&] { return kept(QStringLiteral("settings.json")).value(setting).toString() == value; });
+}
+
+std::optional<QString> DesktopFixture::autostartEntry() const {
+    QFile entry(configuration() / "autostart/io.github.quillbar.Quillbar.desktop");
+    if (!entry.open(QIODevice::ReadOnly)) {
+        return std::nullopt;
+    }
+    return QString::fromUtf8(entry.readAll());
+}
+
 QVariantMap DesktopFixture::label() const {
     return qdbus_cast<QVariantMap>(
         desktop().call(kBusName, kBusPath, kLabelInterface, QStringLiteral("Read")));
@@ -139,7 +189,7 @@ QPoint DesktopFixture::itemCentre() const {
 std::optional<Screen::Window> DesktopFixture::panel() const {
     for (Screen::Window& window : screen().windowsOf(m_application->id())) {
         // Others of this title, of a pixel or of menus, are no panel.
-        if (window.title == QStringLiteral("Quillbar") && window.geometry.width() == 400) {
+        if (window.title == QStringLiteral("Quillbar") && window.geometry.width() == kPanelWidth) {
             return std::move(window);
         }
     }
@@ -151,14 +201,28 @@ QRect DesktopFixture::panelGeometry() const {
     return window ? window->geometry : QRect();
 }
 
-bool DesktopFixture::hasMenu() const {
+QRect DesktopFixture::menuGeometry() const {
     for (const Screen::Window& window : screen().windowsOf(m_application->id())) {
         const QRect& area = window.geometry;
-        if (area.width() != 400 && area.width() > 50 && area.height() > 50) {
-            return true;
+        if (area.width() != kPanelWidth && area.width() != kSearchWidth && area.width() > kLeastMenu
+            && area.height() > kLeastMenu) {
+            return area;
         }
     }
-    return false;
+    return {};
+}
+
+QRect DesktopFixture::searchGeometry() const {
+    for (const Screen::Window& window : screen().windowsOf(m_application->id())) {
+        if (window.geometry.width() == kSearchWidth) {
+            return window.geometry;
+        }
+    }
+    return {};
+}
+
+ItemMenu DesktopFixture::itemMenu() const {
+    return ItemMenu(desktop());
 }
 
 void DesktopFixture::clickItem() {
@@ -207,6 +271,42 @@ void DesktopFixture::chooseFromMenuOfRow(int row, int entry) {
     chooseFromMenu(entry);
 }
 
+void DesktopFixture::chooseFromGear(int entry) {
+    clickOnPanel(kGear);
+    chooseFromMenu(entry);
+}
+
+void DesktopFixture::openSearch() {
+    clickOnPanel(kPlus);
+    ASSERT_TRUE(eventually([this] { return isSearchOpen(); })) << "no search";
+    settle();
+}
+
+void DesktopFixture::openTab(int tab) {
+    clickOnPanel({kTabCentres.at(static_cast<std::size_t>(tab)), kTabLine});
+    ASSERT_TRUE(eventually([&] { return isTabSelected(tab); })) << tab;
+    // So many are on every tab.
+    ASSERT_TRUE(eventually([this] { return hasRowsUpTo(3); })) << tab;
+}
+
+bool DesktopFixture::hasRowsUpTo(int row) const {
+    const QImage drawn = screen().picture(panelGeometry());
+    for (int each = row - 2; each <= row; ++each) {
+        const QRect change(
+            kChangeX, rowCentre(each).y() - kRowHeight / 4, kChangeWidth, kRowHeight / 2);
+        if (!hasStrongColor(drawn.copy(change))) {
+            return false;
+        }
+    }
+    return true;
+}
+
+bool DesktopFixture::isTabSelected(int tab) const {
+    const QPoint middle(kTabCentres.at(static_cast<std::size_t>(tab)), kTabLine);
+    return hasStrongColor(
+        screen().picture(panelGeometry()).copy(QRect(middle + kBelowTab, QSize(1, 1))));
+}
+
 void DesktopFixture::settle() const {
     // Two questions: the first may overtake what the server still has to hand on.
     static_cast<void>(label());
@@ -221,7 +321,14 @@ QProcessEnvironment DesktopFixture::environment() const {
     QProcessEnvironment environment = desktop().environment();
     environment.insert(QStringLiteral("XDG_DATA_HOME"),
                        QString::fromStdString(m_folder.path().string()));
+    // Nothing is started at the tester's own login.
+    environment.insert(QStringLiteral("XDG_CONFIG_HOME"),
+                       QString::fromStdString(configuration().string()));
     return environment;
+}
+
+std::filesystem::path DesktopFixture::configuration() const {
+    return m_folder.path() / "configuration";
 }
 
 std::filesystem::path DesktopFixture::file(const QString& name) const {

@@ -4,6 +4,7 @@
 
 #include "tests/desktop/ChildProcess.h"
 #include "tests/desktop/Desktop.h"
+#include "tests/desktop/ItemMenu.h"
 #include "tests/desktop/Screen.h"
 #include "tests/desktop/Waiting.h"
 #include "tests/support/TemporaryFolder.h"
@@ -39,11 +40,19 @@ protected:
 
     /// Starts the application and waits for its first price in the status area.
     void startApplication();
+    /// Ends the application from outside, and waits for that.
+    void endApplication();
+    /// The exit status of the application, which something has asked to end; waited for.
+    [[nodiscard]] int endOfApplication();
     /// Starts the program once more and waits for its end.
     [[nodiscard]] int startAgain(const QStringList& arguments = {});
     void keepSettings(const QJsonObject& settings);
     [[nodiscard]] QJsonObject kept(const QString& name) const;
     [[nodiscard]] std::vector<std::string> keptSymbols() const;
+    /// Whether a setting comes to be kept so.
+    [[nodiscard]] bool comesToKeep(const QString& setting, const QString& value) const;
+    /// What the desktop is to start at login; absent without an entry of the application's.
+    [[nodiscard]] std::optional<QString> autostartEntry() const;
 
     /// What the application tells other programs of its label.
     [[nodiscard]] QVariantMap label() const;
@@ -58,8 +67,14 @@ protected:
     [[nodiscard]] std::optional<Screen::Window> panel() const;
     [[nodiscard]] bool isPanelOpen() const { return panel().has_value(); }
     [[nodiscard]] QRect panelGeometry() const;
-    /// Whether a menu of the application is on the screen.
-    [[nodiscard]] bool hasMenu() const;
+    /// Where a menu of the application is; a null rectangle without one.
+    [[nodiscard]] QRect menuGeometry() const;
+    [[nodiscard]] bool hasMenu() const { return !menuGeometry().isNull(); }
+    /// Where the search for a coin is; a null rectangle while it is closed.
+    [[nodiscard]] QRect searchGeometry() const;
+    [[nodiscard]] bool isSearchOpen() const { return !searchGeometry().isNull(); }
+    /// The menu of the item in the status area.
+    [[nodiscard]] ItemMenu itemMenu() const;
 
     void clickItem();
     /// A click on the item, seen to open the panel.
@@ -71,14 +86,28 @@ protected:
     /// Chooses an entry, counted from 1, of the menu that opens, by the keyboard.
     void chooseFromMenu(int entry);
     void chooseFromMenuOfRow(int row, int entry);
+    /// Opens the menu of the gear and chooses an entry, counted from 1.
+    void chooseFromGear(int entry);
+    /// Opens the search and sees it take the keyboard.
+    void openSearch();
+    /// Clicks a tab, counted from 0 at the watchlist's, and waits until its rows are drawn.
+    void openTab(int tab);
+    /// Whether the row and the two before it, counted from 0, are drawn with their changes.
+    [[nodiscard]] bool hasRowsUpTo(int row) const;
+    /// Whether the mark of the selected tab is under this one.
+    [[nodiscard]] bool isTabSelected(int tab) const;
     /// Makes sure that the application has handled what was done with the pointer and the keyboard.
     void settle() const;
 
     /// The middle of a row, counted from 0, as a position on the panel.
     [[nodiscard]] static QPoint rowCentre(int row);
     /// The places of what is clicked on the panel.
-    static constexpr QPoint kPriceTitle{280, 87};
+    static constexpr QPoint kPriceTitle{280, 94};
+    static constexpr QPoint kPlus{348, 20};
+    static constexpr QPoint kGear{376, 20};
     static constexpr int kDisclosureX = 20;
+    static constexpr int kRowPlusX = 381;
+    static constexpr int kTabCount = 5;
     static constexpr int kRowHeight = 28;
     static constexpr int kChartHeight = 210;
 
@@ -87,6 +116,7 @@ private:
 
     [[nodiscard]] QProcessEnvironment environment() const;
     [[nodiscard]] std::filesystem::path file(const QString& name) const;
+    [[nodiscard]] std::filesystem::path configuration() const;
 
     TemporaryFolder m_folder;
     std::optional<ChildProcess> m_application;

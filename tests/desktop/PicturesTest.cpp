@@ -6,6 +6,9 @@
 #include <QDir>
 #include <QImage>
 
+#include <array>
+#include <cstddef>
+
 namespace quillbar {
 
 namespace {
@@ -44,37 +47,47 @@ protected:
         return count;
     }
 
-    /// The left ends of the rows under the first, where no number changes.
-    static QImage laterRows(const QImage& image, int lowered) {
-        const int top = rowCentre(0).y() + kRowHeight / 2 + lowered;
+    /// The left ends of the rows under this one, where no number changes.
+    static QImage rowsUnder(int row, const QImage& image, int lowered) {
+        const int top = rowCentre(row).y() + kRowHeight / 2 + lowered;
         return image.copy(2, top, 28, 3 * kRowHeight);
     }
 
+    /// The colours of the window of a menu or of the search, which is drawn as the panel is.
+    void judgeSurface(const QImage& image, QPoint bare) const {
+        const int lightness = image.pixelColor(bare).lightness();
+        EXPECT_GE(lightness, GetParam().lightnessFrom);
+        EXPECT_LE(lightness, GetParam().lightnessTo);
+    }
+
+    void startInPalette() {
+        keepSettings({{QStringLiteral("schemaVersion"), 1},
+                      {QStringLiteral("changeBasis"), QStringLiteral("rolling24h")},
+                      {QStringLiteral("appearance"), QLatin1String(GetParam().name)}});
+        startApplication();
+        openPanel();
+    }
+
     static constexpr int kStrong = 100;
+    static constexpr QPoint kAside{300, 600};
 };
 
 TEST_P(PicturesTest, thePanelIsDrawnInItsPalette) {
-    keepSettings({{QStringLiteral("schemaVersion"), 1},
-                  {QStringLiteral("changeBasis"), QStringLiteral("rolling24h")},
-                  {QStringLiteral("appearance"), QLatin1String(GetParam().name)}});
-    startApplication();
-    openPanel();
-    screen().movePointer({300, 600});
+    startInPalette();
+    screen().movePointer(kAside);
     const QImage closed = picture();
     keep(closed, QStringLiteral("panel"));
-    const int surface = closed.pixelColor(200, 8).lightness();
-    EXPECT_GE(surface, GetParam().lightnessFrom);
-    EXPECT_LE(surface, GetParam().lightnessTo);
+    judgeSurface(closed, {200, 8});
     EXPECT_EQ(closed.pixelColor(0, 0), Screen::background()) << "the corners are round";
 
     clickOnPanel({kDisclosureX, rowCentre(0).y()});
     ASSERT_TRUE(
         eventually([&] { return panelGeometry().height() == closed.height() + kChartHeight; }));
-    screen().movePointer({300, 600});
+    screen().movePointer(kAside);
     const QRect plot(30, rowCentre(0).y() + kRowHeight / 2 + 40, 300, kChartHeight - 80);
     EXPECT_TRUE(eventually([&] {
         const QImage unfolded = picture();
-        return laterRows(unfolded, kChartHeight) == laterRows(closed, 0)
+        return rowsUnder(0, unfolded, kChartHeight) == rowsUnder(0, closed, 0)
                && colorfulColumns(unfolded, plot) > plot.width() * 9 / 10;
     }));
     keep(picture(), QStringLiteral("chart"));
@@ -86,6 +99,57 @@ TEST_P(PicturesTest, thePanelIsDrawnInItsPalette) {
     keep(picture(), QStringLiteral("menu"));
     const QRect item = desktop().statusArea().value_or(QRect());
     keep(screen().picture(item.adjusted(-40, 0, 0, 0)), QStringLiteral("item"));
+}
+
+TEST_P(PicturesTest, everyBoardIsDrawnInItsPalette) {
+    startInPalette();
+    const std::array<const char*, kTabCount> names{
+        "watchlist", "gainers", "losers", "volume", "market-cap"};
+    for (int tab = 1; tab < kTabCount; ++tab) {
+        openTab(tab);
+        screen().movePointer(kAside);
+        ASSERT_TRUE(eventually([this] { return hasRowsUpTo(12); }));
+        settle();
+        const QImage board = picture();
+        judgeSurface(board, {200, 8});
+        keep(board, QLatin1String(names.at(static_cast<std::size_t>(tab))));
+    }
+    const QImage folded = picture();
+    clickOnPanel(rowCentre(1));
+    screen().movePointer(kAside);
+    const QRect plot(30, rowCentre(1).y() + kRowHeight / 2 + 40, 300, kChartHeight - 80);
+    EXPECT_TRUE(eventually([&] {
+        const QImage unfolded = picture();
+        return rowsUnder(1, unfolded, kChartHeight) == rowsUnder(1, folded, 0)
+               && colorfulColumns(unfolded, plot) > plot.width() * 9 / 10;
+    }));
+    keep(picture(), QStringLiteral("board-chart"));
+}
+
+TEST_P(PicturesTest, theSearchAndTheMenuOfTheGearAreDrawnInItsPalette) {
+    startInPalette();
+    openSearch();
+    const QRect matches(searchGeometry().topLeft() + QPoint(12, 50), QSize(20, 14));
+    const auto panelWithSearch = [this] {
+        return screen().picture(panelGeometry().united(searchGeometry()));
+    };
+    keep(panelWithSearch(), QStringLiteral("search-hint"));
+    const QImage empty = screen().picture(matches);
+    screen().type("s");
+    ASSERT_TRUE(eventually([&] { return screen().picture(matches) != empty; }));
+    settle();
+    judgeSurface(screen().picture(searchGeometry()), {140, 3});
+    keep(panelWithSearch(), QStringLiteral("search"));
+    screen().key(Screen::kEscape);
+    ASSERT_TRUE(eventually([this] { return !isSearchOpen(); }));
+
+    clickOnPanel(kGear);
+    ASSERT_TRUE(eventually([this] { return hasMenu(); }));
+    settle();
+    const QRect gear = menuGeometry();
+    EXPECT_TRUE(screen().workArea().contains(gear));
+    judgeSurface(screen().picture(gear), {gear.width() / 2, 3});
+    keep(screen().picture(panelGeometry().united(gear)), QStringLiteral("gear"));
 }
 
 INSTANTIATE_TEST_SUITE_P(Palettes,

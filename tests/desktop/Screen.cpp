@@ -123,6 +123,22 @@ void Screen::click(QPoint position, int button) {
     release(button);
 }
 
+void Screen::drag(QPoint from, QPoint to) {
+    constexpr int kSteps = 10;
+    movePointer(from);
+    press();
+    for (int step = 1; step <= kSteps; ++step) {
+        movePointer(from + (to - from) * step / kSteps);
+    }
+    release();
+}
+
+void Screen::type(std::string_view letters) {
+    for (const char letter : letters) {
+        key(static_cast<xcb_keysym_t>(letter));
+    }
+}
+
 void Screen::key(xcb_keysym_t symbol) {
     const std::uint8_t code = keyCode(symbol);
     fake(XCB_KEY_PRESS, code, {});

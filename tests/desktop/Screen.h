@@ -50,6 +50,10 @@ public:
     void press(int button = kLeft);
     void release(int button = kLeft);
     void click(QPoint position, int button = kLeft);
+    /// Presses at one place, goes to the other in steps as a hand does, and releases there.
+    void drag(QPoint from, QPoint to);
+    /// Types small letters.
+    void type(std::string_view letters);
     /// Presses and releases the key with this symbol of X11's.
     void key(xcb_keysym_t symbol);
 
