@@ -94,13 +94,30 @@ bool isHidden(const DesktopEntry& entry) {
     return entry.boolean("Hidden", false);
 }
 
-bool isSwitchedOff(const DesktopEntry& entry, const std::vector<std::string>& desktops) {
+// Of the conditions that desktops know, two name a file of the user's configuration. The others ask
+// for settings that only the desktop itself can read, and count as met.
+bool isConditionMet(const DesktopEntry& entry, const LoginSession& session) {
+    const std::string condition = entry.text("AutostartCondition").value_or("");
+    const std::size_t blank = condition.find(' ');
+    const std::size_t start = condition.find_first_not_of(" /", blank);
+    if (start == std::string::npos) {
+        return true;
+    }
+    const std::string kind = condition.substr(0, blank);
+    std::error_code error;
+    const bool exists =
+        std::filesystem::exists(session.folder.parent_path() / condition.substr(start), error);
+    return (kind != "if-exists" || exists) && (kind != "unless-exists" || !exists);
+}
+
+bool isSwitchedOff(const DesktopEntry& entry, const LoginSession& session) {
+    const std::vector<std::string>& desktops = session.desktops;
     return isHidden(entry)
            // What the session settings of GNOME, Cinnamon and others write, and of MATE.
            || !entry.boolean("X-GNOME-Autostart-enabled", true)
            || !entry.boolean("X-MATE-Autostart-enabled", true)
            || (entry.has("OnlyShowIn") && !isAmong(entry.list("OnlyShowIn"), desktops))
-           || isAmong(entry.list("NotShowIn"), desktops);
+           || isAmong(entry.list("NotShowIn"), desktops) || !isConditionMet(entry, session);
 }
 
 bool isExecutable(const std::filesystem::path& path) {
@@ -134,7 +151,7 @@ LoginItemStatus statusOf(const Found& found, const LoginSession& session) {
         // Written here, against an entry of the system's.
         return LoginItemStatus::notRegistered;
     }
-    if (isSwitchedOff(entry, session.desktops)) {
+    if (isSwitchedOff(entry, session)) {
         return LoginItemStatus::requiresApproval;
     }
     const auto program = entry.program();
@@ -145,10 +162,15 @@ LoginItemStatus statusOf(const Found& found, const LoginSession& session) {
     return canStart ? LoginItemStatus::enabled : LoginItemStatus::notFound;
 }
 
+/// Whether an entry starts the program, or keeps the system's from doing so.
+enum class Effect { starts, hides };
+
 // A start at login shows no window, and toggles none of an application that runs, which a restored
-// session may have started before: hence its argument. StartupNotify keeps desktops from waiting for one.
-// DBusActivatable is left out for the same reason: an activation opens the panel.
-std::string entryOf(std::string_view exec) {
+// session may have started before: hence its argument, and no DBusActivatable, as an activation
+// opens the panel. StartupNotify keeps desktops from waiting for a window.
+//
+// An entry that hides names the program too, for settings that switch it on again.
+std::string entryOf(const std::optional<std::string>& exec, Effect effect) {
     return withSignature(
         fmt::format("[Desktop Entry]\n"
                     "Type=Application\n"
@@ -157,20 +179,18 @@ std::string entryOf(std::string_view exec) {
                     "Name[zh_CN]=Quillbar\n"
                     "Comment=Live cryptocurrency prices in the status area\n"
                     "Comment[zh_CN]=在状态栏里显示加密货币的实时价格\n"
-                    "Exec={} --background\n"
+                    "{}"
                     "Icon=io.github.quillbar.Quillbar\n"
                     "Terminal=false\n"
                     "StartupNotify=false\n"
-                    "X-GNOME-Autostart-enabled=true\n",
-                    exec));
+                    "X-GNOME-Autostart-enabled=true\n"
+                    "{}",
+                    exec ? fmt::format("Exec={} --background\n", *exec) : "",
+                    effect == Effect::hides ? "Hidden=true\n" : ""));
 }
 
-std::string hidingEntry() {
-    return withSignature(
-        "[Desktop Entry]\n"
-        "Type=Application\n"
-        "Name=Quillbar\n"
-        "Hidden=true\n");
+std::optional<std::string> execOf(const LoginSession& session) {
+    return session.program.empty() ? std::nullopt : DesktopEntry::execOf(session.program);
 }
 
 }  // namespace
@@ -206,28 +226,31 @@ void AutostartEntry::registerItem() {
         }
         return;
     }
-    const auto exec =
-        m_session.program.empty() ? std::nullopt : DesktopEntry::execOf(m_session.program);
+    const auto exec = execOf(m_session);
     if (!exec) {
         throw LoginItemError(
             fmt::format("a desktop entry cannot name the program {}",
                         m_session.program.empty() ? "of an unknown path" : m_session.program));
     }
-    write(entryOf(*exec));
+    write(entryOf(exec, Effect::starts));
 }
 
 void AutostartEntry::unregisterItem() {
-    const Author author = look(m_path).author;
-    if (author == Author::somebodyElse) {
+    const Found found = look(m_path);
+    if (found.author == Author::somebodyElse) {
         throw LoginItemError(fmt::format("{} was not written by Quillbar", m_path.string()));
     }
     if (isStartedBySystem()) {
-        write(hidingEntry());
-        return;
-    }
-    if (author != Author::nobody && m_operations.remove(m_path.string()) != 0 && errno != ENOENT) {
-        throw LoginItemError(
-            fmt::format("cannot remove {}: {}", m_path.string(), ::strerrordesc_np(errno)));
+        if (found.author != Author::oursEdited) {
+            write(entryOf(execOf(m_session), Effect::hides));
+        } else if (statusOf(found, m_session) == LoginItemStatus::enabled) {
+            throw LoginItemError(
+                fmt::format("{} is not as Quillbar wrote it, and without it an entry of the system "
+                            "would start the program",
+                            m_path.string()));
+        }
+    } else if (found.author != Author::nobody) {
+        remove();
     }
 }
 
@@ -239,6 +262,15 @@ bool AutostartEntry::isStartedBySystem() const {
         }
     }
     return false;
+}
+
+void AutostartEntry::remove() {
+    if (m_operations.remove(m_path.string()) == 0 || errno == ENOENT) {
+        return;
+    }
+    const char* const reason = ::strerrordesc_np(errno);
+    throw LoginItemError(fmt::format(
+        "cannot remove {}: {}", m_path.string(), reason == nullptr ? "unknown error" : reason));
 }
 
 void AutostartEntry::write(std::string_view bytes) {

@@ -16,12 +16,12 @@ namespace quillbar {
 /// the user's autostart folder, as the Desktop Application Autostart Specification has it.
 ///
 /// The entry belongs to the user as much as to this program. One that this program wrote ends with
-/// the key X-Quillbar-Checksum, over all that stands before it: so an entry without that key is known
-/// to be somebody else's (a settings program's, an administrator's), and one whose checksum does not
-/// hold to be edited, whichever version wrote it. Neither is ever replaced.
+/// the key X-Quillbar-Checksum, over all that stands before it: so an entry without that key is
+/// known to be somebody else's (a settings program's, an administrator's), and one whose checksum
+/// does not hold to be edited, whichever version wrote it. Neither is ever replaced.
 ///
 /// A system-wide entry holds where the user has none. To take that back, an entry that hides it is
-/// written for the user.
+/// written for the user; a desktop's settings can switch that one on again.
 class AutostartEntry final : public LoginItemService {
 public:
     /// As the desktop file, so that desktops know whose entry it is.
@@ -39,13 +39,16 @@ public:
     /// somebody else's or an edited entry is in the way, which starts nothing.
     void registerItem() override;
 
-    /// Removes the entry, an edited one of ours too. Throws when it cannot be removed, or was not
-    /// written by this program.
+    /// Removes the entry, an edited one of ours too; where the system has an entry that starts the
+    /// program, one that hides it takes its place. Throws when the entry cannot be removed or
+    /// written, when it was not written by this program, and when it is edited, starts the program,
+    /// and would have to be replaced by one that hides the system's.
     void unregisterItem() override;
 
-    /// Requires approval: the entry is hidden, not for this desktop, or switched off by a key that
-    /// desktops use for it. Not found: what it starts is not an executable file, or desktops cannot
-    /// read the entry. A system-wide entry that starts nothing counts as none.
+    /// Requires approval: the entry is hidden, not for this desktop, bound to a condition on a file
+    /// that is not met, or switched off by a key that desktops use for it. Not found: what it
+    /// starts is not an executable file, or desktops cannot read the entry. A system-wide entry
+    /// that starts nothing counts as none.
     [[nodiscard]] LoginItemStatus status() const override;
 
     /// The user's entry, whether or not it is there.
@@ -54,6 +57,7 @@ public:
 private:
     [[nodiscard]] bool isStartedBySystem() const;
     void write(std::string_view bytes);
+    void remove();
 
     LoginSession m_session;
     FileOperations& m_operations;

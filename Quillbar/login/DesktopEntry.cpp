@@ -61,41 +61,42 @@ std::string withoutEscapes(std::string_view value) {
     return text;
 }
 
-// The first argument of a command line. Absent when its quotes are not closed.
+// Between double quotes a backslash is one, but before these.
+bool isEscapedInQuotes(char character) {
+    constexpr std::string_view kEscaped = R"("\$`)";
+    return kEscaped.find(character) != std::string_view::npos;
+}
+
+// The first argument of a command line, quoted as desktops have it: not only as entries shall be,
+// but as in a shell. Absent when its quotes are not closed.
 std::optional<std::string> firstArgument(std::string_view line) {
+    constexpr char kNone = '\0';
     line = trimmed(line);
     std::string argument;
-    bool isQuoted = false;
+    char quote = kNone;
     for (std::size_t index = 0; index < line.size(); ++index) {
         const char character = line[index];
-        if (character == '"') {
-            isQuoted = !isQuoted;
-        } else if (character == '\\') {
+        if (quote == kNone && kBlanks.find(character) != std::string_view::npos) {
+            return argument;
+        }
+        if (quote == kNone && (character == '"' || character == '\'')) {
+            quote = character;
+        } else if (character == quote) {
+            quote = kNone;
+        } else if (character == '\\' && quote != '\'') {
             ++index;
             if (index == line.size()) {
                 return std::nullopt;
             }
+            if (quote == '"' && !isEscapedInQuotes(line[index])) {
+                argument += character;
+            }
             argument += line[index];
-        } else if (!isQuoted && kBlanks.find(character) != std::string_view::npos) {
-            return argument;
         } else {
             argument += character;
         }
     }
-    return isQuoted ? std::nullopt : std::optional(std::move(argument));
-}
-
-// A percent sign is written twice; single ones stand for what is handed to the program.
-std::string withoutFieldCodes(std::string_view argument) {
-    std::string text;
-    for (std::size_t index = 0; index < argument.size(); ++index) {
-        if (argument[index] != '%') {
-            text += argument[index];
-        } else if (++index < argument.size() && argument[index] == '%') {
-            text += '%';
-        }
-    }
-    return text;
+    return quote == kNone ? std::optional(std::move(argument)) : std::nullopt;
 }
 
 bool isControl(char character) {
@@ -240,38 +241,28 @@ std::vector<std::string> DesktopEntry::list(const std::string& key) const {
 
 std::optional<std::string> DesktopEntry::program() const {
     const auto line = text("Exec");
-    const auto argument = line ? firstArgument(*line) : std::nullopt;
-    if (!argument) {
+    auto program = line ? firstArgument(*line) : std::nullopt;
+    if (!program || program->empty() || program->find('%') != std::string::npos) {
         return std::nullopt;
     }
-    std::string program = withoutFieldCodes(*argument);
-    return program.empty() ? std::nullopt : std::optional(std::move(program));
+    return program;
 }
 
 std::optional<std::string> DesktopEntry::execOf(std::string_view program) {
-    if (program.find('=') != std::string_view::npos || !isUTF8(program)
+    // Of the last two the Desktop Entry Specification says how to write them, but GLib looks a
+    // program with a percent sign up as it is written, and systemd's generator refuses both.
+    constexpr std::string_view kRefused = R"(=%\)";
+    if (program.find_first_of(kRefused) != std::string_view::npos || !isUTF8(program)
         || std::any_of(program.begin(), program.end(), isControl)) {
         return std::nullopt;
     }
     std::string exec = "\"";
     for (const char character : program) {
-        switch (character) {
-        case '%':
-            exec += "%%";
-            break;
-        case '"':
-        case '`':
-        case '$':
+        if (isEscapedInQuotes(character)) {
             // The backslash of the quoting, itself written as a value of text writes it.
             exec += R"(\\)";
-            exec += character;
-            break;
-        case '\\':
-            exec += R"(\\\\)";
-            break;
-        default:
-            exec += character;
         }
+        exec += character;
     }
     return exec + '"';
 }

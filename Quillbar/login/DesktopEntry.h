@@ -29,12 +29,13 @@ public:
     /// The value as a list of texts; empty when the key is not there.
     [[nodiscard]] std::vector<std::string> list(const std::string& key) const;
     /// What the key Exec starts: an absolute path or a name to look up, without its arguments.
-    /// Absent when the key is not there or its quoting is broken.
+    /// Absent when the key is not there, when its quoting is broken, and when a percent sign is in
+    /// it, which desktops do not start.
     [[nodiscard]] std::optional<std::string> program() const;
 
     /// The value of an Exec key that starts the program at this path and hands it nothing. Absent
-    /// for a path that no entry can hold: one with an equals sign or a control character, or that
-    /// is not UTF-8.
+    /// for a path that no entry can hold so that every desktop starts it: one with an equals sign, a
+    /// percent sign, a backslash or a control character, or that is not UTF-8.
     [[nodiscard]] static std::optional<std::string> execOf(std::string_view program);
 
 private:

@@ -17,8 +17,8 @@ public:
         : m_service(service) {}
 
     /// Registers the application as a login item, or takes it out. Returns whether the item is then
-    /// as requested, by whatever way: one that could not be taken out because it is gone already is.
-    /// Throws nothing: what went wrong is in the log, once.
+    /// as requested, by whatever way: one that could not be taken out because it is gone already
+    /// is. Throws nothing: what went wrong is in the log, once.
     [[nodiscard]] bool set(bool enabled);
 
     /// Whether the application is started at login, as the service says at this moment.

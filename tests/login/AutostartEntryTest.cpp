@@ -46,7 +46,7 @@ TEST_F(AutostartEntryTest, registersTheProgram) {
 }
 
 TEST_F(AutostartEntryTest, registersAProgramOfAnyPath) {
-    session.program = folder.path() / R"(100% "of" $HOME\`x` 'a' 程序/quillbar)";
+    session.program = folder.path() / R"("of" $HOME;`x` 'a' 程序/quillbar)";
     installProgram(session.program);
     registerItem();
     EXPECT_EQ(status(), Status::enabled);
@@ -54,8 +54,11 @@ TEST_F(AutostartEntryTest, registersAProgramOfAnyPath) {
 }
 
 TEST_F(AutostartEntryTest, cannotRegisterAProgramThatNoEntryCanName) {
-    session.program = "/opt/a=b/quillbar";
-    EXPECT_EQ(registerFailure(), "a desktop entry cannot name the program /opt/a=b/quillbar");
+    for (const std::string program :
+         {"/opt/a=b/quillbar", "/opt/100%/quillbar", R"(/opt/a\b/quillbar)"}) {
+        session.program = program;
+        EXPECT_EQ(registerFailure(), "a desktop entry cannot name the program " + program);
+    }
     session.program = "";
     EXPECT_EQ(registerFailure(), "a desktop entry cannot name the program of an unknown path");
     EXPECT_FALSE(isThere());
@@ -107,6 +110,12 @@ TEST_F(AutostartEntryTest, failsWhenTheEntryCannotBeRemoved) {
     EXPECT_EQ(unregisterFailure(),
               fmt::format("cannot remove {}: Read-only file system", file.string()));
     EXPECT_EQ(status(), Status::enabled);
+}
+
+TEST_F(AutostartEntryTest, namesAFailureThatTheSystemHasNoWordsFor) {
+    registerItem();
+    operations.before = [](std::size_t /*number*/, std::string_view /*name*/) { return 9999; };
+    EXPECT_EQ(unregisterFailure(), fmt::format("cannot remove {}: unknown error", file.string()));
 }
 
 TEST_F(AutostartEntryTest, anEntryThatGoesJustThenIsUnregistered) {
@@ -194,6 +203,26 @@ TEST_F(AutostartEntryTest, anEntryForThisDesktopIsOn) {
                                         "NotShowIn="}) {
         theUserHas(foreign(line));
         EXPECT_EQ(status(), Status::enabled) << line;
+    }
+}
+
+TEST_F(AutostartEntryTest, anEntryWhoseConditionIsNotMetNeedsApproval) {
+    const auto marker = session.folder.parent_path() / "quillbar/marker";
+    theUserHas(foreign("AutostartCondition=if-exists quillbar/marker"));
+    EXPECT_EQ(status(), Status::requiresApproval);
+    writeContents(marker, "");
+    EXPECT_EQ(status(), Status::enabled);
+    theUserHas(foreign("AutostartCondition=unless-exists  /quillbar/marker"));
+    EXPECT_EQ(status(), Status::requiresApproval);
+    std::filesystem::remove(marker);
+    EXPECT_EQ(status(), Status::enabled);
+}
+
+TEST_F(AutostartEntryTest, aConditionThatOnlyTheDesktopCanJudgeCountsAsMet) {
+    for (const std::string_view condition :
+         {"", "if-exists", "unless-exists", "GSettings org.gnome.x y", "GNOME3 unless-session z"}) {
+        theUserHas(foreign(fmt::format("AutostartCondition={}", condition)));
+        EXPECT_EQ(status(), Status::enabled) << condition;
     }
 }
 

@@ -10,6 +10,7 @@
 #include <fmt/format.h>
 #include <gtest/gtest.h>
 
+#include <cstddef>
 #include <filesystem>
 #include <functional>
 #include <string>
@@ -63,6 +64,13 @@ struct AutostartFixture : ::testing::Test {
     /// As the settings of a desktop edit an entry: a line of the group more.
     void theDesktopAdds(std::string_view line) const {
         theUserHas(fmt::format("{}{}\n", contentsOf(file), line));
+    }
+    /// As settings edit a line that is there.
+    void theDesktopReplaces(std::string_view line, std::string_view other) const {
+        std::string text = contentsOf(file);
+        const std::size_t place = text.find(line);
+        ASSERT_NE(place, std::string::npos) << text;
+        theUserHas(text.replace(place, line.size(), other));
     }
     [[nodiscard]] bool isThere() const {
         return std::filesystem::exists(std::filesystem::symlink_status(file));

@@ -129,6 +129,64 @@ TEST_F(AutostartForeignTest, hidesAnEntryOfTheSystemAndShowsItAgain) {
     EXPECT_EQ(status(), Status::notRegistered);
 }
 
+TEST_F(AutostartForeignTest, whatItHidIsOnWhenTheDesktopSwitchesItOn) {
+    theSystemHas(foreign());
+    unregisterItem();
+    theDesktopReplaces("Hidden=true", "Hidden=false");
+    EXPECT_EQ(status(), Status::enabled);
+    EXPECT_EQ(DesktopEntry::parse(contentsOf(file))->program(), session.program);
+    const std::string edited = contentsOf(file);
+    registerItem();
+    EXPECT_EQ(contentsOf(file), edited);
+}
+
+TEST_F(AutostartForeignTest, hidesAnEntryOfTheSystemFromAProgramThatNoEntryCanName) {
+    theSystemHas(foreign());
+    session.program = "";
+    unregisterItem();
+    EXPECT_EQ(status(), Status::notRegistered);
+    EXPECT_FALSE(DesktopEntry::parse(contentsOf(file))->has("Exec"));
+}
+
+TEST_F(AutostartForeignTest, noEditIsReplacedToHideAnEntryOfTheSystem) {
+    registerItem();
+    theSystemHas(foreign());
+    theDesktopAdds("X-Mine=true");
+    const std::string edited = contentsOf(file);
+    EXPECT_EQ(
+        unregisterFailure(),
+        fmt::format(
+            "{} is not as Quillbar wrote it, and without it an entry of the system would start "
+            "the program",
+            file.string()));
+    EXPECT_EQ(contentsOf(file), edited);
+    EXPECT_EQ(status(), Status::enabled);
+}
+
+TEST_F(AutostartForeignTest, noEditIsReplacedBehindALink) {
+    const auto target = folder.path() / "dotfiles/entry";
+    registerItem();
+    theSystemHas(foreign());
+    theDesktopAdds("X-Mine=true");
+    const std::string edited = contentsOf(file);
+    std::filesystem::create_directories(target.parent_path());
+    std::filesystem::rename(file, target);
+    std::filesystem::create_symlink(target, file);
+    EXPECT_THAT(unregisterFailure(), HasSubstr("is not as Quillbar wrote it"));
+    EXPECT_TRUE(std::filesystem::is_symlink(file));
+    EXPECT_EQ(contentsOf(target), edited);
+}
+
+TEST_F(AutostartForeignTest, anEditThatSwitchedItOffHidesAnEntryOfTheSystemAsItIs) {
+    registerItem();
+    theSystemHas(foreign());
+    theDesktopAdds("Hidden=true");
+    const std::string edited = contentsOf(file);
+    unregisterItem();
+    EXPECT_EQ(contentsOf(file), edited);
+    EXPECT_EQ(status(), Status::requiresApproval);
+}
+
 TEST_F(AutostartForeignTest, theEarlierFolderOfTheSystemHolds) {
     theSystemHas(foreign("Hidden=true\n"));
     writeContents(session.systemFolders.at(1) / AutostartEntry::kFileName, foreign());

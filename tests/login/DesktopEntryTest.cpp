@@ -116,34 +116,47 @@ TEST(DesktopEntryTest, theProgramIsTheFirstArgument) {
     EXPECT_EQ(programOf("quillbar"), "quillbar");
     EXPECT_EQ(programOf("/usr/bin/quillbar --show %U"), "/usr/bin/quillbar");
     EXPECT_EQ(programOf(R"("/opt/my programs/quillbar" --show)"), "/opt/my programs/quillbar");
-    EXPECT_EQ(programOf(R"("/opt/a\\"b\\\\c\\$d\\`e%%f")"), R"(/opt/a"b\c$d`e%f)");
+    EXPECT_EQ(programOf(R"("/opt/a\\"b\\\\c\\$d\\`e")"), R"(/opt/a"b\c$d`e)");
     EXPECT_EQ(programOf(R"(/opt/my\\ programs/quillbar -x)"), "/opt/my programs/quillbar");
+}
+
+TEST(DesktopEntryTest, aProgramMayBeQuotedAsInAShell) {
+    EXPECT_EQ(programOf("'/x/quillbar' --x"), "/x/quillbar");
+    EXPECT_EQ(programOf("'/opt/my programs/quillbar'"), "/opt/my programs/quillbar");
+    EXPECT_EQ(programOf(R"('/a"b\\c$d' x)"), R"(/a"b\c$d)") << "a backslash stands for itself";
+    EXPECT_EQ(programOf(R"("/it's here" x)"), "/it's here");
+    EXPECT_EQ(programOf(R"(/a' 'b"' c"d x)"), "/a b' cd") << "quotes may begin anywhere";
+    EXPECT_EQ(programOf(R"("/a\\b" x)"), R"(/a\b)") << "escapes nothing that needs no escape";
 }
 
 TEST(DesktopEntryTest, brokenQuotingStartsNothing) {
     EXPECT_EQ(programOf(R"("/usr/bin/quillbar)"), nullopt);
+    EXPECT_EQ(programOf("'/usr/bin/quillbar"), nullopt);
     EXPECT_EQ(programOf(R"(/usr/bin/quillbar\\)"), nullopt);
+    EXPECT_EQ(programOf(R"("/usr/bin/quillbar\\)"), nullopt);
     EXPECT_EQ(programOf(""), nullopt);
     EXPECT_EQ(programOf(R"("")"), nullopt);
-    EXPECT_EQ(programOf("%k"), nullopt);
-    EXPECT_EQ(programOf("%"), nullopt);
+    EXPECT_EQ(programOf("''"), nullopt);
     EXPECT_EQ(withLine("Type=X").program(), nullopt);
+}
+
+TEST(DesktopEntryTest, aPercentSignInTheProgramStartsNothing) {
+    for (const std::string_view exec : {"%k", "%", "/100%/x", R"("/100%%/x")", "/opt/%f"}) {
+        EXPECT_EQ(programOf(exec), nullopt) << exec;
+    }
 }
 
 TEST(DesktopEntryTest, quotesAProgramsPath) {
     EXPECT_EQ(DesktopEntry::execOf("/usr/bin/quillbar"), R"("/usr/bin/quillbar")");
     EXPECT_EQ(DesktopEntry::execOf("/a b"), R"("/a b")");
-    EXPECT_EQ(DesktopEntry::execOf("/100%"), R"("/100%%")");
     EXPECT_EQ(DesktopEntry::execOf("/a\"b"), R"("/a\\"b")");
     EXPECT_EQ(DesktopEntry::execOf("/a$b`c"), R"("/a\\$b\\`c")");
-    EXPECT_EQ(DesktopEntry::execOf(R"(/a\b)"), R"("/a\\\\b")");
 }
 
 TEST(DesktopEntryTest, readsBackWhatItQuotes) {
     for (const std::string program : {"/usr/bin/quillbar",
                                       "/a b/c  d",
-                                      "/%/%%f",
-                                      R"(/\/\\/\")",
+                                      R"(/"/"")",
                                       "/'a'/;#[&]|<>*?~(){}!",
                                       "/$HOME/`x`",
                                       "/程序/ü/\xF0\x9F\x98\x80/\xED\x9F\xBF/\xF4\x8F\xBF\xBF",
@@ -156,6 +169,9 @@ TEST(DesktopEntryTest, readsBackWhatItQuotes) {
 
 TEST(DesktopEntryTest, refusesPathsThatNoEntryCanHold) {
     for (const std::string program : {"/a=b",
+                                      "/100%",
+                                      "/%%f",
+                                      R"(/a\b)",
                                       "/a\nb",
                                       "/a\tb",
                                       "/a\x7f",
