@@ -54,6 +54,38 @@ QVariantMap propertiesOf(const MenuEntry& entry) {
     return properties;
 }
 
+struct PropertyChanges {
+    QList<MenuProperties> updated;
+    QList<MenuPropertyNames> removed;
+};
+
+void collectChanges(const MenuEntry& before, const MenuEntry& after, PropertyChanges& changes) {
+    const QVariantMap old = propertiesOf(before);
+    QVariantMap updated = propertiesOf(after);
+    QStringList removed = old.keys();
+    removed.removeIf([&updated](const QString& name) { return updated.contains(name); });
+    updated.removeIf(
+        [&old](const auto& property) { return old.value(property.key()) == property.value(); });
+    if (!updated.isEmpty()) {
+        changes.updated.append(MenuProperties{after.id, updated});
+    }
+    if (!removed.isEmpty()) {
+        changes.removed.append(MenuPropertyNames{after.id, removed});
+    }
+}
+
+/// What differs in the entries that are also in the whole menu as it was before.
+void collectChanges(const std::vector<MenuEntry>& before,
+                    const std::vector<MenuEntry>& entries,
+                    PropertyChanges& changes) {
+    for (const MenuEntry& entry : entries) {
+        if (const MenuEntry* const old = find(before, entry.id)) {
+            collectChanges(*old, entry, changes);
+        }
+        collectChanges(before, entry.children, changes);
+    }
+}
+
 }  // namespace
 
 DBusMenu::DBusMenu(Handlers handlers)
@@ -65,8 +97,13 @@ void DBusMenu::setEntries(const std::vector<MenuEntry>& entries) {
     if (entries == m_entries) {
         return;
     }
+    PropertyChanges changes;
+    collectChanges(m_entries, entries, changes);
     m_entries = entries;
     ++m_revision;
+    if (!changes.updated.isEmpty() || !changes.removed.isEmpty()) {
+        Q_EMIT ItemsPropertiesUpdated(changes.updated, changes.removed);
+    }
     Q_EMIT LayoutUpdated(m_revision, kRoot);
 }
 

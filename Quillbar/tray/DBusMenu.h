@@ -47,7 +47,9 @@ public:
 
     explicit DBusMenu(Handlers handlers);
 
-    /// Tells the hosts, unless the menu stays as it is.
+    /// Tells the hosts, unless the menu stays as it is: of the properties that have changed, of the
+    /// entries that stay, and of the layout, because not every host listens to the former, nor does
+    /// every host ask again for the properties of an entry that it knows.
     void setEntries(const std::vector<MenuEntry>& entries);
 
     [[nodiscard]] uint version() const;
@@ -79,6 +81,10 @@ public:
     Q_SCRIPTABLE Q_SLOT QList<int> AboutToShowGroup(const QList<int>& ids, QList<int>& idErrors);
 
     Q_SCRIPTABLE Q_SIGNAL void LayoutUpdated(uint revision, int parent);
+    /// Of each entry only what has another value, and what it has no longer.
+    Q_SCRIPTABLE Q_SIGNAL void ItemsPropertiesUpdated(
+        const QList<quillbar::MenuProperties>& updated,
+        const QList<quillbar::MenuPropertyNames>& removed);
     // NOLINTEND(readability-identifier-naming)
 
 private:

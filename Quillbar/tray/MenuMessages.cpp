@@ -10,6 +10,8 @@ void registerMenuMessages() {
     qDBusRegisterMetaType<MenuLayout>();
     qDBusRegisterMetaType<MenuProperties>();
     qDBusRegisterMetaType<QList<MenuProperties>>();
+    qDBusRegisterMetaType<MenuPropertyNames>();
+    qDBusRegisterMetaType<QList<MenuPropertyNames>>();
     qDBusRegisterMetaType<MenuEvent>();
     qDBusRegisterMetaType<QList<MenuEvent>>();
     qDBusRegisterMetaType<QList<QDBusVariant>>();
@@ -40,6 +42,20 @@ QDBusArgument& operator<<(QDBusArgument& argument, const MenuProperties& propert
 const QDBusArgument& operator>>(const QDBusArgument& argument, MenuProperties& properties) {
     argument.beginStructure();
     argument >> properties.id >> properties.properties;
+    argument.endStructure();
+    return argument;
+}
+
+QDBusArgument& operator<<(QDBusArgument& argument, const MenuPropertyNames& names) {
+    argument.beginStructure();
+    argument << names.id << names.names;
+    argument.endStructure();
+    return argument;
+}
+
+const QDBusArgument& operator>>(const QDBusArgument& argument, MenuPropertyNames& names) {
+    argument.beginStructure();
+    argument >> names.id >> names.names;
     argument.endStructure();
     return argument;
 }

@@ -7,6 +7,7 @@
 #include <QList>
 #include <QMetaType>
 #include <QString>
+#include <QStringList>
 #include <QVariantMap>
 
 namespace quillbar {
@@ -25,6 +26,12 @@ struct MenuProperties final {
     QVariantMap properties = {};
 };
 
+/// Names of properties of one entry, (ias).
+struct MenuPropertyNames final {
+    int id = 0;
+    QStringList names = {};
+};
+
 /// What happened to one entry, (isvu).
 struct MenuEvent final {
     int id = 0;
@@ -40,6 +47,8 @@ QDBusArgument& operator<<(QDBusArgument& argument, const MenuLayout& layout);
 const QDBusArgument& operator>>(const QDBusArgument& argument, MenuLayout& layout);
 QDBusArgument& operator<<(QDBusArgument& argument, const MenuProperties& properties);
 const QDBusArgument& operator>>(const QDBusArgument& argument, MenuProperties& properties);
+QDBusArgument& operator<<(QDBusArgument& argument, const MenuPropertyNames& names);
+const QDBusArgument& operator>>(const QDBusArgument& argument, MenuPropertyNames& names);
 QDBusArgument& operator<<(QDBusArgument& argument, const MenuEvent& event);
 const QDBusArgument& operator>>(const QDBusArgument& argument, MenuEvent& event);
 
@@ -47,4 +56,5 @@ const QDBusArgument& operator>>(const QDBusArgument& argument, MenuEvent& event)
 
 Q_DECLARE_METATYPE(quillbar::MenuLayout)
 Q_DECLARE_METATYPE(quillbar::MenuProperties)
+Q_DECLARE_METATYPE(quillbar::MenuPropertyNames)
 Q_DECLARE_METATYPE(quillbar::MenuEvent)

@@ -6,6 +6,7 @@
 #include "tests/tray/FakeTrayHost.h"
 
 #include <QDBusConnection>
+#include <QMap>
 #include <QUuid>
 
 #include <gmock/gmock.h>
@@ -66,6 +67,26 @@ public:
         EXPECT_EQ(reply.signature(), QStringLiteral("u(ia{sv}av)"));
         revision = reply.arguments().value(0).toUInt();
         return qdbus_cast<MenuLayout>(reply.arguments().value(1));
+    }
+
+    /// The properties of all entries as they are, by id.
+    QMap<int, QVariantMap> properties() {
+        const QDBusMessage reply =
+            host.callMenu(QStringLiteral("GetGroupProperties"),
+                          {QVariant::fromValue(QList<int>{}), QStringList()});
+        QMap<int, QVariantMap> result;
+        for (const auto& entry : qdbus_cast<QList<MenuProperties>>(reply.arguments().value(0))) {
+            result.insert(entry.id, entry.properties);
+        }
+        return result;
+    }
+
+    /// The menu as the host shows it, but for its root.
+    QMap<int, QVariantMap> shownMenu() {
+        host.readMenu();
+        QMap<int, QVariantMap> result = host.shownMenu;
+        result.remove(DBusMenu::kRoot);
+        return result;
     }
 
     static MenuLayout child(const MenuLayout& layout, qsizetype index) {
@@ -224,6 +245,45 @@ TEST_F(DBusMenuTest, announcesEachChangeOfItsLayoutWithTheNextRevision) {
     layout(DBusMenu::kRoot, 0);
     EXPECT_EQ(revision, before + 1);
     EXPECT_EQ(host.revisions, (QList<uint>{before, before + 1}));
+}
+
+TEST_F(DBusMenuTest, tellsWhatHasChangedOfTheEntriesThatHostsKnow) {
+    ASSERT_EQ(shownMenu(), properties());
+    std::vector<MenuEntry> changed = entries();
+    changed[0].label = QStringLiteral("changed");
+    changed[2].children[0].isOn = false;
+    changed[2].children[1].isOn = true;
+    changed[3].isEnabled = true;
+    menu.setEntries(changed);
+    EXPECT_EQ(shownMenu(), properties());
+    EXPECT_EQ(host.propertyChanges,
+              (QList<QMap<int, QStringList>>{{{1, {QStringLiteral("label")}},
+                                              {4, {QStringLiteral("toggle-state")}},
+                                              {5, {QStringLiteral("toggle-state")}},
+                                              {6, {QStringLiteral("enabled")}}}}));
+}
+
+TEST_F(DBusMenuTest, tellsWhichPropertiesTheEntriesThatHostsKnowHaveNoMore) {
+    ASSERT_EQ(shownMenu(), properties());
+    std::vector<MenuEntry> changed = entries();
+    changed[2].children[0].mark = MenuEntry::Mark::none;
+    changed[2].children[1].mark = MenuEntry::Mark::check;
+    menu.setEntries(changed);
+    EXPECT_EQ(shownMenu(), properties());
+    EXPECT_EQ(host.propertyChanges,
+              (QList<QMap<int, QStringList>>{
+                  {{4, {QStringLiteral("toggle-state"), QStringLiteral("toggle-type")}},
+                   {5, {QStringLiteral("toggle-type")}}}}));
+}
+
+TEST_F(DBusMenuTest, leavesTheEntriesThatComeAndGoToTheLayout) {
+    ASSERT_EQ(shownMenu(), properties());
+    std::vector<MenuEntry> changed = entries();
+    changed.erase(changed.begin());
+    changed.push_back(MenuEntry{.id = 7, .label = QStringLiteral("new")});
+    menu.setEntries(changed);
+    EXPECT_EQ(shownMenu(), properties());
+    EXPECT_THAT(host.propertyChanges, IsEmpty());
 }
 
 }  // namespace

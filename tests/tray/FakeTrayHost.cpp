@@ -28,6 +28,13 @@ QVariant onlyArgument(const QDBusMessage& reply) {
     return reply.arguments().value(0).value<QDBusVariant>().variant();
 }
 
+void collectIds(const MenuLayout& layout, QList<int>& ids) {
+    ids.append(layout.id);
+    for (const QDBusVariant& child : layout.children) {
+        collectIds(qdbus_cast<MenuLayout>(child.variant()), ids);
+    }
+}
+
 }  // namespace
 
 FakeTrayHost::FakeTrayHost(const QString& address)
@@ -45,6 +52,9 @@ FakeTrayHost::FakeTrayHost(const QString& address)
     listen(kItem, QStringLiteral("NewTitle"), SLOT(newTitle()));
     listen(kItem, QStringLiteral("XAyatanaNewLabel"), SLOT(newLabel(QString, QString)));
     listen(kMenu, QStringLiteral("LayoutUpdated"), SLOT(layoutUpdated(uint, int)));
+    listen(kMenu,
+           QStringLiteral("ItemsPropertiesUpdated"),
+           SLOT(itemsPropertiesUpdated(QDBusMessage)));
 }
 
 FakeTrayHost::~FakeTrayHost() {
@@ -87,6 +97,33 @@ StatusTooltip FakeTrayHost::tooltip() {
     return qdbus_cast<StatusTooltip>(property(QStringLiteral("ToolTip")));
 }
 
+void FakeTrayHost::readMenu() {
+    const QStringList ofLayout{QStringLiteral("type"), QStringLiteral("children-display")};
+    const QDBusMessage layout = callMenu(QStringLiteral("GetLayout"), {0, -1, ofLayout});
+    QList<int> ids;
+    collectIds(qdbus_cast<MenuLayout>(layout.arguments().value(1)), ids);
+    shownMenu.removeIf([&ids](const auto& entry) { return !ids.contains(entry.key()); });
+    ids.removeIf([this](int id) { return shownMenu.contains(id); });
+    // Without any id, it would be a question about all of them.
+    if (ids.isEmpty()) {
+        return;
+    }
+    const QDBusMessage unseen =
+        callMenu(QStringLiteral("GetGroupProperties"), {QVariant::fromValue(ids), QStringList()});
+    for (const auto& entry : qdbus_cast<QList<MenuProperties>>(unseen.arguments().value(0))) {
+        shownMenu.insert(entry.id, entry.properties);
+    }
+}
+
+int FakeTrayHost::shownId(const QString& label) const {
+    for (auto entry = shownMenu.begin(); entry != shownMenu.end(); ++entry) {
+        if (entry->value(QStringLiteral("label")) == label) {
+            return entry.key();
+        }
+    }
+    return -1;
+}
+
 void FakeTrayHost::RegisterStatusNotifierItem(const QString& service) {
     registered << service;
     m_item = service;
@@ -102,6 +139,27 @@ void FakeTrayHost::newLabel(const QString& label, const QString& /*guide*/) {
 
 void FakeTrayHost::layoutUpdated(uint revision, int /*parent*/) {
     revisions << revision;
+}
+
+void FakeTrayHost::itemsPropertiesUpdated(const QDBusMessage& signal) {
+    EXPECT_EQ(signal.signature(), QStringLiteral("a(ia{sv})a(ias)"));
+    QMap<int, QStringList> changes;
+    const QVariantList arguments = signal.arguments();
+    for (const auto& updated : qdbus_cast<QList<MenuProperties>>(arguments.value(0))) {
+        changes[updated.id] += updated.properties.keys();
+        if (shownMenu.contains(updated.id)) {
+            shownMenu[updated.id].insert(updated.properties);
+        }
+    }
+    for (const auto& removed : qdbus_cast<QList<MenuPropertyNames>>(arguments.value(1))) {
+        changes[removed.id] += removed.names;
+        if (shownMenu.contains(removed.id)) {
+            shownMenu[removed.id].removeIf([&removed](const auto& property) {
+                return removed.names.contains(property.key());
+            });
+        }
+    }
+    propertyChanges << changes;
 }
 
 QDBusMessage FakeTrayHost::call(const QString& path,

@@ -10,10 +10,12 @@
 #include <QDBusError>
 #include <QDBusMessage>
 #include <QList>
+#include <QMap>
 #include <QObject>
 #include <QString>
 #include <QStringList>
 #include <QVariantList>
+#include <QVariantMap>
 
 namespace quillbar {
 
@@ -47,6 +49,14 @@ public:
     StatusImages icon();
     StatusTooltip tooltip();
 
+    /// Reads the menu as GNOME's host does, which asks for the properties of those entries alone
+    /// that it has not seen there before: of the others it believes what the menu's signals say.
+    void readMenu();
+    /// The menu as this host shows it: the properties of each entry, by its id.
+    QMap<int, QVariantMap> shownMenu;
+    /// The id of the entry shown with this label; -1 without one.
+    [[nodiscard]] int shownId(const QString& label) const;
+
     // NOLINTNEXTLINE(readability-identifier-naming): the protocol spells it so
     Q_SCRIPTABLE Q_SLOT void RegisterStatusNotifierItem(const QString& service);
 
@@ -58,6 +68,8 @@ public:
     QStringList labels;
     /// The revision that each change of the menu's layout was announced with.
     QList<uint> revisions;
+    /// For each signal that told of changed properties: the ids that they were of, and the names.
+    QList<QMap<int, QStringList>> propertyChanges;
     /// Answers registrations with an error.
     bool refuses = false;
     /// Which one.
@@ -69,6 +81,7 @@ private:
     Q_SLOT void newTitle() { signalled << QStringLiteral("NewTitle"); }
     Q_SLOT void newLabel(const QString& label, const QString& guide);
     Q_SLOT void layoutUpdated(uint revision, int parent);
+    Q_SLOT void itemsPropertiesUpdated(const QDBusMessage& signal);
 
     QDBusMessage call(const QString& path,
                       const QString& interface,
