@@ -2,8 +2,10 @@
 // SPDX-License-Identifier: MIT
 #include "Quillbar/tray/StatusItem.h"
 
+#include "Quillbar/text/SystemFont.h"
 #include "Quillbar/tray/EntryMenu.h"
 
+#include <QApplication>
 #include <QDBusConnection>
 #include <QDBusError>
 #include <QDBusPendingCallWatcher>
@@ -72,7 +74,11 @@ StatusItem::StatusItem(StatusItemEnvironment environment, Handlers handlers)
           .clicked = [this](int id) { menuClicked(id); },
       })
     , m_scope(m_environment.executor) {
-    connect(&m_ownMenu, &QMenu::aboutToShow, this, &StatusItem::menuShown);
+    connect(&m_ownMenu, &QMenu::aboutToShow, this, [this] {
+        // Only here: most hosts draw the menu themselves.
+        m_ownMenu.setFont(withChineseFamilies(QApplication::font(&m_ownMenu)));
+        menuShown();
+    });
     setMenu({});
 }
 
@@ -229,19 +235,34 @@ void StatusItem::waitForWatcher() {
 }
 
 Task<void> StatusItem::lookForOlderTray() {
-    // Without a bus no watcher can be on its way.
-    bool hasWaited = m_environment.bus.isConnected();
-    if (hasWaited) {
-        co_await m_environment.sleeper(kPatience);
-    }
-    while (!m_environment.hasOlderTray()) {
+    const bool hasBus = m_environment.bus.isConnected();
+    while (true) {
+        // Without a bus no watcher can be on its way.
+        bool hasWaited = hasBus;
         if (hasWaited) {
-            reportNoTray();
+            co_await m_environment.sleeper(kPatience);
         }
-        co_await m_environment.sleeper(kPatience);
-        hasWaited = true;
+        while (!m_environment.hasOlderTray()) {
+            if (hasWaited) {
+                reportNoTray();
+            }
+            co_await m_environment.sleeper(kPatience);
+            hasWaited = true;
+        }
+        useOlderTray();
+        if (hasBus) {
+            // Whatever becomes of this tray, commands reach the application.
+            co_return;
+        }
+        co_await untilOlderTrayIsGone();
+        leaveOlderTray();
     }
-    useOlderTray();
+}
+
+Task<void> StatusItem::untilOlderTrayIsGone() {
+    while (m_environment.hasOlderTray()) {
+        co_await m_environment.sleeper(kPatience);
+    }
 }
 
 void StatusItem::reportNoTray() {
@@ -255,7 +276,7 @@ void StatusItem::reportNoTray() {
 
 void StatusItem::reportTray() {
     m_hadTray = true;
-    if (m_toldNoTray) {
+    if (std::exchange(m_toldNoTray, false)) {
         m_handlers.onTray();
     }
 }
@@ -270,6 +291,12 @@ void StatusItem::useOlderTray() {
     m_olderTray->setParent(this);
     refresh();
     reportTray();
+}
+
+void StatusItem::leaveOlderTray() {
+    m_olderTray.reset();
+    // As at the start: nothing else reaches the application without a bus.
+    m_hadTray = false;
 }
 
 BarShade StatusItem::shade() const {

@@ -66,9 +66,10 @@ public:
         std::function<void(int id)> onMenu;
         /// Precedes an activation: with the token, the next window shown may take the focus.
         std::function<void(const QString& token)> onActivationToken;
-        /// There is no tray of any kind, and there has not been one. At most once.
+        /// There is no tray of any kind, and there has not been one. Where there is no bus, by which
+        /// commands reach the application, also of a tray that is gone. Not again before `onTray`.
         std::function<void()> onNoTray;
-        /// After `onNoTray`, a tray came and took the item.
+        /// After `onNoTray`, a tray came and took the item. Once for each `onNoTray`.
         std::function<void()> onTray;
     };
 
@@ -102,7 +103,9 @@ private:
     Task<void> lookForOlderTray();
     void reportNoTray();
     void reportTray();
+    Task<void> untilOlderTrayIsGone();
     void useOlderTray();
+    void leaveOlderTray();
 
     void refresh();
     void refreshItem();
