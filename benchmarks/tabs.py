@@ -49,17 +49,20 @@ class TabbedPanel:
         settle(program)
         desktop.milliseconds_to_panel(program)
         time.sleep(BETWEEN_CLICKS_SECONDS)
-        seen = len(program.output.lines)
-        program.tell("tabs")
-        program.awaited(lambda _: len(self._said("tab", seen)) == len(TABS), "the tabs", seen)
-        self._places = [fields(line)[1:] for line in self._said("tab", seen)]
+
+    def _place(self, tab):
+        """Where a tab is: the panel may have grown upwards since it was pressed last."""
+        seen = len(self.program.output.lines)
+        self.program.tell("tabs")
+        self.program.awaited(lambda _: len(self._said("tab", seen)) == len(TABS), "the tabs", seen)
+        return fields(self._said("tab", seen)[tab])[1:]
 
     def _said(self, what, seen):
         return [line for line in self.program.output.lines[seen:] if line.startswith(what + " ")]
 
     def switch(self, tab):
         """Presses a tab; the milliseconds until its frame."""
-        self.point(*self._places[tab])
+        self.point(*self._place(tab))
         time.sleep(POINTER_SETTLES_SECONDS)
         said, seen = len(self._bar.output.lines), len(self.program.output.lines)
         rows = self._rows(seen)
@@ -92,7 +95,7 @@ class TabbedPanel:
 
     def scrolled(self):
         """The moments of all frames with rows while the wheel turns, in seconds."""
-        x, y = self._places[len(TABS) // 2]
+        x, y = self._place(len(TABS) // 2)
         self.point(x, y + 200)
         time.sleep(POINTER_SETTLES_SECONDS)
         said, seen = len(self._bar.output.lines), len(self.program.output.lines)
