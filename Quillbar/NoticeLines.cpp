@@ -40,7 +40,8 @@ public:
         setWordWrap(true);
         setContentsMargins(
             kHorizontalPadding, kVerticalPadding, kButtonMargin + kButtonSize, kVerticalPadding);
-        m_button->setAccessibleName(QStringLiteral("不再提示"));
+        m_button->setToolTip(QStringLiteral("关闭提示"));
+        m_button->setAccessibleName(QStringLiteral("关闭提示, ") + text);
         connect(
             m_button, &QAbstractButton::clicked, this, [&notices, told] { notices.remove(told); });
     }

@@ -19,7 +19,6 @@ namespace quillbar {
 
 namespace {
 
-using ::testing::Each;
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 
@@ -136,11 +135,22 @@ TEST_F(NoticeLinesTest, goOneByOneAtTheirButton) {
     const auto* const line = named(*lines, Notices::text(Notice::noSessionBus));
     ASSERT_NE(line, nullptr);
     auto* const button = widgetsOf<GlyphButton>(*line).at(0);
-    EXPECT_EQ(button->accessibleName(), QStringLiteral("不再提示"));
     QTest::mouseClick(button, Qt::LeftButton);
     settle();
     EXPECT_THAT(*notices.standing(), ElementsAre(Notice::noTray));
     EXPECT_THAT(texts(), ElementsAre(Notices::text(Notice::noTray)));
+}
+
+TEST_F(NoticeLinesTest, eachButtonSaysWhatItSendsAway) {
+    notices.add(Notice::noSessionBus);
+    notices.add(Notice::noTray);
+    show();
+    for (const Notice told : *notices.standing()) {
+        const QString text = Notices::text(told);
+        const auto* const button = widgetsOf<GlyphButton>(*named(*lines, text)).at(0);
+        EXPECT_EQ(button->toolTip(), QStringLiteral("关闭提示"));
+        EXPECT_EQ(button->accessibleName(), QStringLiteral("关闭提示, ") + text);
+    }
 }
 
 TEST_F(NoticeLinesTest, canBeSentAwayByTheKeyboard) {
