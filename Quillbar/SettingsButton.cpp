@@ -5,9 +5,12 @@
 #include "Quillbar/PanelMenu.h"
 #include "Quillbar/tray/EntryMenu.h"
 
+#include <QAccessible>
+#include <QAccessibleWidget>
 #include <QKeyEvent>
 #include <QMetaObject>
 #include <QSize>
+#include <QStringList>
 
 #include <utility>
 #include <vector>
@@ -22,6 +25,40 @@ constexpr QSize kSize(24, 24);
 constexpr int kAboveQuit = SettingsMenu::kLastId + 1;
 constexpr int kQuit = SettingsMenu::kLastId + 2;
 
+/// What a screen reader is told: Qt takes every button that it does not know for a plain one.
+class AccessibleMenuButton final : public QAccessibleWidget {
+public:
+    explicit AccessibleMenuButton(SettingsButton& button)
+        : QAccessibleWidget(&button, QAccessible::ButtonMenu)
+        , m_button(button) {}
+
+    [[nodiscard]] QAccessible::State state() const override {
+        QAccessible::State told = QAccessibleWidget::state();
+        told.hasPopup = true;
+        return told;
+    }
+    [[nodiscard]] QStringList actionNames() const override {
+        return QStringList{showMenuAction(), pressAction()} + QAccessibleWidget::actionNames();
+    }
+    void doAction(const QString& name) override {
+        if (name == showMenuAction() || name == pressAction()) {
+            m_button.click();
+        } else {
+            QAccessibleWidget::doAction(name);
+        }
+    }
+
+private:
+    // Outlives this.
+    SettingsButton& m_button;
+};
+
+// The caller owns what is made; null leaves the object to Qt.
+QAccessibleInterface* makeAccessible(const QString& /*className*/, QObject* object) {
+    auto* const button = dynamic_cast<SettingsButton*>(object);
+    return button == nullptr ? nullptr : new AccessibleMenuButton(*button);
+}
+
 }  // namespace
 
 SettingsButton::SettingsButton(SettingsMenu& settings, std::function<void()> quit, QWidget* parent)
@@ -29,6 +66,8 @@ SettingsButton::SettingsButton(SettingsMenu& settings, std::function<void()> qui
     , m_settings(settings)
     , m_quit(std::move(quit))
     , m_menu(new PanelMenu(this)) {
+    // Installing it again changes nothing.
+    QAccessible::installFactory(makeAccessible);
     setAccessibleName(QStringLiteral("设置"));
     setToolTip(QStringLiteral("设置"));
     QObject::connect(this, &QAbstractButton::clicked, this, [this] { openMenu(); });

@@ -14,7 +14,7 @@ class PanelMenu;
 /// The gear at the right end of the panel's header: it opens the menu of settings below itself, by a
 /// click or, with the focus, by Space, Enter or the arrow down; a click while that is open closes it.
 /// The menu shows the settings as they stand when it opens. A choice that failed opens it again, for
-/// it is the menu that tells why.
+/// it is the menu that tells why. A screen reader hears of a button with a menu.
 class SettingsButton final : public GlyphButton {
 public:
     /// The settings outlive the button. `quit` ends the application; it may destroy the button only

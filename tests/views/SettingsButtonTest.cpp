@@ -4,6 +4,8 @@
 #include "tests/views/SettingsFixture.h"
 #include "tests/views/Widgets.h"
 
+#include <QAccessible>
+#include <QAccessibleInterface>
 #include <QAction>
 #include <QApplication>
 #include <QMenu>
@@ -87,6 +89,37 @@ TEST_F(SettingsButtonTest, saysWhatItIs) {
     EXPECT_EQ(button->accessibleName(), QStringLiteral("设置"));
     EXPECT_EQ(button->toolTip(), QStringLiteral("设置"));
     EXPECT_EQ(button->glyph(), Glyph::gear);
+}
+
+TEST_F(SettingsButtonTest, tellsAScreenReaderThatItOpensAMenu) {
+    show();
+    QAccessibleInterface* const told = QAccessible::queryAccessibleInterface(button);
+    EXPECT_EQ(told->role(), QAccessible::ButtonMenu);
+    EXPECT_TRUE(told->state().hasPopup);
+    EXPECT_TRUE(told->state().focusable);
+    EXPECT_EQ(told->text(QAccessible::Name), QStringLiteral("设置"));
+}
+
+TEST_F(SettingsButtonTest, isOpenedByAScreenReader) {
+    show();
+    for (const QString& action : {QAccessibleActionInterface::showMenuAction(),
+                                  QAccessibleActionInterface::pressAction()}) {
+        QAccessibleActionInterface* const actions =
+            QAccessible::queryAccessibleInterface(button)->actionInterface();
+        EXPECT_TRUE(actions->actionNames().contains(action));
+        actions->doAction(action);
+        ASSERT_NE(menu(), nullptr) << action.toStdString();
+        press(Qt::Key_Escape);
+    }
+}
+
+TEST_F(SettingsButtonTest, takesTheFocusFromAScreenReader) {
+    show();
+    QAccessibleActionInterface* const actions =
+        QAccessible::queryAccessibleInterface(button)->actionInterface();
+    actions->doAction(QAccessibleActionInterface::setFocusAction());
+    EXPECT_TRUE(button->hasFocus());
+    EXPECT_EQ(menu(), nullptr);
 }
 
 TEST_F(SettingsButtonTest, opensTheMenuBelowItself) {
