@@ -3,19 +3,16 @@
 #include "Quillbar/Popover.h"
 
 #include "Quillbar/PopoverPlacement.h"
+#include "Quillbar/RoundedWindow.h"
 #include "Quillbar/Theme.h"
 
 #include <QEvent>
 #include <QHideEvent>
 #include <QMouseEvent>
 #include <QPainter>
-#include <QPainterPath>
 #include <QPaintEvent>
-#include <QPen>
 #include <QPoint>
 #include <QRect>
-#include <QRectF>
-#include <QRegion>
 #include <QResizeEvent>
 #include <QScreen>
 #include <QSize>
@@ -87,24 +84,16 @@ void Popover::mousePressEvent(QMouseEvent* event) {
 
 void Popover::paintEvent(QPaintEvent* /*event*/) {
     QPainter painter(this);
-    painter.setRenderHint(QPainter::Antialiasing);
     const ThemeColors::Resolved& colors = ThemeKey::value(*this).colors;
-    painter.setPen(Qt::NoPen);
-    painter.setBrush(colors.surface);
-    painter.drawRoundedRect(QRectF(rect()), kCornerRadius, kCornerRadius);
-    painter.setPen(QPen(colors.separator, 1));
-    painter.setBrush(Qt::NoBrush);
-    painter.drawRoundedRect(
-        QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), kCornerRadius - 0.5, kCornerRadius - 0.5);
+    RoundedWindow::fill(painter, *this, kCornerRadius, colors.surface);
+    RoundedWindow::drawEdge(painter, *this, kCornerRadius, colors.separator);
 }
 
 void Popover::resizeEvent(QResizeEvent* event) {
     QWidget::resizeEvent(event);
     m_content->setGeometry(rect());
     if (m_isMasked) {
-        QPainterPath shape;
-        shape.addRoundedRect(QRectF(rect()), kCornerRadius, kCornerRadius);
-        setMask(QRegion(shape.toFillPolygon().toPolygon()));
+        RoundedWindow::cutCorners(*this, kCornerRadius);
     }
 }
 

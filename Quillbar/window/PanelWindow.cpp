@@ -2,17 +2,16 @@
 // SPDX-License-Identifier: MIT
 #include "Quillbar/window/PanelWindow.h"
 
+#include "Quillbar/RoundedWindow.h"
 #include "Quillbar/Theme.h"
 #include "Quillbar/window/PanelPlacement.h"
 #include "Quillbar/window/X11Session.h"
 
 #include <QApplication>
-#include <QBitmap>
 #include <QCursor>
 #include <QGuiApplication>
 #include <QKeyEvent>
 #include <QPainter>
-#include <QPainterPath>
 #include <QScreen>
 #include <QWindow>
 
@@ -42,11 +41,8 @@ public:
 protected:
     void paintEvent(QPaintEvent* /*event*/) override {
         QPainter painter(this);
-        painter.setRenderHint(QPainter::Antialiasing);
-        painter.setPen(QPen(ThemeKey::value(m_content).colors.separator, 1));
-        painter.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5),
-                                kCornerRadius - 0.5,
-                                kCornerRadius - 0.5);
+        RoundedWindow::drawEdge(
+            painter, *this, kCornerRadius, ThemeKey::value(m_content).colors.separator);
     }
 
 private:
@@ -94,6 +90,10 @@ PanelWindow::~PanelWindow() {
 }
 
 void PanelWindow::toggle(std::optional<QPoint> anchor) {
+    if (isMinimized()) {
+        open(anchor);
+        return;
+    }
     switch (anchor ? m_guard.clicked() : m_guard.commanded()) {
     case ToggleGuard::Action::open:
         open(anchor);
@@ -115,6 +115,8 @@ void PanelWindow::open(std::optional<QPoint> anchor) {
     m_isMasked = !m_isTranslucent || (X11Session::isX11() && !X11Session::isComposited());
     place();
     applyShape();
+    // It may have been minimised when it closed, or be so.
+    setWindowState(windowState() & ~Qt::WindowMinimized);
     X11Session::skipTaskbar(*windowHandle());
     X11Session::setStartupToken(*windowHandle(), std::exchange(m_token, QString()));
     show();
@@ -171,10 +173,7 @@ void PanelWindow::keyPressEvent(QKeyEvent* event) {
 
 void PanelWindow::paintEvent(QPaintEvent* /*event*/) {
     QPainter painter(this);
-    painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(Qt::NoPen);
-    painter.setBrush(ThemeKey::value(*m_content).colors.surface);
-    painter.drawRoundedRect(QRectF(rect()), kCornerRadius, kCornerRadius);
+    RoundedWindow::fill(painter, *this, kCornerRadius, ThemeKey::value(*m_content).colors.surface);
 }
 
 void PanelWindow::resizeEvent(QResizeEvent* /*event*/) {
@@ -186,12 +185,20 @@ void PanelWindow::resizeEvent(QResizeEvent* /*event*/) {
     }
 }
 
-void PanelWindow::showEvent(QShowEvent* /*event*/) {
+void PanelWindow::showEvent(QShowEvent* event) {
+    if (event->spontaneous()) {
+        return;
+    }
     m_guard.shown();
     m_presses.listen();
 }
 
-void PanelWindow::hideEvent(QHideEvent* /*event*/) {
+void PanelWindow::hideEvent(QHideEvent* event) {
+    closePopups();
+    if (event->spontaneous()) {
+        // Minimised, which is not closed.
+        return;
+    }
     m_focusCheck.stop();
     if (m_sway) {
         m_sway->hidden();
@@ -243,6 +250,25 @@ void PanelWindow::place() {
     setGeometry(rectangle);
 }
 
+void PanelWindow::closePopups() {
+    const QWidget* closed = nullptr;
+    QWidget* popup = QApplication::activePopupWidget();
+    // One that refuses is not asked again.
+    while (popup != closed && isInside(popup)) {
+        closed = popup;
+        popup->close();
+        popup = QApplication::activePopupWidget();
+    }
+}
+
+bool PanelWindow::isInside(const QWidget* widget) const {
+    // Other windows count, unlike with isAncestorOf().
+    while (widget != nullptr && widget != this) {
+        widget = widget->parentWidget();
+    }
+    return widget == this;
+}
+
 void PanelWindow::handlePress() {
     // The first press outside an open menu closes the menu alone.
     if (m_elsewhere != Elsewhere::closes || !m_guard.closesAtPress()
@@ -290,18 +316,11 @@ bool PanelWindow::isOverOurs(QPoint point) {
 }
 
 void PanelWindow::applyShape() {
-    if (!m_isMasked) {
+    if (m_isMasked) {
+        RoundedWindow::cutCorners(*this, kCornerRadius);
+    } else {
         clearMask();
-        return;
     }
-    QBitmap shape(size());
-    shape.clear();
-    QPainter painter(&shape);
-    painter.setPen(Qt::NoPen);
-    painter.setBrush(Qt::color1);
-    painter.drawRoundedRect(rect(), kCornerRadius, kCornerRadius);
-    painter.end();
-    setMask(shape);
 }
 
 }  // namespace quillbar

@@ -21,7 +21,9 @@ namespace quillbar {
 /// The window that drops down from the item: beside it, without a frame or an entry in the task
 /// bar, above other windows, with the keyboard's focus. It closes at Escape, at a press anywhere
 /// outside, and when another program takes the focus; not when one of its own menus, popovers or
-/// dialogs opens. Hidden, it costs nothing and keeps its content, so that it opens at once.
+/// dialogs opens; they go with it. Minimised, which some window managers can do, it is still open,
+/// and the next click shows it again. Hidden, it costs nothing and keeps its content, so that it
+/// opens at once.
 ///
 /// Where there is no item to drop from, it goes where the item would be.
 class PanelWindow final : public QWidget {
@@ -70,6 +72,10 @@ private:
     void replace();
     void closeBy(ToggleGuard::HiddenBy cause);
     void place();
+    /// Closes the menus and popovers of the panel, which would stay without it.
+    void closePopups();
+    /// Whether the widget is of the panel or of one of its menus and popovers. False for null.
+    [[nodiscard]] bool isInside(const QWidget* widget) const;
     void handlePress();
     void handleRelease();
     void handleFocusLoss();

@@ -6,11 +6,13 @@
 #include "tests/support/TemporaryEnvironment.h"
 #include "tests/window/FakeSway.h"
 
-#include <QGuiApplication>
+#include <QApplication>
 #include <QMenu>
 #include <QScreen>
 #include <QTest>
 #include <QTimer>
+#include <QWindow>
+#include <QWindowStateChangeEvent>
 
 #include <gtest/gtest.h>
 
@@ -57,6 +59,15 @@ protected:
         ASSERT_EQ(QGuiApplication::focusWindow(), nullptr);
         QEvent deactivated(QEvent::WindowDeactivate);
         QCoreApplication::sendEvent(&m_window, &deactivated);
+    }
+
+    /// The window manager makes an icon of the window, or shows it again.
+    void becomes(Qt::WindowStates states) {
+        QWindow& native = *m_window.windowHandle();
+        const Qt::WindowStates before = native.windowStates();
+        native.setWindowStates(states);
+        QWindowStateChangeEvent changed(before);
+        QCoreApplication::sendEvent(&native, &changed);
     }
 
     // Its absence: these tests may themselves run in a session of sway.
@@ -171,6 +182,62 @@ TEST_F(PanelWindowTest, saysThatItHasClosed) {
     EXPECT_EQ(closed, 1);
 }
 
+TEST_F(PanelWindowTest, hasNotClosedWhenItIsMinimised) {
+    int closed = 0;
+    m_window.onClosed = [&closed] { ++closed; };
+    clickItem();
+    becomes(Qt::WindowMinimized);
+    ASSERT_TRUE(m_window.isMinimized());
+    EXPECT_EQ(closed, 0);
+    becomes(Qt::WindowNoState);
+    EXPECT_EQ(closed, 0);
+    EXPECT_TRUE(m_window.isVisible());
+    QTest::keyClick(m_content, Qt::Key_Escape);
+    EXPECT_EQ(closed, 1);
+}
+
+TEST_F(PanelWindowTest, aClickBringsItBackWhenItIsMinimised) {
+    clickItem();
+    becomes(Qt::WindowMinimized);
+    clickItem();
+    EXPECT_TRUE(m_window.isVisible());
+    EXPECT_FALSE(m_window.isMinimized());
+}
+
+TEST_F(PanelWindowTest, isNotMinimisedWhenItOpensAgain) {
+    clickItem();
+    becomes(Qt::WindowMinimized);
+    m_window.dismiss();
+    clickItem();
+    EXPECT_TRUE(m_window.isVisible());
+    EXPECT_FALSE(m_window.isMinimized());
+}
+
+TEST_F(PanelWindowTest, itsMenusCloseWithIt) {
+    clickItem();
+    QMenu menu(m_content);
+    QMenu* const below = menu.addMenu(QStringLiteral("x"));
+    below->addAction(QStringLiteral("y"));
+    menu.popup({310, 50});
+    below->popup({320, 60});
+    ASSERT_EQ(QApplication::activePopupWidget(), below);
+    m_window.toggle(std::nullopt);
+    EXPECT_FALSE(m_window.isVisible());
+    EXPECT_FALSE(menu.isVisible());
+    EXPECT_FALSE(below->isVisible());
+    EXPECT_EQ(QApplication::activePopupWidget(), nullptr);
+}
+
+TEST_F(PanelWindowTest, aMenuThatIsNotItsOwnStays) {
+    clickItem();
+    QMenu menu;
+    menu.addAction(QStringLiteral("x"));
+    menu.popup({310, 50});
+    m_window.dismiss();
+    EXPECT_FALSE(m_window.isVisible());
+    EXPECT_TRUE(menu.isVisible());
+}
+
 TEST_F(PanelWindowTest, isDrawnInTheContentsTheme) {
     ThemeKey::set(*m_content, {.colors = ThemeColors::light()});
     clickItem();
@@ -184,6 +251,14 @@ TEST_F(PanelWindowTest, hasRoundCornersAndAnEdge) {
     EXPECT_LT(picture.pixelColor(0, 0).alpha(), 255);
     EXPECT_NE(picture.pixelColor(200, 0), ThemeColors::dark().surface);
     EXPECT_EQ(picture.pixelColor(200, 3), ThemeColors::dark().surface);
+}
+
+TEST_F(PanelWindowTest, fillsItsCornersWhereTheyAreCut) {
+    clickItem();
+    m_window.setMask(m_window.rect());
+    const QImage picture = m_window.grab().toImage();
+    EXPECT_EQ(picture.pixelColor(0, 0), ThemeColors::dark().surface);
+    EXPECT_EQ(picture.pixelColor(399, 299), ThemeColors::dark().surface);
 }
 
 class PanelWindowInSwayTest : public ::testing::Test {
