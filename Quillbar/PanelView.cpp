@@ -92,6 +92,7 @@ void PanelView::buildHeader(QVBoxLayout& stack,
 
 void PanelView::buildTabs(QVBoxLayout& stack) {
     std::vector<QString> titles;
+    titles.reserve(m_offered.size());
     for (const PanelTab tab : m_offered) {
         titles.push_back(tab.title());
     }
