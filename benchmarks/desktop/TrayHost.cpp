@@ -26,8 +26,8 @@ const QString kItemPath = QStringLiteral("/StatusNotifierItem");
 constexpr int kClickX = 1200;
 constexpr int kClickY = 890;
 
-constexpr int kTurnsASecond = 60;
-constexpr int kWheelSeconds = 5;
+constexpr qint64 kTurnsASecond = 60;
+constexpr qint64 kWheelSeconds = 5;
 // Fewer than lead to the end of the longest board; the last way leads back to its beginning.
 constexpr int kTurnsOneWay = 25;
 constexpr std::chrono::milliseconds kWheelSpacing{1};
