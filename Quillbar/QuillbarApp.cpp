@@ -6,6 +6,7 @@
 #include "Quillbar/PanelView.h"
 #include "Quillbar/platform/StartPages.h"
 #include "Quillbar/text/ChineseFont.h"
+#include "Quillbar/text/SystemFont.h"
 #include "Quillbar/window/PanelWindow.h"
 #include "QuillbarCore/runtime/Logger.h"
 #include "QuillbarCore/runtime/QtExecutor.h"
@@ -15,6 +16,7 @@
 #include <QKeySequence>
 #include <QObject>
 #include <QShortcut>
+#include <QToolTip>
 
 #include <chrono>
 #include <utility>
@@ -184,6 +186,7 @@ PanelWindow& QuillbarApp::panel() {
                 .error("no font for Simplified Chinese is installed: install fonts-noto-cjk");
             m_notices.add(Notice::noChineseFont);
         }
+        QToolTip::setFont(withChineseFamilies(QToolTip::font()));
         m_panel = std::make_unique<PanelWindow>(
             new PanelView(
                 m_environment, m_systemScheme.scheme(), m_settings, &QCoreApplication::quit),

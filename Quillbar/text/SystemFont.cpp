@@ -2,8 +2,14 @@
 // SPDX-License-Identifier: MIT
 #include "Quillbar/text/SystemFont.h"
 
+#include <QFontDatabase>
+#include <QFontInfo>
 #include <QGuiApplication>
 #include <QScreen>
+#include <QString>
+#include <QStringList>
+
+#include <array>
 
 namespace quillbar {
 
@@ -11,6 +17,28 @@ namespace {
 
 constexpr double kTypographicPointsPerInch = 72;
 constexpr double kUsualPixelsPerInch = 96;
+
+/// Families with the shapes of mainland China, the most common first.
+constexpr std::array<const char16_t*, 7> kChineseFamilies{u"Noto Sans CJK SC",
+                                                          u"Noto Sans SC",
+                                                          u"Source Han Sans SC",
+                                                          u"Source Han Sans CN",
+                                                          u"Sarasa UI SC",
+                                                          u"WenQuanYi Micro Hei",
+                                                          u"WenQuanYi Zen Hei"};
+
+const QStringList& installedChineseFamilies() {
+    static const QStringList installed = [] {
+        QStringList families;
+        for (const char16_t* const name : kChineseFamilies) {
+            if (const QString family = QString::fromUtf16(name); QFontDatabase::hasFamily(family)) {
+                families.append(family);
+            }
+        }
+        return families;
+    }();
+    return installed;
+}
 
 }  // namespace
 
@@ -20,9 +48,31 @@ QFont systemFont(double points, QFont::Weight weight) {
     const QScreen* const screen = QGuiApplication::primaryScreen();
     const double resolution =
         screen != nullptr ? screen->logicalDotsPerInchY() : kUsualPixelsPerInch;
-    QFont font = QGuiApplication::font();
+    QFont font = withChineseFamilies(QGuiApplication::font());
     font.setPointSizeF(points * kTypographicPointsPerInch / resolution);
     font.setWeight(weight);
+    return font;
+}
+
+QFont withChineseFamilies(QFont font) {
+    // The last answer: nearly always the desktop's font is asked for.
+    static QStringList asked;
+    static QStringList answer;
+    if (asked.isEmpty() || font.families() != asked) {
+        asked = font.families();
+        answer = asked;
+        if (!installedChineseFamilies().isEmpty() && !answer.isEmpty()) {
+            // By its real name: of several families Qt takes the first that it knows, and passes
+            // over those that stand for others, like "Sans Serif".
+            answer.front() = QFontInfo(font).family();
+            for (const QString& family : installedChineseFamilies()) {
+                if (!answer.contains(family)) {
+                    answer.append(family);
+                }
+            }
+        }
+    }
+    font.setFamilies(answer);
     return font;
 }
 

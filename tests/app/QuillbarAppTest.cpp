@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "Quillbar/platform/CertificateAuthorities.h"
 #include "Quillbar/QuillbarApp.h"
+#include "Quillbar/text/SystemFont.h"
 #include "Quillbar/window/PanelWindow.h"
 #include "simulator/Simulator.h"
 #include "tests/qtsupport/PrivateBus.h"
@@ -16,6 +17,7 @@
 #include <QDBusVariant>
 #include <QTest>
 #include <QTimer>
+#include <QToolTip>
 #include <QUuid>
 
 #include <gmock/gmock.h>
@@ -163,6 +165,12 @@ TEST_F(QuillbarAppTest, aClickOnTheItemOpensThePanel) {
     EXPECT_FALSE(tells(Notice::noTray));
     EXPECT_FALSE(tells(Notice::noSessionBus));
     EXPECT_FALSE(tells(Notice::noChineseFont));
+}
+
+TEST_F(QuillbarAppTest, hintsAreInTheFontsOfThePanel) {
+    startInTray();
+    app->showPanel(QString());
+    EXPECT_EQ(QToolTip::font().families(), systemFont(10).families());
 }
 
 TEST_F(QuillbarAppTest, theMenuOpensThePanel) {

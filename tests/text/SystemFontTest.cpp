@@ -1,0 +1,101 @@
+// SPDX-FileCopyrightText: 2026 The Quillbar developers
+// SPDX-License-Identifier: MIT
+#include "Quillbar/text/SystemFont.h"
+
+#include <QFontInfo>
+#include <QFontMetricsF>
+#include <QGlyphRun>
+#include <QGuiApplication>
+#include <QRawFont>
+#include <QString>
+#include <QTextLayout>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+namespace quillbar {
+
+namespace {
+
+using ::testing::AnyOf;
+using ::testing::Each;
+using ::testing::EndsWith;
+using ::testing::IsEmpty;
+using ::testing::Not;
+using ::testing::StartsWith;
+
+/// The families whose shapes draw the text, piece by piece.
+std::vector<std::string> familiesOf(const QString& text, const QFont& font) {
+    QTextLayout layout(text, font);
+    layout.beginLayout();
+    static_cast<void>(layout.createLine());
+    layout.endLayout();
+    std::vector<std::string> families;
+    for (const QGlyphRun& run : layout.glyphRuns()) {
+        families.push_back(run.rawFont().familyName().toStdString());
+    }
+    return families;
+}
+
+/// The desktop's font itself, as large as `systemFont` makes it.
+QFont plainFont(const QFont& like) {
+    QFont font = QGuiApplication::font();
+    font.setPointSizeF(like.pointSizeF());
+    font.setWeight(like.weight());
+    return font;
+}
+
+constexpr auto kWeights = {QFont::Normal, QFont::Medium, QFont::DemiBold};
+
+TEST(SystemFontTest, drawsChineseAsItIsWrittenInMainlandChina) {
+    for (const QFont::Weight weight : kWeights) {
+        const auto families = familiesOf(QStringLiteral("直骨涨跌"), systemFont(13, weight));
+        EXPECT_THAT(families, Not(IsEmpty()));
+        EXPECT_THAT(families,
+                    Each(AnyOf(EndsWith(" SC"), EndsWith(" CN"), StartsWith("WenQuanYi "))));
+    }
+}
+
+TEST(SystemFontTest, drawsLettersAndDigitsInTheDesktopsFont) {
+    const QString text = QStringLiteral("0123456789.,%+-BTC/USDT");
+    for (const QFont::Weight weight : kWeights) {
+        const QFont font = systemFont(10.5, weight);
+        const QFont plain = plainFont(font);
+        EXPECT_EQ(familiesOf(text, font), familiesOf(text, plain));
+        EXPECT_EQ(QFontInfo(font).family(), QFontInfo(plain).family());
+        const QFontMetricsF metrics(font);
+        const QFontMetricsF expected(plain);
+        EXPECT_EQ(metrics.height(), expected.height());
+        EXPECT_EQ(metrics.ascent(), expected.ascent());
+        for (const QChar character : text) {
+            EXPECT_EQ(metrics.horizontalAdvance(character), expected.horizontalAdvance(character));
+        }
+    }
+}
+
+TEST(SystemFontTest, followsTheDesktopsFontWhenThatChanges) {
+    const QFont before = QGuiApplication::font();
+    const QStringList families = systemFont(13).families();
+    QGuiApplication::setFont(QFont(QStringLiteral("Monospace")));
+    EXPECT_NE(systemFont(13).families(), families);
+    EXPECT_EQ(QFontInfo(systemFont(13)).family(), QFontInfo(QGuiApplication::font()).family());
+    QGuiApplication::setFont(before);
+    EXPECT_EQ(systemFont(13).families(), families);
+}
+
+TEST(SystemFontTest, namesNoFamilyTwice) {
+    QFont font = withChineseFamilies(QGuiApplication::font());
+    QStringList families = font.families();
+    EXPECT_EQ(families.removeDuplicates(), 0);
+    EXPECT_EQ(withChineseFamilies(font).families(), font.families());
+    font.setFamilies({QStringLiteral("Noto Sans CJK SC")});
+    families = withChineseFamilies(font).families();
+    EXPECT_EQ(families.removeDuplicates(), 0);
+}
+
+}  // namespace
+
+}  // namespace quillbar
