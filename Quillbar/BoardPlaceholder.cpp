@@ -50,11 +50,25 @@ QSize BoardPlaceholder::sizeHint() const {
     return {0, m_height};
 }
 
+bool BoardPlaceholder::holdsFocus() const {
+    const QWidget* const focus = window()->focusWidget();
+    return focus == this || isAncestorOf(focus);
+}
+
 void BoardPlaceholder::showContent() {
+    const bool hadFocus = holdsFocus();
+    if (hadFocus) {
+        // A button that is hidden passes the focus on to whatever comes next.
+        setFocus(Qt::OtherFocusReason);
+    }
     m_spinner->setVisible(m_content == Content::loading);
     m_failure->setVisible(m_content == Content::failed);
     m_retry->setVisible(m_content == Content::failed);
     m_empty->setVisible(m_content == Content::empty);
+    if (hadFocus && m_content == Content::failed) {
+        // The reason that has it show its ring: no click gives it the focus.
+        m_retry->setFocus(Qt::TabFocusReason);
+    }
 }
 
 }  // namespace quillbar

@@ -14,8 +14,9 @@ class CenteredText;
 class Spinner;
 class TextButton;
 
-/// What stands in the place of a board's rows while there are none: in its middle a spinner, or that
-/// loading failed with a button to try again, or that there is nothing to show.
+/// What stands in the place of a board's rows while there are none: in its middle a spinner, or
+/// that loading failed with a button to try again, or that there is nothing to show. It keeps the
+/// focus of the button, and gives it back when loading has failed again.
 class BoardPlaceholder final : public QWidget {
 public:
     enum class Content : std::uint8_t { loading, failed, empty };
@@ -29,6 +30,9 @@ public:
 
     void setContent(Content content);
     [[nodiscard]] Content content() const noexcept { return m_content; }
+
+    /// Whether the focus of its window is in it.
+    [[nodiscard]] bool holdsFocus() const;
 
     /// The user wants to try again. Not empty when that can be.
     std::function<void()> onRetry;

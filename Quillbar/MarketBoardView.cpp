@@ -193,6 +193,11 @@ void MarketBoardView::showContent() {
     using Content = BoardPlaceholder::Content;
     const Content otherwise = hasFailed ? Content::failed : Content::empty;
     m_placeholder->setContent(isLoading ? Content::loading : otherwise);
+    const bool passesFocusOn = hasRows && m_placeholder->holdsFocus();
+    if (passesFocusOn) {
+        // What is hidden with the focus passes it on to whatever comes next.
+        setFocus(Qt::OtherFocusReason);
+    }
     m_placeholder->setVisible(!hasRows);
     for (std::size_t each = 0; each < m_headers.size(); ++each) {
         m_headers[each]->setVisible(hasRows && kColumns[each] == secondaryColumnOf(m_board));
@@ -202,6 +207,9 @@ void MarketBoardView::showContent() {
         *m_rows,
         QString::fromUtf8(name.data(), static_cast<qsizetype>(name.size())) + QStringLiteral("榜"));
     m_rows->setVisible(hasRows);
+    if (passesFocusOn) {
+        m_rows->setFocus(Qt::TabFocusReason);
+    }
     m_banner->setText(staleText());
     m_banner->setVisible(hasRows && isStale(m_models.market.dataAge(), lastLoad()));
 }

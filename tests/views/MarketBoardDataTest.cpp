@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "tests/views/MarketBoardFixture.h"
 
+#include <QLineEdit>
+
 #include <gmock/gmock.h>
 
 namespace quillbar {
@@ -159,6 +161,72 @@ TEST_F(MarketBoardDataTest, theButtonToTryAgainIsReachedByTheKeyboard) {
     press(Qt::Key_Return);
     settle();
     EXPECT_EQ(api.ticker24hAllRequests, asked + 1);
+}
+
+TEST_F(MarketBoardDataTest, tryingAgainByTheKeyboardKeepsTheFocusUntilThereAreRows) {
+    theMarketIsOfThree();
+    theExchangeFails();
+    open(RankingBoard::gainers);
+    auto* const elsewhere = new QLineEdit(window.get());
+    elsewhere->show();
+    ASSERT_NE(retryButton(), nullptr);
+    QAbstractButton* const retry = retryButton();
+    retry->setFocus(Qt::TabFocusReason);
+    const QImage ring = pictureOf(*retry);
+    const int asked = api.ticker24hAllRequests;
+
+    theMarketIsOfThree();
+    auto answer = api.ticker24hAllAnswers.held();
+    press(Qt::Key_Return);
+    settle();
+    ASSERT_EQ(placeholder()->content(), Content::loading);
+    EXPECT_EQ(QApplication::focusWidget(), placeholder());
+    press(Qt::Key_Return);
+    settle();
+    EXPECT_EQ(api.ticker24hAllRequests, asked + 1);
+
+    answer.setError(std::make_exception_ptr(BinanceError(503)));
+    settle();
+    ASSERT_EQ(placeholder()->content(), Content::failed);
+    EXPECT_EQ(QApplication::focusWidget(), retry);
+    EXPECT_EQ(pictureOf(*retry), ring);
+
+    press(Qt::Key_Return);
+    settle();
+    ASSERT_EQ(placeholder(), nullptr);
+    EXPECT_EQ(QApplication::focusWidget(), row("SOL"));
+    press(Qt::Key_Down);
+    EXPECT_EQ(rows->current(), symbolOf("ETH"));
+}
+
+TEST_F(MarketBoardDataTest, aFocusThatWentElsewhereMeanwhileStaysThere) {
+    theMarketIsOfThree();
+    theExchangeFails();
+    open(RankingBoard::gainers);
+    auto* const elsewhere = new QLineEdit(window.get());
+    elsewhere->show();
+    ASSERT_NE(retryButton(), nullptr);
+    retryButton()->setFocus(Qt::TabFocusReason);
+    theMarketIsOfThree();
+    auto answer = api.ticker24hAllAnswers.held();
+    press(Qt::Key_Return);
+    settle();
+    press(Qt::Key_Tab);
+    EXPECT_TRUE(elsewhere->hasFocus()) << "it waits for nothing";
+    answer.setError(std::make_exception_ptr(BinanceError(503)));
+    settle();
+    EXPECT_TRUE(elsewhere->hasFocus());
+    ASSERT_NE(retryButton(), nullptr);
+    retryButton()->click();
+    settle();
+    EXPECT_THAT(order(), ElementsAre("1 SOL", "2 ETH", "3 BTC"));
+    EXPECT_TRUE(elsewhere->hasFocus());
+}
+
+TEST_F(MarketBoardDataTest, looksAtItsDataEveryFiveSeconds) {
+    open(RankingBoard::gainers);
+    EXPECT_EQ(lookInterval, 5000);
+    EXPECT_TRUE(lookTimer()->isActive());
 }
 
 // Stale data

@@ -97,6 +97,7 @@ struct MarketBoardFixture : ViewFixture {
         view->setFixedWidth(400);
         layout->addWidget(view);
         rows = widgetsOf<RowList>(*window).front();
+        lookInterval = lookTimer()->interval();
         // It fires when a test says so.
         lookTimer()->setInterval(std::chrono::hours(24));
     }
@@ -216,6 +217,8 @@ struct MarketBoardFixture : ViewFixture {
 
     std::unique_ptr<QWidget> window;
     MarketBoardView* view = nullptr;
+    /// As the view has it, in milliseconds.
+    int lookInterval = 0;
     RowList* rows = nullptr;
 };
 
