@@ -9,8 +9,8 @@
 
 namespace quillbar {
 
-/// A row of a `RowList`. The list keeps about as many as can be seen and has each show many items in
-/// its time.
+/// A row of a `RowList`. The list keeps about as many as can be seen and has each show many items
+/// in its time.
 class ListRow : public TableRow {
 public:
     using TableRow::TableRow;

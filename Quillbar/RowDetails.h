@@ -14,9 +14,9 @@ class QWidget;
 
 namespace quillbar {
 
-/// What is unfolded under the rows of a list: the detail that is open or opening, and those that are
-/// still closing. A detail has its full height from the start; a frame around it shows the part that
-/// is unfolded.
+/// What is unfolded under the rows of a list: the detail that is open or opening, and those that
+/// are still closing. A detail has its full height from the start; a frame around it shows the part
+/// that is unfolded.
 class RowDetails final {
 public:
     /// How long a detail takes to open and to close, slowly at both ends.

@@ -314,6 +314,11 @@ bool RowDrag::eventFilter(QObject* watched, QEvent* event) {
         event->accept();
         return true;
     case QEvent::MouseMove:
+        // The release went elsewhere, and the pointer may come back to anything but a row.
+        if (!static_cast<QMouseEvent*>(event)->buttons().testFlag(Qt::LeftButton)) {
+            putBack(State::idle);
+        }
+        return false;
     case QEvent::MouseButtonRelease:
         // A row that is gone hears of no release.
         if (m_state == State::spent

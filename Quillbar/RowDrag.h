@@ -23,10 +23,11 @@ class RowList;
 
 /// Drags a row of a list to another place.
 ///
-/// A row that is pressed and pulled is lifted: it follows the pointer up and down, above the others,
-/// which leave a gap where it would be dropped. Near the edges of the view the list scrolls. The row
-/// is put back by Escape or another button, and by whatever takes it, its list or the choice of its
-/// place away. While a button is held for it no key and no menu gets through.
+/// A row that is pressed and pulled is lifted: it follows the pointer up and down, above the
+/// others, which leave a gap where it would be dropped. Near the edges of the view the list
+/// scrolls. The row is put back by Escape or another button, and by whatever takes it, its list or
+/// the choice of its place away. While a row is lifted no key gets through, and no menu until the
+/// button is let go.
 class RowDrag final : public QObject {
 public:
     /// How near an edge of the view the pointer makes the list scroll, in points.

@@ -81,6 +81,7 @@ void RowList::setIds(std::vector<std::string> ids) {
     m_ids = std::move(ids);
     setFocusPolicy(m_ids.empty() ? Qt::NoFocus : Qt::TabFocus);
     m_layout.setRowCount(m_ids.size());
+    m_drag.followIds();
     if (currentAt && !indexOf(*m_current)) {
         replaceLostCurrent(*currentAt);
     }
@@ -93,7 +94,6 @@ void RowList::setIds(std::vector<std::string> ids) {
     for (const std::string& id : lost) {
         m_details.drop(id);
     }
-    m_drag.followIds();
     layOutDetails();
     setOffset(m_offset);
     synchronize();

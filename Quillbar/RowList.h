@@ -41,9 +41,9 @@ struct RowListContent final {
 ///
 /// One row is current and has the focus: the arrows, Page Up and Down, Home and End move it and
 /// scroll, Enter activates it, the Menu key or Shift+F10 asks for its menu, Alt with an arrow moves
-/// the row itself where rows can be dragged. Tab goes on into the open detail, then out of the list.
-/// The focus stays with its row when the order changes, and passes to the neighbour when the row
-/// goes; the scroll position stays where it is.
+/// the row itself where rows can be dragged. Tab goes on into the open detail, then out of the
+/// list. The focus stays with its row when the order changes, and passes to the neighbour when the
+/// row goes; the scroll position stays where it is.
 class RowList final : public QWidget {
 public:
     /// How many rows beyond either edge have a widget.

@@ -14,6 +14,8 @@ using ::testing::ElementsAre;
 constexpr int kRow = TableRow::kHeight;
 
 struct CoinListDragTest : CoinListFixture {
+    void TearDown() override { pointer::letGo(*rows); }
+
     /// From where a row stands to another place, without letting it go.
     void drag(const std::string& baseAsset, int position) {
         pointer::press(*row(baseAsset), {100, kRow / 2}, Qt::LeftButton);

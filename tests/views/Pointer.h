@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <QGuiApplication>
 #include <QPoint>
 #include <QTest>
 #include <QWidget>
@@ -26,6 +27,14 @@ inline void pull(const QWidget& widget, const QPoint& place) {
 }
 inline void release(const QWidget& widget, const QPoint& place, Qt::MouseButton button) {
     QTest::mouseRelease(windowOf(widget), button, {}, inWindow(widget, place));
+}
+
+/// Lets go of the left button when it is still held, of which the application, and with it every
+/// window that comes after this one, would know for good.
+inline void letGo(const QWidget& widget) {
+    if (QGuiApplication::mouseButtons().testFlag(Qt::LeftButton)) {
+        release(widget, {}, Qt::LeftButton);
+    }
 }
 
 }  // namespace quillbar::pointer

@@ -17,6 +17,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <chrono>
 #include <optional>
 #include <string>
 #include <utility>
@@ -46,10 +47,16 @@ protected:
 /// view.
 struct RowDragTest : testing::Test {
     void SetUp() override {
+        scrollInterval = scrolling().interval();
+        // It fires when a test says so.
+        scrolling().setInterval(std::chrono::hours(24));
         list->setGeometry(0, 50, 400, kHeight);
         window.resize(400, kHeight + 100);
     }
-    void TearDown() override { expectConsistent(); }
+    void TearDown() override {
+        expectConsistent();
+        pointer::letGo(*list);
+    }
 
     void show(std::size_t count) {
         list->setIds(numbered(count));
@@ -116,6 +123,8 @@ struct RowDragTest : testing::Test {
     std::vector<std::string> menus;
     int presented = 0;
     bool isMovable = true;
+    /// As the list has it, in milliseconds.
+    int scrollInterval = 0;
     std::string held;
     int line = 0;
 
@@ -311,6 +320,10 @@ TEST_F(RowDragTest, scrollsUpToTheTop) {
     EXPECT_THAT(moved, ElementsAre(Pair("25", 0)));
 }
 
+TEST_F(RowDragTest, scrollsOnceForEveryFrameOfTheScreen) {
+    EXPECT_EQ(scrollInterval, 16);
+}
+
 TEST_F(RowDragTest, scrollsNoMoreOnceTheRowIsPutDown) {
     show(100);
     press("2");
@@ -445,6 +458,38 @@ TEST_F(RowDragTest, aReleaseThatWentElsewherePutsTheRowBack) {
     EXPECT_THAT(window.keys, ElementsAre(Qt::Key_Escape));
     release();
     EXPECT_THAT(moved, IsEmpty());
+}
+
+TEST_F(RowDragTest, aReleaseThatWentElsewhereFreesTheKeysWhereverThePointerComesBack) {
+    show(5);
+    drag("1", 3);
+    const QPoint belowTheList(200, 50 + kHeight + 20);
+    QMouseEvent event(QEvent::MouseMove,
+                      belowTheList,
+                      window.mapToGlobal(belowTheList),
+                      Qt::NoButton,
+                      Qt::NoButton,
+                      Qt::NoModifier);
+    QApplication::sendEvent(&window, &event);
+    EXPECT_EQ(list->lifted(), std::nullopt);
+    EXPECT_THAT(others(), ElementsAre("0", "1", "2", "3", "4"));
+    key(Qt::Key_A);
+    EXPECT_THAT(window.keys, ElementsAre(Qt::Key_A));
+    release();
+    EXPECT_THAT(moved, IsEmpty());
+}
+
+TEST_F(RowDragTest, aRowThatComesUnderThePointerDoesNotEndTheDrag) {
+    show(100);
+    QCursor::setPos(list->mapToGlobal(QPoint(200, 2 * kRow + kRow / 2)));
+    drag("2", 4);
+    QCursor::setPos(list->mapToGlobal(QPoint(200, 4 * kRow + kRow / 2)));
+    ASSERT_EQ(list->lifted(), "2");
+    for (int each = 0; each < 20; ++each) {
+        list->scrollTo((each * 7919) % (100 * kRow));
+        EXPECT_EQ(list->lifted(), "2");
+    }
+    release();
 }
 
 TEST_F(RowDragTest, aPressWhoseReleaseWentElsewhereKeepsNoMenuBack) {

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "Quillbar/RowList.h"
 #include "tests/views/NamedRow.h"
+#include "tests/views/Pointer.h"
 #include "tests/views/Widgets.h"
 
 #include <QContextMenuEvent>
@@ -46,6 +47,8 @@ struct RowListTest : testing::Test {
     void show(std::size_t count) {
         list->setIds(numbered(count));
         showActive(window);
+        // With a button held no row is under the pointer.
+        pointer::letGo(*list);
     }
     /// The rows that show the pointer over them.
     [[nodiscard]] std::vector<std::string> tinted() const {
