@@ -3,6 +3,7 @@
 #include "Quillbar/AddCoinView.h"
 
 #include "Quillbar/CenteredText.h"
+#include "Quillbar/RowIds.h"
 #include "Quillbar/RowList.h"
 #include "Quillbar/SearchField.h"
 #include "Quillbar/SearchResultRow.h"
@@ -16,9 +17,9 @@
 #include <QStackedLayout>
 #include <QVBoxLayout>
 
+#include <algorithm>
 #include <array>
 #include <exception>
-#include <unordered_set>
 #include <utility>
 
 namespace quillbar {
@@ -37,24 +38,6 @@ constexpr std::array<const char16_t*, 3> kTexts{u"搜索失败,请检查网络�
 
 QString textOf(AddCoinView::ResultArea area) {
     return QString::fromUtf16(kTexts.at(static_cast<std::size_t>(area)));
-}
-
-// A file that was written by hand may name a coin twice, and a row is known by its symbol.
-void dropRepeated(std::vector<Coin>& coins) {
-    std::unordered_set<std::string> seen;
-    std::erase_if(coins, [&seen](const Coin& coin) { return !seen.insert(coin.symbol).second; });
-}
-
-// The edit outlives the view, which may have gone when the coin is there.
-Task<void> addAndDismiss(AppState& state,
-                         Coin coin,
-                         QPointer<AddCoinView> view,
-                         std::function<void()> dismiss) {
-    Task<void> adding = state.add(std::move(coin));
-    co_await std::move(adding);
-    if (!view.isNull()) {
-        dismiss();
-    }
 }
 
 bool isTyping(const QKeyEvent& event) {
@@ -145,10 +128,12 @@ RowList* AddCoinView::makeRows() {
                              QWidget* parent) { return new QWidget(parent); },
             .activate =
                 [this](const std::string& id) {
-                    for (const Coin& coin : std::vector<Coin>(m_results)) {
-                        if (coin.symbol == id) {
-                            pick(coin);
-                        }
+                    const auto found =
+                        std::find_if(m_results.begin(), m_results.end(), [&id](const Coin& coin) {
+                            return coin.id() == id;
+                        });
+                    if (found != m_results.end()) {
+                        pick(Coin(*found));
                     }
                 },
             .openMenu = [](const std::string& /*id*/, const QPoint& /*position*/) {},
@@ -214,15 +199,10 @@ Task<void> AddCoinView::search(std::string query, Purpose purpose, std::uint64_t
 }
 
 void AddCoinView::showMatches(std::vector<Coin> matches) {
-    dropRepeated(matches);
+    RowIds::dropRepeated(matches);
     m_results = std::move(matches);
     m_errorMessage.reset();
-    std::vector<std::string> ids;
-    ids.reserve(m_results.size());
-    for (const Coin& coin : m_results) {
-        ids.push_back(coin.symbol);
-    }
-    m_rows->setIds(std::move(ids));
+    m_rows->setIds(RowIds::of(m_results));
     if (!m_rows->isAncestorOf(window()->focusWidget())) {
         m_rows->scrollTo(0);
     }
@@ -266,6 +246,19 @@ void AddCoinView::pick(const Coin& coin) {
         return;
     }
     m_environment.edits.spawn(addAndDismiss(state, coin, QPointer(this), m_dismiss));
+}
+
+Task<void> AddCoinView::addAndDismiss(AppState& state,
+                                      Coin coin,
+                                      QPointer<AddCoinView> view,
+                                      std::function<void()> dismiss) {
+    const std::string symbol = coin.symbol;
+    Task<void> adding = state.add(std::move(coin));
+    co_await std::move(adding);
+    if (!view.isNull()) {
+        view->m_picked.erase(symbol);
+        dismiss();
+    }
 }
 
 bool AddCoinView::eventFilter(QObject* watched, QEvent* event) {

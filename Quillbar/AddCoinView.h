@@ -9,6 +9,7 @@
 #include "QuillbarCore/runtime/TaskScope.h"
 #include "QuillbarCore/runtime/Time.h"
 
+#include <QPointer>
 #include <QString>
 #include <QWidget>
 
@@ -27,9 +28,9 @@ namespace quillbar {
 class RowList;
 class SearchField;
 
-/// The search for a coin to add, for a popover: a field, and below it what was found for what stands
-/// in the field, a moment after the last keystroke. Picking a coin adds it to the watchlist, then
-/// dismisses the popover.
+/// The search for a coin to add, for a popover: a field, and below it what was found for what
+/// stands in the field, a moment after the last keystroke. Picking a coin adds it to the watchlist,
+/// then dismisses the popover.
 ///
 /// By the keyboard: Enter in the field picks the first match, for which it waits if it must; the
 /// arrow down goes to the matches, where Enter picks and typing goes on in the field.
@@ -80,6 +81,11 @@ private:
 
     void pickFirst();
     void pick(const Coin& coin);
+    // The edit outlives the view, which may have gone when the coin is there.
+    static Task<void> addAndDismiss(AppState& state,
+                                    Coin coin,
+                                    QPointer<AddCoinView> view,
+                                    std::function<void()> dismiss);
 
     void onQueryChange();
     void onEnter();

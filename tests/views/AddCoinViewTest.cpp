@@ -301,6 +301,19 @@ TEST_F(AddCoinViewTest, twoClicksAddOnce) {
     EXPECT_EQ(dismissals, 1);
 }
 
+TEST_F(AddCoinViewTest, aCoinThatHasGoneAgainIsAddedAgain) {
+    show();
+    searchFor(QStringLiteral("SOL"));
+    click("SOL");
+    ASSERT_TRUE(isWatched("SOL"));
+    scope.spawn(state->remove(symbolOf("SOL")));
+    executor.run();
+    ASSERT_FALSE(isWatched("SOL"));
+    click("SOL");
+    EXPECT_TRUE(isWatched("SOL"));
+    EXPECT_EQ(dismissals, 2);
+}
+
 TEST_F(AddCoinViewTest, pickingAWatchedCoinDoesNothing) {
     show({"BTC", "SOL"});
     searchFor(QStringLiteral("SOL"));
