@@ -36,7 +36,6 @@ CoinListRow::CoinListRow(const ViewEnvironment& environment, const Source& sourc
 }
 
 void CoinListRow::present(const std::string& id, std::size_t index) {
-    setAlternate(index % 2 == 1);
     m_coin->setCoin(m_source.coins[index]);
     const bool isExpanded = *m_source.expandedSymbol == id;
     m_disclosure->setGlyph(isExpanded ? Glyph::chevronDown : Glyph::chevronRight);

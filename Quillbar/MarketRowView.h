@@ -22,9 +22,9 @@ class ChangeText;
 class CoinCell;
 class NumericCell;
 
-/// A row of a board: the rank, the coin, its volume or market capitalisation, its price, its change,
-/// and a button that adds it to the watchlist, or a check mark when it is there. A click anywhere
-/// else opens or closes its chart; the key + adds it too.
+/// A row of a board: the rank, the coin, its volume or market capitalisation, its price, its
+/// change, and a button that adds it to the watchlist, or a check mark when it is there. A click
+/// anywhere else opens or closes its chart; the key + adds it too.
 class MarketRowView : public ListRow {
 public:
     // The widths of the columns, in points; the coin takes the rest.

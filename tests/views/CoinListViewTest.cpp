@@ -252,6 +252,7 @@ TEST_F(CoinListViewTest, pricesThatGrowOldWithoutAnEventAreDimmed) {
     auto* const timer = view->findChild<QTimer*>(QStringLiteral("staleness"));
     ASSERT_NE(timer, nullptr);
     EXPECT_TRUE(timer->isActive());
+    EXPECT_EQ(timer->interval(), 5000);
     const auto theTimerFires = [timer] { QMetaObject::invokeMethod(timer, "timeout"); };
     time.setClock(time.now() + Seconds{60});
     theTimerFires();
