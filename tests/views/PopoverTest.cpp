@@ -8,12 +8,15 @@
 #include <QApplication>
 #include <QKeyEvent>
 #include <QLineEdit>
+#include <QPalette>
 #include <QPointer>
+#include <QRegion>
 #include <QScreen>
 #include <QTest>
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <memory>
 
 namespace quillbar {
@@ -143,7 +146,7 @@ TEST_F(PopoverTest, escapeClosesOnlyThePopover) {
     EXPECT_EQ(closings, 1);
 }
 
-TEST_F(PopoverTest, aPressOutsideClosesItAndReachesWhatItHits) {
+TEST_F(PopoverTest, aPressOutsideClosesItAndMayGoOnToWhatItHits) {
     open();
     pressWindow(place->geometry().center());
     EXPECT_EQ(closings, 1);
@@ -209,6 +212,25 @@ TEST_F(PopoverTest, itsCornersAreRound) {
     EXPECT_FALSE(popover->mask().contains(QPoint(0, 0)));
     EXPECT_FALSE(popover->mask().contains(QPoint(279, 199)));
     EXPECT_TRUE(popover->mask().contains(QPoint(140, 0)));
+}
+
+TEST_F(PopoverTest, nothingShowsThroughAtTheEdgeOfACutCorner) {
+    ThemeKey::set(window, {.colors = ThemeColors::dark()});
+    window.setPalette(QPalette(Qt::white, Qt::white));
+    open();
+    const QImage picture = popover->grab().toImage();
+    const QRegion foot = popover->mask() & QRect(0, 190, 280, 10);
+    ASSERT_FALSE(foot.contains(QPoint(0, 199)));
+    int lightest = 0;
+    for (const QRect& part : foot) {
+        for (int y = part.top(); y <= part.bottom(); ++y) {
+            for (int x = part.left(); x <= part.right(); ++x) {
+                lightest = std::max(lightest, picture.pixelColor(x, y).lightness());
+            }
+        }
+    }
+    // The hairline, on its straight parts.
+    EXPECT_EQ(lightest, picture.pixelColor(140, 199).lightness());
 }
 
 TEST_F(PopoverTest, itsCornersAreClearWhereWindowsAreBlended) {
