@@ -50,7 +50,7 @@ void PanelMenu::initStyleOption(QStyleOptionMenuItem* option, const QAction* act
     QColor text = action->isEnabled() ? colors.primaryText : colors.tertiaryText;
     switch (entryKindOf(*action)) {
     case MenuEntry::Kind::header:
-        option->font = systemFont(kSmallFontSize, QFont::DemiBold);
+        option->font = systemFont(kSmallFontSize);
         text = colors.secondaryText;
         break;
     case MenuEntry::Kind::notice:

@@ -8,6 +8,7 @@
 #include <QIcon>
 #include <QPainter>
 #include <QRectF>
+#include <QString>
 #include <QStyleOptionMenuItem>
 #include <QWidget>
 
@@ -17,12 +18,13 @@ namespace quillbar {
 
 namespace {
 
-// What an entry consists of, from the left: a column for marks and icons, the text, a margin or the
-// arrow of what is below it.
+// What an entry consists of, from the left: a column for marks and icons, the text, the key that
+// does the same, a margin or the arrow of what is below it.
 constexpr int kMarkColumn = 28;
 constexpr int kRightColumn = 20;
 constexpr int kVerticalPadding = 5;
 constexpr int kMaximumTextWidth = 190;
+constexpr int kKeyGap = 16;
 constexpr int kSeparatorHeight = 9;
 constexpr int kMenuPadding = 5;
 constexpr int kIconSize = 16;
@@ -36,9 +38,20 @@ constexpr float kTintOpacity = 0.24F;
 constexpr int kTextFlags = Qt::AlignLeft | Qt::AlignVCenter | Qt::TextWordWrap
                            | Qt::TextWrapAnywhere | Qt::TextHideMnemonic;
 
-QSize textSize(const QStyleOptionMenuItem& item) {
+/// What the menu hands over as one text, with a tab between.
+struct Texts {
+    explicit Texts(const QStyleOptionMenuItem& item)
+        : label(item.text.section(u'\t', 0, 0))
+        , key(item.text.section(u'\t', 1)) {}
+
+    QString label;
+    /// Of the keyboard, which does the same; empty for none.
+    QString key;
+};
+
+QSize labelSize(const QStyleOptionMenuItem& item, const QString& label) {
     const QFontMetrics metrics(item.font);
-    return metrics.boundingRect(QRect(0, 0, kMaximumTextWidth, 0), kTextFlags, item.text).size();
+    return metrics.boundingRect(QRect(0, 0, kMaximumTextWidth, 0), kTextFlags, label).size();
 }
 
 void drawSeparator(QPainter& painter,
@@ -85,7 +98,13 @@ void drawEntry(QPainter& painter,
     drawMark(painter, item, colors);
     painter.setFont(item.font);
     painter.setPen(item.palette.color(QPalette::Text));
-    painter.drawText(item.rect.adjusted(kMarkColumn, 0, -kRightColumn, 0), kTextFlags, item.text);
+    const QRect area = item.rect.adjusted(kMarkColumn, 0, -kRightColumn, 0);
+    const Texts texts(item);
+    painter.drawText(area, kTextFlags, texts.label);
+    if (!texts.key.isEmpty()) {
+        painter.setPen(colors.tertiaryText);
+        painter.drawText(area, Qt::AlignRight | Qt::AlignVCenter, texts.key);
+    }
     if (item.menuItemType == QStyleOptionMenuItem::SubMenu) {
         const QRectF column(item.rect.right() + 1 - kRightColumn,
                             item.rect.top(),
@@ -157,8 +176,11 @@ QSize PanelMenuStyle::sizeFromContents(ContentsType type,
         // An entry without a width is left out.
         return {kMarkColumn, kSeparatorHeight};
     }
-    const QSize text = textSize(*item);
-    return {kMarkColumn + text.width() + kRightColumn,
+    const Texts texts(*item);
+    const QSize text = labelSize(*item, texts.label);
+    // The menu adds a column for the keys by itself.
+    const int gap = texts.key.isEmpty() ? 0 : kKeyGap;
+    return {kMarkColumn + text.width() + gap + kRightColumn,
             std::max(text.height(), kIconSize) + 2 * kVerticalPadding};
 }
 

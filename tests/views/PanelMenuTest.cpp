@@ -6,9 +6,11 @@
 
 #include <QAction>
 #include <QImage>
+#include <QKeySequence>
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <set>
 #include <vector>
 
@@ -44,6 +46,34 @@ struct PanelMenuTest : ::testing::Test {
     }
     /// What lies beneath the entries.
     [[nodiscard]] QColor ground() { return menu.grab().toImage().pixelColor(3, 3); }
+
+    /// An entry that says which key does the same.
+    void addWithKey(const QString& label) {
+        QAction* const action = menu.addAction(label);
+        action->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_H));
+        action->setShortcutVisibleInContextMenu(true);
+    }
+    /// Where there is more than the ground, from the left.
+    [[nodiscard]] std::vector<int> columnsOf(const QImage& image) {
+        const QRgb bare = ground().rgb();
+        std::vector<int> columns;
+        for (int x = 0; x < image.width(); ++x) {
+            for (int y = 0; y < image.height(); ++y) {
+                if (image.pixel(x, y) != bare) {
+                    columns.push_back(x);
+                    break;
+                }
+            }
+        }
+        return columns;
+    }
+    [[nodiscard]] static int lightest(const QImage& image) {
+        int found = 0;
+        for (const QRgb color : colorsIn(image)) {
+            found = std::max(found, QColor(color).lightness());
+        }
+        return found;
+    }
 
     QWidget window;
     PanelMenu menu{&window};
@@ -90,6 +120,42 @@ TEST_F(PanelMenuTest, drawsEachKindInItsColour) {
     for (int index = 0; index < 3; ++index) {
         EXPECT_FALSE(shows(colors.primaryText, index)) << index;
     }
+}
+
+TEST_F(PanelMenuTest, aHeaderIsOfTheWeightOfWhatItHeads) {
+    // Bold Latin letters are wider.
+    const QString label = QStringLiteral("mmmmmmmm");
+    fill(MenuEntry{.id = 1, .label = label, .kind = MenuEntry::Kind::notice});
+    const int regular = menu.width();
+    menu.close();
+    fill(MenuEntry{.id = 1, .label = label, .kind = MenuEntry::Kind::header});
+    EXPECT_EQ(menu.width(), regular);
+}
+
+TEST_F(PanelMenuTest, tellsTheKeyOfAnEntryAtTheRightInGrey) {
+    const QString label = QStringLiteral("加入自选");
+    menu.addAction(label);
+    addWithKey(label);
+    menu.popup(QPoint(50, 50));
+    const QImage without = picture(0);
+    const QImage with = picture(1);
+    const std::vector<int> text = columnsOf(without);
+    const std::vector<int> all = columnsOf(with);
+    ASSERT_FALSE(text.empty());
+    ASSERT_GT(all.size(), text.size());
+    EXPECT_TRUE(std::equal(text.begin(), text.end(), all.begin())) << "the text stands still";
+    EXPECT_GT(all.at(text.size()), text.back() + 10);
+    EXPECT_GE(all.back(), with.width() - 20 - 3);
+    const QImage key = with.copy(with.rect().adjusted(text.back() + 1, 0, 0, 0));
+    EXPECT_LE(lightest(key), ThemeColors::dark().tertiaryText.lightness());
+    EXPECT_GT(lightest(with), ThemeColors::dark().tertiaryText.lightness());
+}
+
+TEST_F(PanelMenuTest, theKeyOfAnEntryStandsClearOfTheLongestText) {
+    addWithKey(QStringLiteral("甲"));
+    menu.addAction(QStringLiteral("跟随系统跟随系统"));
+    menu.popup(QPoint(50, 50));
+    EXPECT_GT(columnsOf(picture(0)).back(), columnsOf(picture(1)).back());
 }
 
 TEST_F(PanelMenuTest, tintsTheEntryUnderThePointer) {
