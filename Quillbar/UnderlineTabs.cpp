@@ -84,7 +84,11 @@ UnderlineTabs::UnderlineTabs(const std::vector<QString>& titles,
     for (const QString& title : titles) {
         const std::size_t index = m_tabs.size();
         auto* const tab = new Tab(title, underlineHeight, this);
-        connect(tab, &QAbstractButton::clicked, this, [this, index] { select(index); });
+        connect(tab, &QAbstractButton::clicked, this, [this, index] {
+            // Else what the tab hides hands the focus on as the Tab key does, to be seen elsewhere.
+            m_tabs[index]->setFocus(Qt::MouseFocusReason);
+            select(index);
+        });
         row->addWidget(tab);
         m_tabs.push_back(tab);
     }

@@ -270,6 +270,22 @@ TEST_F(PanelViewTest, givesWayToASmallScreen) {
     EXPECT_LE(rows->mapTo(panel.get(), QPoint(0, rows->height())).y(), panel->height());
 }
 
+TEST_F(PanelViewTest, aClickedTabHasTheFocusThatWasInWhatItHides) {
+    startConnected(listOf({"BTC", "ETH"}));
+    show();
+    QWidget* inside = nullptr;
+    for (QWidget* const each : shown<CoinListView>()->findChildren<QWidget*>()) {
+        if (each->isVisible() && each->focusPolicy() != Qt::NoFocus) {
+            inside = each;
+        }
+    }
+    ASSERT_NE(inside, nullptr);
+    inside->setFocus(Qt::MouseFocusReason);
+    click(QStringLiteral("涨幅"));
+    ASSERT_NE(panel->focusWidget(), nullptr);
+    EXPECT_EQ(panel->focusWidget()->accessibleName(), QStringLiteral("涨幅"));
+}
+
 }  // namespace
 
 }  // namespace quillbar
