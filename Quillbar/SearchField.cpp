@@ -10,6 +10,7 @@
 #include <QClipboard>
 #include <QContextMenuEvent>
 #include <QEvent>
+#include <QFontMetrics>
 #include <QGuiApplication>
 #include <QMenu>
 #include <QPainter>
@@ -46,6 +47,8 @@ SearchField::SearchField(const QString& placeholder, QWidget* parent)
                    kHorizontalPadding - kOwnHorizontalMargin,
                    kVerticalPadding - kOwnVerticalMargin);
     setFont(systemFont(kFontSize));
+    // Some styles add to what they are asked for.
+    setFixedHeight(QFontMetrics(font()).height() + 2 * kVerticalPadding);
     setMaxLength(kMaximumLength);
     setPlaceholderText(placeholder);
     applyTheme();

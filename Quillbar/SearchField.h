@@ -6,8 +6,8 @@
 
 namespace quillbar {
 
-/// A line to type into, over a rounded rectangle in the colours of the theme; the outline shows that
-/// it has the focus.
+/// A line to type into, over a rounded rectangle in the colours of the theme; the outline shows
+/// that it has the focus.
 class SearchField final : public QLineEdit {
 public:
     static constexpr double kCornerRadius = 6;
