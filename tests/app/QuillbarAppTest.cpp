@@ -9,6 +9,7 @@
 #include "tests/qtsupport/SpinUntil.h"
 #include "tests/services/HeldSleeper.h"
 #include "tests/support/CapturedLog.h"
+#include "tests/support/Files.h"
 #include "tests/support/TemporaryEnvironment.h"
 #include "tests/support/TemporaryFolder.h"
 #include "tests/tray/FakeTrayHost.h"
@@ -22,6 +23,9 @@
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+
+#include <filesystem>
+#include <string>
 
 namespace quillbar {
 
@@ -101,6 +105,38 @@ struct QuillbarAppTest : ::testing::Test {
                       {id, QStringLiteral("clicked"), QVariant::fromValue(QDBusVariant(0)), 0U});
     }
 
+    /// Clicks the entry of the menu that has this label; the host's menu then shows what it was told.
+    void choose(const char* label) {
+        host.readMenu();
+        const int id = host.shownId(QString::fromUtf8(label));
+        ASSERT_GT(id, 0) << label;
+        choose(id);
+        host.readMenu();
+    }
+
+    /// Opens the menu.
+    void openMenu() {
+        host.callMenu(QStringLiteral("AboutToShow"), {DBusMenu::kRoot});
+        host.readMenu();
+    }
+
+    [[nodiscard]] bool shows(const char* label) const {
+        return host.shownId(QString::fromUtf8(label)) > 0;
+    }
+
+    /// Whether the menu's entry with this label is marked.
+    [[nodiscard]] bool isOn(const char* label) const {
+        EXPECT_TRUE(shows(label)) << label;
+        return host.shownMenu.value(host.shownId(QString::fromUtf8(label)))
+                   .value(QStringLiteral("toggle-state"))
+               == 1;
+    }
+
+    /// Where the desktop looks for what it starts at login.
+    [[nodiscard]] std::filesystem::path autostartEntry() const {
+        return folder.path() / "configuration" / "autostart" / AutostartEntry::kFileName;
+    }
+
     /// The panel while it is shown.
     [[nodiscard]] static PanelWindow* panel() {
         for (QWidget* const window : QApplication::topLevelWidgets()) {
@@ -130,6 +166,10 @@ struct QuillbarAppTest : ::testing::Test {
     TemporaryEnvironment swaySocket{"SWAYSOCK", std::nullopt};
     CapturedLog log;
     TemporaryFolder folder;
+    TemporaryEnvironment configuration{"XDG_CONFIG_HOME",
+                                       (folder.path() / "configuration").string()};
+    TemporaryEnvironment systemConfiguration{"XDG_CONFIG_DIRS",
+                                             (folder.path() / "system").string()};
     HeldSleeper sleeper;
     PrivateBus daemon;
     QString connectionName = QUuid::createUuid().toString();
@@ -177,6 +217,75 @@ TEST_F(QuillbarAppTest, theMenuOpensThePanel) {
     startInTray();
     choose(StatusItem::kOpenPanel);
     EXPECT_NE(panel(), nullptr);
+}
+
+TEST_F(QuillbarAppTest, theMenuHasTheSettings) {
+    startInTray();
+    host.readMenu();
+    for (const char* const label : {"涨跌幅基准", "外观", "跟随系统"}) {
+        EXPECT_TRUE(shows(label)) << label;
+    }
+    EXPECT_TRUE(isOn("24 小时"));
+    EXPECT_FALSE(isOn("今日"));
+    EXPECT_TRUE(isOn("深色"));
+    EXPECT_FALSE(isOn("浅色"));
+    EXPECT_FALSE(isOn("开机自启"));
+}
+
+TEST_F(QuillbarAppTest, theMenuChangesTheSettings) {
+    startInTray();
+    choose("今日");
+    EXPECT_TRUE(isOn("今日"));
+    EXPECT_FALSE(isOn("24 小时"));
+    choose("浅色");
+    EXPECT_TRUE(isOn("浅色"));
+    EXPECT_FALSE(isOn("深色"));
+    EXPECT_TRUE(spinUntil([this] {
+        const std::string settings = contentsOf(folder.path() / "settings.json");
+        return settings.find(R"("changeBasis":"today")") != std::string::npos
+               && settings.find(R"("appearance":"light")") != std::string::npos;
+    })) << contentsOf(folder.path() / "settings.json");
+}
+
+TEST_F(QuillbarAppTest, theMenuSwitchesStartingAtLoginAndFollowsTheDesktop) {
+    startInTray();
+    choose("开机自启");
+    EXPECT_TRUE(isOn("开机自启"));
+    const std::string entry = contentsOf(autostartEntry());
+    EXPECT_NE(entry, "");
+
+    std::filesystem::remove(autostartEntry());
+    openMenu();
+    EXPECT_FALSE(isOn("开机自启"));
+    writeContents(autostartEntry(), entry);
+    openMenu();
+    EXPECT_TRUE(isOn("开机自启"));
+
+    choose("开机自启");
+    EXPECT_FALSE(isOn("开机自启"));
+    EXPECT_FALSE(std::filesystem::exists(autostartEntry()));
+}
+
+TEST_F(QuillbarAppTest, theMenuSaysWhyStartingAtLoginCouldNotBeSwitched) {
+    constexpr const char* kNotOn = "开机自启注册失败,请检查系统设置中的登录项";
+    constexpr const char* kNotOff = "取消开机自启失败,请稍后重试";
+    // Not written by this program, which leaves it alone.
+    const auto somebodyElsesEntry = [this](const std::string& program) {
+        writeContents(autostartEntry(), "[Desktop Entry]\nType=Application\nExec=" + program);
+    };
+    somebodyElsesEntry("/nowhere/quillbar");
+    startInTray();
+    choose("开机自启");
+    EXPECT_FALSE(isOn("开机自启"));
+    EXPECT_TRUE(shows(kNotOn));
+
+    somebodyElsesEntry("/bin/sh");
+    openMenu();
+    EXPECT_TRUE(isOn("开机自启"));
+    choose("开机自启");
+    EXPECT_TRUE(isOn("开机自启"));
+    EXPECT_TRUE(shows(kNotOff));
+    EXPECT_FALSE(shows(kNotOn));
 }
 
 TEST_F(QuillbarAppTest, theMenuQuits) {
