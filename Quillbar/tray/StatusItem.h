@@ -39,9 +39,9 @@ enum class ActivationSource {
 
 /// The application's item in the desktop's status area, in the form that suits the host of the
 /// moment: over D-Bus where there is a StatusNotifierWatcher, whenever one comes; where there has
-/// been none for `kPatience`, in a tray of the older protocol, until one comes. One that refuses the
-/// item counts as none, and is asked again every `kPatience`. A host is told of a
-/// face only when what it shows of it has changed.
+/// been none for `kPatience`, in a tray of the older protocol, until one comes. One that refuses
+/// the item counts as none, and is asked again every `kPatience`. A host is told of a face only
+/// when what it shows of it has changed.
 ///
 /// Lives on the main thread, which it never blocks, and needs a QApplication. One for a connection.
 class StatusItem final : public QObject {
@@ -55,8 +55,8 @@ public:
     static constexpr int kQuit = 2;
     static constexpr int kLastOwnId = 9;
 
-    /// What the user does. All but `onMenuShown` are set. A handler does not destroy the item; it may
-    /// post that to the executor.
+    /// What the user does. All but `onMenuShown` are set. A handler does not destroy the item; it
+    /// may post that to the executor.
     struct Handlers final {
         /// Wants the panel beside this position on the screen.
         std::function<void(QPoint anchor, ActivationSource source)> onActivate;
@@ -66,10 +66,11 @@ public:
         std::function<void(int id)> onMenu;
         /// Precedes an activation: with the token, the next window shown may take the focus.
         std::function<void(const QString& token)> onActivationToken;
-        /// There is no tray of any kind, and there has not been one. Where there is no bus, by which
-        /// commands reach the application, also of a tray that is gone. Not again before `onTray`.
+        /// There is no tray of any kind, and there has not been one. Without a bus, by which
+        /// commands reach the application, also when a tray is gone. Not again before a tray took
+        /// the item.
         std::function<void()> onNoTray;
-        /// After `onNoTray`, a tray came and took the item. Once for each `onNoTray`.
+        /// After `onNoTray`, a tray came and took the item. At most once for each `onNoTray`.
         std::function<void()> onTray;
     };
 
