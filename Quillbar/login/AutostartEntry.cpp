@@ -106,7 +106,8 @@ bool isConditionMet(const DesktopEntry& entry, const LoginSession& session) {
     const std::string kind = condition.substr(0, blank);
     std::error_code error;
     const bool exists =
-        std::filesystem::exists(session.folder.parent_path() / condition.substr(start), error);
+        !session.folder.empty()
+        && std::filesystem::exists(session.folder.parent_path() / condition.substr(start), error);
     return (kind != "if-exists" || exists) && (kind != "unless-exists" || !exists);
 }
 
@@ -198,7 +199,7 @@ std::optional<std::string> execOf(const LoginSession& session) {
 AutostartEntry::AutostartEntry(LoginSession session, FileOperations& operations)
     : m_session(std::move(session))
     , m_operations(operations)
-    , m_path(m_session.folder / kFileName) {}
+    , m_path(m_session.folder.empty() ? std::filesystem::path() : m_session.folder / kFileName) {}
 
 LoginItemStatus AutostartEntry::status() const {
     const Found found = look(m_path);
@@ -274,6 +275,9 @@ void AutostartEntry::remove() {
 }
 
 void AutostartEntry::write(std::string_view bytes) {
+    if (m_path.empty()) {
+        throw LoginItemError("the user has no folder of configuration files");
+    }
     try {
         AtomicFile::write(m_path, bytes, m_operations);
     } catch (const FileError& error) {

@@ -35,8 +35,9 @@ public:
     /// switched off stays as it is, so that the status is `requiresApproval` afterwards; one that
     /// starts the application already, too. An unedited entry of ours is brought up to date.
     ///
-    /// Throws when the entry cannot be written, when no entry can hold the program's path, and when
-    /// somebody else's or an edited entry is in the way, which starts nothing.
+    /// Throws when the entry cannot be written, when the user has no folder for it, when no entry
+    /// can hold the program's path, and when somebody else's or an edited entry is in the way, which
+    /// starts nothing.
     void registerItem() override;
 
     /// Removes the entry, an edited one of ours too; where the system has an entry that starts the
@@ -51,7 +52,7 @@ public:
     /// that starts nothing counts as none.
     [[nodiscard]] LoginItemStatus status() const override;
 
-    /// The user's entry, whether or not it is there.
+    /// The user's entry, whether or not it is there; empty when the user has no folder for it.
     [[nodiscard]] const std::filesystem::path& path() const noexcept { return m_path; }
 
 private:

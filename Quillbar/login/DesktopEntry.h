@@ -34,8 +34,8 @@ public:
     [[nodiscard]] std::optional<std::string> program() const;
 
     /// The value of an Exec key that starts the program at this path and hands it nothing. Absent
-    /// for a path that no entry can hold so that every desktop starts it: one with an equals sign, a
-    /// percent sign, a backslash or a control character, or that is not UTF-8.
+    /// for a path that no entry can hold so that every desktop starts it: one with an equals sign,
+    /// a percent sign, a backslash or a control character, or that is not UTF-8.
     [[nodiscard]] static std::optional<std::string> execOf(std::string_view program);
 
 private:

@@ -43,13 +43,14 @@ std::string valueOf(const EnvironmentVariables& variables,
 }  // namespace
 
 LoginSession LoginSession::of(const EnvironmentVariables& variables,
-                              const std::filesystem::path& configurationHome,
+                              const std::optional<std::filesystem::path>& configurationHome,
                               std::string program) {
-    LoginSession session{.folder = configurationHome / kFolderName,
-                         .systemFolders = {},
-                         .program = std::move(program),
-                         .searchPath = valueOf(variables, "PATH", kUsualSearchPath),
-                         .desktops = split(valueOf(variables, "XDG_CURRENT_DESKTOP", ""))};
+    LoginSession session{
+        .folder = configurationHome ? *configurationHome / kFolderName : std::filesystem::path(),
+        .systemFolders = {},
+        .program = std::move(program),
+        .searchPath = valueOf(variables, "PATH", kUsualSearchPath),
+        .desktops = split(valueOf(variables, "XDG_CURRENT_DESKTOP", ""))};
     for (const std::string& folder :
          split(valueOf(variables, "XDG_CONFIG_DIRS", kUsualSystemFolders))) {
         if (folder.starts_with('/')) {

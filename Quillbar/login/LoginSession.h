@@ -5,6 +5,7 @@
 #include "Quillbar/instance/Environment.h"
 
 #include <filesystem>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -12,7 +13,7 @@ namespace quillbar {
 
 /// What decides in the user's session which programs are started at login. A plain value.
 struct LoginSession final {
-    /// Where the user's own entries are.
+    /// Where the user's own entries are; empty when the user has no configuration files.
     std::filesystem::path folder;
     /// Where the system's entries are; of two with the same name, the one in the earlier folder
     /// holds, and the user's before all.
@@ -25,15 +26,16 @@ struct LoginSession final {
     std::vector<std::string> desktops;
 
     /// The session that the environment describes, for this program and this folder of the user's
-    /// configuration. Pure.
-    [[nodiscard]] static LoginSession of(const EnvironmentVariables& variables,
-                                         const std::filesystem::path& configurationHome,
-                                         std::string program);
+    /// configuration, if there is one. Pure.
+    [[nodiscard]] static LoginSession of(
+        const EnvironmentVariables& variables,
+        const std::optional<std::filesystem::path>& configurationHome,
+        std::string program);
 
     /// The session and the program of this process. The program is the file that runs, wherever it
-    /// lies: an installed one, or one in a folder where it was built. Take it at the start: once the
-    /// file has been replaced by another version, the system no longer tells its name as it was.
-    /// For the main thread.
+    /// lies: an installed one, or one in a folder where it was built. Take it at the start: once
+    /// the file has been replaced by another version, the system no longer tells its name as it
+    /// was. For the main thread.
     [[nodiscard]] static LoginSession ofProcess();
 };
 

@@ -40,13 +40,9 @@ std::optional<std::string> databaseHome() {
     return found->pw_dir;
 }
 
-std::filesystem::path homeFolder(const UserFolders& folders) {
-    for (const auto& candidate : {folders.home, folders.databaseHome}) {
-        if (const auto home = absolutePath(candidate)) {
-            return *home;
-        }
-    }
-    programmingError("no home folder: HOME is unset, and the user is unknown");
+std::optional<std::filesystem::path> homeFolder(const UserFolders& folders) {
+    const auto home = absolutePath(folders.home);
+    return home ? home : absolutePath(folders.databaseHome);
 }
 
 UserFolders foldersOfProcess() {
@@ -59,20 +55,30 @@ UserFolders foldersOfProcess() {
 }  // namespace
 
 std::filesystem::path applicationSupport(const UserFolders& folders) {
-    const auto dataHome = absolutePath(folders.dataHome);
-    return (dataHome ? *dataHome : homeFolder(folders) / ".local" / "share") / kFolderName;
+    if (const auto dataHome = absolutePath(folders.dataHome)) {
+        return *dataHome / kFolderName;
+    }
+    if (const auto home = homeFolder(folders)) {
+        return *home / ".local" / "share" / kFolderName;
+    }
+    programmingError(
+        "no folder for the application's files: XDG_DATA_HOME and HOME are unset, and the user is "
+        "unknown");
 }
 
 std::filesystem::path applicationSupport() {
     return applicationSupport(foldersOfProcess());
 }
 
-std::filesystem::path configurationHome(const UserFolders& folders) {
-    const auto configHome = absolutePath(folders.configHome);
-    return configHome ? *configHome : homeFolder(folders) / ".config";
+std::optional<std::filesystem::path> configurationHome(const UserFolders& folders) {
+    if (auto configHome = absolutePath(folders.configHome)) {
+        return configHome;
+    }
+    const auto home = homeFolder(folders);
+    return home ? std::optional(*home / ".config") : std::nullopt;
 }
 
-std::filesystem::path configurationHome() {
+std::optional<std::filesystem::path> configurationHome() {
     return configurationHome(foldersOfProcess());
 }
 

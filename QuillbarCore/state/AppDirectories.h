@@ -25,18 +25,19 @@ struct UserFolders final {
 /// else in .local/share of the home folder of the user database. One that is absent, empty or not
 /// absolute is passed over. The folder is not created.
 ///
-/// Without any of the three there is nowhere to keep the user's list: ends the process with abort(),
-/// after a line on stderr.
+/// Without any of the three there is nowhere to keep the user's list: ends the process with
+/// abort(), after a line on stderr.
 [[nodiscard]] std::filesystem::path applicationSupport(const UserFolders& folders);
 
 /// The same, from the process's environment and the system's user database. For the main thread.
 [[nodiscard]] std::filesystem::path applicationSupport();
 
 /// The user's folder of configuration files: XDG_CONFIG_HOME, or else .config of the home folder,
-/// which is found as for `applicationSupport` and needed as much. The folder is not created.
-[[nodiscard]] std::filesystem::path configurationHome(const UserFolders& folders);
+/// which is found as for `applicationSupport`. Absent without any of them: nothing that the
+/// application cannot do without is kept there. The folder is not created.
+[[nodiscard]] std::optional<std::filesystem::path> configurationHome(const UserFolders& folders);
 
 /// The same, from the process's environment and the system's user database. For the main thread.
-[[nodiscard]] std::filesystem::path configurationHome();
+[[nodiscard]] std::optional<std::filesystem::path> configurationHome();
 
 }  // namespace quillbar::AppDirectories

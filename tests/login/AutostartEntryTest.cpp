@@ -87,6 +87,20 @@ TEST_F(AutostartEntryTest, failsWhenTheFolderCannotBeMade) {
     EXPECT_THAT(registerFailure(), HasSubstr("Not a directory"));
 }
 
+TEST_F(AutostartEntryTest, nothingIsRegisteredForAUserWithoutConfigurationFiles) {
+    session.folder.clear();
+    const std::filesystem::path previous = std::filesystem::current_path();
+    std::filesystem::current_path(folder.path());
+    const auto stray = folder.path() / AutostartEntry::kFileName;
+    writeContents(stray, foreign());
+    EXPECT_EQ(status(), Status::notRegistered) << "looks nowhere else";
+    EXPECT_EQ(registerFailure(), "the user has no folder of configuration files");
+    EXPECT_THAT(unregisterFailure(), IsEmpty());
+    EXPECT_EQ(contentsOf(stray), foreign());
+    EXPECT_TRUE(entry().path().empty());
+    std::filesystem::current_path(previous);
+}
+
 // Unregistering.
 
 TEST_F(AutostartEntryTest, unregistersTheProgram) {

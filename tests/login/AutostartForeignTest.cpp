@@ -108,6 +108,23 @@ TEST_F(AutostartForeignTest, anEntryOfTheSystemStartsTheProgramToo) {
     EXPECT_FALSE(isThere());
 }
 
+TEST_F(AutostartForeignTest, anEntryOfTheSystemCannotBeHiddenFromAUserWithoutConfigurationFiles) {
+    theSystemHas(foreign());
+    session.folder.clear();
+    EXPECT_EQ(status(), Status::enabled);
+    registerItem();
+    EXPECT_EQ(unregisterFailure(), "the user has no folder of configuration files");
+    EXPECT_EQ(status(), Status::enabled);
+}
+
+TEST_F(AutostartForeignTest, aConditionOnAFileIsNotMetByAUserWithoutConfigurationFiles) {
+    session.folder.clear();
+    theSystemHas(foreign("AutostartCondition=if-exists ../../../../../../../../../etc/passwd"));
+    EXPECT_EQ(status(), Status::notRegistered);
+    theSystemHas(foreign("AutostartCondition=unless-exists x"));
+    EXPECT_EQ(status(), Status::enabled);
+}
+
 TEST_F(AutostartForeignTest, theUsersEntryOverrulesTheSystems) {
     theSystemHas(foreign());
     theUserHas(foreign("Hidden=true\n"));

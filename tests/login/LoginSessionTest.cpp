@@ -8,6 +8,7 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
+#include <optional>
 
 namespace quillbar {
 namespace {
@@ -37,6 +38,13 @@ TEST(LoginSessionTest, hasTheUsualFoldersOfASilentEnvironment) {
         EXPECT_THAT(session.desktops, IsEmpty());
         EXPECT_EQ(session.searchPath, "/usr/local/bin:/usr/bin:/bin");
     }
+}
+
+TEST(LoginSessionTest, hasNoFolderOfAUserWithoutConfigurationFiles) {
+    const LoginSession session = LoginSession::of(environmentOf({}), std::nullopt, "/opt/quillbar");
+    EXPECT_TRUE(session.folder.empty());
+    EXPECT_THAT(session.systemFolders, ElementsAre("/etc/xdg/autostart"));
+    EXPECT_EQ(session.program, "/opt/quillbar");
 }
 
 TEST(LoginSessionTest, ofAProcessStartsTheFileThatRuns) {

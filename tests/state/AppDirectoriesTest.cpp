@@ -64,6 +64,11 @@ TEST(AppDirectories, prefersTheConfigurationHome) {
     EXPECT_EQ(configurationHome({.databaseHome = "/users/me"}), "/users/me/.config");
 }
 
+TEST(AppDirectories, knowsNoConfigurationHomeWhereNothingTellsOne) {
+    EXPECT_EQ(configurationHome({}), nullopt);
+    EXPECT_EQ(configurationHome({.dataHome = "/data", .home = "me", .databaseHome = ""}), nullopt);
+}
+
 TEST(AppDirectories, readsTheConfigurationHomeFromTheEnvironment) {
     const TemporaryEnvironment home("HOME", "/home/me");
     const TemporaryEnvironment without("XDG_CONFIG_HOME", nullopt);
@@ -73,7 +78,9 @@ TEST(AppDirectories, readsTheConfigurationHomeFromTheEnvironment) {
 }
 
 TEST(AppDirectoriesDeathTest, endsTheProcessWhenThereIsNowhereToKeepFiles) {
-    EXPECT_DEATH(static_cast<void>(applicationSupport({nullopt, "home", ""})), "no home folder");
+    EXPECT_DEATH(static_cast<void>(applicationSupport({nullopt, "home", ""})),
+                 "no folder for the application's files: XDG_DATA_HOME and HOME are unset, and the "
+                 "user is unknown");
 }
 
 }  // namespace
