@@ -7,7 +7,6 @@
 #include "QuillbarCore/state/AppearanceMode.h"
 
 #include <cstddef>
-#include <string_view>
 #include <utility>
 
 namespace quillbar {
@@ -30,10 +29,6 @@ static_assert(launchError <= SettingsMenu::kLastId);
 static_assert(firstBasis + int{kAllChangeBases.size()} <= appearanceHeader);
 static_assert(firstAppearance + int{kAllAppearanceModes.size()} <= aboveLaunch);
 
-QString text(std::string_view utf8) {
-    return QString::fromUtf8(utf8.data(), static_cast<qsizetype>(utf8.size()));
-}
-
 /// A title with all values below it, the present one marked.
 template <class Values, class Value>
 void addPicker(std::vector<MenuEntry>& entries,
@@ -46,7 +41,7 @@ void addPicker(std::vector<MenuEntry>& entries,
     for (const Value value : values) {
         ++id;
         entries.push_back(MenuEntry{.id = id,
-                                    .label = text(displayName(value)),
+                                    .label = QString::fromUtf8(displayName(value)),
                                     .mark = MenuEntry::Mark::radio,
                                     .isOn = value == present});
     }

@@ -36,8 +36,8 @@ public:
     /// starts the application already, too. An unedited entry of ours is brought up to date.
     ///
     /// Throws when the entry cannot be written, when the user has no folder for it, when no entry
-    /// can hold the program's path, and when somebody else's or an edited entry is in the way, which
-    /// starts nothing.
+    /// can hold the program's path, and when somebody else's or an edited entry is in the way,
+    /// which starts nothing.
     void registerItem() override;
 
     /// Removes the entry, an edited one of ours too; where the system has an entry that starts the

@@ -4,6 +4,7 @@
 
 #include "Quillbar/login/LoginItemService.h"
 
+#include <functional>
 #include <optional>
 #include <string>
 #include <vector>
@@ -15,6 +16,9 @@ class FakeLoginItem final : public LoginItemService {
 public:
     void registerItem() override {
         calls.emplace_back("register");
+        if (duringRegister) {
+            duringRegister();
+        }
         change(afterRegister);
     }
     void unregisterItem() override {
@@ -27,6 +31,8 @@ public:
     /// What the status is once the call has been made, whether or not it failed.
     LoginItemStatus afterRegister = LoginItemStatus::enabled;
     LoginItemStatus afterUnregister = LoginItemStatus::notRegistered;
+    /// Called while the item is registered, before anything of it can be seen.
+    std::function<void()> duringRegister;
     /// What calls fail with.
     std::optional<std::string> failure;
     std::vector<std::string> calls;

@@ -140,8 +140,11 @@ TEST_F(SettingsMenuTest, switchesLaunchAtLoginOnAndOff) {
 TEST_F(SettingsMenuTest, movesTheSwitchBeforeTheSystemAnswers) {
     makeSettings();
     item.afterRegister = LoginItemStatus::notRegistered;
+    std::vector<bool> seen;
+    item.duringRegister = [this, &seen] { seen.push_back(*settings->launchAtLogin()); };
     const Notes notes(settings->launchAtLogin());
     settings->setLaunchAtLogin(true);
+    EXPECT_THAT(seen, ElementsAre(true));
     EXPECT_THAT(notes.values, ElementsAre(true, false));
 }
 
