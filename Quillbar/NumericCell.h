@@ -16,6 +16,8 @@ public:
     /// The column's width and the size of the font, in points.
     NumericCell(int width, double size, QWidget* parent = nullptr);
 
+    [[nodiscard]] double fontSize() const noexcept { return m_size; }
+
     /// Repaints only for another text.
     void setText(const QString& text);
     [[nodiscard]] const QString& text() const noexcept { return m_text; }

@@ -64,6 +64,9 @@ using CoinListSizesTest = CoinListFixture;
 TEST_F(CoinListSizesTest, aRowOfTheWatchlistIsWrittenAtItsSizes) {
     show({"BTC"});
     tick("BTC", {67234.5, 66417.56, 1.5e9});
+    // Half a point need not be seen: a screen may draw whole ones.
+    EXPECT_EQ(volumeCell("BTC")->fontSize(), 10.5);
+    EXPECT_EQ(priceCell("BTC")->fontSize(), 12);
     EXPECT_EQ(pictureOf(*volumeCell("BTC")), writtenAt(64, 10.5, *volumeCell("BTC")));
     EXPECT_EQ(pictureOf(*priceCell("BTC")), writtenAt(82, 12, *priceCell("BTC")));
     EXPECT_EQ(pictureOf(*arrow("BTC")), drawnAt(9, Glyph::chevronRight, *arrow("BTC")));
@@ -76,6 +79,9 @@ using MarketBoardSizesTest = MarketBoardFixture;
 TEST_F(MarketBoardSizesTest, aRowOfABoardIsWrittenAtItsSizes) {
     theMarketIsOfThree();
     open(RankingBoard::gainers, {"BTC"});
+    EXPECT_EQ(rankCell("ETH")->fontSize(), 10.5);
+    EXPECT_EQ(secondaryCell("ETH")->fontSize(), 10.5);
+    EXPECT_EQ(priceCell("ETH")->fontSize(), 12);
     EXPECT_EQ(pictureOf(*rankCell("ETH")), writtenAt(16, 10.5, *rankCell("ETH")));
     EXPECT_EQ(pictureOf(*secondaryCell("ETH")), writtenAt(64, 10.5, *secondaryCell("ETH")));
     EXPECT_EQ(pictureOf(*priceCell("ETH")), writtenAt(82, 12, *priceCell("ETH")));
