@@ -7,8 +7,8 @@
 
 namespace quillbar {
 
-/// A row that warns: 20 points high, a text at its left over a tint of the warning colour that spans
-/// the whole width.
+/// A row that warns: 20 points high, a text at its left over a tint of the warning colour that
+/// spans the whole width.
 class BannerRow : public QWidget {
 public:
     static constexpr int kHeight = 20;

@@ -18,7 +18,8 @@ namespace quillbar {
 
 namespace {
 
-// Room for the half of a marker, or of a line's end, that lies beyond the first and the last candle.
+// Room for the half of a marker, or of a line's end, that lies beyond the first and the last
+// candle.
 constexpr double kPlotInset = 3;
 constexpr double kPriceLabelGap = 5;
 constexpr double kTimeLabelGap = 3;
@@ -197,7 +198,8 @@ private:
         for (const TimeTick& tick : ticks) {
             m_layout.timeGrid.push_back(scale.x(tick.time));
         }
-        // Days first: where a clock was changed there may be no room for all, and the day says more.
+        // Days first: where a clock was changed there may be no room for all, and the day says
+        // more.
         for (const auto kind : {TimeTick::Kind::day, TimeTick::Kind::hour}) {
             for (const TimeTick& tick : ticks) {
                 if (tick.kind == kind) {

@@ -23,7 +23,8 @@ namespace quillbar {
 /// price axis is on the right of the plot, the time axis below it.
 ///
 /// A candle counts only when all its numbers are finite, its prices are not negative and it opens
-/// after the last one that counts, before the year 5000; one that does not leaves a gap in the line.
+/// after the last one that counts, before the year 5000; one that does not leaves a gap in the
+/// line.
 struct ChartLayout final {
     /// How wide and how high a line of the axes' labels is, in points.
     struct TextMeasure {

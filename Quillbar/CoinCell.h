@@ -16,7 +16,8 @@ class CoinIconView;
 enum class PinMark { none, pinned };
 
 /// A coin in a table: its icon, its base asset and, after it, the mark of the pinned one. Takes the
-/// width it is given; the name is on one line, written smaller when it is long, then elided. The pointer passes through it.
+/// width it is given; the name is on one line, written smaller when it is long, then elided. The
+/// pointer passes through it.
 class CoinCell final : public QWidget {
 public:
     static constexpr int kIconSize = 16;

@@ -28,14 +28,15 @@ class ColumnHeader;
 class RowList;
 class SortableHeader;
 
-/// The watchlist: a header whose columns sort, a row for each coin, and a coin's chart under its row.
+/// The watchlist: a header whose columns sort, a row for each coin, and a coin's chart under its
+/// row.
 ///
-/// In the order of the watchlist, which a row is dragged to another place of, or moved by Alt and an
-/// arrow, the user's edit is seen at once.
+/// In the order of the watchlist, which a row is dragged to another place of, or moved by Alt and
+/// an arrow, the user's edit is seen at once.
 ///
 /// While it is shown it follows the models: a price that comes in changes the cells of its row, if
-/// that can be seen, and the order of a sorted list follows a moment later, once for all prices that
-/// came meanwhile. While it is hidden prices cost nothing. Hiding it ends the sort.
+/// that can be seen, and the order of a sorted list follows a moment later, once for all prices
+/// that came meanwhile. While it is hidden prices cost nothing. Hiding it ends the sort.
 class CoinListView final : public QWidget {
 public:
     /// The height of an open chart.
@@ -71,8 +72,8 @@ public:
         return m_frozenOrder;
     }
 
-    /// The coins in the order in which they are to be shown: sorted, but in the frozen order while a
-    /// chart is open.
+    /// The coins in the order in which they are to be shown: sorted, but in the frozen order while
+    /// a chart is open.
     [[nodiscard]] std::vector<Coin> displayedCoins() const;
 
     /// The height of the list of rows. Pure.

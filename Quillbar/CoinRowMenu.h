@@ -14,8 +14,8 @@ class QWidget;
 namespace quillbar::CoinRowMenu {
 
 /// Makes the menu of the coin of that symbol as the watchlist stands; `parent` owns it, and it goes
-/// when it closes. `restoreManualOrder` is set while the list is sorted: the menu then offers that in
-/// place of moving the coin. An edit is of the list as it stands when its item is chosen, and
+/// when it closes. `restoreManualOrder` is set while the list is sorted: the menu then offers that
+/// in place of moving the coin. An edit is of the list as it stands when its item is chosen, and
 /// nothing is done for a coin that has gone by then.
 [[nodiscard]] QMenu* make(const ViewEnvironment& environment,
                           const std::string& symbol,

@@ -10,8 +10,8 @@ class QHBoxLayout;
 
 namespace quillbar {
 
-/// The titles over a table's columns: 20 points high, spaced as the rows are, with a separator along
-/// the bottom edge.
+/// The titles over a table's columns: 20 points high, spaced as the rows are, with a separator
+/// along the bottom edge.
 class ColumnHeader final : public QWidget {
 public:
     static constexpr int kHeight = 20;

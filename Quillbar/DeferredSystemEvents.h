@@ -16,8 +16,8 @@ namespace quillbar {
 class AppServices;
 
 /// Lets the services connect anew when the machine wakes or a network comes back, from the first
-/// price on: listening to the system may block, so the first price goes before. Main thread; what it
-/// is handed outlives it.
+/// price on: listening to the system may block, so the first price goes before. Main thread; what
+/// it is handed outlives it.
 class DeferredSystemEvents final {
 public:
     /// A machine that starts without a network must still learn that one has come.

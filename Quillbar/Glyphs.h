@@ -8,7 +8,8 @@ class QRectF;
 
 namespace quillbar {
 
-/// The pictures on buttons and rows. They are drawn as paths, so they need no icon theme and no font.
+/// The pictures on buttons and rows. They are drawn as paths, so they need no icon theme and no
+/// font.
 enum class Glyph {
     chevronRight,
     chevronDown,

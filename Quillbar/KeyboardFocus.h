@@ -10,8 +10,8 @@ class QWidget;
 
 namespace quillbar {
 
-/// Whether a widget got the focus by the keyboard, which is when it shows it: who clicks knows where
-/// they are. Tell it of every focus event of the widget.
+/// Whether a widget got the focus by the keyboard, which is when it shows it: who clicks knows
+/// where they are. Tell it of every focus event of the widget.
 class KeyboardFocus final {
 public:
     /// The widget has got the focus. Another window or a menu that gives it back changes nothing.

@@ -21,7 +21,8 @@ enum class Notice {
 };
 
 /// What the user is told of the session that the application runs in: things that went missing
-/// before there was a panel to say so. Each stands until its reason is gone or the user has read it.
+/// before there was a panel to say so. Each stands until its reason is gone or the user has read
+/// it.
 ///
 /// Lives on the main thread.
 class Notices final {

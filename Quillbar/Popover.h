@@ -9,12 +9,12 @@
 namespace quillbar {
 
 /// A small window that opens at a widget, its anchor, and closes at Escape, at a press outside and
-/// when the anchor is hidden. The window of the anchor stays open and as it is: a press on the anchor
-/// only closes the popover, any other press reaches what it hits, and the keyboard's focus returns
-/// to where it was.
+/// when the anchor is hidden. The window of the anchor stays open and as it is: a press on the
+/// anchor only closes the popover, any other press reaches what it hits, and the keyboard's focus
+/// returns to where it was.
 ///
-/// It opens once. Closed, it deletes itself with its content, soon after; it goes with its anchor in
-/// any case. It has the anchor's theme and follows it.
+/// It opens once. Closed, it deletes itself with its content, soon after; it goes with its anchor
+/// in any case. It has the anchor's theme and follows it.
 class Popover final : public QWidget {
 public:
     static constexpr double kCornerRadius = 8;
@@ -22,7 +22,8 @@ public:
     /// The anchor, which owns the popover, is shown.
     explicit Popover(QWidget& anchor);
 
-    /// Takes `content` over, which decides the size, and shows it at the anchor, with the focus. Once.
+    /// Takes `content` over, which decides the size, and shows it at the anchor, with the focus.
+    /// Once.
     void open(QWidget* content);
 
     /// The popover has closed. Not called when it goes with its anchor.

@@ -12,8 +12,8 @@ namespace quillbar::PopoverPlacement {
 inline constexpr int kGap = 4;
 
 /// The rectangle of a popover that wants that size: below its anchor, or above it where only there
-/// is room enough, or else over it. Their right edges are on one line, as far as the popover is then
-/// inside `workArea`, where it is in any case, shrunk if it must be.
+/// is room enough, or else over it. Their right edges are on one line, as far as the popover is
+/// then inside `workArea`, where it is in any case, shrunk if it must be.
 [[nodiscard]] QRect rectangle(QRect anchor, QSize wanted, QRect workArea);
 
 }  // namespace quillbar::PopoverPlacement

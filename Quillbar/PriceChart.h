@@ -19,18 +19,18 @@
 
 namespace quillbar {
 
-/// A price chart: the closes as a line over a fading area, the highest and the lowest price as dots,
-/// round prices and times along the axes. Where the pointer is, or where the arrow keys have gone, a
-/// crosshair reads the nearest candle's time and close.
+/// A price chart: the closes as a line over a fading area, the highest and the lowest price as
+/// dots, round prices and times along the axes. Where the pointer is, or where the arrow keys have
+/// gone, a crosshair reads the nearest candle's time and close.
 ///
-/// Times are those of the calendar, written as the widget's locale does. Screen readers are told of a
-/// chart; give it an accessible name.
+/// Times are those of the calendar, written as the widget's locale does. Screen readers are told of
+/// a chart; give it an accessible name.
 class PriceChart final : public QWidget {
 public:
     explicit PriceChart(Calendar calendar, QWidget* parent = nullptr);
 
-    /// Shows these candles, without a crosshair. The accessible description tells their summary, and
-    /// what the crosshair reads.
+    /// Shows these candles, without a crosshair. The accessible description tells their summary,
+    /// and what the crosshair reads.
     void setCandles(std::vector<Candle> candles);
 
     [[nodiscard]] const std::vector<Candle>& candles() const noexcept { return m_candles; }
@@ -84,8 +84,8 @@ private:
     bool m_isOutdated = false;
     // Until the candles, the size or the font change.
     mutable std::optional<ChartLayout> m_layout;
-    // All but the crosshair, in these colours: drawing the line takes milliseconds, and the crosshair
-    // follows every move of the pointer. Null when it has to be drawn.
+    // All but the crosshair, in these colours: drawing the line takes milliseconds, and the
+    // crosshair follows every move of the pointer. Null when it has to be drawn.
     QPixmap m_picture;
     ThemeColors::Resolved m_pictureColors;
     // The place among the layout's points that the crosshair is on.

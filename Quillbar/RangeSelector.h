@@ -10,8 +10,8 @@
 
 namespace quillbar {
 
-/// The choice of a chart's range: a small button for each, in a row, one of them chosen. The Tab key
-/// stops at the row once; the arrow keys choose within it.
+/// The choice of a chart's range: a small button for each, in a row, one of them chosen. The Tab
+/// key stops at the row once; the arrow keys choose within it.
 class RangeSelector final : public QWidget {
 public:
     /// In points.

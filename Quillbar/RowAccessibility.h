@@ -5,7 +5,8 @@
 class QString;
 class QWidget;
 
-/// What a screen reader is told of our own lists: Qt knows nothing of widgets that paint themselves.
+/// What a screen reader is told of our own lists: Qt knows nothing of widgets that paint
+/// themselves.
 namespace quillbar::RowAccessibility {
 
 /// From here on a `RowList` is a list and each `ListRow` an item of it, under their accessible

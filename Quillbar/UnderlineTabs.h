@@ -13,8 +13,8 @@ namespace quillbar {
 /// A strip of tabs; a bar under the selected one. The arrow keys go from tab to tab.
 class UnderlineTabs final : public QWidget {
 public:
-    /// The titles in order; `outerPadding` is left free at both ends of the strip, `underlineHeight`
-    /// is the bar's. In points. The first tab is selected.
+    /// The titles in order; `outerPadding` is left free at both ends of the strip,
+    /// `underlineHeight` is the bar's. In points. The first tab is selected.
     UnderlineTabs(const std::vector<QString>& titles,
                   int outerPadding,
                   double underlineHeight,

@@ -11,8 +11,8 @@
 /// Moves of coins by their symbols, for who shows a list that other edits may overtake.
 namespace quillbar::WatchlistMove {
 
-/// Moves the coin in front of another, or to the end when there is no `next`, in the watchlist as it
-/// is when the task runs. Does nothing when one of them is not on it by then. A coin that stands
+/// Moves the coin in front of another, or to the end when there is no `next`, in the watchlist as
+/// it is when the task runs. Does nothing when one of them is not on it by then. A coin that stands
 /// there more than once moves as one. The state outlives the task.
 [[nodiscard]] Task<void> inFrontOf(AppState& state,
                                    std::string symbol,

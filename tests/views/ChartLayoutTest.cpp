@@ -62,7 +62,8 @@ std::vector<Candle> month(double low, double high, TimePoint end = utcInstant(20
     return waves(180, low, high, end - hours(4) * 179, hours(4));
 }
 
-/// What is wrong with the labels, first; empty when each lies in the chart and none touches another.
+/// What is wrong with the labels, first; empty when each lies in the chart and none touches
+/// another.
 std::string fault(const ChartLayout& layout, QSizeF size) {
     std::vector<ChartLayout::Label> labels = layout.priceLabels;
     labels.insert(labels.end(), layout.timeLabels.begin(), layout.timeLabels.end());
