@@ -7,8 +7,8 @@
 #include <poll.h>
 #include <unistd.h>
 
-// A library to be loaded before all others: names are looked up for QUILLBAR_LOOKUP_MILLISECONDS (for
-// ever below 0), and in vain. Says so on standard error, for who waits for that to begin.
+// A library to be loaded before all others: names are looked up for QUILLBAR_LOOKUP_MILLISECONDS,
+// and in vain. Says so on standard error, for who waits for that to begin.
 extern "C" int getaddrinfo(const char* name,
                            const char* /*service*/,
                            const addrinfo* /*hints*/,
