@@ -14,7 +14,11 @@ using ::testing::ElementsAre;
 constexpr int kRow = TableRow::kHeight;
 
 struct CoinListDragTest : CoinListFixture {
-    void TearDown() override { pointer::letGo(*rows); }
+    void TearDown() override {
+        if (rows != nullptr) {
+            pointer::letGo(*rows);
+        }
+    }
 
     /// From where a row stands to another place, without letting it go.
     void drag(const std::string& baseAsset, int position) {
