@@ -56,7 +56,7 @@ QuillbarApp::QuillbarApp(const std::optional<QDBusConnection>& bus,
     , m_edits(*m_executor)
     , m_systemScheme(bus)
     , m_hasBus(bus && bus->isConnected())
-    , m_loginItem(LoginSession::ofProcess())
+    , m_loginItem(LoginSession::ofProcess(processEnvironment()))
     , m_launchAtLogin(m_loginItem)
     , m_settings(m_services.appState(), m_launchAtLogin)
     , m_environment{.executor = *m_executor,

@@ -173,7 +173,7 @@ int runApplication(int argc,
     const TerminationSignals signals([] { QCoreApplication::exit(0); });
     const auto bus = SessionBus::connect(variables);
     if (!bus && options.manner == StartManner::background) {
-        // Neither an item nor a command could ever open its panel.
+        // No command could reach it, and where no tray of the older kind comes, nothing at all.
         return fail(kFailureStatus, "没有会话总线,无法在后台运行");
     }
     int status = 0;

@@ -13,7 +13,7 @@
 namespace quillbar {
 
 /// The application's entry among the programs that the desktop starts at login: a desktop entry in
-/// the user's autostart folder, as the Desktop Application Autostart Specification has it.
+/// the user's autostart folder, as freedesktop.org's Autostart Specification has it.
 ///
 /// The entry belongs to the user as much as to this program. One that this program wrote ends with
 /// the key X-Quillbar-Checksum, over all that stands before it: so an entry without that key is

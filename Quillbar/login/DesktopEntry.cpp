@@ -214,7 +214,7 @@ std::optional<std::string> DesktopEntry::text(const std::string& key) const {
 bool DesktopEntry::boolean(const std::string& key, bool otherwise) const {
     const auto found = m_values.find(key);
     const std::string_view value = found == m_values.end() ? "" : std::string_view(found->second);
-    // The digits are how entries were written before the specification.
+    // The digits are how desktop entries were written before they had a standard.
     if (value == "true" || value == "1") {
         return true;
     }

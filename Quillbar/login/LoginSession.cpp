@@ -5,7 +5,6 @@
 #include "QuillbarCore/state/AppDirectories.h"
 
 #include <cstddef>
-#include <cstdlib>
 #include <optional>
 #include <string_view>
 #include <system_error>
@@ -16,7 +15,7 @@ namespace quillbar {
 namespace {
 
 constexpr const char* kFolderName = "autostart";
-// What the base directory specification says of a variable that is not set, or empty.
+// What the XDG Base Directory Specification says of a variable that is not set, or empty.
 constexpr const char* kUsualSystemFolders = "/etc/xdg";
 // What shells search without one.
 constexpr const char* kUsualSearchPath = "/usr/local/bin:/usr/bin:/bin";
@@ -60,11 +59,7 @@ LoginSession LoginSession::of(const EnvironmentVariables& variables,
     return session;
 }
 
-LoginSession LoginSession::ofProcess() {
-    const EnvironmentVariables variables = [](const char* name) {
-        const char* const value = std::getenv(name);
-        return value == nullptr ? std::nullopt : std::optional<std::string>(value);
-    };
+LoginSession LoginSession::ofProcess(const EnvironmentVariables& variables) {
     std::error_code error;
     const auto program = std::filesystem::read_symlink("/proc/self/exe", error);
     return of(

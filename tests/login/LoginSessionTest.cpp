@@ -49,8 +49,8 @@ TEST(LoginSessionTest, hasNoFolderOfAUserWithoutConfigurationFiles) {
 
 TEST(LoginSessionTest, ofAProcessStartsTheFileThatRuns) {
     const TemporaryEnvironment config("XDG_CONFIG_HOME", "/config");
-    const TemporaryEnvironment desktop("XDG_CURRENT_DESKTOP", "KDE");
-    const LoginSession session = LoginSession::ofProcess();
+    const LoginSession session =
+        LoginSession::ofProcess(environmentOf({{"XDG_CURRENT_DESKTOP", "KDE"}}));
     EXPECT_TRUE(std::filesystem::equivalent(session.program, "/proc/self/exe"));
     EXPECT_EQ(session.folder, "/config/autostart");
     EXPECT_THAT(session.desktops, ElementsAre("KDE"));
