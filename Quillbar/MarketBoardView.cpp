@@ -16,6 +16,7 @@
 
 #include <QHideEvent>
 #include <QMenu>
+#include <QPaintEvent>
 #include <QShowEvent>
 #include <QVBoxLayout>
 
@@ -75,6 +76,7 @@ MarketBoardView::MarketBoardView(const ViewEnvironment& environment,
     , m_headers{makeHeader(kColumns[0]), makeHeader(kColumns[1])}
     , m_rows(makeRows(std::move(makeDetail)))
     , m_placeholder(new BoardPlaceholder(ColumnHeader::kHeight + kBoardHeight, this))
+    , m_start(this)
     , m_refresh(this)
     , m_look(this)
     , m_scope(environment.executor) {
@@ -89,6 +91,8 @@ MarketBoardView::MarketBoardView(const ViewEnvironment& environment,
     layout->addWidget(m_placeholder);
     m_placeholder->onRetry = [this] { retry(); };
 
+    m_start.setSingleShot(true);
+    QObject::connect(&m_start, &QTimer::timeout, this, [this] { startPolling(); });
     m_refresh.setSingleShot(true);
     QObject::connect(&m_refresh, &QTimer::timeout, this, [this] {
         m_isStarting = false;
@@ -98,7 +102,8 @@ MarketBoardView::MarketBoardView(const ViewEnvironment& environment,
     m_look.setInterval(kLookInterval);
     m_look.setTimerType(Qt::VeryCoarseTimer);
     QObject::connect(&m_look, &QTimer::timeout, this, [this] {
-        // Polling that nobody saw going on ends by itself, as it does while the machine sleeps.
+        // Polling that nobody saw going on ends by itself, as it does while the machine sleeps; and
+        // a window that nobody can see paints no frame.
         startPolling();
         refresh();
     });
@@ -186,7 +191,7 @@ void MarketBoardView::refresh() {
 
 void MarketBoardView::showContent() {
     const bool hasRows = !m_shown.empty();
-    const bool isLoading = m_isStarting || *m_models.market.isLoading()
+    const bool isLoading = m_awaitsFrame || m_isStarting || *m_models.market.isLoading()
                            || (isOfMarketCaps() && *m_models.marketCaps.isLoading());
     const bool hasFailed =
         *m_models.market.loadFailed() || (isOfMarketCaps() && *m_models.marketCaps.loadFailed());
@@ -264,7 +269,7 @@ void MarketBoardView::setBoard(RankingBoard board) {
     dropRows();
     if (m_isOnScreen) {
         observe();
-        startPolling();
+        pollAfterFrame();
         refresh();
     }
 }
@@ -319,10 +324,23 @@ void MarketBoardView::observe(const PolledModel& model) {
 
 // When it is on the screen
 
+bool MarketBoardView::isPolling() const {
+    return m_models.market.isPolling() && (!isOfMarketCaps() || m_models.marketCaps.isPolling());
+}
+
+void MarketBoardView::pollAfterFrame() {
+    if (isPolling()) {
+        return;
+    }
+    // The answer of the exchange would compete with the frame that the user waits for.
+    m_awaitsFrame = true;
+    update();
+}
+
 void MarketBoardView::startPolling() {
-    const bool isGoingOn =
-        m_models.market.isPolling() && (!isOfMarketCaps() || m_models.marketCaps.isPolling());
-    if (isGoingOn) {
+    m_awaitsFrame = false;
+    m_start.stop();
+    if (isPolling()) {
         return;
     }
     m_models.market.startPolling();
@@ -341,7 +359,7 @@ void MarketBoardView::showEvent(QShowEvent* event) {
     }
     m_isOnScreen = true;
     observe();
-    startPolling();
+    pollAfterFrame();
     m_look.start();
     refresh();
 }
@@ -353,10 +371,19 @@ void MarketBoardView::hideEvent(QHideEvent* event) {
     }
 }
 
+void MarketBoardView::paintEvent(QPaintEvent* /*event*/) {
+    if (m_awaitsFrame && !m_start.isActive()) {
+        // After the frame has been handed on.
+        m_start.start();
+    }
+}
+
 void MarketBoardView::leave() {
     m_isOnScreen = false;
     m_isStarting = false;
+    m_awaitsFrame = false;
     m_observations.clear();
+    m_start.stop();
     m_refresh.stop();
     m_look.stop();
     m_retry.cancel();

@@ -36,9 +36,9 @@ class RowList;
 /// row. While a chart is open the rows keep their places and their ranks. A row above tells of data
 /// that have grown old; without data a spinner, a failure or an empty text stands in their place.
 ///
-/// While it is shown it has the models poll, and ranks their data again after they have changed,
-/// once for all that changed together. Hiding it ends the polling and closes the chart; hidden, it
-/// does nothing.
+/// While it is shown it has the models poll, from its first painted frame on, and ranks their data
+/// again after they have changed, once for all that changed together. Hiding it ends the polling and
+/// closes the chart; hidden, it does nothing.
 class MarketBoardView final : public QWidget {
 public:
     /// The height of the list of rows, in points. The view is as high while there are none.
@@ -93,6 +93,7 @@ public:
 protected:
     void showEvent(QShowEvent* event) override;
     void hideEvent(QHideEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
 
 private:
     class Row;
@@ -103,6 +104,8 @@ private:
 
     void observe();
     void observe(const PolledModel& model);
+    [[nodiscard]] bool isPolling() const;
+    void pollAfterFrame();
     void startPolling();
     void leave();
 
@@ -127,6 +130,8 @@ private:
     // What the rows show, by their index.
     std::vector<RankedCoin> m_shown;
     bool m_isOnScreen = false;
+    // Polling begins once a frame has been painted.
+    bool m_awaitsFrame = false;
     // Polling has begun, and its first refresh has had no turn to say so.
     bool m_isStarting = false;
 
@@ -136,6 +141,7 @@ private:
     RowList* m_rows;
     BoardPlaceholder* m_placeholder;
 
+    QTimer m_start;
     QTimer m_refresh;
     QTimer m_look;
     // Only while the view is shown.

@@ -322,11 +322,39 @@ TEST_F(MarketBoardDataTest, hidingStopsEverything) {
     EXPECT_TRUE(lookTimer()->isActive());
 }
 
+TEST_F(MarketBoardDataTest, pollsOnceAFrameHasBeenPainted) {
+    theMarketIsOfThree();
+    show(RankingBoard::gainers);
+    EXPECT_FALSE(market().isPolling()) << "it would compete with the frame";
+    ASSERT_NE(placeholder(), nullptr);
+    EXPECT_EQ(placeholder()->content(), Content::loading);
+    spinUntilIdle();
+    EXPECT_TRUE(market().isPolling());
+}
+
+TEST_F(MarketBoardDataTest, pollsWithoutAFrameAtTheNextLook) {
+    theMarketIsOfThree();
+    show(RankingBoard::gainers);
+    look();
+    EXPECT_TRUE(market().isPolling());
+    settle();
+    EXPECT_EQ(api.ticker24hAllRequests, 1);
+}
+
+TEST_F(MarketBoardDataTest, aViewHiddenBeforeItsFrameDoesNotPoll) {
+    theMarketIsOfThree();
+    show(RankingBoard::gainers);
+    window->hide();
+    spinUntilIdle();
+    EXPECT_FALSE(market().isPolling());
+}
+
 TEST_F(MarketBoardDataTest, hidingTheViewAloneStopsThePollingToo) {
     openThree();
     view->hide();
     EXPECT_FALSE(market().isPolling());
     view->show();
+    spinUntilIdle();
     EXPECT_TRUE(market().isPolling());
 }
 
@@ -367,10 +395,10 @@ TEST_F(MarketBoardDataTest, anotherBoardGoesOnWithThePollingAndMarketCapsJoin) {
     settle();
     EXPECT_EQ(api.ticker24hAllRequests, 1);
     view->setBoard(RankingBoard::marketCap);
-    EXPECT_TRUE(marketCaps().isPolling());
     ASSERT_NE(placeholder(), nullptr);
     EXPECT_EQ(placeholder()->content(), Content::loading);
     settle();
+    EXPECT_TRUE(marketCaps().isPolling());
     EXPECT_THAT(order(), ElementsAre("1 BTC", "2 ETH"));
     EXPECT_EQ(api.ticker24hAllRequests, 1);
     view->setBoard(RankingBoard::gainers);

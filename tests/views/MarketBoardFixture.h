@@ -104,6 +104,8 @@ struct MarketBoardFixture : ViewFixture {
 
     /// Lets what has been begun run, and the view follow.
     void settle() {
+        // A frame, after which the polling begins.
+        spinUntilIdle();
         executor.run();
         spinUntilIdle();
     }

@@ -48,6 +48,8 @@ struct PanelViewTest : ViewFixture {
         QWidget* const button = named(*panel, name);
         ASSERT_NE(button, nullptr) << name.toStdString();
         QTest::mouseClick(button, Qt::LeftButton);
+        // A frame, after which a board begins to poll.
+        spinUntilIdle();
         executor.run();
         spinUntilIdle();
     }
@@ -204,6 +206,7 @@ TEST_F(PanelViewTest, pollsTheMarketOnlyWhileABoardIsOnScreen) {
     EXPECT_FALSE(market().isPolling());
     EXPECT_FALSE(marketCaps().isPolling());
     panel->show();
+    spinUntilIdle();
     EXPECT_TRUE(market().isPolling());
     click(QStringLiteral("自选"));
     EXPECT_FALSE(market().isPolling());
