@@ -23,6 +23,8 @@ const QString kItemInterface = QStringLiteral("org.kde.StatusNotifierItem");
 constexpr int kFirstRowCentre = 118;
 constexpr int kMostTabStops = 20;
 
+constexpr QPoint kTitle{30, 20};
+
 constexpr int kPanelWidth = 400;
 constexpr int kSearchWidth = 280;
 // What is narrower or lower is no menu, but a window that is of no use to people.
@@ -237,6 +239,8 @@ void DesktopFixture::openPanel() {
         const auto window = panel();
         return window && window->id == screen().activeWindow();
     })) << "the panel does not open";
+    // The item's tooltip would open over the panel and take what is pressed there.
+    screen().movePointer(panelGeometry().topLeft() + kTitle);
     pause();
 }
 
