@@ -77,6 +77,8 @@ void CoinDetailView::paintEvent(QPaintEvent* /*event*/) {
         return;
     }
     QPainter painter(this);
+    // They are of the candles, as the chart is.
+    painter.setOpacity(isOutdated() ? PriceChart::kOutdatedOpacity : 1);
     const ThemeColors::Resolved& colors = ThemeKey::value(*this).colors;
     double x = kHorizontalPadding;
     if (const auto& percent = m_summary.changePercent) {
@@ -154,17 +156,20 @@ void CoinDetailView::choose(ChartRange range) {
     startLoad();
 }
 
+bool CoinDetailView::isOutdated() const {
+    return !m_candles.empty() && m_candlesRange != m_range;
+}
+
 void CoinDetailView::refresh() {
     const bool hasCandles = !m_candles.empty();
-    const bool isOutdated = hasCandles && m_candlesRange != m_range;
     m_chart->setAccessibleName(
         OneLineText::of(m_coin.baseAsset + " 走势图, "
                         + std::string(displayName(m_candlesRange.value_or(m_range)))));
     m_chart->setCandles(m_candles);
-    m_chart->setOutdated(isOutdated);
+    m_chart->setOutdated(isOutdated());
     m_chart->setVisible(hasCandles);
     // A refresh of what is shown already needs no announcement.
-    m_spinner->setVisible(m_isLoading && (isOutdated || !hasCandles));
+    m_spinner->setVisible(m_isLoading && (isOutdated() || !hasCandles));
     m_message->setText(m_loadFailed ? QStringLiteral("加载走势失败") : QStringLiteral("暂无数据"));
     m_message->setVisible(m_loadFailed || (!hasCandles && !m_isLoading));
     m_retry->setVisible(m_loadFailed);

@@ -63,6 +63,7 @@ private:
     void finishLoad(std::uint64_t generation, Outcome outcome);
 
     void choose(ChartRange range);
+    [[nodiscard]] bool isOutdated() const;
     void refresh();
     void placeChildren();
     void placeFailure(const QRect& place, bool isCentred);

@@ -31,7 +31,6 @@ constexpr double kLabelSize = 9.5;
 constexpr double kGridWidth = 0.5;
 constexpr double kLineWidth = 1.5;
 constexpr float kAreaOpacity = 0.18F;
-constexpr double kOutdatedOpacity = 0.35;
 // The area of a marker in square points, a quarter of which is that of its circle's square.
 constexpr double kExtremeSymbolSize = 18;
 constexpr double kReadingDotRadius = 3;

@@ -27,6 +27,9 @@ namespace quillbar {
 /// a chart; give it an accessible name.
 class PriceChart final : public QWidget {
 public:
+    /// How faintly it is shown when it is outdated.
+    static constexpr double kOutdatedOpacity = 0.35;
+
     explicit PriceChart(Calendar calendar, QWidget* parent = nullptr);
 
     /// Shows these candles, without a crosshair. The accessible description tells their summary,

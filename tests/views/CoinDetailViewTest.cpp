@@ -18,6 +18,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <chrono>
 #include <memory>
 #include <stdexcept>
@@ -118,13 +119,18 @@ struct CoinDetailViewTest : ViewFixture {
         view->render(&image, {}, {}, QWidget::DrawChildren);
         return image;
     }
-    /// Whether anything is drawn in the line between the ranges and the chart.
-    [[nodiscard]] bool hasSummaryLine() const {
+    /// How strongly the line between the ranges and the chart is drawn at most, from 0 to 255.
+    [[nodiscard]] int strengthOfSummaryLine() const {
         const QImage line = picture().copy(0, 34, 400, 24);
-        QImage blank(line.size(), line.format());
-        blank.fill(Qt::transparent);
-        return line != blank;
+        int strongest = 0;
+        for (int y = 0; y < line.height(); ++y) {
+            for (int x = 0; x < line.width(); ++x) {
+                strongest = std::max(strongest, line.pixelColor(x, y).alpha());
+            }
+        }
+        return strongest;
     }
+    [[nodiscard]] bool hasSummaryLine() const { return strengthOfSummaryLine() > 0; }
 
     std::unique_ptr<CoinDetailView> view;
 };
@@ -256,10 +262,12 @@ TEST_F(CoinDetailViewTest, keepsTheCandlesWhenAnotherRangeFails) {
     theExchangeFails();
     choose(ChartRange::week);
     EXPECT_EQ(seen(), "加载走势失败+button+faint chart");
+    EXPECT_LT(strengthOfSummaryLine(), 100) << "its figures are not the week's";
     EXPECT_EQ(view->candles(), candles({100, 110}));
     theExchangeHas({200, 210});
     retry();
     EXPECT_EQ(seen(), "+chart");
+    EXPECT_GT(strengthOfSummaryLine(), 200);
     EXPECT_EQ(view->candles(), candles({200, 210}));
 }
 
