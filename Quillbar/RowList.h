@@ -43,7 +43,8 @@ struct RowListContent final {
 /// scroll, Enter activates it, the Menu key or Shift+F10 asks for its menu, Alt with an arrow moves
 /// the row itself where rows can be dragged. Tab goes on into the open detail, then out of the
 /// list. The focus stays with its row when the order changes, and passes to the neighbour when the
-/// row goes; the scroll position stays where it is.
+/// row goes, from the last row to what follows the list, by whatever it came; the scroll position
+/// stays where it is.
 class RowList final : public QWidget {
 public:
     /// How many rows beyond either edge have a widget.
@@ -160,7 +161,7 @@ private:
     void focusRow(std::size_t index, Qt::FocusReason reason);
     [[nodiscard]] std::vector<QWidget*> stopsInDetail() const;
     void focusInDetail(QWidget* stop, Qt::FocusReason reason);
-    bool focusOutside(bool next);
+    bool focusOutside(bool next, Qt::FocusReason reason);
     bool moveCurrent(int key);
     bool moveRow(int key);
     void openMenuOfCurrent();

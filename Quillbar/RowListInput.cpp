@@ -168,6 +168,11 @@ void RowList::replaceLostCurrent(std::size_t lostIndex) {
 }
 
 void RowList::giveFocusBack() {
+    if (m_ids.empty()) {
+        // What is hidden with the focus hands it on as the Tab key does, to be seen elsewhere.
+        focusOutside(true, m_focusReason);
+        return;
+    }
     const Slot* const slot = m_current ? slotOf(*m_current) : nullptr;
     if (slot != nullptr) {
         slot->widget->setFocus(m_focusReason);
@@ -211,7 +216,7 @@ void RowList::focusInDetail(QWidget* stop, Qt::FocusReason reason) {
     stop->setFocus(reason);
 }
 
-bool RowList::focusOutside(bool next) {
+bool RowList::focusOutside(bool next, Qt::FocusReason reason) {
     // Rows and details come and go, so their place in the window's own order means nothing.
     QWidget* widget = this;
     do {
@@ -220,7 +225,7 @@ bool RowList::focusOutside(bool next) {
     if (widget == this) {
         return false;
     }
-    widget->setFocus(next ? Qt::TabFocusReason : Qt::BacktabFocusReason);
+    widget->setFocus(reason);
     return true;
 }
 
@@ -233,11 +238,11 @@ bool RowList::focusNextPrevChild(bool next) {
             focusInDetail(stops.front(), reason);
             return true;
         }
-        return focusOutside(next);
+        return focusOutside(next, reason);
     }
     if (next) {
         if (here + 1 == stops.end()) {
-            return focusOutside(next);
+            return focusOutside(next, reason);
         }
         focusInDetail(*(here + 1), reason);
     } else if (here == stops.begin()) {

@@ -12,10 +12,13 @@
 #include "Quillbar/UnderlineTabs.h"
 #include "tests/qtsupport/SpinUntil.h"
 #include "tests/support/FakeLoginItem.h"
+#include "tests/views/Pointer.h"
 #include "tests/views/ViewFixture.h"
 #include "tests/views/Widgets.h"
 
 #include <QAbstractButton>
+#include <QAction>
+#include <QMenu>
 #include <QTest>
 
 #include <gmock/gmock.h>
@@ -53,6 +56,31 @@ struct PanelViewTest : ViewFixture {
         executor.run();
         spinUntilIdle();
     }
+    /// Shows the panel over a watchlist of one coin, and gives it the keyboard.
+    void showOneCoin() {
+        startConnected(listOf({"BTC"}));
+        showActive(show());
+    }
+    [[nodiscard]] QWidget& onlyRow() const { return *shown<RowList>()->row(symbolOf("BTC")); }
+    [[nodiscard]] static QMenu* menu() {
+        return dynamic_cast<QMenu*>(QApplication::activePopupWidget());
+    }
+    /// Lets an edit run that was chosen from a menu.
+    void letEditRun() {
+        spinUntilIdle();
+        // The offscreen platform does not give a window back what a menu over it has taken.
+        showActive(*panel);
+        executor.run();
+        spinUntilIdle();
+    }
+    [[nodiscard]] bool hasRing(const QString& name) const {
+        QWidget& widget = *named(*panel, name);
+        return pictureOf(widget).pixelColor(widget.width() / 2, 0) == colors().accent;
+    }
+    [[nodiscard]] QString focused() const {
+        return panel->focusWidget() == nullptr ? QString() : panel->focusWidget()->accessibleName();
+    }
+
     /// Whatever of this type is shown.
     template <class Widget>
     [[nodiscard]] Widget* shown() const {
@@ -287,6 +315,36 @@ TEST_F(PanelViewTest, aClickedTabHasTheFocusThatWasInWhatItHides) {
     click(QStringLiteral("涨幅"));
     ASSERT_NE(panel->focusWidget(), nullptr);
     EXPECT_EQ(panel->focusWidget()->accessibleName(), QStringLiteral("涨幅"));
+}
+
+TEST_F(PanelViewTest, theLastCoinRemovedWithTheMousePassesTheFocusOnUnseen) {
+    showOneCoin();
+    const QPoint middle = onlyRow().rect().center();
+    pointer::press(onlyRow(), middle, Qt::RightButton);
+    pointer::release(onlyRow(), middle, Qt::RightButton);
+    ASSERT_NE(menu(), nullptr);
+    QAction* const removal = menu()->actions().back();
+    ASSERT_EQ(removal->text(), QStringLiteral("删除"));
+    QTest::mouseClick(menu(), Qt::LeftButton, {}, menu()->actionGeometry(removal).center());
+    letEditRun();
+    ASSERT_TRUE(state->watchlist()->coins.empty());
+    EXPECT_EQ(focused(), QStringLiteral("添加币种"));
+    EXPECT_FALSE(hasRing(QStringLiteral("添加币种")));
+    QTest::keyClick(panel->focusWidget(), Qt::Key_Tab);
+    EXPECT_TRUE(hasRing(QStringLiteral("设置"))) << "with the keyboard it is to be seen again";
+}
+
+TEST_F(PanelViewTest, theLastCoinRemovedWithTheKeyboardPassesTheFocusOnInSight) {
+    showOneCoin();
+    onlyRow().setFocus(Qt::TabFocusReason);
+    QTest::keyClick(&onlyRow(), Qt::Key_Menu);
+    ASSERT_NE(menu(), nullptr);
+    QTest::keyClick(menu(), Qt::Key_Up);
+    QTest::keyClick(menu(), Qt::Key_Return);
+    letEditRun();
+    ASSERT_TRUE(state->watchlist()->coins.empty());
+    EXPECT_EQ(focused(), QStringLiteral("添加币种"));
+    EXPECT_TRUE(hasRing(QStringLiteral("添加币种")));
 }
 
 }  // namespace
