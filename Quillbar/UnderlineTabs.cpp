@@ -55,6 +55,8 @@ protected:
             Qt::AlignCenter,
             text());
         if (isChecked()) {
+            // Else a height between two pixels is rounded.
+            painter.setRenderHint(QPainter::Antialiasing);
             painter.fillRect(QRectF(0, height() - m_underlineHeight, width(), m_underlineHeight),
                              colors.accent);
         }

@@ -10,6 +10,9 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <stdexcept>
+#include <vector>
+
 namespace quillbar {
 
 namespace {
@@ -33,19 +36,28 @@ protected:
         throw std::runtime_error("no such tab");
     }
 
-    /// The colour of the bar along a tab's bottom edge.
-    QColor underline(const QString& title) {
-        QWidget& button = tab(title);
-        QImage picture(m_tabs.size(), QImage::Format_ARGB32);
+    /// The colours in the middle of a tab from its bottom edge upwards, one of each row of pixels,
+    /// on a screen of this scale.
+    std::vector<QColor> upwards(const QString& title, int rows, int scale = 1) {
+        const QRect place = tab(title).geometry();
+        QImage picture(m_tabs.size() * scale, QImage::Format_ARGB32_Premultiplied);
+        picture.setDevicePixelRatio(scale);
         picture.fill(ThemeColors::dark().surface);
         m_tabs.render(&picture, QPoint(), QRegion(), QWidget::DrawChildren);
-        return picture.pixelColor(button.geometry().center().x(), button.geometry().bottom());
+        std::vector<QColor> colors;
+        for (int row = 1; row <= rows; ++row) {
+            colors.push_back(
+                picture.pixelColor(place.center().x() * scale, (place.bottom() + 1) * scale - row));
+        }
+        return colors;
     }
+    /// The colour of the bar along a tab's bottom edge.
+    QColor underline(const QString& title) { return upwards(title, 1).front(); }
 
     std::vector<std::size_t> m_selected;
     UnderlineTabs m_tabs{{QStringLiteral("自选"), QStringLiteral("涨幅"), QStringLiteral("跌幅")},
                          8,
-                         2};
+                         1.5};
 };
 
 TEST_F(UnderlineTabsTest, aClickSelectsAndTellsOnce) {
@@ -62,6 +74,19 @@ TEST_F(UnderlineTabsTest, theSelectedTabAloneIsUnderlined) {
     EXPECT_THAT(m_selected, IsEmpty());
     EXPECT_EQ(underline(QStringLiteral("涨幅")), ThemeColors::dark().accent);
     EXPECT_EQ(underline(QStringLiteral("自选")), ThemeColors::dark().surface);
+}
+
+TEST_F(UnderlineTabsTest, theBarIsOneAndAHalfPointsHigh) {
+    const QColor accent = ThemeColors::dark().accent;
+    const QColor surface = ThemeColors::dark().surface;
+    const std::vector<QColor> single = upwards(QStringLiteral("自选"), 3);
+    EXPECT_EQ(single.at(0), accent);
+    EXPECT_NEAR(single.at(1).red(), (accent.red() + surface.red()) / 2, 2);
+    EXPECT_NEAR(single.at(1).green(), (accent.green() + surface.green()) / 2, 2);
+    EXPECT_NEAR(single.at(1).blue(), (accent.blue() + surface.blue()) / 2, 2);
+    EXPECT_EQ(single.at(2), surface);
+    EXPECT_THAT(upwards(QStringLiteral("自选"), 4, 2),
+                ElementsAre(accent, accent, accent, surface));
 }
 
 TEST_F(UnderlineTabsTest, theArrowsGoFromTabToTabAndStopAtTheEnds) {
