@@ -16,10 +16,23 @@ namespace quillbar {
 
 namespace {
 
+/// A row of a list, which takes the focus from the list's keys even where it takes none by a click.
+class RowInterface final : public QAccessibleWidget {
+public:
+    explicit RowInterface(ListRow* row)
+        : QAccessibleWidget(row, QAccessible::ListItem) {}
+
+    [[nodiscard]] QAccessible::State state() const override {
+        QAccessible::State state = QAccessibleWidget::state();
+        state.focusable = true;
+        return state;
+    }
+};
+
 // The caller owns what is made; null leaves the object to Qt.
 QAccessibleInterface* make(const QString& /*className*/, QObject* object) {
     if (auto* const row = dynamic_cast<ListRow*>(object)) {
-        return new QAccessibleWidget(row, QAccessible::ListItem);
+        return new RowInterface(row);
     }
     if (auto* const list = dynamic_cast<RowList*>(object)) {
         return new QAccessibleWidget(list, QAccessible::List);

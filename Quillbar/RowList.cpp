@@ -283,7 +283,6 @@ void RowList::fill(const std::vector<std::size_t>& wanted) {
         ListRow* widget = nullptr;
         if (m_spare.empty()) {
             widget = m_content.makeRow(this);
-            widget->setFocusPolicy(Qt::ClickFocus);
             widget->installEventFilter(this);
             trackPointerOver(*widget);
         } else {

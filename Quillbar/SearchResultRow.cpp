@@ -47,7 +47,10 @@ SearchResultRow::SearchResultRow(const ViewEnvironment& environment,
     : ListRow(parent)
     , m_appState(environment.appState)
     , m_content(std::move(content))
-    , m_icon(new CoinIconView(environment, kIconSize, this)) {}
+    , m_icon(new CoinIconView(environment, kIconSize, this)) {
+    // Typing goes on in the field, whatever is clicked.
+    setFocusPolicy(Qt::NoFocus);
+}
 
 void SearchResultRow::present(const std::string& id, std::size_t index) {
     const Coin& coin = m_content(index);

@@ -18,7 +18,8 @@ class CoinIconView;
 enum class Watched { no, yes };
 
 /// A row of the search's results: the coin's icon, its base asset and its pair; "已添加" at the end of
-/// the row of a watched coin, which can neither be clicked nor looks so.
+/// the row of a watched coin, which can neither be clicked nor looks so. A click leaves the focus
+/// where it is.
 class SearchResultRow final : public ListRow {
 public:
     static constexpr int kIconSize = 16;

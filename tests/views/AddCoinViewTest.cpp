@@ -4,7 +4,10 @@
 #include "Quillbar/PanelMenu.h"
 #include "QuillbarCore/exchange/URLError.h"
 #include "tests/views/AddCoinFixture.h"
+#include "tests/views/Pointer.h"
 
+#include <QAccessible>
+#include <QAccessibleInterface>
 #include <QAction>
 #include <QClipboard>
 #include <QContextMenuEvent>
@@ -324,6 +327,40 @@ TEST_F(AddCoinViewTest, pickingAWatchedCoinDoesNothing) {
     EXPECT_EQ(*state->watchlist(), listOf({"BTC", "SOL"}));
     EXPECT_THAT(api.ticker24hRequests, IsEmpty());
     EXPECT_EQ(dismissals, 0);
+}
+
+TEST_F(AddCoinViewTest, aClickOnAWatchedCoinLeavesTheFocusInTheField) {
+    show({"BTC", "SOL"});
+    searchFor(QStringLiteral("SOL"));
+    const QPoint middle = row("SOL")->rect().center();
+    for (const Qt::MouseButton button : {Qt::LeftButton, Qt::RightButton}) {
+        pointer::press(*row("SOL"), middle, button);
+        pointer::release(*row("SOL"), middle, button);
+        EXPECT_TRUE(field().hasFocus());
+    }
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_A, Qt::ControlModifier);
+    type(QStringLiteral("E"));
+    EXPECT_EQ(view->query(), QStringLiteral("E"));
+}
+
+TEST_F(AddCoinViewTest, aPressThatPicksNothingLeavesTheFocusInTheField) {
+    show();
+    searchFor(QStringLiteral("SOL"));
+    pointer::press(*row("SOL"), QPoint(10, 10), Qt::LeftButton);
+    pointer::release(*row("SOL"), QPoint(10, 40), Qt::LeftButton);
+    EXPECT_TRUE(field().hasFocus());
+}
+
+TEST_F(AddCoinViewTest, theMatchesTakeTheFocusForAScreenReader) {
+    show({"BTC", "SOL"});
+    searchFor(QStringLiteral("SOL"));
+    for (const std::string baseAsset : {"SOL", "SOLV"}) {
+        const QAccessibleInterface* const told =
+            QAccessible::queryAccessibleInterface(row(baseAsset));
+        ASSERT_NE(told, nullptr);
+        EXPECT_EQ(told->role(), QAccessible::ListItem);
+        EXPECT_TRUE(told->state().focusable) << baseAsset;
+    }
 }
 
 TEST_F(AddCoinViewTest, onlyWhatCanBeClickedIsTintedUnderThePointer) {
