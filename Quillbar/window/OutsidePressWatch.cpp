@@ -5,6 +5,7 @@
 #include "Quillbar/window/X11Session.h"
 
 #include <QCoreApplication>
+#include <QWidget>
 
 #include <utility>
 #include <xcb/xcb.h>
@@ -31,6 +32,7 @@ void OutsidePressWatch::listen() {
         && select(XCB_INPUT_XI_EVENT_MASK_RAW_BUTTON_PRESS
                   | XCB_INPUT_XI_EVENT_MASK_RAW_BUTTON_RELEASE)) {
         QCoreApplication::instance()->installNativeEventFilter(this);
+        m_entered = XCB_WINDOW_NONE;
         m_isListening = true;
     }
 }
@@ -75,16 +77,41 @@ bool OutsidePressWatch::nativeEventFilter(const QByteArray& type,
         || event->extension != m_extension) {
         return false;
     }
-    if (event->event_type != XCB_INPUT_RAW_BUTTON_PRESS
-        && event->event_type != XCB_INPUT_RAW_BUTTON_RELEASE) {
-        return false;
-    }
-    const auto* const button = static_cast<const xcb_input_raw_button_press_event_t*>(message);
-    if (button->detail <= kLastButton) {
-        (event->event_type == XCB_INPUT_RAW_BUTTON_PRESS ? m_handlers.pressed
-                                                         : m_handlers.released)();
-    }
+    follow(*event);
     return false;
+}
+
+void OutsidePressWatch::follow(const xcb_ge_generic_event_t& event) {
+    switch (event.event_type) {
+    case XCB_INPUT_ENTER:
+        m_entered = reinterpret_cast<const xcb_input_enter_event_t&>(event).event;
+        break;
+    case XCB_INPUT_LEAVE:
+        if (reinterpret_cast<const xcb_input_leave_event_t&>(event).event == m_entered) {
+            m_entered = XCB_WINDOW_NONE;
+        }
+        break;
+    case XCB_INPUT_RAW_BUTTON_PRESS:
+        if (reinterpret_cast<const xcb_input_raw_button_press_event_t&>(event).detail
+            <= kLastButton) {
+            m_handlers.pressed(place());
+        }
+        break;
+    case XCB_INPUT_RAW_BUTTON_RELEASE:
+        if (reinterpret_cast<const xcb_input_raw_button_release_event_t&>(event).detail
+            <= kLastButton) {
+            m_handlers.released();
+        }
+        break;
+    default:
+        break;
+    }
+}
+
+OutsidePressWatch::Place OutsidePressWatch::place() const {
+    // A window that is hidden under the pointer need not be left.
+    const QWidget* const window = m_entered == XCB_WINDOW_NONE ? nullptr : QWidget::find(m_entered);
+    return window != nullptr && window->isVisible() ? Place::inOurWindow : Place::elsewhere;
 }
 
 }  // namespace quillbar

@@ -8,6 +8,8 @@
 #include <cstdint>
 #include <functional>
 
+struct xcb_ge_generic_event_t;
+
 namespace quillbar {
 
 /// Hears every press and release of the three main buttons anywhere on the desktop, on bars and on
@@ -16,9 +18,12 @@ namespace quillbar {
 /// hears nothing. For the main thread, while a QGuiApplication lives.
 class OutsidePressWatch final : public QAbstractNativeEventFilter {
 public:
+    /// Where the pointer was at a press, as far as the server has told: it may have gone on since.
+    enum class Place { inOurWindow, elsewhere };
+
     /// Both are called from the event loop.
     struct Handlers {
-        std::function<void()> pressed;
+        std::function<void(Place)> pressed;
         std::function<void()> released;
     };
 
@@ -35,10 +40,14 @@ public:
 
 private:
     bool nativeEventFilter(const QByteArray& type, void* message, qintptr* result) override;
+    void follow(const xcb_ge_generic_event_t& event);
+    [[nodiscard]] Place place() const;
     bool select(std::uint32_t mask);
 
     Handlers m_handlers;
     std::uint8_t m_extension = 0;
+    // The window of ours that the pointer entered last and has not left; 0 for none.
+    std::uint32_t m_entered = 0;
     bool m_isListening = false;
 };
 

@@ -57,7 +57,8 @@ PanelWindow::PanelWindow(QWidget* content, ToggleGuard::Elapsed elapsed)
     , m_content(content)
     , m_edge(new Edge(this, *content))
     , m_guard(std::move(elapsed))
-    , m_presses({.pressed = [this] { handlePress(); }, .released = [this] { handleRelease(); }}) {
+    , m_presses({.pressed = [this](OutsidePressWatch::Place place) { handlePress(place); },
+                 .released = [this] { handleRelease(); }}) {
     setWindowTitle(QStringLiteral("Quillbar"));
     m_sway = SwayPlacement::ofSession(windowTitle());
     setAccessibleName(QStringLiteral("Quillbar"));
@@ -269,11 +270,15 @@ bool PanelWindow::isInside(const QWidget* widget) const {
     return widget == this;
 }
 
-void PanelWindow::handlePress() {
+void PanelWindow::handlePress(OutsidePressWatch::Place place) {
+    // The server may tell that the pointer has come only after the press, and this may be handled
+    // only when the pointer has gone on; a window of ours takes what may be its own.
+    const bool isOurs =
+        place == OutsidePressWatch::Place::inOurWindow || isOverOurs(QCursor::pos());
     // The first press outside an open menu closes the menu alone.
     if (m_elsewhere != Elsewhere::closes || !m_guard.closesAtPress()
         || QApplication::activePopupWidget() != nullptr
-        || QApplication::activeModalWidget() != nullptr || isOverOurs(QCursor::pos())) {
+        || QApplication::activeModalWidget() != nullptr || isOurs) {
         return;
     }
     m_guard.pressedOutside();

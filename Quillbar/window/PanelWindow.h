@@ -76,7 +76,7 @@ private:
     void closePopups();
     /// Whether the widget is of the panel or of one of its menus and popovers. False for null.
     [[nodiscard]] bool isInside(const QWidget* widget) const;
-    void handlePress();
+    void handlePress(OutsidePressWatch::Place place);
     void handleRelease();
     void handleFocusLoss();
     /// Whether the keyboard is with one of the program's own windows.

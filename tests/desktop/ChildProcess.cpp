@@ -46,6 +46,14 @@ int ChildProcess::waitForEnd() {
     return isOver && m_process.exitStatus() == QProcess::NormalExit ? m_process.exitCode() : -1;
 }
 
+void ChildProcess::halt() {
+    ::kill(static_cast<pid_t>(id()), SIGSTOP);
+}
+
+void ChildProcess::resume() {
+    ::kill(static_cast<pid_t>(id()), SIGCONT);
+}
+
 void ChildProcess::kill() {
     m_process.kill();
     m_process.waitForFinished();

@@ -31,6 +31,9 @@ public:
     [[nodiscard]] QString readLine();
     /// Its exit status, once it has ended by itself; -1 when it does not, or crashed.
     [[nodiscard]] int waitForEnd();
+    /// Keeps it from running, as a busy machine does, until it is to resume.
+    void halt();
+    void resume();
     /// Gives it no chance to say goodbye.
     void kill();
 

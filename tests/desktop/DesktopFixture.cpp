@@ -36,6 +36,8 @@ constexpr QPoint kBelowTab{0, 14};
 // Where the changes stand in their rows.
 constexpr int kChangeX = 320;
 constexpr int kChangeWidth = 50;
+// So low that a row that stands elsewhere by the height of a banner is not taken for it.
+constexpr int kChangeBand = 4;
 constexpr int kStrongColor = 100;
 
 bool hasStrongColor(const QImage& image) {
@@ -245,6 +247,12 @@ void DesktopFixture::openPanel() {
 }
 
 void DesktopFixture::clickOnPanel(QPoint position, int button) {
+    // A window that has grown takes the pointer there only once its corners have been cut again.
+    ASSERT_TRUE(eventually([this] {
+        const QRect panel = panelGeometry();
+        const QPoint lowest(panel.center().x(), panel.bottom());
+        return screen().picture({lowest, QSize(1, 1)}).pixelColor(0, 0) != Screen::background();
+    })) << "the panel is not whole";
     screen().click(panelGeometry().topLeft() + position, button);
     settle();
 }
@@ -264,13 +272,16 @@ bool DesktopFixture::tabToRows() {
 void DesktopFixture::chooseFromMenu(int entry) {
     ASSERT_TRUE(eventually([this] { return hasMenu(); })) << "no menu";
     for (int step = 0; step < entry; ++step) {
+        const QImage before = screen().picture(menuGeometry());
         screen().key(Screen::kDown);
+        ASSERT_TRUE(eventually([&] { return screen().picture(menuGeometry()) != before; })) << step;
     }
     screen().key(Screen::kReturn);
     ASSERT_TRUE(eventually([this] { return !hasMenu(); })) << "the menu stays";
 }
 
 void DesktopFixture::chooseFromMenuOfRow(int row, int entry) {
+    ASSERT_TRUE(eventually([&] { return hasRowsUpTo(row); }));
     clickOnPanel(rowCentre(row), Screen::kRight);
     chooseFromMenu(entry);
 }
@@ -289,6 +300,8 @@ void DesktopFixture::openSearch() {
 void DesktopFixture::openTab(int tab) {
     clickOnPanel({kTabCentres.at(static_cast<std::size_t>(tab)), kTabLine});
     ASSERT_TRUE(eventually([&] { return isTabSelected(tab); })) << tab;
+    // The rows of the tab before may be seen until the frame is whole.
+    settle();
     // So many are on every tab.
     ASSERT_TRUE(eventually([this] { return hasRowsUpTo(3); })) << tab;
 }
@@ -297,7 +310,7 @@ bool DesktopFixture::hasRowsUpTo(int row) const {
     const QImage drawn = screen().picture(panelGeometry());
     for (int each = row - 2; each <= row; ++each) {
         const QRect change(
-            kChangeX, rowCentre(each).y() - kRowHeight / 4, kChangeWidth, kRowHeight / 2);
+            kChangeX, rowCentre(each).y() - kChangeBand / 2, kChangeWidth, kChangeBand);
         if (!hasStrongColor(drawn.copy(change))) {
             return false;
         }
@@ -312,6 +325,7 @@ bool DesktopFixture::isTabSelected(int tab) const {
 }
 
 void DesktopFixture::settle() const {
+    screen().finish();
     // Two questions: the first may overtake what the server still has to hand on.
     static_cast<void>(label());
     static_cast<void>(label());

@@ -40,6 +40,9 @@ protected:
 
     /// Starts the application and waits for its first price in the status area.
     void startApplication();
+    /// Keeps the application from running until it is to resume.
+    void haltApplication() { m_application->halt(); }
+    void resumeApplication() { m_application->resume(); }
     /// Ends the application from outside, and waits for that.
     void endApplication();
     /// The exit status of the application, which something has asked to end; waited for.

@@ -121,6 +121,24 @@ TEST_F(DesktopTest, aPressOnTheBareDesktopAndOneOnTheBarCloseThePanel) {
     }
 }
 
+TEST_F(DesktopTest, aPressInsideIsOneThoughThePointerGoesOnBeforeItIsHandled) {
+    startApplication();
+    openPanel();
+    const QRect panel = panelGeometry();
+    const QPoint disclosure = panel.topLeft() + QPoint(kDisclosureX, rowCentre(0).y());
+    haltApplication();
+    screen().movePointer(disclosure);
+    screen().press();
+    screen().movePointer({300, 600});
+    screen().finish();
+    resumeApplication();
+    settle();
+    screen().movePointer(disclosure);
+    screen().release();
+    EXPECT_TRUE(
+        eventually([&] { return panelGeometry().height() == panel.height() + kChartHeight; }));
+}
+
 TEST_F(DesktopTest, thePanelMovesFromAMonitorThatIsUnplugged) {
     const QRect left(0, 0, 640, 900);
     const QRect right(640, 0, 640, 900);

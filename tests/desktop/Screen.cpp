@@ -145,6 +145,12 @@ void Screen::key(xcb_keysym_t symbol) {
     fake(XCB_KEY_RELEASE, code, {});
 }
 
+void Screen::finish() const {
+    // An answer comes after all that was asked for before.
+    const Held<xcb_get_input_focus_reply_t> reply(xcb_get_input_focus_reply(
+        m_connection.get(), xcb_get_input_focus(m_connection.get()), nullptr));
+}
+
 xcb_atom_t Screen::atom(std::string_view name) const {
     const auto cookie = xcb_intern_atom(
         m_connection.get(), 0, static_cast<std::uint16_t>(name.size()), name.data());

@@ -57,6 +57,9 @@ public:
     /// Presses and releases the key with this symbol of X11's.
     void key(xcb_keysym_t symbol);
 
+    /// Returns once the server has done what it was asked for, and has told the windows.
+    void finish() const;
+
     static constexpr int kLeft = 1;
     static constexpr int kRight = 3;
     static constexpr xcb_keysym_t kEscape = 0xff1b;
