@@ -116,8 +116,10 @@ TEST_P(PicturesTest, everyBoardIsDrawnInItsPalette) {
     }
     const QImage folded = picture();
     clickOnPanel(rowCentre(1));
-    screen().movePointer(kAside);
     const QRect plot(30, rowCentre(1).y() + kRowHeight / 2 + 40, 300, kChartHeight - 80);
+    ASSERT_TRUE(
+        eventually([&] { return colorfulColumns(picture(), plot) > plot.width() * 9 / 10; }));
+    screen().movePointer(kAside);
     EXPECT_TRUE(eventually([&] {
         const QImage unfolded = picture();
         return rowsUnder(1, unfolded, kChartHeight) == rowsUnder(1, folded, 0)
