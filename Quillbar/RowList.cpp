@@ -96,6 +96,10 @@ void RowList::setIds(std::vector<std::string> ids) {
     }
     layOutDetails();
     setOffset(m_offset);
+    if (!isVisible() && m_ids.empty() && slotOf(focused()) != nullptr) {
+        // Shown again, the list is at its first row.
+        setFocus(m_focusReason);
+    }
     synchronize();
 }
 

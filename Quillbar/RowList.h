@@ -43,8 +43,8 @@ struct RowListContent final {
 /// scroll, Enter activates it, the Menu key or Shift+F10 asks for its menu, Alt with an arrow moves
 /// the row itself where rows can be dragged. Tab goes on into the open detail, then out of the
 /// list. The focus stays with its row when the order changes, and passes to the neighbour when the
-/// row goes, from the last row to what follows the list, by whatever it came; the scroll position
-/// stays where it is.
+/// row goes; from the only row it passes to what follows the list, for the reason by which the row
+/// got it. The scroll position stays where it is.
 class RowList final : public QWidget {
 public:
     /// How many rows beyond either edge have a widget.

@@ -169,7 +169,7 @@ void RowList::replaceLostCurrent(std::size_t lostIndex) {
 
 void RowList::giveFocusBack() {
     if (m_ids.empty()) {
-        // What is hidden with the focus hands it on as the Tab key does, to be seen elsewhere.
+        // Hidden with the focus, the row would hand it on as the Tab key does, with a ring.
         focusOutside(true, m_focusReason);
         return;
     }

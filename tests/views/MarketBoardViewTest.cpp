@@ -4,6 +4,7 @@
 
 #include <QAccessible>
 #include <QAccessibleInterface>
+#include <QLineEdit>
 
 #include <gmock/gmock.h>
 
@@ -387,6 +388,24 @@ TEST_F(MarketBoardViewTest, hidingClosesTheChart) {
     EXPECT_EQ(chart("ETH"), nullptr);
     EXPECT_THAT(order(), ElementsAre("1 SOL", "2 ETH", "3 BTC"));
     EXPECT_TRUE(rows->isConsistent()) << rows->brokenRule();
+}
+
+TEST_F(MarketBoardViewTest, shownAgainTheFocusIsBackInItsFirstRow) {
+    openThree();
+    auto* const elsewhere = new QLineEdit(window.get());
+    // Shown before the rows are.
+    elsewhere->lower();
+    elsewhere->show();
+    row("BTC")->setFocus(Qt::MouseFocusReason);
+    window->hide();
+    QWidget another;
+    showActive(another);
+    showActive(*window);
+    settle();
+    ASSERT_THAT(order(), ElementsAre("1 SOL", "2 ETH", "3 BTC"));
+    EXPECT_TRUE(row("SOL")->hasFocus());
+    press(Qt::Key_Down);
+    EXPECT_TRUE(row("ETH")->hasFocus());
 }
 
 TEST_F(MarketBoardViewTest, theViewMayGoWhileItsRowsMove) {
