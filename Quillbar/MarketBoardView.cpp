@@ -329,11 +329,12 @@ bool MarketBoardView::isPolling() const {
 }
 
 void MarketBoardView::pollAfterFrame() {
-    if (isPolling()) {
+    m_start.stop();
+    m_awaitsFrame = !isPolling();
+    if (!m_awaitsFrame) {
         return;
     }
     // The answer of the exchange would compete with the frame that the user waits for.
-    m_awaitsFrame = true;
     update();
 }
 

@@ -36,9 +36,10 @@ class RowList;
 /// row. While a chart is open the rows keep their places and their ranks. A row above tells of data
 /// that have grown old; without data a spinner, a failure or an empty text stands in their place.
 ///
-/// While it is shown it has the models poll, from its first painted frame on, and ranks their data
-/// again after they have changed, once for all that changed together. Hiding it ends the polling and
-/// closes the chart; hidden, it does nothing.
+/// While it is shown it has the models poll, and ranks their data again after they have changed,
+/// once for all that changed together. Polling that a board needs begins after the board's first
+/// frame, or at the next look at the data where none is painted. Hiding the view ends the polling
+/// and closes the chart; hidden, it does nothing.
 class MarketBoardView final : public QWidget {
 public:
     /// The height of the list of rows, in points. The view is as high while there are none.

@@ -324,17 +324,18 @@ TEST_F(MarketBoardDataTest, hidingStopsEverything) {
 
 TEST_F(MarketBoardDataTest, pollsOnceAFrameHasBeenPainted) {
     theMarketIsOfThree();
-    show(RankingBoard::gainers);
+    showUnpainted(RankingBoard::gainers);
     EXPECT_FALSE(market().isPolling()) << "it would compete with the frame";
     ASSERT_NE(placeholder(), nullptr);
     EXPECT_EQ(placeholder()->content(), Content::loading);
+    window->setUpdatesEnabled(true);
     spinUntilIdle();
     EXPECT_TRUE(market().isPolling());
 }
 
 TEST_F(MarketBoardDataTest, pollsWithoutAFrameAtTheNextLook) {
     theMarketIsOfThree();
-    show(RankingBoard::gainers);
+    showUnpainted(RankingBoard::gainers);
     look();
     EXPECT_TRUE(market().isPolling());
     settle();
@@ -343,10 +344,21 @@ TEST_F(MarketBoardDataTest, pollsWithoutAFrameAtTheNextLook) {
 
 TEST_F(MarketBoardDataTest, aViewHiddenBeforeItsFrameDoesNotPoll) {
     theMarketIsOfThree();
-    show(RankingBoard::gainers);
+    showUnpainted(RankingBoard::gainers);
     window->hide();
+    window->setUpdatesEnabled(true);
     spinUntilIdle();
     EXPECT_FALSE(market().isPolling());
+}
+
+TEST_F(MarketBoardDataTest, aBoardLeftBeforeItsFrameLeavesNoSpinner) {
+    theExchangeFails();
+    open(RankingBoard::gainers);
+    window->setUpdatesEnabled(false);
+    view->setBoard(RankingBoard::marketCap);
+    EXPECT_EQ(placeholder()->content(), Content::loading);
+    view->setBoard(RankingBoard::gainers);
+    EXPECT_EQ(placeholder()->content(), Content::failed);
 }
 
 TEST_F(MarketBoardDataTest, hidingTheViewAloneStopsThePollingToo) {

@@ -75,7 +75,15 @@ struct MarketBoardFixture : ViewFixture {
         make(board);
         showActive(*window);
     }
-    /// The same, and lets the first refresh run.
+    /// The same, without a frame until the window's updates are enabled.
+    void showUnpainted(RankingBoard board) {
+        startConnected(listOf({"XMR"}));
+        make(board);
+        window->setUpdatesEnabled(false);
+        showActive(*window);
+        spinUntilIdle();
+    }
+    /// Shows a board and lets the first refresh run.
     void open(RankingBoard board, const std::vector<std::string>& watched = {"XMR"}) {
         show(board, watched);
         settle();
