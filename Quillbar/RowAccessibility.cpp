@@ -10,6 +10,7 @@
 #include <QAccessibleWidget>
 #include <QObject>
 #include <QString>
+#include <QStringList>
 #include <QWidget>
 
 namespace quillbar {
@@ -26,6 +27,14 @@ public:
         QAccessible::State state = QAccessibleWidget::state();
         state.focusable = true;
         return state;
+    }
+
+    [[nodiscard]] QStringList actionNames() const override {
+        QStringList names = QAccessibleWidget::actionNames();
+        if (!names.contains(setFocusAction())) {
+            names << setFocusAction();
+        }
+        return names;
     }
 };
 

@@ -355,11 +355,14 @@ TEST_F(AddCoinViewTest, theMatchesTakeTheFocusForAScreenReader) {
     show({"BTC", "SOL"});
     searchFor(QStringLiteral("SOL"));
     for (const std::string baseAsset : {"SOL", "SOLV"}) {
-        const QAccessibleInterface* const told =
-            QAccessible::queryAccessibleInterface(row(baseAsset));
+        QAccessibleInterface* const told = QAccessible::queryAccessibleInterface(row(baseAsset));
         ASSERT_NE(told, nullptr);
         EXPECT_EQ(told->role(), QAccessible::ListItem);
         EXPECT_TRUE(told->state().focusable) << baseAsset;
+        const QString setFocus = QAccessibleActionInterface::setFocusAction();
+        EXPECT_TRUE(told->actionInterface()->actionNames().contains(setFocus)) << baseAsset;
+        told->actionInterface()->doAction(setFocus);
+        EXPECT_TRUE(row(baseAsset)->hasFocus()) << baseAsset;
     }
 }
 
