@@ -18,7 +18,9 @@ namespace quillbar {
 /// hears nothing. For the main thread, while a QGuiApplication lives.
 class OutsidePressWatch final : public QAbstractNativeEventFilter {
 public:
-    /// Where the pointer was at a press, as far as the server has told: it may have gone on since.
+    /// Where the pointer was at a press, and may no longer be, by what the server has told windows
+    /// of ours that Qt made. `elsewhere` is also said where it has not told: before the pointer
+    /// next enters a window after listen(), and while another program holds the pointer.
     enum class Place { inOurWindow, elsewhere };
 
     /// Both are called from the event loop.

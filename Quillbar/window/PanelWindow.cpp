@@ -271,14 +271,15 @@ bool PanelWindow::isInside(const QWidget* widget) const {
 }
 
 void PanelWindow::handlePress(OutsidePressWatch::Place place) {
-    // The server may tell that the pointer has come only after the press, and this may be handled
-    // only when the pointer has gone on; a window of ours takes what may be its own.
-    const bool isOurs =
-        place == OutsidePressWatch::Place::inOurWindow || isOverOurs(QCursor::pos());
     // The first press outside an open menu closes the menu alone.
     if (m_elsewhere != Elsewhere::closes || !m_guard.closesAtPress()
         || QApplication::activePopupWidget() != nullptr
-        || QApplication::activeModalWidget() != nullptr || isOurs) {
+        || QApplication::activeModalWidget() != nullptr
+        || place == OutsidePressWatch::Place::inOurWindow) {
+        return;
+    }
+    // The server may not have told yet that the pointer has come.
+    if (isOverOurs(QCursor::pos())) {
         return;
     }
     m_guard.pressedOutside();
