@@ -77,7 +77,7 @@ void CoinDetailView::paintEvent(QPaintEvent* /*event*/) {
         return;
     }
     QPainter painter(this);
-    // They are of the candles, as the chart is.
+    // The figures are those of the candles, as the chart is.
     painter.setOpacity(isOutdated() ? PriceChart::kOutdatedOpacity : 1);
     const ThemeColors::Resolved& colors = ThemeKey::value(*this).colors;
     double x = kHorizontalPadding;

@@ -47,11 +47,18 @@ int ChildProcess::waitForEnd() {
 }
 
 void ChildProcess::halt() {
-    ::kill(static_cast<pid_t>(id()), SIGSTOP);
+    signal(SIGSTOP);
 }
 
 void ChildProcess::resume() {
-    ::kill(static_cast<pid_t>(id()), SIGCONT);
+    signal(SIGCONT);
+}
+
+void ChildProcess::signal(int number) {
+    // The group of this process, otherwise.
+    if (id() > 0) {
+        ::kill(static_cast<pid_t>(id()), number);
+    }
 }
 
 void ChildProcess::kill() {

@@ -38,6 +38,8 @@ public:
     void kill();
 
 private:
+    void signal(int number);
+
     QProcess m_process;
 };
 

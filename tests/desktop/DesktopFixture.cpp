@@ -36,7 +36,7 @@ constexpr QPoint kBelowTab{0, 14};
 // Where the changes stand in their rows.
 constexpr int kChangeX = 320;
 constexpr int kChangeWidth = 50;
-// So low that a row that stands elsewhere by the height of a banner is not taken for it.
+// So low that the row above, lowered by a banner of the board, is not taken for it.
 constexpr int kChangeBand = 4;
 constexpr int kStrongColor = 100;
 
@@ -111,9 +111,7 @@ void DesktopFixture::startApplication() {
                           ChildProcess::Complaints::shown);
     ASSERT_TRUE(eventually([this] { return isItemInStatusArea(); })) << "no item";
     ASSERT_TRUE(eventually([this] {
-        const QVariantMap told = label();
-        return told.contains(QStringLiteral("price"))
-               && told.value(QStringLiteral("connection")) == QStringLiteral("connected");
+        return label().contains(QStringLiteral("price")) && isConnected();
     })) << "no price";
 }
 
@@ -165,6 +163,10 @@ std::optional<QString> DesktopFixture::autostartEntry() const {
 QVariantMap DesktopFixture::label() const {
     return qdbus_cast<QVariantMap>(
         desktop().call(kBusName, kBusPath, kLabelInterface, QStringLiteral("Read")));
+}
+
+bool DesktopFixture::isConnected() const {
+    return label().value(QStringLiteral("connection")) == QStringLiteral("connected");
 }
 
 QVariant DesktopFixture::item(const QString& property) const {

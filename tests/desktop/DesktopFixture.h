@@ -59,6 +59,8 @@ protected:
 
     /// What the application tells other programs of its label.
     [[nodiscard]] QVariantMap label() const;
+    /// Whether the exchange's stream is there, and so no banner that says otherwise.
+    [[nodiscard]] bool isConnected() const;
     /// A property of the item in the status area.
     [[nodiscard]] QVariant item(const QString& property) const;
     /// The lines under the title of the item's tooltip.

@@ -262,6 +262,7 @@ TEST_F(CoinDetailViewTest, keepsTheCandlesWhenAnotherRangeFails) {
     theExchangeFails();
     choose(ChartRange::week);
     EXPECT_EQ(seen(), "加载走势失败+button+faint chart");
+    EXPECT_TRUE(hasSummaryLine());
     EXPECT_LT(strengthOfSummaryLine(), 100) << "its figures are not the week's";
     EXPECT_EQ(view->candles(), candles({100, 110}));
     theExchangeHas({200, 210});
