@@ -81,9 +81,9 @@ TEST_F(UnderlineTabsTest, theBarIsOneAndAHalfPointsHigh) {
     const QColor surface = ThemeColors::dark().surface;
     const std::vector<QColor> single = upwards(QStringLiteral("自选"), 3);
     EXPECT_EQ(single.at(0), accent);
-    EXPECT_NEAR(single.at(1).red(), (accent.red() + surface.red()) / 2, 2);
-    EXPECT_NEAR(single.at(1).green(), (accent.green() + surface.green()) / 2, 2);
-    EXPECT_NEAR(single.at(1).blue(), (accent.blue() + surface.blue()) / 2, 2);
+    EXPECT_NEAR(single.at(1).red(), (accent.red() + surface.red()) / 2.0, 2);
+    EXPECT_NEAR(single.at(1).green(), (accent.green() + surface.green()) / 2.0, 2);
+    EXPECT_NEAR(single.at(1).blue(), (accent.blue() + surface.blue()) / 2.0, 2);
     EXPECT_EQ(single.at(2), surface);
     EXPECT_THAT(upwards(QStringLiteral("自选"), 4, 2),
                 ElementsAre(accent, accent, accent, surface));
