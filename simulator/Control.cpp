@@ -63,6 +63,7 @@ void onRequests(const Parameters& parameters, Exchange& exchange) {
                                {"cut-short", Kind::cutShort},
                                {"not-json", Kind::notJson},
                                {"wrong-number", Kind::wrongNumber},
+                               {"empty", Kind::emptyList},
                                {"redirect", Kind::redirect},
                                {"oversized", Kind::oversized},
                                {"reset", Kind::reset}});
@@ -160,8 +161,8 @@ const std::vector<Command>& commands() {
     static const std::vector<Command> kCommands{
         {"requests",
          "what strikes the next requests: kind=status|answer|hold|cut-short|not-json|\n"
-         "wrong-number|redirect|oversized|reset, times=1, path=PREFIX, delay=MILLISECONDS,\n"
-         "status=503, retry-after=SECONDS, location=URL, bytes=N",
+         "wrong-number|empty|redirect|oversized|reset, times=1, path=PREFIX,\n"
+         "delay=MILLISECONDS, status=503, retry-after=SECONDS, location=URL, bytes=N",
          &onRequests},
         {"release",
          "answers the requests that kind=hold keeps waiting",

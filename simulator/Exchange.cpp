@@ -218,6 +218,9 @@ void Exchange::answer(Connection& connection,
     case RequestFault::Kind::wrongNumber:
         response = withWrongNumber(m_router.answer(request));
         break;
+    case RequestFault::Kind::emptyList:
+        response = withEmptyList(m_router.answer(request));
+        break;
     case RequestFault::Kind::redirect:
         response.status = 302;
         response.headers.emplace_back("Location", fault.location);

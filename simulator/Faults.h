@@ -21,6 +21,7 @@ struct RequestFault {
         cutShort,  ///< the head promises the whole body, half of it comes, then the socket closes
         notJson,   ///< status 200 and a page of HTML
         wrongNumber,  ///< the true answer with one price replaced by "abc"
+        emptyList,    ///< the true answer without an entry in its list
         redirect,     ///< status 302 to `location`
         oversized,    ///< status 200 and a body of `bytes` bytes
         reset,        ///< the socket is reset (RST) instead of an answer

@@ -277,4 +277,18 @@ HttpResponse withWrongNumber(HttpResponse response) {
     return response;
 }
 
+HttpResponse withEmptyList(HttpResponse response) {
+    constexpr std::string_view kPairs = R"("symbols":)";
+    std::string& body = response.body;
+    // The whole body is the list, but for the exchange's information, which ends with it.
+    const std::size_t pairs = body.find(kPairs);
+    const std::size_t list =
+        body.starts_with('{') && pairs != std::string::npos ? pairs + kPairs.size() : 0;
+    const std::size_t end = body.rfind(']');
+    if (body.compare(list, 1, "[") == 0 && end != std::string::npos) {
+        body.replace(list, end - list + 1, "[]");
+    }
+    return response;
+}
+
 }  // namespace quillbar::simulator

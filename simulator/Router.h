@@ -40,4 +40,8 @@ private:
 /// The answer with one of its prices replaced by "abc"; the one a reader of that body converts.
 [[nodiscard]] HttpResponse withWrongNumber(HttpResponse response);
 
+/// The answer with nothing in its list: of pairs, tickers, candles or market caps. Any other answer
+/// as it is.
+[[nodiscard]] HttpResponse withEmptyList(HttpResponse response);
+
 }  // namespace quillbar::simulator

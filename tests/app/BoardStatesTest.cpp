@@ -243,19 +243,26 @@ TEST_F(BoardStatesTest, theMarketCapBoardFailsWithTheExchangeToo) {
 }
 
 TEST_F(BoardStatesTest, saysThatThereIsNothingWhenTheAnswerIsEmpty) {
-    // The page after the last one, of another server: here it would be led there again.
-    m_exchange->faults().onRequests(
-        {.kind = RequestFault::Kind::redirect,
-         .times = kAlways,
-         .pathPrefix = kMarketCapsPath,
-         .retryAfter = std::nullopt,
-         .location =
-             exchange().marketCapBase() + "/coins/markets?vs_currency=usd&per_page=250&page=99"});
-    open(RankingBoard::marketCap);
+    m_exchange->faults().on(RequestFault::Kind::emptyList, kTickersPath, kAlways);
+    open(RankingBoard::gainers);
     ASSERT_TRUE(spinUntil([this] { return says(kEmpty); }));
     EXPECT_FALSE(isSpinning());
     EXPECT_FALSE(says(kFailure));
     EXPECT_FALSE(says("重试"));
+
+    allIsWell();
+    ASSERT_TRUE(isAskedAgain());
+    EXPECT_TRUE(spinUntil([this] { return hasRows(); }));
+    EXPECT_FALSE(says(kEmpty));
+}
+
+TEST_F(BoardStatesTest, onlyTheirOwnBoardIsEmptyWithoutMarketCaps) {
+    m_exchange->faults().on(RequestFault::Kind::emptyList, kMarketCapsPath, kAlways);
+    open(RankingBoard::marketCap);
+    ASSERT_TRUE(spinUntil([this] { return says(kEmpty); }));
+    EXPECT_FALSE(isSpinning());
+    m_view->setBoard(RankingBoard::losers);
+    EXPECT_TRUE(spinUntil([this] { return hasRows(); }));
 }
 
 TEST_F(BoardStatesTest, warnsOfRowsThatCouldNotBeRefreshedAndCountsTheMinutes) {

@@ -5,6 +5,7 @@
 
 #include <QElapsedTimer>
 #include <QJsonArray>
+#include <QJsonObject>
 #include <QNetworkProxy>
 #include <QSslSocket>
 #include <QTcpSocket>
@@ -108,6 +109,36 @@ TEST_F(RequestFaultsTest, ANumberIsWrongInABodyThatIsStillJson) {
         m_client.get(simulator.marketCapBase() + "/coins/markets?vs_currency=usd&per_page=3");
     EXPECT_EQ(caps.json().array()[0][u"current_price"].toString(), u"abc");
     EXPECT_THAT(candles().body, Not(HasSubstr("abc")));
+}
+
+TEST_F(RequestFaultsTest, AListIsEmptyInABodyThatIsStillJson) {
+    using Kind = RequestFault::Kind;
+    for (const std::string& list : {candles().body, tickers().body}) {
+        EXPECT_THAT(list, Not("[]"));
+    }
+    simulator.faults().on(Kind::emptyList, "/api/v3/klines");
+    EXPECT_EQ(candles().body, "[]");
+    simulator.faults().on(Kind::emptyList, "/api/v3/ticker");
+    EXPECT_EQ(tickers().body, "[]");
+    simulator.faults().on(Kind::emptyList, "/coingecko");
+    EXPECT_EQ(
+        m_client.get(simulator.marketCapBase() + "/coins/markets?vs_currency=usd&per_page=3").body,
+        "[]");
+    simulator.faults().on(Kind::emptyList, "/api/v3/exchangeInfo");
+    const QJsonObject information =
+        m_client.get(simulator.restBase() + "/exchangeInfo").json().object();
+    EXPECT_TRUE(information[u"symbols"].isArray());
+    EXPECT_TRUE(information[u"symbols"].toArray().isEmpty());
+    EXPECT_GT(information.size(), 1) << "the rest is as it was";
+    EXPECT_THAT(candles().body, Not("[]"));
+}
+
+TEST_F(RequestFaultsTest, AnAnswerWithoutAListStaysAsItIs) {
+    simulator.faults().on(RequestFault::Kind::emptyList, "/icons");
+    const std::string path = simulator.iconBase() + "/BTC.png";
+    const std::string struck = m_client.get(path).body;
+    EXPECT_EQ(struck, m_client.get(path).body);
+    EXPECT_FALSE(struck.empty());
 }
 
 TEST_F(RequestFaultsTest, ARedirectNamesItsTarget) {
@@ -223,6 +254,8 @@ TEST_F(ControlTest, FaultsAreSetOverHttp) {
     EXPECT_EQ(candles().error, QNetworkReply::RemoteHostClosedError);
     EXPECT_EQ(control("requests?kind=wrong-number").status, 200);
     EXPECT_THAT(candles().body, HasSubstr("abc"));
+    EXPECT_EQ(control("requests?kind=empty").status, 200);
+    EXPECT_EQ(candles().body, "[]");
     EXPECT_EQ(control("requests?kind=oversized&bytes=77").status, 200);
     EXPECT_EQ(candles().body.size(), 77U);
 }
