@@ -120,14 +120,9 @@ void setCertificate(const Parameters& parameters, Exchange& exchange) {
                                                      {"wrong-host", CertificateKind::wrongHost}}));
 }
 
-// The port is closed to this path too, so it opens by itself.
 void refuse(const Parameters& parameters, Exchange& exchange) {
-    constexpr int kSecond = 1000;
-    const std::chrono::milliseconds time{number(parameters, "for", 1, kSecond)};
-    const auto open = choice<OpenConnections>(
-        parameters, "open", {{"keep", OpenConnections::keep}, {"drop", OpenConnections::drop}});
-    QTimer::singleShot(0, &exchange, [&exchange, open] { exchange.refuseConnections(open); });
-    QTimer::singleShot(time, &exchange, [&exchange] { exchange.listenAgain(); });
+    exchange.refuseConnections(choice<OpenConnections>(
+        parameters, "open", {{"keep", OpenConnections::keep}, {"drop", OpenConnections::drop}}));
 }
 
 void tick(const Parameters& parameters, Exchange& exchange) {
@@ -175,7 +170,7 @@ const std::vector<Command>& commands() {
          "how far later connections get: is=normal|silent-tls|silent-upgrade",
          &setHandshake},
         {"certificate", "for later connections: is=valid|expired|wrong-host", &setCertificate},
-        {"refuse", "closes the port: for=1000 milliseconds, open=keep|drop", &refuse},
+        {"refuse", "closes the exchange's port: open=keep|drop", &refuse},
         {"burst",
          "frames=100 mini-tickers at once on every stream",
          [](const Parameters& parameters, Exchange& exchange) {
@@ -203,11 +198,11 @@ const std::vector<Command>& commands() {
     return kCommands;
 }
 
-HttpResponse complaint(int status, std::string_view text) {
+HttpResponse plainText(int status, std::string text) {
     HttpResponse response;
     response.status = status;
     response.contentType = "text/plain";
-    response.body = fmt::format("{}\n", text);
+    response.body = std::move(text);
     return response;
 }
 
@@ -215,17 +210,20 @@ HttpResponse complaint(int status, std::string_view text) {
 
 HttpResponse answerControl(const HttpRequest& request, Exchange& exchange) {
     const std::string_view path = request.path;
-    const std::string_view name = path.substr(std::min(kControlPrefix.size() + 1, path.size()));
+    if (path == "/") {
+        return plainText(200, controlHelp());
+    }
+    const std::string_view name = path.substr(std::min<std::size_t>(1, path.size()));
     const auto& all = commands();
     const auto command = std::find_if(
         all.begin(), all.end(), [name](const Command& each) { return each.name == name; });
     if (command == all.end()) {
-        return complaint(404, controlHelp());
+        return plainText(404, controlHelp());
     }
     try {
         command->run(request, exchange);
     } catch (const std::exception& error) {
-        return complaint(400, error.what());
+        return plainText(400, fmt::format("{}\n", error.what()));
     }
     HttpResponse response;
     response.body = name == "state" ? stateText(exchange) : R"({"done":true})";
@@ -235,7 +233,7 @@ HttpResponse answerControl(const HttpRequest& request, Exchange& exchange) {
 std::string controlHelp() {
     std::string text;
     for (const Command& command : commands()) {
-        text += fmt::format("  /control/{}\n", command.name);
+        text += fmt::format("  /{}\n", command.name);
         std::string_view help = command.help;
         while (!help.empty()) {
             const std::size_t end = std::min(help.find('\n'), help.size());

@@ -11,11 +11,9 @@ namespace quillbar::simulator {
 
 class Exchange;
 
-/// Where the faults lie over HTTP.
-inline constexpr std::string_view kControlPrefix = "/control";
-
-/// Carries out one request to `/control/NAME?PARAMETERS` and answers {"done":true}, or 400 with what
-/// is wrong with it. GET and POST are the same; parameters are read from the query alone.
+/// Carries out one request to `/NAME?PARAMETERS` and answers {"done":true}, or 400 with what is wrong
+/// with it. `/` answers with the help. GET and POST are the same; parameters are read from the query
+/// alone.
 [[nodiscard]] HttpResponse answerControl(const HttpRequest& request, Exchange& exchange);
 
 /// The text that explains every name and parameter, for `--help`.

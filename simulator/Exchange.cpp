@@ -3,7 +3,6 @@
 #include "simulator/Exchange.h"
 
 #include "simulator/Bodies.h"
-#include "simulator/Control.h"
 
 #include <QSslCertificate>
 #include <QSslKey>
@@ -146,10 +145,6 @@ int Exchange::openStreams() const {
 // Requests.
 
 void Exchange::requested(Connection& connection, const HttpRequest& request) {
-    if (request.path.starts_with(kControlPrefix)) {
-        connection.send(answerControl(request, *this));
-        return;
-    }
     remember(log.requests, {request.method, request.target, request.path, request.headers});
     if (const std::optional<RequestFault> fault = strike(request)) {
         schedule(connection, fault->delay, [this, &connection, request, fault = *fault] {

@@ -30,8 +30,8 @@ struct RequestFault {
     Kind kind = Kind::answer;
     /// How many requests it strikes, at least 1.
     int times = 1;
-    /// Only requests whose path begins so. Empty: every request but the stream's handshakes and
-    /// `/control`, which is never struck; "/stream" strikes handshakes.
+    /// Only requests whose path begins so. Empty: every request but the stream's handshakes;
+    /// "/stream" strikes those.
     std::string pathPrefix;
     int status = 503;
     std::optional<std::chrono::seconds> retryAfter;

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "simulator/Simulator.h"
 
+#include "simulator/ControlServer.h"
 #include "simulator/Exchange.h"
 
 #include <fmt/format.h>
@@ -37,7 +38,8 @@ std::string RequestRecord::header(std::string_view name) const {
 class Simulator::Impl final {
 public:
     explicit Impl(const SimulatorOptions& options)
-        : exchange(options) {}
+        : exchange(options)
+        , control(exchange) {}
 
     [[nodiscard]] std::string base(std::string_view scheme, std::string_view path) const {
         return fmt::format(
@@ -45,6 +47,7 @@ public:
     }
 
     Exchange exchange;
+    ControlServer control;
 };
 
 Simulator::Simulator(const SimulatorOptions& options)
@@ -73,7 +76,7 @@ std::string Simulator::iconBase() const {
 }
 
 std::string Simulator::controlBase() const {
-    return m_impl->base("http", "/control");
+    return fmt::format("http://127.0.0.1:{}", m_impl->control.port());
 }
 
 std::string Simulator::caCertificatePem() const {

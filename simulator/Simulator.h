@@ -15,7 +15,7 @@
 
 namespace quillbar::simulator {
 
-/// A request as it arrived, stream handshakes included, `/control` left out.
+/// A request as it arrived, stream handshakes included.
 struct RequestRecord {
     std::string method;
     /// Path and query exactly as sent, percent-encoding kept.
@@ -42,7 +42,8 @@ struct RequestRecord {
 /// | /stream?streams=btcusdt@miniTicker/… | the combined WebSocket stream |
 /// | /coingecko/api/v3/coins/markets | market capitalisations |
 /// | /icons/BTC.png | a small logo for every listed base asset, else 404 |
-/// | /control/… | the faults over HTTP; `quillbar-simulator --help` lists them |
+///
+/// A second port has the faults over plain HTTP; `quillbar-simulator --help` lists them.
 class Simulator final {
 public:
     /// Throws std::runtime_error, with a one-line English text, when the port cannot be had, the
@@ -65,7 +66,7 @@ public:
     [[nodiscard]] std::string marketCapBase() const;
     /// "https://127.0.0.1:PORT/icons".
     [[nodiscard]] std::string iconBase() const;
-    /// "https://127.0.0.1:PORT/control".
+    /// "http://127.0.0.1:PORT", the second port.
     [[nodiscard]] std::string controlBase() const;
 
     /// The certificate authority to trust, as PEM and as the path of a file that holds it. Both are

@@ -20,7 +20,7 @@ echo rest https://127.0.0.1:4711/api/v3
 echo stream wss://127.0.0.1:4711
 echo market-caps https://127.0.0.1:4711/coingecko/api/v3
 echo icons https://127.0.0.1:4711/icons
-echo control https://127.0.0.1:4711/control
+echo control http://127.0.0.1:4712
 echo ready
 exec tail -f /dev/null
 """
@@ -154,7 +154,8 @@ class Run(unittest.TestCase):
         self.assertTrue(arguments.startswith("--ca-file "), arguments)
         self.assertIn(f"kill {self.pid_of('simulator')}\n", err)
         self.assertIn(f"quillbar-simulator {arguments} --port 4711\n", err)
-        self.assertIn("https://127.0.0.1:4711/control ", err)
+        self.assertIn("http://127.0.0.1:4712/ ", err)
+        self.assertRegex(err, f"files: +{self.temporary}/quillbar-demo")
 
     def test_the_demo_goes_on_when_the_simulator_dies(self):
         process, _ = self.start_and_read("--demo")
