@@ -136,7 +136,8 @@ Task<void> QuillbarApp::refreshFaceEachMinute() {
 
 Task<void> QuillbarApp::releaseStartPages() {
     co_await m_sleeper(kStartLasts);
-    StartPages::release();
+    // Asking the system which pages those are takes it several milliseconds.
+    m_worker->run(&StartPages::release);
 }
 
 void QuillbarApp::activate(QPoint anchor, ActivationSource source) {

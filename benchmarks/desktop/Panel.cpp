@@ -7,6 +7,7 @@
 #include "Quillbar/CoinRowView.h"
 #include "Quillbar/MarketRowView.h"
 #include "Quillbar/platform/CertificateAuthorities.h"
+#include "Quillbar/platform/SmallHeap.h"
 #include "Quillbar/QuillbarApp.h"
 #include "Quillbar/ServiceEndpoints.h"
 #include "Quillbar/UnderlineTabs.h"
@@ -136,6 +137,7 @@ Sleeper sleeperBetweenPolls(Seconds interval) {
 }  // namespace
 
 int runPanel(int argc, char** argv) {
+    SmallHeap::use();
     QApplication::setHighDpiScaleFactorRoundingPolicy(
         Qt::HighDpiScaleFactorRoundingPolicy::PassThrough);
     QApplication application(argc, argv);
