@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "simulator/Control.h"
 #include "tests/qtsupport/SpinUntil.h"
-#include "tests/simulator/Clients.h"
+#include "tests/simulator/ExchangeFixture.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -14,25 +14,11 @@ namespace {
 
 using ::testing::HasSubstr;
 
-class ControlTest : public ::testing::Test {
+class ControlTest : public ExchangeFixture {
 protected:
-    static SimulatorOptions options() {
-        SimulatorOptions options;
-        options.symbolCount = 20;
-        return options;
-    }
-    Answer candles() {
-        return m_client.get(simulator.restBase() + "/klines?symbol=BTCUSDT&interval=1m&limit=2");
-    }
     Answer control(const std::string& command) {
         return m_client.get(simulator.controlBase() + "/" + command);
     }
-
-public:
-    Simulator simulator{options()};
-
-private:
-    HttpClient m_client{simulator};
 };
 
 TEST_F(ControlTest, FaultsAreSetOverHttp) {

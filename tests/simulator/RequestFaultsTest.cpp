@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Quillbar developers
 // SPDX-License-Identifier: MIT
 #include "tests/qtsupport/SpinUntil.h"
-#include "tests/simulator/Clients.h"
+#include "tests/simulator/ExchangeFixture.h"
 
 #include <QElapsedTimer>
 #include <QJsonArray>
@@ -21,25 +21,7 @@ namespace {
 using ::testing::HasSubstr;
 using ::testing::Not;
 
-class RequestFaultsTest : public ::testing::Test {
-protected:
-    static SimulatorOptions options() {
-        SimulatorOptions options;
-        options.symbolCount = 20;
-        return options;
-    }
-
-    Answer candles() {
-        return m_client.get(simulator.restBase() + "/klines?symbol=BTCUSDT&interval=1m&limit=2");
-    }
-    Answer tickers() { return m_client.get(simulator.restBase() + "/ticker/24hr"); }
-
-public:
-    Simulator simulator{options()};
-
-protected:
-    HttpClient m_client{simulator};
-};
+using RequestFaultsTest = ExchangeFixture;
 
 TEST_F(RequestFaultsTest, AStatusStrikesTheNextRequestsAndNoMore) {
     simulator.faults().status(503, 2);

@@ -9,6 +9,7 @@
 #include "Quillbar/NumericCell.h"
 #include "Quillbar/RowList.h"
 #include "Quillbar/SortableHeader.h"
+#include "tests/views/ChartStandIn.h"
 #include "tests/views/ViewFixture.h"
 #include "tests/views/Widgets.h"
 
@@ -49,10 +50,7 @@ struct CoinListFixture : ViewFixture {
         layout->setSizeConstraint(QLayout::SetFixedSize);
         view = new CoinListView(environment(), expanded, [this](const Coin& coin, QWidget* parent) {
             ++chartsMade;
-            auto* const chart = new QWidget(parent);
-            chart->setAccessibleName(QStringLiteral("chart ")
-                                     + QString::fromStdString(coin.baseAsset));
-            return chart;
+            return makeChart(coin, parent);
         });
         view->setFixedWidth(400);
         layout->addWidget(view);
@@ -150,7 +148,7 @@ struct CoinListFixture : ViewFixture {
         return nullptr;
     }
     [[nodiscard]] QWidget* chart(const std::string& baseAsset) const {
-        return named(*window, QStringLiteral("chart ") + QString::fromStdString(baseAsset));
+        return named(*window, chartName(baseAsset));
     }
     [[nodiscard]] static QMenu* menu() {
         return dynamic_cast<QMenu*>(QApplication::activePopupWidget());

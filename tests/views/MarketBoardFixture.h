@@ -10,6 +10,7 @@
 #include "Quillbar/MarketRowView.h"
 #include "Quillbar/NumericCell.h"
 #include "Quillbar/RowList.h"
+#include "tests/views/ChartStandIn.h"
 #include "tests/views/ViewFixture.h"
 #include "tests/views/Widgets.h"
 
@@ -71,14 +72,12 @@ struct MarketBoardFixture : ViewFixture {
 
     /// Shows a board to a user who watches these coins; nothing has had a turn yet.
     void show(RankingBoard board, const std::vector<std::string>& watched = {"XMR"}) {
-        startConnected(listOf(watched));
-        make(board);
+        prepare(board, watched);
         showActive(*window);
     }
     /// The same, without a frame until the window's updates are enabled.
     void showUnpainted(RankingBoard board) {
-        startConnected(listOf({"XMR"}));
-        make(board);
+        prepare(board, {"XMR"});
         window->setUpdatesEnabled(false);
         showActive(*window);
         spinUntilIdle();
@@ -89,6 +88,10 @@ struct MarketBoardFixture : ViewFixture {
         settle();
     }
 
+    void prepare(RankingBoard board, const std::vector<std::string>& watched) {
+        startConnected(listOf(watched));
+        make(board);
+    }
     /// Makes the view, over the state that is built, in a window that is not shown.
     void make(RankingBoard board) {
         window = std::make_unique<QWidget>();
@@ -96,12 +99,7 @@ struct MarketBoardFixture : ViewFixture {
         auto* const layout = new QVBoxLayout(window.get());
         layout->setContentsMargins(0, 0, 0, 0);
         layout->setSizeConstraint(QLayout::SetFixedSize);
-        view = new MarketBoardView(environment(), board, [](const Coin& coin, QWidget* parent) {
-            auto* const chart = new QWidget(parent);
-            chart->setAccessibleName(QStringLiteral("chart ")
-                                     + QString::fromStdString(coin.baseAsset));
-            return chart;
-        });
+        view = new MarketBoardView(environment(), board, &makeChart);
         view->setFixedWidth(400);
         layout->addWidget(view);
         rows = widgetsOf<RowList>(*window).front();
@@ -200,7 +198,7 @@ struct MarketBoardFixture : ViewFixture {
         return named(*row(baseAsset), QStringLiteral("已在自选列表中"));
     }
     [[nodiscard]] QWidget* chart(const std::string& baseAsset) const {
-        return named(*window, QStringLiteral("chart ") + QString::fromStdString(baseAsset));
+        return named(*window, chartName(baseAsset));
     }
     /// What stands in the place of the rows; null while there are rows.
     [[nodiscard]] BoardPlaceholder* placeholder() const {
