@@ -136,8 +136,7 @@ Task<void> QuillbarApp::refreshFaceEachMinute() {
 
 Task<void> QuillbarApp::releaseStartPages() {
     co_await m_sleeper(kStartLasts);
-    // Asking the system which pages those are takes it several milliseconds.
-    m_worker->run(&StartPages::release);
+    StartPages::release();
 }
 
 void QuillbarApp::activate(QPoint anchor, ActivationSource source) {

@@ -25,6 +25,7 @@ market capitalisations and icons on one port. Prints its addresses on standard o
 one a line, then "ready", and runs until SIGINT or SIGTERM.
 
   --port PORT           the port; a free one when not given
+  --control-port PORT   the same for the port of the faults
   --plain               http and ws instead of https and wss
   --ca-file PATH        where the certificate authority is kept, its key in PATH.key;
                         both are used again when they exist
@@ -60,6 +61,10 @@ Number numberOf(std::string_view option,
     return number;
 }
 
+std::uint16_t portOf(std::string_view option, std::string_view value) {
+    return numberOf<std::uint16_t>(option, value, 0, 65535, "a number from 0 to 65535");
+}
+
 CertificateKind certificateOf(std::string_view option, std::string_view value) {
     if (value == "valid") {
         return CertificateKind::valid;
@@ -79,11 +84,14 @@ struct Setting {
     void (*apply)(SimulatorOptions& options, std::string_view option, std::string_view value);
 };
 
-constexpr std::array<Setting, 7> kSettings{{
+constexpr std::array<Setting, 8> kSettings{{
     {"--port",
      [](SimulatorOptions& options, std::string_view option, std::string_view value) {
-         options.port =
-             numberOf<std::uint16_t>(option, value, 0, 65535, "a number from 0 to 65535");
+         options.port = portOf(option, value);
+     }},
+    {"--control-port",
+     [](SimulatorOptions& options, std::string_view option, std::string_view value) {
+         options.controlPort = portOf(option, value);
      }},
     {"--ca-file",
      [](SimulatorOptions& options, std::string_view option, std::string_view value) {

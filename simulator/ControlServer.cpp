@@ -4,22 +4,15 @@
 
 #include "simulator/Control.h"
 
-#include <fmt/format.h>
-
 #include <optional>
-#include <stdexcept>
 
 namespace quillbar::simulator {
 
-ControlServer::ControlServer(Exchange& exchange)
+ControlServer::ControlServer(Exchange& exchange, std::uint16_t port)
     : m_exchange(exchange)
-    // Owned by this object, and by itself from its end on.
     , m_port(
           [this](qintptr descriptor) { new Connection(descriptor, std::nullopt, *this, this); }) {
-    if (!m_port.open(0)) {
-        throw std::runtime_error(fmt::format("cannot listen on 127.0.0.1 for the control: {}",
-                                             m_port.errorString().toStdString()));
-    }
+    m_port.open(port);
 }
 
 void ControlServer::requested(Connection& connection, const HttpRequest& request) {

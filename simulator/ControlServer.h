@@ -13,13 +13,13 @@ namespace quillbar::simulator {
 
 class Exchange;
 
-/// The exchange's faults over plain HTTP, on a port of their own: within reach of every browser, and
-/// while the exchange's port is closed. The exchange outlives it.
+/// The exchange's faults over plain HTTP, on a port of their own: within reach of every browser,
+/// also while the exchange's port is closed. The exchange outlives it.
 class ControlServer final : public QObject,
                             private ConnectionHost {
 public:
-    /// Listens on any free port of 127.0.0.1. Throws std::runtime_error when there is none.
-    explicit ControlServer(Exchange& exchange);
+    /// Listens on 127.0.0.1, at any free port for 0. Throws std::runtime_error when it is taken.
+    ControlServer(Exchange& exchange, std::uint16_t port);
 
     [[nodiscard]] std::uint16_t port() const { return m_port.serverPort(); }
 

@@ -100,10 +100,8 @@ void Exchange::refuseConnections(OpenConnections open) {
 }
 
 void Exchange::listenAgain() {
-    if (!m_port.isListening() && !m_port.open(m_portNumber)) {
-        throw std::runtime_error(fmt::format("cannot listen on 127.0.0.1 port {}: {}",
-                                             m_portNumber,
-                                             m_port.errorString().toStdString()));
+    if (!m_port.isListening()) {
+        m_port.open(m_portNumber);
     }
 }
 

@@ -18,8 +18,8 @@ public:
     explicit Port(std::function<void(qintptr)> accepted)
         : m_accepted(std::move(accepted)) {}
 
-    /// Opens the port, 0 being any free one; false when it is taken, the reason in `errorString()`.
-    [[nodiscard]] bool open(std::uint16_t port) { return listen(QHostAddress::LocalHost, port); }
+    /// Opens the port, 0 being any free one. Throws std::runtime_error when it is taken.
+    void open(std::uint16_t port);
 
 protected:
     void incomingConnection(qintptr descriptor) override { m_accepted(descriptor); }

@@ -39,7 +39,7 @@ class Simulator::Impl final {
 public:
     explicit Impl(const SimulatorOptions& options)
         : exchange(options)
-        , control(exchange) {}
+        , control(exchange, options.controlPort) {}
 
     [[nodiscard]] std::string base(std::string_view scheme, std::string_view path) const {
         return fmt::format(

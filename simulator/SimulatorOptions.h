@@ -27,6 +27,8 @@ enum class CertificateKind { valid, expired, wrongHost };
 struct SimulatorOptions {
     /// The port on 127.0.0.1; 0 takes a free one.
     std::uint16_t port = 0;
+    /// The same for the port that the faults are reached at.
+    std::uint16_t controlPort = 0;
     Transport transport = Transport::tls;
     CertificateKind certificate = CertificateKind::valid;
     /// Where the authority's certificate is written (PEM), its key beside it as `PATH.key` with mode

@@ -5,83 +5,75 @@
 #include <QByteArray>
 #include <QFile>
 #include <QIODevice>
+#include <QString>
 
 #include <algorithm>
-#include <charconv>
-#include <cstddef>
-#include <optional>
-#include <string_view>
 #include <sys/mman.h>
-#include <system_error>
+#include <unistd.h>
 
 namespace quillbar::StartPages {
 
 namespace {
 
-// What ends at the separator, which is taken off the text too.
-std::string_view take(std::string_view& text, char separator) {
-    const std::string_view taken = text.substr(0, text.find(separator));
-    text.remove_prefix(std::min(taken.size() + 1, text.size()));
-    return taken;
+template <class Pointed>
+Pointed* pointerTo(std::uintptr_t address) {
+    // NOLINTNEXTLINE(cppcoreguidelines-pro-type-reinterpret-cast, performance-no-int-to-ptr)
+    return reinterpret_cast<Pointed*>(address);
 }
 
-std::optional<std::uintptr_t> address(std::string_view text) {
-    constexpr int kHexadecimal = 16;
-    std::uintptr_t value = 0;
-    const char* const end = text.data() + text.size();
-    const auto [stop, error] = std::from_chars(text.data(), end, value, kHexadecimal);
-    return error == std::errc{} && stop == end ? std::optional(value) : std::nullopt;
-}
-
-struct Heading final {
-    Mapping mapping;
-    bool isCandidate = false;
-};
-
-// "55d0c0-55d0d0 r-xp 00000000 fe:00 1234    /usr/bin/program"
-std::optional<Heading> headingOf(std::string_view line) {
-    const auto begin = address(take(line, '-'));
-    const auto end = address(take(line, ' '));
-    if (!begin || !end) {
-        return std::nullopt;
+bool hasTextRelocations(std::uintptr_t base, std::span<const ElfW(Phdr)> segments) {
+    const auto dynamic = std::find_if(segments.begin(), segments.end(), [](const auto& segment) {
+        return segment.p_type == PT_DYNAMIC;
+    });
+    if (dynamic == segments.end()) {
+        return false;
     }
-    const std::string_view rights = take(line, ' ');
-    take(line, ' ');
-    take(line, ' ');
-    const std::string_view inode = take(line, ' ');
-    return Heading{{*begin, *end}, rights.starts_with("r-") && inode != "0"};
+    const std::span entries(pointerTo<const ElfW(Dyn)>(base + dynamic->p_vaddr),
+                            dynamic->p_memsz / sizeof(ElfW(Dyn)));
+    return std::any_of(entries.begin(), entries.end(), [](const ElfW(Dyn) & entry) {
+        return entry.d_tag == DT_TEXTREL
+               || (entry.d_tag == DT_FLAGS && (entry.d_un.d_val & DF_TEXTREL) != 0);
+    });
 }
 
-bool saysNothingOwn(std::string_view line) {
-    return take(line, ':') == "Anonymous" && line.ends_with(" 0 kB");
+bool isDebugged() {
+    QFile file(QStringLiteral("/proc/self/status"));
+    return !file.open(QIODevice::ReadOnly) || !file.readAll().contains("\nTracerPid:\t0\n");
+}
+
+int releaseObject(dl_phdr_info* object, std::size_t /*size*/, void* /*unused*/) {
+    const auto pageSize = static_cast<std::size_t>(::sysconf(_SC_PAGESIZE));
+    for (const auto& [begin, end] :
+         unwritten(object->dlpi_addr, {object->dlpi_phdr, object->dlpi_phnum}, pageSize)) {
+        ::madvise(pointerTo<void>(begin), end - begin, MADV_DONTNEED);
+    }
+    return 0;
 }
 
 }  // namespace
 
-std::vector<Mapping> clean(std::string_view smaps) {
+std::vector<Mapping> unwritten(std::uintptr_t base,
+                               std::span<const ElfW(Phdr)> segments,
+                               std::size_t pageSize) {
     std::vector<Mapping> mappings;
-    Heading current;
-    while (!smaps.empty()) {
-        const std::string_view line = take(smaps, '\n');
-        if (const auto heading = headingOf(line)) {
-            current = *heading;
-        } else if (current.isCandidate && saysNothingOwn(line)) {
-            mappings.push_back(current.mapping);
+    if (hasTextRelocations(base, segments)) {
+        return mappings;
+    }
+    for (const auto& segment : segments) {
+        const bool canBeWritten = (segment.p_flags & PF_W) != 0;
+        const std::uintptr_t first = base + segment.p_vaddr;
+        const std::uintptr_t begin = (first + pageSize - 1) / pageSize * pageSize;
+        const std::uintptr_t end = (first + segment.p_memsz) / pageSize * pageSize;
+        if (segment.p_type == PT_LOAD && !canBeWritten && begin < end) {
+            mappings.push_back({begin, end});
         }
     }
     return mappings;
 }
 
 void release() {
-    QFile file(QStringLiteral("/proc/self/smaps"));
-    if (!file.open(QIODevice::ReadOnly)) {
-        return;
-    }
-    const QByteArray text = file.readAll();
-    for (const auto& [begin, end] :
-         clean({text.constData(), static_cast<std::size_t>(text.size())})) {
-        // NOLINTNEXTLINE(cppcoreguidelines-pro-type-reinterpret-cast, performance-no-int-to-ptr)
-        ::madvise(reinterpret_cast<void*>(begin), end - begin, MADV_DONTNEED);
+    if (!isDebugged()) {
+        ::dl_iterate_phdr(&releaseObject, nullptr);
     }
 }
 

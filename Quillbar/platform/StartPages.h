@@ -2,13 +2,15 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
-#include <string_view>
+#include <link.h>
+#include <span>
 #include <vector>
 
 /// The pages that a start leaves behind. Starting maps most of the program and its libraries
-/// (relocations, tables of symbols, code that runs once), and they would stay resident for as long as
-/// the program lives, although little of it runs again.
+/// (relocations, tables of symbols, code that runs once), and they would stay resident for as long
+/// as the program lives, although little of it runs again.
 namespace quillbar::StartPages {
 
 /// A stretch of addresses.
@@ -19,14 +21,18 @@ struct Mapping final {
     [[nodiscard]] bool operator==(const Mapping&) const = default;
 };
 
-/// The mappings of files that can be read but not written, and that hold no page of the process's
-/// own (as a relocation or a debugger leaves them), from what /proc/PID/smaps says. Lines that are
-/// not understood are passed over. Pure.
-[[nodiscard]] std::vector<Mapping> clean(std::string_view smaps);
+/// The whole pages of those segments of an object, loaded at `base`, that can be read but not
+/// written; none where the loader has written to them all the same, which such an object asks for
+/// (text relocations). Reads its dynamic section, which must be where the segments say.
+[[nodiscard]] std::vector<Mapping> unwritten(std::uintptr_t base,
+                                             std::span<const ElfW(Phdr)> segments,
+                                             std::size_t pageSize);
 
-/// Gives the clean mappings of this process back. What is used again is mapped anew from the page
-/// cache, at the price of a few hundred short faults, once; nothing changes its value. For any
-/// thread. Where the system refuses, nothing happens.
+/// Gives these pages of the program and its libraries back to the system. What is used again is
+/// mapped anew from the page cache, at the price of a few hundred short faults, once; nothing
+/// changes its value. Other mapped files keep theirs: a thread may just be putting something else in
+/// the place of one. For any thread; no object is unloaded meanwhile. Does nothing in a process that
+/// is being debugged, whose breakpoints would be lost, or where the system refuses.
 void release();
 
 }  // namespace quillbar::StartPages

@@ -86,12 +86,7 @@ TEST_F(SettingsTest, launchAtLoginIsSwitchedByEitherMenu) {
 TEST_F(SettingsTest, theGearsMenuEndsTheApplication) {
     startApplication();
     openPanel();
-    clickOnPanel(kGear);
-    ASSERT_TRUE(eventually([this] { return hasMenu(); }));
-    for (int step = 0; step < quit; ++step) {
-        screen().key(Screen::kDown);
-    }
-    screen().key(Screen::kReturn);
+    chooseFromGear(quit);
     EXPECT_EQ(endOfApplication(), 0);
 }
 

@@ -9,8 +9,8 @@
 
 #include <gtest/gtest.h>
 
-#include <string>
-#include <string_view>
+#include <array>
+#include <cstddef>
 #include <vector>
 
 namespace quillbar {
@@ -19,40 +19,58 @@ namespace {
 
 using StartPages::Mapping;
 
-/// What the kernel says of a mapping.
-std::string entry(std::string_view heading, std::string_view own) {
-    return std::string(heading) + "\nSize:                 16 kB\nRss:                  16 kB\n"
-           + "Anonymous:      " + std::string(own) + "\nVmFlags: rd ex mr mw me sd\n";
+constexpr std::size_t kPage = 0x1000;
+
+ElfW(Phdr) segment(unsigned type, unsigned rights, std::uintptr_t begin, std::size_t size) {
+    ElfW(Phdr) made{};
+    made.p_type = type;
+    made.p_flags = rights;
+    made.p_vaddr = begin;
+    made.p_memsz = size;
+    return made;
 }
 
-TEST(StartPagesTest, areThoseOfFilesThatNobodyWroteTo) {
-    const std::string smaps =
-        entry("1000-5000 r-xp 00000000 fe:00 77         /usr/lib/a b.so", "       0 kB")
-        + entry("5000-6000 r--p 00004000 fe:00 77         /usr/lib/a b.so", "       0 kB");
-    EXPECT_EQ(StartPages::clean(smaps), (std::vector<Mapping>{{0x1000, 0x5000}, {0x5000, 0x6000}}));
+TEST(StartPagesTest, areThoseOfSegmentsThatNobodyMayWrite) {
+    const std::array segments{segment(PT_LOAD, PF_R, 0, 0x2000),
+                              segment(PT_LOAD, PF_R | PF_X, 0x3000, 0x4000),
+                              segment(PT_LOAD, PF_R | PF_W, 0x8000, 0x3000)};
+    EXPECT_EQ(StartPages::unwritten(0x700000, segments, kPage),
+              (std::vector<Mapping>{{0x700000, 0x702000}, {0x703000, 0x707000}}));
 }
 
-TEST(StartPagesTest, areNotThoseThatHoldARelocation) {
-    EXPECT_TRUE(
-        StartPages::clean(entry("1000-5000 r--p 0 fe:00 77    /usr/lib/a.so", "       4 kB"))
-            .empty());
+TEST(StartPagesTest, areWholePages) {
+    const std::array segments{segment(PT_LOAD, PF_R, 0x10, 0x2ff0),
+                              segment(PT_LOAD, PF_R, 0x3010, 0x1fe0),
+                              segment(PT_LOAD, PF_R, 0x6000, 0xfff)};
+    EXPECT_EQ(StartPages::unwritten(0, segments, kPage), (std::vector<Mapping>{{0x1000, 0x3000}}));
 }
 
-TEST(StartPagesTest, areNotThoseThatMayBeWritten) {
-    EXPECT_TRUE(
-        StartPages::clean(entry("1000-5000 rw-p 0 fe:00 77    /usr/lib/a.so", "       0 kB"))
-            .empty());
+TEST(StartPagesTest, areNotThoseOfOtherTables) {
+    const std::array segments{segment(PT_NOTE, PF_R, 0, 0x2000),
+                              segment(PT_GNU_RELRO, PF_R, 0x3000, 0x2000)};
+    EXPECT_TRUE(StartPages::unwritten(0, segments, kPage).empty());
 }
 
-TEST(StartPagesTest, areNotThoseWithoutAFile) {
-    EXPECT_TRUE(StartPages::clean(entry("1000-5000 r--p 00000000 00:00 0 ", "       0 kB")
-                                  + entry("1000-5000 r-xp 00000000 00:00 0   [vdso]", "   0 kB"))
-                    .empty());
+/// An object whose dynamic section says this.
+std::vector<Mapping> unwrittenWith(std::array<ElfW(Dyn), 2> dynamic) {
+    // NOLINTNEXTLINE(cppcoreguidelines-pro-type-reinterpret-cast)
+    const auto base = reinterpret_cast<std::uintptr_t>(dynamic.data());
+    const std::array segments{segment(PT_LOAD, PF_R | PF_X, 0, 0x4000),
+                              segment(PT_DYNAMIC, PF_R | PF_W, 0, sizeof dynamic)};
+    return StartPages::unwritten(base, segments, kPage);
 }
 
-TEST(StartPagesTest, passOverWhatIsNotUnderstood) {
-    EXPECT_TRUE(StartPages::clean("").empty());
-    EXPECT_TRUE(StartPages::clean("Anonymous: 0 kB\n1000-zz r-xp\n-\nAnonymous: 0 kB").empty());
+TEST(StartPagesTest, areNotThoseToWhichTheLoaderHasWritten) {
+    ElfW(Dyn) other{};
+    other.d_tag = DT_FLAGS;
+    other.d_un.d_val = DF_BIND_NOW;
+    ElfW(Dyn) tag{};
+    tag.d_tag = DT_TEXTREL;
+    ElfW(Dyn) flag = other;
+    flag.d_un.d_val |= DF_TEXTREL;
+    EXPECT_EQ(unwrittenWith({other, {}}).size(), 1U);
+    EXPECT_TRUE(unwrittenWith({other, tag}).empty());
+    EXPECT_TRUE(unwrittenWith({flag, {}}).empty());
 }
 
 /// KiB of files that this process has in memory.

@@ -49,6 +49,7 @@ TEST(CommandLineTest, DefaultsToAMovingMarketOverTls) {
 TEST(CommandLineTest, TakesValuesAfterASpaceOrAnEqualsSign) {
     const SimulatorOptions options = parseCommandLine({"--port",
                                                        "8443",
+                                                       "--control-port=8444",
                                                        "--plain",
                                                        "--ca-file=/a=b",
                                                        "--certificate",
@@ -61,6 +62,7 @@ TEST(CommandLineTest, TakesValuesAfterASpaceOrAnEqualsSign) {
                                                        "1700000000123"})
                                          .options;
     EXPECT_EQ(options.port, 8443);
+    EXPECT_EQ(options.controlPort, 8444);
     EXPECT_EQ(options.transport, Transport::plain);
     EXPECT_EQ(options.caFile, "/a=b");
     EXPECT_EQ(options.certificate, CertificateKind::wrongHost);
@@ -78,6 +80,8 @@ TEST(CommandLineTest, ExplainsWhatIsWrong) {
     EXPECT_EQ(complaintOf({"--port"}), "--port needs a value");
     EXPECT_EQ(complaintOf({"--port", "65536"}),
               "--port must be a number from 0 to 65535, not \"65536\"");
+    EXPECT_EQ(complaintOf({"--control-port=-1"}),
+              "--control-port must be a number from 0 to 65535, not \"-1\"");
     EXPECT_EQ(complaintOf({"--symbols=0"}),
               "--symbols must be a number from 1 to 100000, not \"0\"");
     EXPECT_EQ(complaintOf({"--speed=nan"}),
@@ -94,13 +98,14 @@ TEST(CommandLineTest, ExplainsWhatIsWrong) {
 
 TEST(CommandLineTest, HelpNamesEveryOptionAndFault) {
     const std::string help = parseCommandLine({"--help"}).text;
-    for (const char* word :
-         {"--port",      "--plain",        "--ca-file",        "--certificate",
-          "--seed",      "--symbols",      "--speed",          "--start-time",
-          "--help",      "--version",      "  /requests\n",    "  /release\n",
-          "  /voice\n",  "  /handshake\n", "  /end-streams\n", "  /certificate\n",
-          "  /refuse\n", "  /burst\n",     "  /ping\n",        "  /server-shutdown\n",
-          "  /clear\n"}) {
+    for (const char* word : {"--port",           "--control-port",   "--plain",
+                             "--ca-file",        "--certificate",    "--seed",
+                             "--symbols",        "--speed",          "--start-time",
+                             "--help",           "--version",        "  /requests\n",
+                             "  /release\n",     "  /voice\n",       "  /handshake\n",
+                             "  /end-streams\n", "  /certificate\n", "  /refuse\n",
+                             "  /burst\n",       "  /ping\n",        "  /server-shutdown\n",
+                             "  /clear\n"}) {
         EXPECT_THAT(help, HasSubstr(word));
     }
     EXPECT_THAT(parseCommandLine({"--version"}).text, MatchesRegex("quillbar-simulator [0-9.]+\n"));
@@ -197,17 +202,23 @@ TEST(ProgramTest, ComesBackAfterAKillOnItsPortWithTheAuthorityClientsTrust) {
     const QString caFile = folder.filePath(QStringLiteral("ca.pem"));
     QStringList arguments{QStringLiteral("--symbols=20"), QStringLiteral("--ca-file"), caFile};
     std::string port;
+    std::string control;
     {
         Program program(arguments);
-        port = portOf(program.addresses()["stream"]);
+        auto addresses = program.addresses();
+        port = portOf(addresses["stream"]);
+        control = portOf(addresses["control"]);
         ASSERT_TRUE(isTrusted(caFile.toStdString(), port));
         QFile::copy(caFile, caFile + QStringLiteral(".first"));
         program.send(SIGKILL);
         EXPECT_EQ(program.exitStatus(), -1);
     }
-    arguments << QStringLiteral("--port") << QString::fromStdString(port);
+    arguments << QStringLiteral("--port") << QString::fromStdString(port)
+              << QStringLiteral("--control-port") << QString::fromStdString(control);
     Program again(arguments);
-    EXPECT_EQ(portOf(again.addresses()["stream"]), port);
+    auto addresses = again.addresses();
+    EXPECT_EQ(portOf(addresses["stream"]), port);
+    EXPECT_EQ(portOf(addresses["control"]), control);
     EXPECT_TRUE(isTrusted(caFile.toStdString() + ".first", port));
 }
 

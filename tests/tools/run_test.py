@@ -153,7 +153,7 @@ class Run(unittest.TestCase):
         arguments = (self.home / "simulator.arguments").read_text().strip()
         self.assertTrue(arguments.startswith("--ca-file "), arguments)
         self.assertIn(f"kill {self.pid_of('simulator')}\n", err)
-        self.assertIn(f"quillbar-simulator {arguments} --port 4711\n", err)
+        self.assertIn(f"quillbar-simulator {arguments} --port 4711 --control-port 4712\n", err)
         self.assertIn("http://127.0.0.1:4712/ ", err)
         self.assertRegex(err, f"files: +{self.temporary}/quillbar-demo")
 

@@ -351,6 +351,16 @@ TEST_F(MarketBoardDataTest, aViewHiddenBeforeItsFrameDoesNotPoll) {
     EXPECT_FALSE(market().isPolling());
 }
 
+TEST_F(MarketBoardDataTest, aViewHiddenRightAfterItsFrameDoesNotPoll) {
+    theMarketIsOfThree();
+    showUnpainted(RankingBoard::gainers);
+    window->setUpdatesEnabled(true);
+    view->repaint();
+    window->hide();
+    spinUntilIdle();
+    EXPECT_FALSE(market().isPolling());
+}
+
 TEST_F(MarketBoardDataTest, aBoardLeftBeforeItsFrameLeavesNoSpinner) {
     theExchangeFails();
     open(RankingBoard::gainers);

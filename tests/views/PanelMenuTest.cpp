@@ -1,10 +1,12 @@
 // SPDX-FileCopyrightText: 2026 The Quillbar developers
 // SPDX-License-Identifier: MIT
 #include "Quillbar/PanelMenu.h"
+#include "Quillbar/text/SystemFont.h"
 #include "Quillbar/tray/EntryMenu.h"
 #include "tests/views/Widgets.h"
 
 #include <QAction>
+#include <QFontMetricsF>
 #include <QImage>
 #include <QKeySequence>
 
@@ -130,6 +132,19 @@ TEST_F(PanelMenuTest, aHeaderIsOfTheWeightOfWhatItHeads) {
     menu.close();
     fill(MenuEntry{.id = 1, .label = label, .kind = MenuEntry::Kind::header});
     EXPECT_EQ(menu.width(), regular);
+}
+
+TEST_F(PanelMenuTest, aNoticeIsWrittenAt10Point5) {
+    const QString label = QStringLiteral("mmmmmmmm");
+    const auto widthWith = [this](const QString& text) {
+        fill(MenuEntry{.id = 1, .label = text, .kind = MenuEntry::Kind::notice});
+        const int width = menu.width();
+        menu.close();
+        return width;
+    };
+    EXPECT_NEAR(widthWith(label + label) - widthWith(label),
+                QFontMetricsF(systemFont(10.5)).horizontalAdvance(label),
+                1);
 }
 
 TEST_F(PanelMenuTest, tellsTheKeyOfAnEntryAtTheRightInGrey) {

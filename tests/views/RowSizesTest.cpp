@@ -43,6 +43,26 @@ QImage drawnAt(double size, Glyph glyph, const QWidget& in) {
     return image;
 }
 
+/// A line of that size in the middle of a widget, in that colour, over what is at its corner.
+QImage lineInTheMiddle(double size, const QString& text, const QColor& color, QWidget& in) {
+    QImage image = pictureOf(in);
+    image.fill(image.pixelColor(0, 0));
+    QPainter painter(&image);
+    painter.setFont(systemFont(size));
+    painter.setPen(color);
+    painter.drawText(in.rect(), Qt::AlignCenter, text);
+    return image;
+}
+
+/// The widget in the window that says this alone, in a line of 10.5 points.
+void expectSmallLine(const QWidget& in, const QString& text, QColor Roles::*color) {
+    QWidget* const line = named(in, text);
+    ASSERT_NE(line, nullptr) << text.toStdString();
+    EXPECT_EQ(pictureOf(*line),
+              lineInTheMiddle(10.5, text, ThemeKey::value(*line).colors.*color, *line))
+        << text.toStdString();
+}
+
 /// The columns of a picture, from one on, in which anything stands out from the surface.
 std::vector<int> columnsWithInk(const QImage& picture, int from, QRgb surface) {
     std::vector<int> columns;
@@ -100,6 +120,38 @@ TEST_F(MarketBoardSizesTest, theGlyphsOfABoardAreOfNinePoints) {
     EXPECT_EQ(pictureOf(*plus), drawnAt(9, Glyph::plus, *plus));
 }
 
+TEST_F(MarketBoardSizesTest, whatStandsInThePlaceOfRowsIsOf10Point5) {
+    open(RankingBoard::gainers);
+    expectSmallLine(*window, QStringLiteral("暂无数据"), &Roles::secondaryText);
+    theExchangeFails();
+    pass(MarketState::kPollInterval);
+    executor.run();
+    spinUntilIdle();
+    expectSmallLine(*window, QStringLiteral("加载行情失败"), &Roles::secondaryText);
+    expectSmallLine(*window, QStringLiteral("重试"), &Roles::accent);
+}
+
+TEST_F(MarketBoardSizesTest, theBannerIsOf9Point5) {
+    openThree();
+    theClockGoesOn(Seconds(185));
+    const QString text = QStringLiteral("已停止刷新,数据为3 分钟前的");
+    ASSERT_EQ(warning(), text.toStdString());
+    BannerRow* const banner = widgetsOf<BannerRow>(*view).front();
+    EXPECT_EQ(banner->height(), 20);
+    const QImage picture = pictureOf(*banner);
+    const QRgb ground = picture.pixel(0, 0);
+    const auto columns = columnsWithInk(picture, 0, ground);
+    QImage expected(picture.size(), picture.format());
+    expected.fill(ground);
+    {
+        QPainter painter(&expected);
+        painter.setFont(systemFont(9.5));
+        painter.drawText(banner->rect().adjusted(12, 0, 0, 0), Qt::AlignVCenter, text);
+    }
+    EXPECT_EQ(columns.front(), columnsWithInk(expected, 0, ground).front());
+    EXPECT_NEAR(columns.back(), columnsWithInk(expected, 0, ground).back(), 1);
+}
+
 // The search
 
 struct AddCoinSizesTest : AddCoinFixture {
@@ -142,6 +194,20 @@ TEST_F(AddCoinSizesTest, aMatchIsWrittenAtItsSizes) {
     constexpr int kAfterTheIcon = 12 + 16 + 1;
     EXPECT_EQ(columnsWithInk(pictureOf(*row("SOL")), kAfterTheIcon, surface),
               columnsWithInk(expected, kAfterTheIcon, surface));
+}
+
+TEST_F(AddCoinSizesTest, whatIsSaidInThePlaceOfMatchesIsOf10Point5) {
+    show();
+    expectSmallLine(*view, QStringLiteral("输入币种代号开始搜索"), &Roles::secondaryText);
+    searchFor(QStringLiteral("XYZ"));
+    expectSmallLine(*view, QStringLiteral("无匹配结果"), &Roles::secondaryText);
+}
+
+TEST_F(AddCoinSizesTest, aFailureIsOf10Point5) {
+    show();
+    api.exchangeInfoAnswers.otherwiseError(BinanceError(503));
+    searchFor(QStringLiteral("XYZ"));
+    expectSmallLine(*view, QStringLiteral("搜索失败,请检查网络后重试"), &Roles::secondaryText);
 }
 
 TEST_F(AddCoinSizesTest, theFieldIsWrittenAt12PointsWithRoomAroundTheText) {
