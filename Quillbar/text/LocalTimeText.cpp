@@ -16,7 +16,10 @@ QString formatOfDayAndMonth(const QLocale& locale) {
     QString format = locale.dateFormat(QLocale::ShortFormat);
     format.remove(leadingYear);
     format.remove(trailingYear);
-    return format.contains(u'd') && format.contains(u'M') ? format : QStringLiteral("M/d");
+    // The name of a month would be in the locale's language, beside texts that are Chinese.
+    const bool hasName = format.contains(QStringLiteral("MMM"));
+    return format.contains(u'd') && format.contains(u'M') && !hasName ? format
+                                                                      : QStringLiteral("M/d");
 }
 
 QString formatOfHoursAndMinutes(const QLocale& locale) {

@@ -28,7 +28,17 @@ TEST(LocalTimeTextTest, leavesTheYearOut) {
     EXPECT_EQ(dayIn({QLocale::Swedish, QLocale::Sweden}), "11-04");
     EXPECT_EQ(dayIn({QLocale::Hungarian, QLocale::Hungary}), "11. 04.");
     EXPECT_EQ(dayIn({QLocale::Bulgarian, QLocale::Bulgaria}), "4.11.");
-    EXPECT_EQ(dayIn(QLocale::c()), "4 Nov");
+}
+
+TEST(LocalTimeTextTest, writesNoNameOfAMonth) {
+    EXPECT_EQ(dayIn(QLocale::c()), "11/4");
+    for (const QLocale& locale :
+         QLocale::matchingLocales(QLocale::AnyLanguage, QLocale::AnyScript, QLocale::AnyCountry)) {
+        const QString text = LocalTimeText::dayAndMonth({2026, 11, 4}, locale);
+        EXPECT_FALSE(text.contains(locale.monthName(11, QLocale::ShortFormat))
+                     && locale.monthName(11, QLocale::ShortFormat).front().isLetter())
+            << text.toStdString();
+    }
 }
 
 TEST(LocalTimeTextTest, leavesTheSecondsOut) {
