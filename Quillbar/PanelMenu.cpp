@@ -8,7 +8,12 @@
 #include "Quillbar/tray/EntryMenu.h"
 
 #include <QAction>
+#include <QCoreApplication>
+#include <QCursor>
+#include <QEvent>
 #include <QFontMetrics>
+#include <QHideEvent>
+#include <QMetaObject>
 #include <QPalette>
 #include <QPoint>
 #include <QRect>
@@ -22,6 +27,17 @@ namespace {
 constexpr double kFontSize = 13;
 constexpr double kSmallFontSize = 10.5;
 constexpr int kGap = 2;
+
+void leaveAllButUnderPointer(QWidget& window) {
+    const QWidget* const under = window.childAt(window.mapFromGlobal(QCursor::pos()));
+    for (QWidget* const widget : window.findChildren<QWidget*>()) {
+        const bool isUnder = under != nullptr && (widget == under || widget->isAncestorOf(under));
+        if (widget->underMouse() && !isUnder) {
+            QEvent leave(QEvent::Leave);
+            QCoreApplication::sendEvent(widget, &leave);
+        }
+    }
+}
 
 }  // namespace
 
@@ -64,6 +80,14 @@ void PanelMenu::initStyleOption(QStyleOptionMenuItem* option, const QAction* act
     }
     option->fontMetrics = QFontMetrics(option->font);
     option->palette.setColor(QPalette::Text, text);
+}
+
+void PanelMenu::hideEvent(QHideEvent* event) {
+    QMenu::hideEvent(event);
+    // While a menu is open, its window is not told that the pointer leaves.
+    QWidget* const window = parentWidget()->window();
+    QMetaObject::invokeMethod(
+        window, [window] { leaveAllButUnderPointer(*window); }, Qt::QueuedConnection);
 }
 
 }  // namespace quillbar

@@ -20,6 +20,7 @@ public:
 
 protected:
     void initStyleOption(QStyleOptionMenuItem* option, const QAction* action) const override;
+    void hideEvent(QHideEvent* event) override;
 };
 
 }  // namespace quillbar

@@ -6,6 +6,7 @@
 #include "tests/views/Widgets.h"
 
 #include <QAction>
+#include <QCursor>
 #include <QFontMetricsF>
 #include <QImage>
 #include <QKeySequence>
@@ -221,6 +222,65 @@ TEST_F(PanelMenuTest, drawsTheIconOfAnAction) {
     menu.addAction(QIcon(red), QStringLiteral("删除"));
     menu.popup(QPoint(50, 50));
     EXPECT_TRUE(shows(Qt::red));
+}
+
+/// A menu that closes while the pointer is somewhere else than where it opened.
+struct PanelMenuPointerTest : ::testing::Test {
+    PanelMenuPointerTest() {
+        ThemeKey::set(window, {.colors = ThemeColors::dark()});
+        window.setGeometry(50, 50, 400, 100);
+        row = new QWidget(&window);
+        row->setGeometry(0, 0, 400, 28);
+        arrow = new QWidget(row);
+        arrow->setGeometry(0, 0, 28, 28);
+    }
+
+    /// Opens a menu over the arrow; the pointer goes on, which the window is not told.
+    void openOverTheArrowAndGoTo(QPoint place) {
+        showActive(window);
+        QCursor::setPos(window.mapToGlobal(place));
+        spinUntilIdle();
+        pointerEnters(*row);
+        pointerEnters(*arrow);
+        menu = new PanelMenu(&window);
+        menu->addAction(QStringLiteral("固定"));
+        menu->popup(window.mapToGlobal(QPoint(20, 20)));
+        ASSERT_TRUE(menu->isVisible());
+    }
+    void close() const {
+        menu->close();
+        spinUntilIdle();
+    }
+
+    QWidget window;
+    QWidget* row = nullptr;
+    QWidget* arrow = nullptr;
+    PanelMenu* menu = nullptr;
+};
+
+TEST_F(PanelMenuPointerTest, nothingStaysUnderAPointerThatHasLeftMeanwhile) {
+    openOverTheArrowAndGoTo({200, 300});
+    close();
+    EXPECT_FALSE(row->underMouse());
+    EXPECT_FALSE(arrow->underMouse());
+}
+
+TEST_F(PanelMenuPointerTest, whatIsStillUnderThePointerStaysSo) {
+    openOverTheArrowAndGoTo({100, 10});
+    close();
+    EXPECT_TRUE(row->underMouse());
+    EXPECT_FALSE(arrow->underMouse());
+}
+
+TEST_F(PanelMenuPointerTest, aWindowThatEndsWithItsMenuOpenIsLeftAlone) {
+    auto* const shortLived = new QWidget;
+    auto* const itsMenu = new PanelMenu(shortLived);
+    itsMenu->addAction(QStringLiteral("固定"));
+    showActive(*shortLived);
+    itsMenu->popup(QPoint(60, 60));
+    itsMenu->close();
+    delete shortLived;
+    spinUntilIdle();
 }
 
 }  // namespace
