@@ -332,7 +332,14 @@ void CoinListView::hideEvent(QHideEvent* event) {
     m_staleness.stop();
     m_reorder.stop();
     m_frozenOrder.clear();
-    setSort(std::nullopt);
+    if (m_sort) {
+        setSort(std::nullopt);
+        // Where the list was scrolled to has other rows in it.
+        m_rows->scrollTo(0);
+        if (m_expandedSymbol->has_value()) {
+            m_rows->scrollToSee(**m_expandedSymbol);
+        }
+    }
 }
 
 }  // namespace quillbar

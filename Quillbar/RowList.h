@@ -88,6 +88,9 @@ public:
     [[nodiscard]] int scrollOffset() const noexcept { return m_offset; }
     /// Scrolls there, as far as the list goes.
     void scrollTo(int offset);
+    /// Scrolls as little as it takes to see the row with its detail, or its beginning where that
+    /// does not fit. Nothing for a row that is not in the list.
+    void scrollToSee(const std::string& id);
 
     /// The row that has the focus, or gets it next; absent before it first had any.
     [[nodiscard]] const std::optional<std::string>& current() const noexcept { return m_current; }

@@ -55,6 +55,13 @@ void RowList::scrollTo(int offset) {
     synchronize();
 }
 
+void RowList::scrollToSee(const std::string& id) {
+    if (const auto index = indexOf(id)) {
+        const int top = topOf(*index);
+        reveal(top, std::min(bottomOf(*index), top + height()));
+    }
+}
+
 void RowList::reveal(int top, int bottom) {
     if (top < m_offset) {
         scrollTo(top);

@@ -18,6 +18,20 @@ constexpr int kRow = 28;
 
 struct CoinListViewTest : CoinListFixture {
     /// BTC, ETH and SOL, whose changes are +1, +3 and +2 percent.
+    /// Thirty coins, C10 to C39, of which the last has risen most.
+    void showMany() {
+        std::vector<std::string> coins;
+        for (int each = 10; each < 40; ++each) {
+            coins.push_back("C" + std::to_string(each));
+        }
+        show(coins);
+        tick("C39", {200, 100});
+        ASSERT_EQ(rows->height(), 560);
+    }
+    void showManySorted() {
+        showMany();
+        click("涨跌");
+    }
     void showThreeByChange() {
         show({"BTC", "ETH", "SOL"});
         tick("BTC", {101, 100, 3e8});
@@ -341,6 +355,35 @@ TEST_F(CoinListViewTest, hidingEndsTheSort) {
     window->show();
     EXPECT_THAT(order(), ElementsAre("BTC", "ETH", "SOL"));
     EXPECT_EQ(header("涨跌")->direction(), std::nullopt);
+}
+
+TEST_F(CoinListViewTest, hidingASortedListLeadsItBackToItsBeginning) {
+    showManySorted();
+    rows->scrollTo(10000);
+    ASSERT_GT(rows->scrollOffset(), 0);
+    window->hide();
+    window->show();
+    EXPECT_EQ(rows->scrollOffset(), 0);
+}
+
+TEST_F(CoinListViewTest, hidingASortedListLeadsItBackToItsChart) {
+    showManySorted();
+    ASSERT_EQ(order().front(), "C39");
+    clickArrow("C39");
+    ASSERT_EQ(rows->scrollOffset(), 0);
+    window->hide();
+    window->show();
+    ASSERT_TRUE(spinUntil([this] { return row("C39") != nullptr && row("C39")->isVisible(); }));
+    EXPECT_EQ(chart("C39")->visibleRegion().boundingRect(), chart("C39")->rect());
+    EXPECT_EQ(rows->scrollOffset(), 30 * kRow + 210 - 560);
+}
+
+TEST_F(CoinListViewTest, hidingAListInItsOwnOrderLeavesItWhereItIs) {
+    showMany();
+    rows->scrollTo(30);
+    window->hide();
+    window->show();
+    EXPECT_EQ(rows->scrollOffset(), 30);
 }
 
 // Charts
