@@ -321,6 +321,10 @@ void CoinListView::showEvent(QShowEvent* event) {
         m_frozenOrder = RowIds::of(displayedCoins());
     }
     m_rows->refreshAll();
+    if (std::exchange(m_hasLostItsOrder, false)) {
+        // Where the list was scrolled to has other rows in it.
+        scrollToBeginning();
+    }
 }
 
 void CoinListView::hideEvent(QHideEvent* event) {
@@ -332,13 +336,14 @@ void CoinListView::hideEvent(QHideEvent* event) {
     m_staleness.stop();
     m_reorder.stop();
     m_frozenOrder.clear();
-    if (m_sort) {
-        setSort(std::nullopt);
-        // Where the list was scrolled to has other rows in it.
-        m_rows->scrollTo(0);
-        if (m_expandedSymbol->has_value()) {
-            m_rows->scrollToSee(**m_expandedSymbol);
-        }
+    m_hasLostItsOrder = m_hasLostItsOrder || m_sort.has_value();
+    setSort(std::nullopt);
+}
+
+void CoinListView::scrollToBeginning() {
+    m_rows->scrollTo(0);
+    if (m_expandedSymbol->has_value()) {
+        m_rows->scrollToSee(**m_expandedSymbol);
     }
 }
 

@@ -36,7 +36,8 @@ class SortableHeader;
 ///
 /// While it is shown it follows the models: a price that comes in changes the cells of its row, if
 /// that can be seen, and the order of a sorted list follows a moment later, once for all prices
-/// that came meanwhile. While it is hidden prices cost nothing. Hiding it ends the sort.
+/// that came meanwhile. While it is hidden prices cost nothing. Hiding it ends the sort; a list
+/// that was sorted begins at its first row then, or where its open chart can be seen.
 class CoinListView final : public QWidget {
 public:
     /// The height of an open chart.
@@ -95,6 +96,7 @@ private:
     void makeRows(DetailFactory makeDetail);
     void observeEdits();
     void observePrices();
+    void scrollToBeginning();
 
     void onWatchlistChange();
     void onExpandedChange();
@@ -123,6 +125,7 @@ private:
 
     ChangeBasis m_basis;
     bool m_isStale = false;
+    bool m_hasLostItsOrder = false;
     QTimer m_reorder;
     QElapsedTimer m_sinceReorder;
     QTimer m_staleness;

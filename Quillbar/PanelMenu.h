@@ -12,6 +12,7 @@ namespace quillbar {
 /// by their kind; the keyboard passes over headers, notices and what is disabled.
 class PanelMenu final : public QMenu {
 public:
+    /// The parent is not null.
     explicit PanelMenu(QWidget* parent);
 
     /// Opens the menu below `button`, with their right edges in line; above it where there is no

@@ -114,8 +114,9 @@ void RowList::notePointer(const QObject* row, const QEvent& event) {
         hoverOnly(row);
         break;
     case QEvent::Leave:
-        // It may be another row that the pointer was over last.
+        // It may be another row that the pointer was over last, or is over by now.
         hoverOnly(nullptr);
+        followPointer();
         break;
     default:
         break;

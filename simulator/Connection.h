@@ -31,7 +31,7 @@ public:
     virtual void pinged(Connection& connection, std::string_view payload) = 0;
     virtual void ponged(std::string_view payload) = 0;
     virtual void closed(Connection& connection, int code) = 0;
-    /// Nothing more comes, and the host deletes the connection later. Not called from its destructor.
+    /// Nothing more comes; the host deletes the connection later. Not called from its destructor.
     virtual void ended(Connection& connection) = 0;
 
     ConnectionHost(const ConnectionHost&) = delete;

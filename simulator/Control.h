@@ -12,8 +12,8 @@ namespace quillbar::simulator {
 class Exchange;
 
 /// Carries out one request to `/NAME?PARAMETERS` and answers {"done":true}, or 400 with what is
-/// wrong with it. `/` answers with the help. GET and POST are the same; parameters are read from the
-/// query alone.
+/// wrong with it. `/` answers with the help. GET and POST are the same; parameters are read from
+/// the query alone.
 [[nodiscard]] HttpResponse answerControl(const HttpRequest& request, Exchange& exchange);
 
 /// The text that explains every name and parameter, for `--help`.

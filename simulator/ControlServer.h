@@ -18,7 +18,7 @@ class Exchange;
 class ControlServer final : public QObject,
                             private ConnectionHost {
 public:
-    /// Listens on 127.0.0.1, at any free port for 0. Throws std::runtime_error when it is taken.
+    /// Listens on 127.0.0.1, at any free port for 0. Throws std::runtime_error where it cannot.
     ControlServer(Exchange& exchange, std::uint16_t port);
 
     [[nodiscard]] std::uint16_t port() const { return m_port.serverPort(); }

@@ -6,8 +6,8 @@
 namespace quillbar::SmallHeap {
 
 /// Gives what is freed back to the system: large blocks at once, and all threads take from one
-/// heap, so that none keeps what another could use. Without it, the first large answers of a service
-/// raise the allocator's own limits for good. To be called before the program starts a thread; with
+/// heap, so that none keeps what another could use. Without it, the first large answer of a service
+/// raises the allocator's own limits for good. To be called before the program starts a thread; with
 /// another allocator than glibc's, nothing happens.
 void use();
 

@@ -2,12 +2,12 @@
 // SPDX-License-Identifier: MIT
 #include "Quillbar/platform/StartPages.h"
 
-#include <QByteArray>
 #include <QFile>
 #include <QIODevice>
 #include <QString>
 
 #include <algorithm>
+#include <array>
 #include <sys/mman.h>
 #include <unistd.h>
 
@@ -15,50 +15,67 @@ namespace quillbar::StartPages {
 
 namespace {
 
-template <class Pointed>
-Pointed* pointerTo(std::uintptr_t address) {
-    // NOLINTNEXTLINE(cppcoreguidelines-pro-type-reinterpret-cast, performance-no-int-to-ptr)
-    return reinterpret_cast<Pointed*>(address);
+// What /proc/PID/pagemap says of a page.
+using PageEntry = std::uint64_t;
+constexpr PageEntry kPresent = PageEntry{1} << 63;
+constexpr PageEntry kSwapped = PageEntry{1} << 62;
+constexpr PageEntry kOfFile = PageEntry{1} << 61;
+
+bool isOwn(PageEntry page) {
+    return (page & (kPresent | kSwapped)) != 0 && (page & kOfFile) == 0;
 }
 
-bool hasTextRelocations(std::uintptr_t base, std::span<const ElfW(Phdr)> segments) {
-    const auto dynamic = std::find_if(segments.begin(), segments.end(), [](const auto& segment) {
-        return segment.p_type == PT_DYNAMIC;
-    });
-    if (dynamic == segments.end()) {
-        return false;
+/// Where the pages of this process come from.
+class PageMap final {
+public:
+    PageMap()
+        : m_file(QStringLiteral("/proc/self/pagemap")) {
+        m_file.open(QIODevice::ReadOnly | QIODevice::Unbuffered);
     }
-    const std::span entries(pointerTo<const ElfW(Dyn)>(base + dynamic->p_vaddr),
-                            dynamic->p_memsz / sizeof(ElfW(Dyn)));
-    return std::any_of(entries.begin(), entries.end(), [](const ElfW(Dyn) & entry) {
-        return entry.d_tag == DT_TEXTREL
-               || (entry.d_tag == DT_FLAGS && (entry.d_un.d_val & DF_TEXTREL) != 0);
-    });
-}
 
-bool isDebugged() {
-    QFile file(QStringLiteral("/proc/self/status"));
-    return !file.open(QIODevice::ReadOnly) || !file.readAll().contains("\nTracerPid:\t0\n");
-}
+    /// Whether none of the pages is the process's own; false also where the system does not tell.
+    [[nodiscard]] bool isOfFile(const Mapping& mapping, std::size_t pageSize) {
+        std::size_t left = (mapping.end - mapping.begin) / pageSize;
+        if (!m_file.seek(static_cast<qint64>(mapping.begin / pageSize * sizeof(PageEntry)))) {
+            return false;
+        }
+        while (left > 0) {
+            const std::size_t count = std::min(left, m_entries.size());
+            const auto wanted = static_cast<qint64>(count * sizeof(PageEntry));
+            // NOLINTNEXTLINE(cppcoreguidelines-pro-type-reinterpret-cast): bytes of the same
+            if (m_file.read(reinterpret_cast<char*>(m_entries.data()), wanted) != wanted
+                || std::any_of(m_entries.begin(), m_entries.begin() + count, isOwn)) {
+                return false;
+            }
+            left -= count;
+        }
+        return true;
+    }
 
-int releaseObject(dl_phdr_info* object, std::size_t /*size*/, void* /*unused*/) {
+private:
+    QFile m_file;
+    std::array<PageEntry, 1024> m_entries{};
+};
+
+int releaseObject(dl_phdr_info* object, std::size_t /*size*/, void* pageMap) {
     const auto pageSize = static_cast<std::size_t>(::sysconf(_SC_PAGESIZE));
-    for (const auto& [begin, end] :
-         unwritten(object->dlpi_addr, {object->dlpi_phdr, object->dlpi_phnum}, pageSize)) {
-        ::madvise(pointerTo<void>(begin), end - begin, MADV_DONTNEED);
+    for (const Mapping& mapping :
+         unwritable(object->dlpi_addr, {object->dlpi_phdr, object->dlpi_phnum}, pageSize)) {
+        if (static_cast<PageMap*>(pageMap)->isOfFile(mapping, pageSize)) {
+            // NOLINTNEXTLINE(cppcoreguidelines-pro-type-reinterpret-cast, performance-no-int-to-ptr)
+            auto* const begin = reinterpret_cast<void*>(mapping.begin);
+            ::madvise(begin, mapping.end - mapping.begin, MADV_DONTNEED);
+        }
     }
     return 0;
 }
 
 }  // namespace
 
-std::vector<Mapping> unwritten(std::uintptr_t base,
-                               std::span<const ElfW(Phdr)> segments,
-                               std::size_t pageSize) {
+std::vector<Mapping> unwritable(std::uintptr_t base,
+                                std::span<const ElfW(Phdr)> segments,
+                                std::size_t pageSize) {
     std::vector<Mapping> mappings;
-    if (hasTextRelocations(base, segments)) {
-        return mappings;
-    }
     for (const auto& segment : segments) {
         const bool canBeWritten = (segment.p_flags & PF_W) != 0;
         const std::uintptr_t first = base + segment.p_vaddr;
@@ -72,9 +89,8 @@ std::vector<Mapping> unwritten(std::uintptr_t base,
 }
 
 void release() {
-    if (!isDebugged()) {
-        ::dl_iterate_phdr(&releaseObject, nullptr);
-    }
+    PageMap pageMap;
+    ::dl_iterate_phdr(&releaseObject, &pageMap);
 }
 
 }  // namespace quillbar::StartPages

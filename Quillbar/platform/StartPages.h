@@ -21,18 +21,17 @@ struct Mapping final {
     [[nodiscard]] bool operator==(const Mapping&) const = default;
 };
 
-/// The whole pages of those segments of an object, loaded at `base`, that can be read but not
-/// written; none where the loader has written to them all the same, which such an object asks for
-/// (text relocations). Reads its dynamic section, which must be where the segments say.
-[[nodiscard]] std::vector<Mapping> unwritten(std::uintptr_t base,
-                                             std::span<const ElfW(Phdr)> segments,
-                                             std::size_t pageSize);
+/// The whole pages of those segments of an object, loaded at `base`, that nobody may write. Pure.
+[[nodiscard]] std::vector<Mapping> unwritable(std::uintptr_t base,
+                                              std::span<const ElfW(Phdr)> segments,
+                                              std::size_t pageSize);
 
 /// Gives these pages of the program and its libraries back to the system. What is used again is
-/// mapped anew from the page cache, at the price of a few hundred short faults, once; nothing
-/// changes its value. Other mapped files keep theirs: a thread may just be putting something else in
-/// the place of one. For any thread; no object is unloaded meanwhile. Does nothing in a process that
-/// is being debugged, whose breakpoints would be lost, or where the system refuses.
+/// mapped anew from the page cache, at the price of a few hundred short faults, once. A segment
+/// that holds a page of the process's own, as a relocation or a debugger leaves it, is left as it
+/// is, so nothing changes its value unless another thread writes to such a segment at that moment.
+/// Other mapped files keep their pages: a thread may just be putting something else in the place of
+/// one. For any thread; no object is unloaded meanwhile. Where the system refuses, nothing happens.
 void release();
 
 }  // namespace quillbar::StartPages

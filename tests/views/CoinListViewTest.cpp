@@ -17,7 +17,6 @@ using Roles = ThemeColors::Resolved;
 constexpr int kRow = 28;
 
 struct CoinListViewTest : CoinListFixture {
-    /// BTC, ETH and SOL, whose changes are +1, +3 and +2 percent.
     /// Thirty coins, C10 to C39, of which the last has risen most.
     void showMany() {
         std::vector<std::string> coins;
@@ -32,6 +31,7 @@ struct CoinListViewTest : CoinListFixture {
         showMany();
         click("涨跌");
     }
+    /// BTC, ETH and SOL, whose changes are +1, +3 and +2 percent.
     void showThreeByChange() {
         show({"BTC", "ETH", "SOL"});
         tick("BTC", {101, 100, 3e8});
@@ -376,6 +376,16 @@ TEST_F(CoinListViewTest, hidingASortedListLeadsItBackToItsChart) {
     ASSERT_TRUE(spinUntil([this] { return row("C39") != nullptr && row("C39")->isVisible(); }));
     EXPECT_EQ(chart("C39")->visibleRegion().boundingRect(), chart("C39")->rect());
     EXPECT_EQ(rows->scrollOffset(), 30 * kRow + 210 - 560);
+}
+
+TEST_F(CoinListViewTest, leavingASortedListWhileItsChartOpensLeadsItBackToAllOfIt) {
+    showManySorted();
+    QTest::mouseClick(arrow("C39"), Qt::LeftButton);
+    ASSERT_TRUE(rows->isMoving());
+    view->hide();
+    view->show();
+    ASSERT_TRUE(spinUntil([this] { return chart("C39") != nullptr && chart("C39")->isVisible(); }));
+    EXPECT_EQ(chart("C39")->visibleRegion().boundingRect(), QRect(0, 0, 400, 210));
 }
 
 TEST_F(CoinListViewTest, hidingAListInItsOwnOrderLeavesItWhereItIs) {

@@ -6,6 +6,7 @@
 #include "tests/views/Widgets.h"
 
 #include <QAction>
+#include <QApplication>
 #include <QCursor>
 #include <QFontMetricsF>
 #include <QImage>
@@ -14,6 +15,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <memory>
 #include <set>
 #include <vector>
 
@@ -272,15 +274,16 @@ TEST_F(PanelMenuPointerTest, whatIsStillUnderThePointerStaysSo) {
     EXPECT_FALSE(arrow->underMouse());
 }
 
-TEST_F(PanelMenuPointerTest, aWindowThatEndsWithItsMenuOpenIsLeftAlone) {
-    auto* const shortLived = new QWidget;
-    auto* const itsMenu = new PanelMenu(shortLived);
+TEST_F(PanelMenuPointerTest, aMenuEndsWithItsWindow) {
+    auto shortLived = std::make_unique<QWidget>();
+    auto* const itsMenu = new PanelMenu(shortLived.get());
     itsMenu->addAction(QStringLiteral("固定"));
     showActive(*shortLived);
     itsMenu->popup(QPoint(60, 60));
-    itsMenu->close();
-    delete shortLived;
+    ASSERT_EQ(QApplication::activePopupWidget(), itsMenu);
+    shortLived.reset();
     spinUntilIdle();
+    EXPECT_EQ(QApplication::activePopupWidget(), nullptr);
 }
 
 }  // namespace

@@ -573,6 +573,16 @@ TEST_F(RowListTest, oneRowAtMostIsTintedWhereverThePointerGoes) {
     tints(*after, 5, {});
 }
 
+TEST_F(RowListTest, aRowThatIsLeftLateTakesNoTintFromTheOneUnderThePointer) {
+    show(100);
+    QCursor::setPos(list->mapToGlobal(QPoint(100, 2 * TableRow::kHeight + 5)));
+    ASSERT_TRUE(spinUntil([this] { return tinted() == std::vector<std::string>{"2"}; }));
+    pointerEnters(*list->row("5"));
+    ASSERT_THAT(tinted(), ElementsAre("5"));
+    pointerLeaves(*list->row("5"));
+    EXPECT_THAT(tinted(), ElementsAre("2"));
+}
+
 TEST_F(RowListTest, theTintStaysUnderThePointerWhileTheListMovesAsAWhole) {
     show(100);
     QCursor::setPos(list->mapToGlobal(QPoint(100, 2 * TableRow::kHeight + 5)));
