@@ -35,13 +35,15 @@ public:
 
     /// Whether none of the pages is the process's own; false also where the system does not tell.
     [[nodiscard]] bool isOfFile(const Mapping& mapping, std::size_t pageSize) {
-        std::size_t left = (mapping.end - mapping.begin) / pageSize;
-        if (!m_file.seek(static_cast<qint64>(mapping.begin / pageSize * sizeof(PageEntry)))) {
+        const std::size_t first = mapping.begin / pageSize * sizeof(PageEntry);
+        if (!m_file.seek(static_cast<qint64>(first))) {
             return false;
         }
+        std::size_t left = (mapping.end - mapping.begin) / pageSize;
         while (left > 0) {
             const std::size_t count = std::min(left, m_entries.size());
-            const auto wanted = static_cast<qint64>(count * sizeof(PageEntry));
+            const std::size_t bytes = count * sizeof(PageEntry);
+            const auto wanted = static_cast<qint64>(bytes);
             // NOLINTNEXTLINE(cppcoreguidelines-pro-type-reinterpret-cast): bytes of the same
             if (m_file.read(reinterpret_cast<char*>(m_entries.data()), wanted) != wanted
                 || std::any_of(m_entries.begin(), m_entries.begin() + count, isOwn)) {
