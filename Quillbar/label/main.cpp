@@ -12,7 +12,6 @@
 #include "Quillbar/platform/Leaving.h"
 #include "Quillbar/platform/LineOutput.h"
 #include "Quillbar/platform/ProxyFactory.h"
-#include "Quillbar/platform/SmallHeap.h"
 #include "Quillbar/platform/StandardStreams.h"
 #include "Quillbar/platform/TerminationSignals.h"
 #include "Quillbar/ServiceEndpoints.h"
@@ -133,6 +132,5 @@ int run(int argc, char** argv) {
 
 int main(int argc, char* argv[]) {
     quillbar::StandardStreams::hold();
-    quillbar::SmallHeap::use();
     return quillbar::run(argc, argv);
 }

@@ -36,7 +36,8 @@ public:
     /// Whether none of the pages is the process's own; false also where the system does not tell.
     [[nodiscard]] bool isOfFile(const Mapping& mapping, std::size_t pageSize) {
         const std::size_t first = mapping.begin / pageSize * sizeof(PageEntry);
-        if (!m_file.seek(static_cast<qint64>(first))) {
+        // Qt complains of seeking in a file that is not open.
+        if (!m_file.isOpen() || !m_file.seek(static_cast<qint64>(first))) {
             return false;
         }
         std::size_t left = (mapping.end - mapping.begin) / pageSize;
