@@ -215,9 +215,10 @@ TEST_F(AddCoinSizesTest, theFieldIsWrittenAt12PointsWithRoomAroundTheText) {
     EXPECT_EQ(field().font(), systemFont(12));
     EXPECT_EQ(field().height(), QFontMetrics(systemFont(12)).height() + 2 * 6);
     type(QStringLiteral("HH"));
-    const QRect cursor = field().inputMethodQuery(Qt::ImCursorRectangle).toRect();
+    // The cursor stands at a whole pixel, in the middle of its rectangle.
+    const QRectF cursor = field().inputMethodQuery(Qt::ImCursorRectangle).toRect();
     const double text = QFontMetricsF(field().font()).horizontalAdvance(QStringLiteral("HH"));
-    EXPECT_NEAR(cursor.center().x(), 8 + text, 1);
+    EXPECT_EQ(cursor.center().x(), 8 + qRound(text));
 }
 
 TEST_F(AddCoinSizesTest, theCornersOfTheFieldAreOfSixPoints) {
