@@ -1,8 +1,9 @@
 # SPDX-FileCopyrightText: 2026 The Quillbar developers
 # SPDX-License-Identifier: MIT
 #
-# Every test program runs three times: as it is; shuffled, in German and in Shanghai (decimal
-# commas, a day that begins eight hours early); and in Santiago (a midnight that does not exist).
+# Every test program runs three times: in the C locale and UTC; shuffled, in German and in
+# Shanghai (decimal commas, a day that begins eight hours early); and in Santiago (a midnight that
+# does not exist). Nothing else of the machine reaches it: tests/support/TestEnvironment.h.
 
 # The German locale is compiled here because a bare Debian has none.
 set(QUILLBAR_LOCALES "${CMAKE_BINARY_DIR}/locales")
@@ -16,9 +17,10 @@ add_custom_command(
 add_custom_target(quillbar-test-locales ALL
     DEPENDS "${QUILLBAR_LOCALES}/de_DE.UTF-8/LC_NUMERIC")
 
+set(QUILLBAR_PLAIN "QUILLBAR_TEST_LOCALE=C.UTF-8" "QUILLBAR_TEST_ZONE=UTC")
 set(QUILLBAR_GERMAN_SHANGHAI
-    "LOCPATH=${QUILLBAR_LOCALES}" "LC_ALL=de_DE.UTF-8" "LANGUAGE=" "TZ=Asia/Shanghai")
-set(QUILLBAR_SANTIAGO "LC_ALL=C.UTF-8" "TZ=America/Santiago")
+    "QUILLBAR_TEST_LOCALE=de_DE.UTF-8" "QUILLBAR_TEST_ZONE=Asia/Shanghai")
+set(QUILLBAR_SANTIAGO "QUILLBAR_TEST_LOCALE=C.UTF-8" "QUILLBAR_TEST_ZONE=America/Santiago")
 
 # What a sanitizer must find beyond what it looks for by itself, for every test program.
 set(QUILLBAR_TEST_ENVIRONMENT "")
@@ -39,14 +41,19 @@ endif()
 # Registers one run of a test program. ARGUMENTS go to the program; TIMEOUT is in seconds.
 function(quillbar_add_test_run name program)
     cmake_parse_arguments(RUN "SERIAL" "TIMEOUT" "ARGUMENTS;ENVIRONMENT" ${ARGN})
+    if(NOT "${RUN_ENVIRONMENT}" MATCHES "QUILLBAR_TEST_ZONE=")
+        list(PREPEND RUN_ENVIRONMENT ${QUILLBAR_PLAIN})
+    endif()
     if(NOT RUN_TIMEOUT)
         set(RUN_TIMEOUT 60)
     endif()
     math(EXPR patience "${RUN_TIMEOUT} * ${QUILLBAR_TEST_PATIENCE}")
     list(APPEND RUN_ENVIRONMENT ${QUILLBAR_TEST_ENVIRONMENT})
     add_test(NAME ${name} COMMAND ${program} ${RUN_ARGUMENTS})
+    # A filter that nothing passes through would pass.
     set_tests_properties(${name} PROPERTIES
         ENVIRONMENT "${RUN_ENVIRONMENT}"
+        FAIL_REGULAR_EXPRESSION "Running 0 tests"
         TIMEOUT ${patience})
     if(RUN_SERIAL)
         set_tests_properties(${name} PROPERTIES RUN_SERIAL ON)
@@ -61,4 +68,16 @@ function(quillbar_add_test name program)
         ARGUMENTS --gtest_shuffle ENVIRONMENT ${QUILLBAR_GERMAN_SHANGHAI})
     quillbar_add_test_run(${name}:santiago ${program} ${ARGN}
         ENVIRONMENT ${QUILLBAR_SANTIAGO})
+endfunction()
+
+# Registers a test in Python. ARGUMENTS go to the script; ENVIRONMENT is all that it sees beside
+# the few fixed variables; TIMEOUT is in seconds.
+function(quillbar_add_python_test name script)
+    cmake_parse_arguments(RUN "" "TIMEOUT" "ARGUMENTS;ENVIRONMENT" ${ARGN})
+    # Started in the background of a shell, it would ignore what interrupts a program.
+    add_test(NAME ${name} COMMAND /usr/bin/env -i --default-signal
+        PATH=/usr/bin:/bin:/usr/sbin:/sbin LC_ALL=C.UTF-8 TZ=UTC HOME=/nonexistent
+        ${RUN_ENVIRONMENT}
+        "${Python3_EXECUTABLE}" -B -s "${script}" ${RUN_ARGUMENTS})
+    set_tests_properties(${name} PROPERTIES TIMEOUT ${RUN_TIMEOUT})
 endfunction()

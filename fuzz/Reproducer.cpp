@@ -5,6 +5,7 @@
 // input that broke the fuzzer.
 
 #include "fuzz/FuzzTarget.h"
+#include "tests/support/TestEnvironment.h"
 
 #include <fmt/format.h>
 
@@ -21,10 +22,12 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// The files that the arguments name, those of a folder in the order of their names.
-std::vector<fs::path> filesOf(const std::vector<fs::path>& arguments) {
+/// The files that the arguments name from a folder on, those of a folder in the order of their
+/// names.
+std::vector<fs::path> filesOf(const std::vector<fs::path>& arguments, const fs::path& from) {
     std::vector<fs::path> files;
-    for (const fs::path& argument : arguments) {
+    for (const fs::path& name : arguments) {
+        const fs::path argument = from / name;
         if (!fs::is_directory(argument)) {
             files.push_back(argument);
             continue;
@@ -53,7 +56,8 @@ std::optional<std::vector<char>> contentsOf(const fs::path& path) {
 }  // namespace
 
 int main(int argc, char* argv[]) {
-    const std::vector<fs::path> files = filesOf({argv + 1, argv + argc});
+    const quillbar::TestEnvironment environment(argv);
+    const std::vector<fs::path> files = filesOf({argv + 1, argv + argc}, environment.startFolder());
     if (files.empty()) {
         fmt::print(stderr, "Usage: {} FILE-OR-FOLDER...\n", argv[0]);
         return 2;

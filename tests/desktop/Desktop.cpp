@@ -10,8 +10,12 @@
 #include <QDBusVariant>
 #include <QUrl>
 
+#include <fmt/format.h>
+
+#include <filesystem>
 #include <fstream>
 #include <stdexcept>
+#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -22,6 +26,8 @@ namespace {
 const QString kConnection = QStringLiteral("desktop-test");
 const QString kWatcher = QStringLiteral("org.kde.StatusNotifierWatcher");
 const QString kWatcherPath = QStringLiteral("/StatusNotifierWatcher");
+
+constexpr const char* kSettingsService = "/usr/share/dbus-1/services/org.xfce.Xfconf.service";
 
 const QString kLeftMonitor = QStringLiteral("left");
 const QString kRightMonitor = QStringLiteral("right");
@@ -59,41 +65,43 @@ constexpr const char* kBarSettings = R"(<?xml version="1.0" encoding="UTF-8"?>
 </channel>
 )";
 
-void write(const std::filesystem::path& file, const char* text) {
+void write(const std::filesystem::path& file, std::string_view text) {
     std::filesystem::create_directories(file.parent_path());
     std::ofstream(file) << text;
 }
 
-// Nothing of the tester's own session but where programs are, and how sanitizers report.
-QProcessEnvironment bareEnvironment() {
-    const QProcessEnvironment own = QProcessEnvironment::systemEnvironment();
-    QProcessEnvironment bare;
-    for (const QString& name : own.keys()) {
-        if (name == QStringLiteral("PATH") || name.endsWith(QStringLiteral("SAN_OPTIONS"))
-            || name.endsWith(QStringLiteral("_SYMBOLIZER_PATH"))) {
-            bare.insert(name, own.value(name));
+// The test's own environment, with what a session of its own has instead of it.
+QProcessEnvironment sessionEnvironment(const QString& home) {
+    QProcessEnvironment session = QProcessEnvironment::systemEnvironment();
+    for (const QString& name : session.keys()) {
+        if (name == QStringLiteral("QT_QPA_PLATFORM") || name == QStringLiteral("LC_ALL")
+            || (name.startsWith(QStringLiteral("XDG_"))
+                && name.endsWith(QStringLiteral("_HOME")))) {
+            session.remove(name);
         }
     }
+    session.insert(QStringLiteral("HOME"), home);
+    session.insert(QStringLiteral("XDG_RUNTIME_DIR"), home);
+    session.insert(QStringLiteral("XDG_CURRENT_DESKTOP"), QStringLiteral("XFCE"));
+    // Where the programs of the desktop keep their files.
+    session.insert(QStringLiteral("XDG_DATA_DIRS"), QStringLiteral("/usr/share"));
+    session.insert(QStringLiteral("GSETTINGS_BACKEND"), QStringLiteral("memory"));
+    session.insert(QStringLiteral("LANG"), QStringLiteral("zh_CN.UTF-8"));
+    session.insert(QStringLiteral("TZ"), QStringLiteral("Asia/Shanghai"));
+    session.insert(QStringLiteral("NO_AT_BRIDGE"), QStringLiteral("1"));
     // libxkbcommon 1.5 copies a text of known length that no zero ends, as it may; the strict check
     // takes that for an overflow.
     const QString options = QStringLiteral("ASAN_OPTIONS");
-    if (bare.contains(options)) {
-        bare.insert(options, bare.value(options) + QStringLiteral(":strict_string_checks=0"));
+    if (session.contains(options)) {
+        session.insert(options, session.value(options) + QStringLiteral(":strict_string_checks=0"));
     }
-    return bare;
+    return session;
 }
 
 }  // namespace
 
 Desktop::Desktop()
-    : m_environment(bareEnvironment()) {
-    const QString home = QString::fromStdString(m_folder.path().string());
-    m_environment.insert(QStringLiteral("HOME"), home);
-    m_environment.insert(QStringLiteral("XDG_RUNTIME_DIR"), home);
-    m_environment.insert(QStringLiteral("XDG_CURRENT_DESKTOP"), QStringLiteral("XFCE"));
-    m_environment.insert(QStringLiteral("LANG"), QStringLiteral("zh_CN.UTF-8"));
-    m_environment.insert(QStringLiteral("TZ"), QStringLiteral("Asia/Shanghai"));
-    m_environment.insert(QStringLiteral("NO_AT_BRIDGE"), QStringLiteral("1"));
+    : m_environment(sessionEnvironment(QString::fromStdString(m_folder.path().string()))) {
     write(m_folder.path() / ".config/xfce4/xfconf/xfce-perchannel-xml/xfce4-panel.xml",
           kBarSettings);
     startServer();
@@ -135,8 +143,18 @@ void Desktop::startServer() {
 }
 
 void Desktop::startBus() {
+    // Of the services that are installed, this bus starts the bar's settings and no other.
+    const std::filesystem::path services = m_folder.path() / "services";
+    std::filesystem::create_directory(services);
+    std::filesystem::copy(kSettingsService, services);
+    const std::filesystem::path configuration = m_folder.path() / "bus.conf";
+    write(configuration,
+          fmt::format("<busconfig><include>{}</include><servicedir>{}</servicedir></busconfig>",
+                      QUILLBAR_TEST_BUS_FILE,
+                      services.string()));
     m_busDaemon.emplace(QStringLiteral("dbus-daemon"),
-                        QStringList{QStringLiteral("--session"),
+                        QStringList{QStringLiteral("--config-file=")
+                                        + QString::fromStdString(configuration.string()),
                                     QStringLiteral("--nofork"),
                                     QStringLiteral("--print-address")},
                         m_environment);

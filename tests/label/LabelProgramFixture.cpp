@@ -24,9 +24,6 @@ LabelProgramFixture::LabelProgramFixture() {
     m_environment.insert(QStringLiteral("QUILLBAR_MARKETCAP_ENDPOINT"),
                          text(m_binance.marketCapBase()));
     m_environment.insert(QStringLiteral("QUILLBAR_CA_FILE"), text(m_binance.caFile()));
-    // The user's own Quillbar may run, and is not asked.
-    m_environment.insert(QStringLiteral("DBUS_SESSION_BUS_ADDRESS"),
-                         QStringLiteral("unix:path=/nowhere/bus"));
     m_environment.insert(QStringLiteral("XDG_DATA_HOME"), text(m_folder.path().string()));
 }
 

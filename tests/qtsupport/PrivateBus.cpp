@@ -10,7 +10,7 @@ namespace quillbar {
 PrivateBus::PrivateBus() {
     m_daemon.setChildProcessModifier([] { ::prctl(PR_SET_PDEATHSIG, SIGKILL); });
     m_daemon.start(QStringLiteral("dbus-daemon"),
-                   {QStringLiteral("--session"),
+                   {QStringLiteral("--config-file=" QUILLBAR_TEST_BUS_FILE),
                     QStringLiteral("--nofork"),
                     QStringLiteral("--print-address")});
     if (m_daemon.waitForReadyRead()) {

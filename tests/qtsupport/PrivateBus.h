@@ -8,7 +8,7 @@
 namespace quillbar {
 
 /// A message bus of the tests' own, which ends with this object, or with the process at the latest.
-/// Needs a QCoreApplication.
+/// No program of the machine is started by its name on it. Needs a QCoreApplication.
 class PrivateBus final {
 public:
     /// The address is empty when no bus could be started.

@@ -1,5 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Quillbar developers
 // SPDX-License-Identifier: MIT
+#include "tests/support/TestEnvironment.h"
+
 #include <QApplication>
 #include <QCursor>
 #include <QScreen>
@@ -22,12 +24,10 @@ class PointerAway final : public ::testing::EmptyTestEventListener {
 
 }  // namespace
 
-// The main of the test programs that show widgets, on no screen unless the environment names one.
+// The main of the test programs that show widgets, on no screen.
 int main(int argc, char** argv) {
+    const quillbar::TestEnvironment environment(argv);
     ::testing::InitGoogleTest(&argc, argv);
-    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) {
-        qputenv("QT_QPA_PLATFORM", "offscreen");
-    }
     const QApplication application(argc, argv);
     if (std::setlocale(LC_ALL, "") != nullptr) {
         std::locale::global(std::locale(""));
