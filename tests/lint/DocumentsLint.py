@@ -7,7 +7,7 @@ import re
 from Lint import lint
 
 DOCUMENTS = ("README.md", "README.zh-CN.md", "ARCHITECTURE.md", "CONTRIBUTING.md", "CHANGELOG.md",
-             "docs/status-bars.md")
+             "docs/status-bars.md", "docs/testing.md")
 READMES = ("README.md", "README.zh-CN.md")
 LINK = re.compile(r"\]\((?!https?:)([^)#\s]+)\)")
 SCRIPT = re.compile(r"(?<![\w/.])(?:\./(?:run|test)\b|\.ci/run\b|(?:tools|tests)/[\w/]+\.(?:sh|py|txt))")
