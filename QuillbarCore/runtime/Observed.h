@@ -2,9 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <boost/signals2/connection.hpp>
-#include <boost/signals2/dummy_mutex.hpp>
-#include <boost/signals2/signal_type.hpp>
+#include "QuillbarCore/runtime/ChangeSignal.h"
 
 #include <concepts>
 #include <functional>
@@ -12,19 +10,6 @@
 #include <utility>
 
 namespace quillbar {
-
-/// Ends the observation when destroyed. May outlive what it observes.
-using Observation = boost::signals2::scoped_connection;
-
-namespace detail {
-
-// Everything observed lives on the main thread, so the signals need no locks.
-template <class... Arguments>
-using MainThreadSignal = typename boost::signals2::signal_type<
-    void(Arguments...),
-    boost::signals2::keywords::mutex_type<boost::signals2::dummy_mutex>>::type;
-
-}  // namespace detail
 
 /// A value that tells its observers of every change. For the main thread.
 template <std::equality_comparable T>
@@ -37,8 +22,7 @@ public:
     Observed& operator=(const Observed&) = delete;
     Observed(Observed&&) = delete;
     Observed& operator=(Observed&&) = delete;
-    // The signal alone would go on to the later observers when one of them destroys this.
-    ~Observed() { m_changed.disconnect_all_slots(); }
+    ~Observed() = default;
 
     [[nodiscard]] const T& get() const noexcept { return m_value; }
     [[nodiscard]] const T& operator*() const noexcept { return m_value; }
@@ -52,19 +36,21 @@ public:
             return;
         }
         m_value = std::move(value);
-        m_changed(m_value);
+        m_changed.tell(&m_value);
     }
 
     /// Calls `observer` with the value after each change, until the observation is destroyed. The
     /// observer does not throw. It may end observations, this one among them, begin some, which are
     /// told from the next change on, and destroy what it observes: nobody is told after that.
     [[nodiscard]] Observation observe(std::function<void(const T&)> observer) const {
-        return m_changed.connect(std::move(observer));
+        return m_changed.observe([observer = std::move(observer)](const void* value) {
+            observer(*static_cast<const T*>(value));
+        });
     }
 
 private:
     T m_value{};
-    mutable detail::MainThreadSignal<const T&> m_changed;
+    mutable ChangeSignal m_changed;
 };
 
 /// A map that tells its observers which key has changed, without copying the rest. For the main
@@ -79,8 +65,7 @@ public:
     ObservedMap& operator=(const ObservedMap&) = delete;
     ObservedMap(ObservedMap&&) = delete;
     ObservedMap& operator=(ObservedMap&&) = delete;
-    // As for `Observed`.
-    ~ObservedMap() { m_changed.disconnect_all_slots(); }
+    ~ObservedMap() = default;
 
     [[nodiscard]] const Map& get() const noexcept { return m_map; }
     [[nodiscard]] const Map& operator*() const noexcept { return m_map; }
@@ -102,14 +87,14 @@ public:
             }
             position->second = std::move(value);
         }
-        m_changed(key);
+        m_changed.tell(&key);
     }
 
     /// Removes a key and tells the observers, if it is there.
     void remove(const Key& key) {
         // Kept until all are told: `key` may be the map's own.
         if (const auto removed = m_map.extract(key)) {
-            m_changed(removed.key());
+            m_changed.tell(&removed.key());
         }
     }
 
@@ -117,19 +102,21 @@ public:
     void clear() {
         const Map removed = std::exchange(m_map, {});
         for (const auto& [key, value] : removed) {
-            m_changed(key);
+            m_changed.tell(&key);
         }
     }
 
     /// Calls `observer` with the key after each change of its value, until the observation is
     /// destroyed. The observer may do what one of an `Observed` may.
     [[nodiscard]] Observation observe(std::function<void(const Key&)> observer) const {
-        return m_changed.connect(std::move(observer));
+        return m_changed.observe([observer = std::move(observer)](const void* key) {
+            observer(*static_cast<const Key*>(key));
+        });
     }
 
 private:
     Map m_map;
-    mutable detail::MainThreadSignal<const Key&> m_changed;
+    mutable ChangeSignal m_changed;
 };
 
 }  // namespace quillbar

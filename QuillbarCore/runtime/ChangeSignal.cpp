@@ -1,0 +1,51 @@
+// SPDX-FileCopyrightText: 2026 The Quillbar developers
+// SPDX-License-Identifier: MIT
+#include "QuillbarCore/runtime/ChangeSignal.h"
+
+#include <boost/signals2/dummy_mutex.hpp>
+#include <boost/signals2/signal_type.hpp>
+
+#include <utility>
+
+namespace quillbar {
+
+namespace {
+
+// Everything observed lives on the main thread, so the signal needs no lock.
+using MainThreadSignal = boost::signals2::signal_type<
+    void(const void*),
+    boost::signals2::keywords::mutex_type<boost::signals2::dummy_mutex>>::type;
+
+}  // namespace
+
+class ChangeSignal::Signal final {
+public:
+    [[nodiscard]] MainThreadSignal& operator*() noexcept { return m_signal; }
+
+private:
+    MainThreadSignal m_signal;
+};
+
+ChangeSignal::~ChangeSignal() {
+    if (m_signal != nullptr) {
+        // Otherwise a running `tell` would go on to the later observers.
+        (**m_signal).disconnect_all_slots();
+    }
+}
+
+Observation ChangeSignal::observe(Observer observer) {
+    if (m_signal == nullptr) {
+        m_signal = std::make_shared<Signal>();
+    }
+    return (**m_signal).connect(std::move(observer));
+}
+
+void ChangeSignal::tell(const void* changed) {
+    // Kept for as long as it runs: an observer may destroy this, and the signal reads its own
+    // members after each observer.
+    if (const std::shared_ptr<Signal> running = m_signal; running != nullptr) {
+        (**running)(changed);
+    }
+}
+
+}  // namespace quillbar
