@@ -39,7 +39,7 @@ bool isLoopback(const QString& host) {
 }
 
 // What the user typed, on one line whatever it holds.
-std::string quoted(std::string_view text) {
+std::string inQuotes(std::string_view text) {
     std::string line(text);
     std::replace_if(
         line.begin(), line.end(), [](char c) { return c == '\n' || c == '\r'; }, ' ');
@@ -48,7 +48,7 @@ std::string quoted(std::string_view text) {
 
 std::string baseURL(std::string_view variable, std::string_view text, const Schemes& schemes) {
     const auto fail = [&](std::string_view reason) {
-        throw EndpointError(fmt::format("{}:「{}」{}", variable, quoted(text), reason));
+        throw EndpointError(fmt::format("{}:「{}」{}", variable, inQuotes(text), reason));
     };
     const QString typed =
         QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size())).trimmed();

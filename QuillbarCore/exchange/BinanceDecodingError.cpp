@@ -15,7 +15,7 @@ namespace {
 constexpr std::size_t kQuotedLength = 64;
 
 // What comes from the network must not forge lines of the log.
-std::string quoted(std::string_view text) {
+std::string inQuotes(std::string_view text) {
     std::string result = "\"";
     for (const char character : text.substr(0, kQuotedLength)) {
         const auto byte = static_cast<unsigned char>(character);
@@ -35,7 +35,7 @@ std::string quoted(std::string_view text) {
 }  // namespace
 
 BinanceDecodingError::BinanceDecodingError(std::string invalidNumber)
-    : std::runtime_error(fmt::format("invalidNumber({})", quoted(invalidNumber)))
+    : std::runtime_error(fmt::format("invalidNumber({})", inQuotes(invalidNumber)))
     , m_invalidNumber(std::move(invalidNumber)) {}
 
 }  // namespace quillbar
