@@ -11,6 +11,9 @@ target_compile_definitions(quillbar_flags INTERFACE
     QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_KEYWORDS
     QUILLBAR_VERSION="${PROJECT_VERSION}")
 
+# Programs too, not libraries alone: they share precompiled headers, which this must fit.
+target_compile_options(quillbar_flags INTERFACE -fPIC)
+
 set(CMAKE_CXX_EXTENSIONS OFF)
 set(CMAKE_POSITION_INDEPENDENT_CODE ON)
 set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
@@ -19,9 +22,11 @@ target_compile_options(quillbar_flags INTERFACE
     -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wsign-conversion -Wold-style-cast
     -Wnon-virtual-dtor -Woverloaded-virtual -Wcast-align -Wunused -Wformat=2
     -Wimplicit-fallthrough -Wextra-semi)
+# The other tools of the compiler's own version end like it: "-16" of clang++-16, or nothing.
+string(REGEX MATCH "-[0-9]+$" QUILLBAR_LLVM_SUFFIX "${CMAKE_CXX_COMPILER}")
 if(CMAKE_CXX_COMPILER_ID STREQUAL "Clang")
     # Debian's default linker takes twice as long on the tests.
-    find_program(QUILLBAR_LLD NAMES ld.lld-16)
+    find_program(QUILLBAR_LLD NAMES "ld.lld${QUILLBAR_LLVM_SUFFIX}")
     if(QUILLBAR_LLD)
         target_link_options(quillbar_flags INTERFACE "-fuse-ld=${QUILLBAR_LLD}")
     endif()

@@ -11,6 +11,22 @@ function(quillbar_floor name)
     target_link_libraries(quillbar_${name}
         PUBLIC quillbar_flags ${FLOOR_PUBLIC}
         PRIVATE ${FLOOR_PRIVATE})
+    quillbar_precompile(quillbar_${name} core)
+endfunction()
+
+# A room of the application: a static library of every source in its folder but main.cpp, named
+# quillbar_NAME. PUBLIC and PRIVATE name what it links to. AUTOMOC is for a room with classes that
+# have signals, slots or properties of their own.
+function(quillbar_room name)
+    cmake_parse_arguments(ROOM "AUTOMOC" "" "PUBLIC;PRIVATE" ${ARGN})
+    file(GLOB sources CONFIGURE_DEPENDS *.cpp *.h)
+    list(FILTER sources EXCLUDE REGEX "/main\\.cpp$")
+    add_library(quillbar_${name} STATIC ${sources})
+    set_target_properties(quillbar_${name} PROPERTIES AUTOMOC ${ROOM_AUTOMOC} LINKER_LANGUAGE CXX)
+    target_link_libraries(quillbar_${name}
+        PUBLIC quillbar_flags ${ROOM_PUBLIC}
+        PRIVATE ${ROOM_PRIVATE})
+    quillbar_precompile(quillbar_${name} qt)
 endfunction()
 
 # A test program of every *Test.cpp in its folder, named quillbar-tests-NAME and run by ctest as
@@ -22,10 +38,10 @@ function(quillbar_tests name)
     add_executable(quillbar-tests-${name} ${sources})
     target_link_libraries(quillbar-tests-${name}
         PRIVATE quillbar_flags quillbar_test_support ${TESTS_LIBRARIES} GTest::gmock GTest::gtest)
-    # What nearly every test includes takes longer to compile than the test itself.
-    target_precompile_headers(quillbar-tests-${name} PRIVATE
-        <gmock/gmock.h> <gtest/gtest.h>
-        <boost/signals2/signal_type.hpp>
-        <chrono> <filesystem> <functional> <memory> <optional> <string> <vector>)
+    set(precompiled test)
+    if(TESTS_LIBRARIES MATCHES "quillbar_(qt|widget)_test_main")
+        set(precompiled qt_test)
+    endif()
+    quillbar_precompile(quillbar-tests-${name} ${precompiled})
     quillbar_add_test(${name} quillbar-tests-${name} ${TESTS_UNPARSED_ARGUMENTS})
 endfunction()
