@@ -26,6 +26,7 @@ set(QUILLBAR_SANTIAGO "QUILLBAR_TEST_LOCALE=C.UTF-8" "QUILLBAR_TEST_ZONE=America
 set(QUILLBAR_TEST_ENVIRONMENT "")
 set(QUILLBAR_TEST_PATIENCE 1)
 if(QUILLBAR_SANITIZERS)
+    find_program(QUILLBAR_SYMBOLIZER REQUIRED NAMES "llvm-symbolizer${QUILLBAR_LLVM_SUFFIX}")
     string(JOIN ":" asan_options
         detect_leaks=1 strict_string_checks=1 detect_stack_use_after_return=1
         check_initialization_order=1 strict_init_order=1)
@@ -34,7 +35,8 @@ if(QUILLBAR_SANITIZERS)
         "LSAN_OPTIONS=suppressions=${CMAKE_CURRENT_LIST_DIR}/../tests/leaks.supp:print_suppressions=0"
         "UBSAN_OPTIONS=print_stacktrace=1:halt_on_error=1"
         "TSAN_OPTIONS=halt_on_error=1:second_deadlock_stack=1"
-        "ASAN_SYMBOLIZER_PATH=/usr/bin/llvm-symbolizer-16")
+        "ASAN_SYMBOLIZER_PATH=${QUILLBAR_SYMBOLIZER}"
+        "TSAN_SYMBOLIZER_PATH=${QUILLBAR_SYMBOLIZER}")
     set(QUILLBAR_TEST_PATIENCE 4)
 endif()
 

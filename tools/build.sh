@@ -17,6 +17,13 @@ configure() {
     cmake --preset "$1"
 }
 
+# llvm_tool PRESET NAME: the tool of the same version as the preset's compiler.
+llvm_tool() {
+    local compiler
+    compiler=$(sed -n 's/^QUILLBAR_CLANG:[A-Z]*=//p' "build/$1/CMakeCache.txt")
+    printf '%s%s' "$2" "$(sed -nE 's/.*(-[0-9]+)$/\1/p' <<<"$compiler")"
+}
+
 # build PRESET [TARGET...]
 build() {
     local preset=$1

@@ -9,6 +9,8 @@
 set -euo pipefail
 cd "$(dirname "$(readlink -f "$0")")/.."
 
+. tools/build.sh
+
 seconds=$1
 mkdir -p build/fuzz/found
 shopt -s nullglob
@@ -41,6 +43,7 @@ fuzz() {
 export -f fuzz
 
 export ASAN_OPTIONS=detect_leaks=1 UBSAN_OPTIONS=print_stacktrace=1:halt_on_error=1
-export ASAN_SYMBOLIZER_PATH=/usr/bin/llvm-symbolizer-16
+ASAN_SYMBOLIZER_PATH=$(command -v "$(llvm_tool fuzz llvm-symbolizer)")
+export ASAN_SYMBOLIZER_PATH
 printf '%s\n' "${fuzzers[@]}" |
     xargs -r -P "$(nproc)" -I{} bash -c 'fuzz "$0" "$1"' {} "$seconds"

@@ -4,19 +4,21 @@
 #
 # Usage: tools/setup.sh run|test|ci
 #
-# Installs the packages of tools/packages.txt that a purpose needs and this Debian 12 lacks. Asks
-# for root only when something is missing. On another system it prints the packages and fails.
-# Talks on stderr alone.
+# Installs the packages of tools/packages.txt that a purpose needs and this Debian 12 or 13 lacks.
+# Asks for root only when something is missing. On another system it prints the packages and fails.
+# Ends with 75 when the packages could not be fetched, after three tries. Talks on stderr alone.
 set -euo pipefail
 
 list=$(dirname "$(readlink -f "$0")")/packages.txt
 os_release=${QUILLBAR_OS_RELEASE:-/etc/os-release}
+pause=${QUILLBAR_SETUP_PAUSE:-20}
 
 say() { printf 'setup: %s\n' "$*" >&2; }
 
+# packages PURPOSE RELEASE
 packages() {
     local purposes
-    case ${1:-} in
+    case $1 in
     run) purposes='run' ;;
     test) purposes='run test' ;;
     ci) purposes='run test ci' ;;
@@ -25,13 +27,16 @@ packages() {
         exit 2
         ;;
     esac
-    awk -v purposes=" $purposes " '!/^#/ && NF && index(purposes, " " $1 " ") { print $2 }' "$list"
+    awk -v purposes=" $purposes " -v release="$2" '
+        !/^#/ && NF && index(purposes, " " $1 " ") && ($2 == "any" || $2 == release) { print $3 }
+    ' "$list"
 }
 
-is_debian_12() {
-    [ -r "$os_release" ] || return 1
+# The number of this Debian's release, or nothing on another system.
+debian_release() {
+    [ -r "$os_release" ] || return 0
     # shellcheck disable=SC1090
-    (. "$os_release" && [ "${ID:-}" = debian ] && [ "${VERSION_ID:-}" = 12 ])
+    (. "$os_release" && [ "${ID:-}" = debian ] && printf '%s' "${VERSION_ID:-}")
 }
 
 missing_of() {
@@ -41,15 +46,24 @@ missing_of() {
     printf '%s\n' "$@" | grep -vxF -f <(printf '%s\n' "$installed") || true
 }
 
-wanted=$(packages "$@")
-mapfile -t wanted <<<"$wanted"
-
-if ! is_debian_12; then
-    say 'this is not Debian 12, so nothing was installed. Quillbar is built with these packages:'
-    printf '  %s\n' "${wanted[@]}" >&2
+purpose=${1:-}
+release=$(debian_release || true)
+case $release in
+12 | 13) ;;
+*)
+    wanted=$(packages "$purpose" 13)
+    say 'this is neither Debian 12 nor 13, so nothing was installed. Quillbar is built with these'
+    say "packages (Debian 13's names):"
+    # shellcheck disable=SC2086
+    printf '  %s\n' $wanted >&2
+    say 'Once you have their equivalents, with clang 16 or newer and Qt 6.4 or newer, go on with'
+    say '  ./run --no-setup    or    ./test --no-setup'
     exit 1
-fi
+    ;;
+esac
 
+wanted=$(packages "$purpose" "$release")
+mapfile -t wanted <<<"$wanted"
 mapfile -t missing < <(missing_of "${wanted[@]}")
 if [ ${#missing[@]} -eq 0 ]; then
     exit 0
@@ -65,10 +79,28 @@ if [ "$(id -u)" -ne 0 ]; then
     as_root=(sudo)
 fi
 
-say "installing ${#missing[@]} missing packages with apt-get: ${missing[*]}"
 apt=("${as_root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get -q
     -o DPkg::Lock::Timeout=300 -o Dpkg::Use-Pty=0)
-# A source that cannot be reached is no reason to stop: the installation says what it lacks.
-"${apt[@]}" update >&2 || say 'not every package source answered; going on with those that did'
+
+# Fetches everything before anything is installed, so that a package source that does not answer is
+# told apart from a package that cannot be installed.
+fetch() {
+    # A source that cannot be reached is no reason to stop: the fetching says what it lacks.
+    "${apt[@]}" update >&2 || say 'not every package source answered; going on with those that did'
+    "${apt[@]}" install -y --download-only --no-install-recommends "${missing[@]}" >&2
+}
+
+say "installing ${#missing[@]} missing packages with apt-get: ${missing[*]}"
+for try in 1 2 3; do
+    if fetch; then
+        break
+    fi
+    if [ "$try" -eq 3 ]; then
+        say 'the packages could not be fetched; see above for the source that did not answer'
+        exit 75
+    fi
+    say "the packages could not be fetched; trying again in $pause seconds"
+    sleep "$pause"
+done
 "${apt[@]}" install -y --no-install-recommends "${missing[@]}" >&2
 say 'done'

@@ -19,7 +19,7 @@ VARIABLE = re.compile(r"\bQUILLBAR_[A-Z]+(?:_[A-Z]+)*\b")
 def packages(tree):
     for line in (tree.root / "tools/packages.txt").read_text(encoding="utf-8").splitlines():
         if line and not line.startswith("#"):
-            yield line.split()[1]
+            yield line.split()[2]
 
 
 def defined_targets(tree):
@@ -68,7 +68,7 @@ def project(**changes):
     files = {name: "" for name in DOCUMENTS}
     files.update({
         "CMakePresets.json": '{"configurePresets": [{"name": "dev"}]}',
-        "tools/packages.txt": "# purpose package\nrun cmake the build\n",
+        "tools/packages.txt": "# purpose release package\nrun any cmake the build\n",
         "run": "", "LICENSE": "",
         "Quillbar/CMakeLists.txt": "add_custom_target(report)",
         "Quillbar/A.cpp": '"QUILLBAR_CA_FILE"',

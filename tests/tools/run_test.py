@@ -107,6 +107,11 @@ class Run(unittest.TestCase):
         self.assertEqual(lines[:2], ["program quillbar-label", "arguments --once --format json"])
         self.assertIn("set up for run\nbuilt release quillbar-label\n", err)
 
+    def test_sets_nothing_up_when_told_so(self):
+        _, _, err = self.run_through("--no-setup", "--", "--once")
+        self.assertNotIn("set up", err)
+        self.assertIn("built release quillbar-label\n", err)
+
     def test_starts_the_application_on_a_desktop(self):
         for variables in ({"DISPLAY": ":0"}, {"WAYLAND_DISPLAY": "wayland-0"}):
             with self.subTest(variables):
@@ -186,7 +191,7 @@ class Run(unittest.TestCase):
     def test_help_sets_nothing_up(self):
         status, lines, err = self.run_through("--help")
         self.assertEqual((status, err), (0, ""))
-        self.assertEqual(lines[0], "Usage: ./run [--demo] [-- ARGUMENTS]")
+        self.assertEqual(lines[0], "Usage: ./run [--demo] [--no-setup] [-- ARGUMENTS]")
 
 
 if __name__ == "__main__":

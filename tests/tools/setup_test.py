@@ -9,20 +9,22 @@ import tempfile
 import unittest
 
 SETUP = pathlib.Path(os.environ["QUILLBAR_ROOT"], "tools", "setup.sh")
-PACKAGES = [line.split()[:2]
+PACKAGES = [line.split()[:3]
             for line in SETUP.with_name("packages.txt").read_text(encoding="utf-8").splitlines()
             if line and not line.startswith("#")]
-SYSTEM_PROGRAMS = ("awk", "bash", "cat", "dirname", "env", "grep", "readlink")
+SYSTEM_PROGRAMS = ("awk", "bash", "cat", "dirname", "env", "grep", "readlink", "sleep")
 
 
-def names(*purposes):
-    return [name for purpose, name in PACKAGES if purpose in purposes]
+def names(*purposes, release="12"):
+    return [name for purpose, needed_on, name in PACKAGES
+            if purpose in purposes and needed_on in ("any", release)]
 
 
 class Machine:
     """A Debian, or something else, where only the given packages are installed."""
 
-    def __init__(self, folder, installed, *, user=0, system="debian 12", sudo=True, update=0):
+    def __init__(self, folder, installed, *, user=0, system="debian 12", sudo=True, update=0,
+                 failing_fetches=0):
         self.folder = pathlib.Path(folder)
         self.log = self.folder / "log"
         self.log.touch()
@@ -33,8 +35,10 @@ class Machine:
             (self.folder / program).symlink_to(shutil.which(program))
         self.program("dpkg-query", f"cat {self.folder}/installed; exit 1")
         self.program("id", f"echo {user}")
-        self.program("apt-get", f'echo "apt-get $*" >>{self.log}; '
-                                f'case "$*" in *update*) exit {update};; esac')
+        self.program("apt-get", f'echo "apt-get $*" >>{self.log}; case "$*" in '
+                                f'*" update") exit {update};; '
+                                f'*--download-only*) [ "$(grep -c download-only {self.log})" -gt '
+                                f'{failing_fetches} ] || exit 100;; esac')
         if sudo:
             self.program("sudo", f'echo sudo >>{self.log}; exec "$@"')
 
@@ -46,6 +50,7 @@ class Machine:
     def set_up(self, purpose):
         return subprocess.run([SETUP, purpose], capture_output=True, text=True, check=False,
                               env={"PATH": str(self.folder),
+                                   "QUILLBAR_SETUP_PAUSE": "0",
                                    "QUILLBAR_OS_RELEASE": str(self.folder / "os-release")})
 
     def calls(self):
@@ -71,8 +76,9 @@ class SetUp(unittest.TestCase):
         self.assertEqual(done.returncode, 0, done.stderr)
         self.assertEqual(done.stdout, "")
         self.assertIn(f"installing 2 missing packages with apt-get: {missing}", done.stderr)
-        update, install = machine.calls()
+        update, fetch, install = machine.calls()
         self.assertTrue(update.endswith(" update"), update)
+        self.assertTrue(fetch.endswith(f" install -y --download-only --no-install-recommends {missing}"), fetch)
         self.assertTrue(install.endswith(f" install -y --no-install-recommends {missing}"), install)
 
     def test_a_purpose_takes_in_those_before_it(self):
@@ -81,14 +87,14 @@ class SetUp(unittest.TestCase):
             with self.subTest(purpose), tempfile.TemporaryDirectory() as folder:
                 machine = Machine(folder, [])
                 machine.set_up(purpose)
-                installed = machine.calls()[1].partition("--no-install-recommends ")[2]
+                installed = machine.calls()[2].partition("--no-install-recommends ")[2]
                 self.assertEqual(installed.split(), names(*purposes))
 
     def test_takes_root_only_to_install(self):
         machine = Machine(self.folder, names("run")[1:], user=1000)
         self.assertEqual(machine.set_up("run").returncode, 0)
         self.assertEqual([call.split()[0] for call in machine.calls()],
-                         ["sudo", "apt-get", "sudo", "apt-get"])
+                         ["sudo", "apt-get"] * 3)
 
     def test_without_root_or_sudo_tells_what_to_type(self):
         machine = Machine(self.folder, names("run")[1:], user=1000, sudo=False)
@@ -102,17 +108,41 @@ class SetUp(unittest.TestCase):
         done = machine.set_up("run")
         self.assertEqual(done.returncode, 0)
         self.assertIn("not every package source answered", done.stderr)
-        self.assertEqual(len(machine.calls()), 2)
+        self.assertEqual(len(machine.calls()), 3)
 
-    def test_prints_the_packages_and_stops_on_another_system(self):
-        for system in ("ubuntu 24.04", "debian 13", "fedora 40"):
+    def test_tries_again_when_packages_cannot_be_fetched(self):
+        machine = Machine(self.folder, names("run")[1:], failing_fetches=2)
+        done = machine.set_up("run")
+        self.assertEqual(done.returncode, 0, done.stderr)
+        self.assertEqual(len(machine.calls()), 7)
+
+    def test_tells_a_package_source_that_does_not_answer_apart(self):
+        machine = Machine(self.folder, names("run")[1:], failing_fetches=3)
+        done = machine.set_up("run")
+        self.assertEqual(done.returncode, 75)
+        self.assertIn("could not be fetched", done.stderr)
+        self.assertEqual(len(machine.calls()), 6)
+
+    def test_takes_the_names_that_packages_have_on_its_release(self):
+        for release, compiler in (("12", "clang-16"), ("13", "clang-19")):
+            with self.subTest(release), tempfile.TemporaryDirectory() as folder:
+                machine = Machine(folder, [], system=f"debian {release}")
+                self.assertEqual(machine.set_up("ci").returncode, 0)
+                installed = machine.calls()[2].partition("--no-install-recommends ")[2].split()
+                self.assertIn(compiler, installed)
+                self.assertEqual(installed, names("run", "test", "ci", release=release))
+
+    def test_prints_the_packages_and_the_way_on_on_another_system(self):
+        for system in ("ubuntu 24.04", "debian 11", "fedora 40"):
             with self.subTest(system), tempfile.TemporaryDirectory() as folder:
                 machine = Machine(folder, [], system=system)
                 done = machine.set_up("test")
                 self.assertEqual(done.returncode, 1)
-                self.assertIn("this is not Debian 12", done.stderr)
-                listed = [line.strip() for line in done.stderr.splitlines()[1:]]
-                self.assertEqual(listed, names("run", "test"))
+                self.assertIn("this is neither Debian 12 nor 13", done.stderr)
+                self.assertIn("./test --no-setup", done.stderr)
+                listed = [line.strip() for line in done.stderr.splitlines()
+                          if line.startswith("  ") and "--no-setup" not in line]
+                self.assertEqual(listed, names("run", "test", release="13"))
                 self.assertEqual(machine.calls(), [])
 
 
