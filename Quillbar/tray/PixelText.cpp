@@ -23,6 +23,11 @@ struct Glyph {
     std::array<std::string_view, kHeight> rows;
 
     [[nodiscard]] int width() const { return static_cast<int>(rows[0].size()); }
+    [[nodiscard]] constexpr bool isRectangular() const {
+        return std::all_of(rows.begin(), rows.end(), [this](std::string_view row) {
+            return row.size() == rows[0].size();
+        });
+    }
 };
 
 // clang-format off
@@ -52,6 +57,11 @@ constexpr std::array kGlyphs{
     Glyph{u'…', {"....."sv, "....."sv, "....."sv, "....."sv, "....."sv, "....."sv, "....."sv, "#.#.#"sv}},
 };
 // clang-format on
+
+// A row that is too short would be read beyond its end.
+static_assert(std::all_of(kGlyphs.begin(), kGlyphs.end(), [](const Glyph& glyph) {
+    return glyph.isRectangular();
+}));
 
 const Glyph* glyphOf(QChar character) {
     const auto* const found =
