@@ -32,6 +32,12 @@ TEST(ClickAnchor, isTheReportedPlaceForAHostToldByTheKeyboard) {
     EXPECT_EQ((Click{.pointer = kFar, .reportedInBar = false}.anchor()), kFar);
 }
 
+TEST(ClickAnchor, takesAPointerForFarBeyondTwoHundredPixels) {
+    EXPECT_EQ((Click{.pointer = {1150, 60}}.anchor()), QPoint(1150, 60));
+    EXPECT_EQ((Click{.pointer = {1151, 60}}.anchor()), kReported);
+    EXPECT_EQ((Click{.pointer = {849, 60}}.anchor()), kReported);
+}
+
 TEST(ClickAnchor, isTheReportedPlaceWhereThePointerStandsStill) {
     EXPECT_EQ((Click{.trust = PointerPosition::outdated}.anchor()), kReported);
 }

@@ -31,7 +31,10 @@ TEST(TrayHost, thatIsKnownToShowNoLabelIsToldOfNone) {
          {"kded5", "lxqt-panel", "panel-7-systray", "panel-12-systray", "swaybar", "waybar"}) {
         EXPECT_EQ(TrayHost::ofProcess(comm).label, TrayHost::Label::ignored) << comm;
     }
-    EXPECT_EQ(TrayHost::ofProcess("panel-7-clock").label, TrayHost::Label::shown);
+    for (const char* const comm :
+         {"panel-7-clock", "panel-7-systrax", "panel7-systray", "other-7-systray"}) {
+        EXPECT_EQ(TrayHost::ofProcess(comm), TrayHost{}) << comm;
+    }
 }
 
 TEST(TrayHost, knowsWhoseClicksCannotBePlaced) {

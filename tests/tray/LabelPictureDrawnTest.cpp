@@ -1,0 +1,287 @@
+// SPDX-FileCopyrightText: 2026 The Quillbar developers
+// SPDX-License-Identifier: MIT
+#include "Quillbar/text/TabularText.h"
+#include "Quillbar/tray/LabelPicture.h"
+#include "tests/qtsupport/Ink.h"
+
+#include <QColor>
+#include <QFont>
+#include <QFontMetricsF>
+#include <QGuiApplication>
+#include <QPainter>
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cmath>
+#include <vector>
+
+namespace quillbar {
+
+namespace {
+
+LabelPicture squareOf(const QString& upper,
+                      const QString& lower,
+                      LabelDirection direction = LabelDirection::flat,
+                      BarShade shade = BarShade::dark) {
+    return {.form = LabelForm::square,
+            .shade = shade,
+            .upper = upper,
+            .lower = lower,
+            .direction = direction};
+}
+
+LabelPicture wideOf(const QString& text,
+                    LabelDirection direction = LabelDirection::flat,
+                    BarShade shade = BarShade::dark) {
+    return {.form = LabelForm::widePicture, .shade = shade, .upper = text, .direction = direction};
+}
+
+/// The application's mark.
+LabelPicture markOn(BarShade shade) {
+    return {.form = LabelForm::square, .shade = shade};
+}
+
+/// The desktop's font in the weight of the labels.
+QFont fontOf(int pixels) {
+    QFont font = QGuiApplication::font();
+    font.setPixelSize(pixels);
+    font.setWeight(QFont::Medium);
+    font.setStyleStrategy(QFont::NoSubpixelAntialias);
+    return font;
+}
+
+/// The colours of the pixels that are wholly covered by ink.
+std::vector<QColor> colorsIn(const QImage& image, const QRect& part) {
+    std::vector<QColor> colors;
+    for (int y = part.top(); y <= part.bottom(); ++y) {
+        for (int x = part.left(); x <= part.right(); ++x) {
+            const QColor color = image.pixelColor(x, y);
+            if (color.alpha() == 255
+                && std::find(colors.begin(), colors.end(), color) == colors.end()) {
+                colors.push_back(color);
+            }
+        }
+    }
+    return colors;
+}
+
+constexpr QRect kUpperLine(0, 0, 22, 11);
+constexpr QRect kLowerLine(0, 11, 22, 11);
+
+TEST(LabelPictureDrawnTest, aSquareIsTwoLinesOfPixels) {
+    const LabelPicture picture = squareOf(QStringLiteral("67.2k"), QStringLiteral("+1.2%"));
+    EXPECT_EQ(inkOf(picture.drawn(22)),
+              drawing({
+                  "......................", "......................", ".##..####....##..#....",
+                  "#..#....#...#..#.#....", "#.......#......#.#..#.", "###....#.......#.#.#..",
+                  "#..#...#......#..##...", "#..#..#......#...##...", "#..#..#.....#....#.#..",
+                  ".##...#...#.####.#..#.", "......................", "......................",
+                  "......#.....##..##..#.", ".....##....#..#.##..#.", "......#.......#....#..",
+                  ".#....#.......#...#...", "###...#......#....#...", ".#....#.....#....#....",
+                  "......#....#....#..##.", ".....###.#.####.#..##.", "......................",
+                  "......................",
+              }));
+}
+
+TEST(LabelPictureDrawnTest, aShortLineStandsInTheMiddle) {
+    const QImage image = squareOf(QStringLiteral("0"), QStringLiteral("—")).drawn(22);
+    EXPECT_EQ(boundsOfInk(image.copy(kUpperLine)), QRect(9, 2, 4, 8));
+    EXPECT_EQ(boundsOfInk(image.copy(kLowerLine)), QRect(8, 5, 5, 1));
+}
+
+TEST(LabelPictureDrawnTest, aLineIsOfPixelsAsLongAsItFits) {
+    // 22 pixels wide, and 23.
+    const auto isSharp = [](const char* text) {
+        const QImage image = squareOf(QString::fromUtf8(text), QString()).drawn(22);
+        for (int x = 0; x < 22; ++x) {
+            for (int y = 0; y < 11; ++y) {
+                const int alpha = image.pixelColor(x, y).alpha();
+                if (alpha != 0 && alpha != 255) {
+                    return false;
+                }
+            }
+        }
+        return true;
+    };
+    EXPECT_TRUE(isSharp("%1.11"));
+    EXPECT_FALSE(isSharp("%%1.1"));
+}
+
+TEST(LabelPictureDrawnTest, aLineOfLettersStandsOnTheBaselineInTheMiddle) {
+    for (const int scale : {1, 2}) {
+        SCOPED_TRACE(scale);
+        const QFont font = fontOf(11 * scale);
+        QImage expected(22 * scale, 22 * scale, QImage::Format_ARGB32_Premultiplied);
+        expected.fill(Qt::transparent);
+        {
+            QPainter painter(&expected);
+            painter.setPen(Qt::white);
+            const QFontMetricsF metrics(font);
+            const auto line = [&](const QString& text, int baseline) {
+                const QRectF place(0, baseline - metrics.ascent(), 22.0 * scale, metrics.height());
+                TabularText::draw(painter, place, Qt::AlignHCenter | Qt::AlignTop, text, font);
+            };
+            line(QStringLiteral("ETH"), 10 * scale);
+            line(QStringLiteral("SO"), 20 * scale);
+        }
+        EXPECT_EQ(squareOf(QStringLiteral("ETH"), QStringLiteral("SO")).drawn(22 * scale),
+                  expected);
+    }
+}
+
+TEST(LabelPictureDrawnTest, aLineThatIsTooLongIsWrittenNarrower) {
+    for (const int scale : {1, 2}) {
+        const QImage image = squareOf(QStringLiteral("HHHHHHHH"), QString()).drawn(22 * scale);
+        const QRect ink = boundsOfInk(image);
+        // As wide as the square, and as high as ever.
+        EXPECT_LE(ink.left(), 2 * scale);
+        EXPECT_GE(ink.right(), 22 * scale - 1 - 2 * scale);
+        const QRect one = boundsOfInk(squareOf(QStringLiteral("H"), QString()).drawn(22 * scale));
+        EXPECT_EQ(ink.top(), one.top());
+        EXPECT_EQ(ink.bottom(), one.bottom());
+    }
+}
+
+TEST(LabelPictureDrawnTest, aSquareHasTheColoursOfItsBarAndItsDirection) {
+    struct Row {
+        BarShade shade;
+        QColor text;
+        QColor up;
+        QColor down;
+    };
+    for (const Row& row : {Row{BarShade::dark, {255, 255, 255}, {84, 230, 160}, {255, 128, 128}},
+                           Row{BarShade::light, {20, 20, 22}, {0, 112, 60}, {190, 20, 20}}}) {
+        const auto colorsOf = [&row](LabelDirection direction, const QRect& line) {
+            return colorsIn(
+                squareOf(QStringLiteral("67.2k"), QStringLiteral("+1.2%"), direction, row.shade)
+                    .drawn(22),
+                line);
+        };
+        using Colors = std::vector<QColor>;
+        EXPECT_EQ(colorsOf(LabelDirection::up, kUpperLine), Colors{row.text});
+        EXPECT_EQ(colorsOf(LabelDirection::up, kLowerLine), Colors{row.up});
+        EXPECT_EQ(colorsOf(LabelDirection::down, kUpperLine), Colors{row.text});
+        EXPECT_EQ(colorsOf(LabelDirection::down, kLowerLine), Colors{row.down});
+        EXPECT_EQ(colorsOf(LabelDirection::flat, kLowerLine), Colors{row.text});
+    }
+}
+
+TEST(LabelPictureDrawnTest, whatIsNotLiveIsPalerAndOtherwiseTheSame) {
+    const auto drawnIn = [](LabelDirection direction) {
+        return squareOf(QStringLiteral("67.2k"), QStringLiteral("+1.2%"), direction).drawn(22);
+    };
+    const QImage stale = drawnIn(LabelDirection::stale);
+    EXPECT_EQ(inkOf(stale), inkOf(drawnIn(LabelDirection::flat)));
+    for (int y = 0; y < 22; ++y) {
+        for (int x = 0; x < 22; ++x) {
+            const QColor color = stale.pixelColor(x, y);
+            if (color.alpha() != 0) {
+                EXPECT_NEAR(color.alphaF(), 0.65, 0.005);
+                EXPECT_GE(color.lightness(), 254);
+            }
+        }
+    }
+}
+
+TEST(LabelPictureDrawnTest, theMarkIsThreeCandlesThatRise) {
+    EXPECT_EQ(inkOf(markOn(BarShade::dark).drawn(22)),
+              drawing({
+                  "......................", "......................", "......................",
+                  "...............####...", "...............####...", "...............####...",
+                  "...............####...", ".........####..####...", ".........####..####...",
+                  ".........####..####...", ".........####..####...", "...####..####..####...",
+                  "...####..####.........", "...####..####.........", "...####..####.........",
+                  "...####..####.........", "...####..####.........", "...####...............",
+                  "...####...............", "......................", "......................",
+                  "......................",
+              }));
+    const QImage large = markOn(BarShade::light).drawn(44);
+    EXPECT_EQ(boundsOfInk(large), QRect(6, 6, 32, 32));
+    EXPECT_EQ(colorsIn(large, large.rect()), std::vector<QColor>{QColor(20, 20, 22)});
+    // Its corners are round.
+    EXPECT_LT(large.pixelColor(6, 22).alpha(), 200);
+    EXPECT_EQ(large.pixelColor(7, 23).alpha(), 255);
+    EXPECT_EQ(large.pixelColor(8, 22).alpha(), 255);
+}
+
+TEST(LabelPictureDrawnTest, onABarItDoesNotKnowItBringsADarkGroundWithRoundCorners) {
+    for (const int scale : {1, 2}) {
+        const QImage image = markOn(BarShade::unknown).drawn(22 * scale);
+        const QColor ground = image.pixelColor(0, 11 * scale);
+        EXPECT_EQ(ground.alpha(), 225);
+        EXPECT_NEAR(ground.red(), 24, 1);
+        EXPECT_NEAR(ground.green(), 24, 1);
+        EXPECT_NEAR(ground.blue(), 28, 1);
+        EXPECT_EQ(boundsOfInk(image), image.rect());
+        QImage corner(22 * scale, 22 * scale, QImage::Format_ARGB32_Premultiplied);
+        corner.fill(Qt::transparent);
+        {
+            QPainter painter(&corner);
+            painter.setRenderHint(QPainter::Antialiasing);
+            painter.setPen(Qt::NoPen);
+            painter.setBrush(QColor(24, 24, 28, 225));
+            painter.drawRoundedRect(corner.rect(), 4 * scale, 4 * scale);
+        }
+        const QRect part(0, 0, 6 * scale, 6 * scale);
+        EXPECT_EQ(image.copy(part), corner.copy(part));
+    }
+    EXPECT_EQ(markOn(BarShade::dark).drawn(22).pixelColor(0, 11).alpha(), 0);
+}
+
+TEST(LabelPictureDrawnTest, theWholeTextIsOf13PixelsWithFourOnEitherSide) {
+    const QString lead = QStringLiteral("BTC 67,234.50 ");
+    const QString change = QStringLiteral(" 1.23%");
+    for (const int scale : {1, 2}) {
+        SCOPED_TRACE(scale);
+        const QFont font = fontOf(13 * scale);
+        const QFontMetricsF metrics(font);
+        const double slot = std::max({metrics.horizontalAdvance(u'▲'),
+                                      metrics.horizontalAdvance(u'▼'),
+                                      metrics.horizontalAdvance(u'·')});
+        const double leadWidth = TabularText::width(lead, font);
+        const double changeWidth = TabularText::width(change, font);
+        const double margin = 4.0 * scale;
+        QImage expected(static_cast<int>(std::ceil(leadWidth + slot + changeWidth + 2 * margin)),
+                        22 * scale,
+                        QImage::Format_ARGB32_Premultiplied);
+        expected.fill(Qt::transparent);
+        {
+            QPainter painter(&expected);
+            const auto piece = [&](const QString& text, double left, double width, auto side) {
+                TabularText::draw(painter,
+                                  QRectF(left, 0, width, 22.0 * scale),
+                                  side | Qt::AlignVCenter,
+                                  text,
+                                  font);
+            };
+            painter.setPen(QColor(255, 255, 255));
+            piece(lead, margin, leadWidth, Qt::AlignLeft);
+            painter.setPen(QColor(255, 128, 128));
+            piece(QStringLiteral("▼"), margin + leadWidth, slot, Qt::AlignHCenter);
+            piece(change, margin + leadWidth + slot, changeWidth, Qt::AlignLeft);
+        }
+        EXPECT_EQ(wideOf(lead + u'▼' + change, LabelDirection::down).drawn(22 * scale), expected);
+    }
+}
+
+TEST(LabelPictureDrawnTest, aTextWithoutAMarkIsOnePiece) {
+    const QString text = QStringLiteral("BTC");
+    const QFont font = fontOf(13);
+    QImage expected(static_cast<int>(std::ceil(TabularText::width(text, font) + 8)),
+                    22,
+                    QImage::Format_ARGB32_Premultiplied);
+    expected.fill(Qt::transparent);
+    {
+        QPainter painter(&expected);
+        painter.setOpacity(0.65);
+        painter.setPen(Qt::white);
+        TabularText::draw(
+            painter, QRectF(4, 0, 100, 22), Qt::AlignLeft | Qt::AlignVCenter, text, font);
+    }
+    EXPECT_EQ(wideOf(text, LabelDirection::stale).drawn(22), expected);
+}
+
+}  // namespace
+
+}  // namespace quillbar
