@@ -37,12 +37,6 @@ RawServer::Answer sayAndClose(std::string answer) {
 
 void sayNothing(const std::string&, QTcpSocket&) {}
 
-// zlib's format, which HTTP calls deflate.
-std::string deflated(const std::string& text) {
-    constexpr int kLengthOfQtsOwnHeader = 4;
-    return qCompress(QByteArray::fromStdString(text), 9).mid(kLengthOfQtsOwnHeader).toStdString();
-}
-
 TEST(URLSessionFetcherTest, givesAStalledTransferAMinuteAndABody64MiB) {
     EXPECT_EQ(TransferLimits{}.withoutProgress, std::chrono::seconds(60));
     EXPECT_EQ(TransferLimits{}.bodySize, 67'108'864U);
@@ -148,18 +142,6 @@ TEST(URLSessionFetcherTest, failsWhenTheAnswerIsNotHttp) {
     EXPECT_TRUE(Fetching().failure(server.url()).has_value());
 }
 
-TEST(URLSessionFetcherTest, inflatesACompressedBody) {
-    const std::string body(200'000, 'x');
-    RawServer server(say(httpAnswer("200 OK", deflated(body), "Content-Encoding: deflate\r\n")));
-    EXPECT_EQ(Fetching().get(server.url()).body, body);
-}
-
-TEST(URLSessionFetcherTest, failsWhenTheCompressionIsDamaged) {
-    RawServer server(
-        say(httpAnswer("200 OK", "this was never deflated", "Content-Encoding: deflate\r\n")));
-    EXPECT_EQ(Fetching().failure(server.url()), Code::other);
-}
-
 TEST(URLSessionFetcherTest, acceptsABodyOfTheLargestSizeAndNoByteMore) {
     constexpr std::size_t kLargest = 100'000;
     Fetching fetching({.bodySize = kLargest});
@@ -168,19 +150,6 @@ TEST(URLSessionFetcherTest, acceptsABodyOfTheLargestSizeAndNoByteMore) {
     RawServer exceeding(say(httpAnswer("200 OK", std::string(kLargest + 1, 'x'))));
     EXPECT_EQ(fetching.failure(exceeding.url()), Code::tooLarge);
     EXPECT_EQ(fetching.errorText, "the body exceeds 100000 bytes");
-}
-
-TEST(URLSessionFetcherTest, refusesABodyThatInflatesBeyondTheLargestSize) {
-    constexpr std::size_t kLargest = 100'000;
-    Fetching fetching({.bodySize = kLargest});
-    const auto answer = [](std::size_t size) {
-        const std::string small = deflated(std::string(size, 'x'));
-        return httpAnswer("200 OK", small, "Content-Encoding: deflate\r\n");
-    };
-    RawServer fitting(say(answer(kLargest)));
-    EXPECT_EQ(fetching.get(fitting.url()).body.size(), kLargest);
-    RawServer exceeding(say(answer(kLargest + 1)));
-    EXPECT_EQ(fetching.failure(exceeding.url()), Code::tooLarge);
 }
 
 TEST(URLSessionFetcherTest, abortsAnEndlessBody) {
