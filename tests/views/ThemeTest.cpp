@@ -1,10 +1,15 @@
 // SPDX-FileCopyrightText: 2026 The Quillbar developers
 // SPDX-License-Identifier: MIT
 #include "Quillbar/Theme.h"
+#include "tests/qtsupport/SpinUntil.h"
+#include "tests/views/PaintCount.h"
 
 #include <QWidget>
+#include <QWindow>
 
 #include <gtest/gtest.h>
+
+#include <array>
 
 namespace quillbar {
 
@@ -40,21 +45,55 @@ TEST(ThemeTest, theUsersChoiceHoldsOnAnyDesktop) {
 }
 
 TEST(ThemeTest, eachSchemeHasItsPalette) {
-    EXPECT_EQ(ThemeColors::of(ColorScheme::dark).surface, QColor(23, 23, 26));
-    EXPECT_EQ(ThemeColors::of(ColorScheme::light).surface, QColor(252, 252, 253));
-    EXPECT_EQ(ThemeColors::dark().up, QColor(62, 207, 142));
-    EXPECT_EQ(ThemeColors::light().down, QColor(207, 58, 58));
-    EXPECT_EQ(ThemeColors::light().tertiaryText, ThemeColors::dark().secondaryText);
+    EXPECT_EQ(&ThemeColors::of(ColorScheme::dark), &ThemeColors::dark());
+    EXPECT_EQ(&ThemeColors::of(ColorScheme::light), &ThemeColors::light());
 }
 
-TEST(ThemeTest, translucentRolesAreStraightWhiteOrBlack) {
-    EXPECT_EQ(ThemeColors::dark().separator.rgb(), QColor(Qt::white).rgb());
-    EXPECT_NEAR(ThemeColors::dark().separator.alphaF(), 0.08, 1e-4);
-    EXPECT_NEAR(ThemeColors::dark().rowAlternate.alphaF(), 0.025, 1e-4);
-    EXPECT_NEAR(ThemeColors::dark().rowHover.alphaF(), 0.055, 1e-4);
-    EXPECT_EQ(ThemeColors::light().separator.rgb(), QColor(Qt::black).rgb());
-    EXPECT_NEAR(ThemeColors::light().rowAlternate.alphaF(), 0.018, 1e-4);
-    EXPECT_NEAR(ThemeColors::light().rowHover.alphaF(), 0.04, 1e-4);
+TEST(ThemeTest, theOpaqueRolesAreTheseColours) {
+    struct Row {
+        const char* name;
+        QColor ThemeColors::Resolved::*role;
+        QColor dark;
+        QColor light;
+    };
+    using Roles = ThemeColors::Resolved;
+    const std::array rows{
+        Row{"up", &Roles::up, {62, 207, 142}, {26, 138, 84}},
+        Row{"down", &Roles::down, {255, 92, 92}, {207, 58, 58}},
+        Row{"primaryText", &Roles::primaryText, {232, 232, 234}, {29, 29, 31}},
+        Row{"secondaryText", &Roles::secondaryText, {154, 154, 160}, {134, 134, 139}},
+        Row{"tertiaryText", &Roles::tertiaryText, {99, 99, 107}, {154, 154, 160}},
+        Row{"accent", &Roles::accent, {77, 141, 250}, {47, 111, 208}},
+        Row{"warning", &Roles::warning, {217, 131, 36}, {185, 106, 16}},
+        Row{"surface", &Roles::surface, {23, 23, 26}, {252, 252, 253}},
+    };
+    for (const Row& row : rows) {
+        EXPECT_EQ(ThemeColors::dark().*row.role, row.dark) << row.name;
+        EXPECT_EQ(ThemeColors::light().*row.role, row.light) << row.name;
+    }
+}
+
+TEST(ThemeTest, theTranslucentRolesAreStraightWhiteOrBlack) {
+    struct Row {
+        const char* name;
+        QColor ThemeColors::Resolved::*role;
+        double darkOpacity;
+        double lightOpacity;
+    };
+    using Roles = ThemeColors::Resolved;
+    const std::array rows{
+        Row{"separator", &Roles::separator, 0.08, 0.08},
+        Row{"rowAlternate", &Roles::rowAlternate, 0.025, 0.018},
+        Row{"rowHover", &Roles::rowHover, 0.055, 0.04},
+    };
+    for (const Row& row : rows) {
+        const QColor dark = ThemeColors::dark().*row.role;
+        const QColor light = ThemeColors::light().*row.role;
+        EXPECT_EQ(dark.rgb(), QColor(Qt::white).rgb()) << row.name;
+        EXPECT_NEAR(dark.alphaF(), row.darkOpacity, 1e-4) << row.name;
+        EXPECT_EQ(light.rgb(), QColor(Qt::black).rgb()) << row.name;
+        EXPECT_NEAR(light.alphaF(), row.lightOpacity, 1e-4) << row.name;
+    }
 }
 
 TEST(ThemeTest, aViewWithoutAPanelIsDark) {
@@ -75,6 +114,38 @@ TEST(ThemeTest, reachesEveryViewBelowAndTellsItOnce) {
     ThemeKey::set(panel, dark());
     EXPECT_EQ(ThemeKey::value(*row), dark());
     EXPECT_EQ(row->changes, 2);
+}
+
+TEST(ThemeTest, theRootIsToldToo) {
+    Listener panel;
+    ThemeKey::set(panel, light());
+    ThemeKey::set(panel, dark());
+    EXPECT_EQ(panel.changes, 2);
+}
+
+TEST(ThemeTest, aChangeRepaintsThePanelAndTheWindowsOverIt) {
+    QWidget panel;
+    auto* const row = new QWidget(&panel);
+    row->setGeometry(0, 0, 10, 10);
+    auto* const popover = new QWidget(&panel, Qt::Tool);
+    ThemeKey::set(panel, dark());
+    for (QWidget* const window : {&panel, popover}) {
+        window->resize(100, 40);
+        window->show();
+        ASSERT_TRUE(spinUntil([window] { return window->windowHandle()->isExposed(); }));
+    }
+    spinUntilIdle();
+    const PaintCount ofPanel(panel);
+    const PaintCount ofRow(*row);
+    const PaintCount ofPopover(*popover);
+    ThemeKey::set(panel, dark());
+    spinUntilIdle();
+    EXPECT_EQ(ofPanel.count + ofRow.count + ofPopover.count, 0) << "nothing looks different";
+    ThemeKey::set(panel, light());
+    spinUntilIdle();
+    EXPECT_EQ(ofPanel.region, panel.rect()) << "more than what is below the row";
+    EXPECT_GT(ofRow.count, 0);
+    EXPECT_GT(ofPopover.count, 0);
 }
 
 TEST(ThemeTest, theNearestAncestorHolds) {
