@@ -56,11 +56,17 @@ TEST_F(AddCoinViewTest, isAFieldOverAnAreaOf200Points) {
     show();
     EXPECT_EQ(view->width(), 280);
     EXPECT_EQ(view->sizeHint().width(), 280);
+    EXPECT_EQ(field().pos(), QPoint(8, 8));
     EXPECT_EQ(field().width(), 280 - 2 * 8);
+    const int belowTheField = 8 + field().height() + 6;
+    EXPECT_EQ(named(*view, QString::fromUtf8(kHint))->pos(), QPoint(4, belowTheField));
+    EXPECT_EQ(named(*view, QString::fromUtf8(kHint))->width(), 280 - 2 * 4);
+    EXPECT_EQ(view->height(), belowTheField + 200 + 4);
     EXPECT_EQ(field().placeholderText(), QStringLiteral("搜索币种,如 SOL"));
     EXPECT_EQ(named(*view, QString::fromUtf8(kHint))->height(), 200);
     searchFor(QStringLiteral("SOL"));
     EXPECT_EQ(rows().height(), 200);
+    EXPECT_EQ(rows().pos(), QPoint(4, belowTheField));
     EXPECT_EQ(view->height(), view->sizeHint().height());
 }
 

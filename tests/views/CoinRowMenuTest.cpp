@@ -1,6 +1,8 @@
 // SPDX-FileCopyrightText: 2026 The Quillbar developers
 // SPDX-License-Identifier: MIT
 #include "Quillbar/CoinRowMenu.h"
+#include "Quillbar/Glyphs.h"
+#include "tests/qtsupport/Ink.h"
 #include "tests/views/CoinListFixture.h"
 
 #include <gmock/gmock.h>
@@ -22,6 +24,23 @@ struct CoinRowMenuTest : CoinListFixture {
         choose(title);
     }
 };
+
+TEST_F(CoinRowMenuTest, theRemovalCarriesABinInTheColourOfFalling) {
+    show({"BTC"});
+    openMenu("BTC");
+    QImage expected(16, 16, QImage::Format_ARGB32_Premultiplied);
+    expected.fill(Qt::transparent);
+    {
+        QPainter painter(&expected);
+        drawGlyph(painter, Glyph::trash, QRectF(2, 2, 12, 12), ThemeKey::value(*view).colors.down);
+    }
+    const QImage icon = item("删除")->icon().pixmap(16, 16).toImage();
+    EXPECT_EQ(icon.size(), QSize(16, 16));
+    EXPECT_LE(difference(icon, expected), 1);
+    for (const char* const title : {"置顶", "上移", "下移", "固定到菜单栏"}) {
+        EXPECT_TRUE(item(title)->icon().isNull()) << title;
+    }
+}
 
 TEST_F(CoinRowMenuTest, aCoinInTheMiddleMovesBothWays) {
     show({"BTC", "ETH", "SOL"});

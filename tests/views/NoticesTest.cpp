@@ -3,6 +3,7 @@
 #include "Quillbar/GlyphButton.h"
 #include "Quillbar/NoticeLines.h"
 #include "Quillbar/Notices.h"
+#include "Quillbar/text/SystemFont.h"
 #include "tests/qtsupport/SpinUntil.h"
 #include "tests/views/Widgets.h"
 
@@ -126,6 +127,51 @@ TEST_F(NoticeLinesTest, showTheWholeTextWithinThePanel) {
             QFontMetrics(label->font()).boundingRect(text, Qt::TextWordWrap, label->text());
         EXPECT_LE(needed.height(), text.height());
     }
+}
+
+TEST_F(NoticeLinesTest, keepTwelvePointsAtTheirSidesAndFourAboveAndBelow) {
+    notices.add(Notice::noTray);
+    notices.add(Notice::noSessionBus);
+    show();
+    const std::vector<QLabel*> labels = widgetsOf<QLabel>(*lines);
+    const QLabel* const label = labels.at(0);
+    const auto* const button = widgetsOf<GlyphButton>(*label).at(0);
+    EXPECT_EQ(label->font(), systemFont(10.5));
+    // The glyph of eight points stands twelve from the edge, its button six.
+    EXPECT_EQ(button->geometry(), QRect(kPanelWidth - 6 - 20, 1, 20, 20));
+    EXPECT_EQ(label->contentsRect(), label->rect().adjusted(12, 4, -26, -4));
+    EXPECT_EQ(labels.at(1)->y(), label->geometry().bottom() + 1 + 1) << "a line between the two";
+}
+
+TEST_F(NoticeLinesTest, standOnAFaintGroundInTheThemesWarningColour) {
+    notices.add(Notice::noTray);
+    show();
+    auto& label = *widgetsOf<QLabel>(*lines).at(0);
+    widgetsOf<GlyphButton>(label).at(0)->hide();
+    const ThemeColors::Resolved& colors = ThemeKey::value(label).colors;
+    QImage expected(1, 1, QImage::Format_ARGB32_Premultiplied);
+    expected.fill(colors.surface);
+    QColor ground = colors.warning;
+    ground.setAlphaF(0.1F);
+    QPainter(&expected).fillRect(0, 0, 1, 1, ground);
+    const QImage picture = pictureOf(label);
+    for (const QPoint corner : {QPoint(0, 0), QPoint(399, 0), QPoint(0, picture.height() - 1)}) {
+        EXPECT_EQ(picture.pixelColor(corner), expected.pixelColor(0, 0));
+    }
+}
+
+TEST_F(NoticeLinesTest, areSentAwayByACrossOfEightPoints) {
+    notices.add(Notice::noTray);
+    show();
+    auto& button = *widgetsOf<GlyphButton>(*lines).at(0);
+    const ThemeColors::Resolved& colors = ThemeKey::value(button).colors;
+    QImage expected(20, 20, QImage::Format_ARGB32_Premultiplied);
+    expected.fill(colors.surface);
+    {
+        QPainter painter(&expected);
+        drawGlyph(painter, Glyph::xmark, QRectF(6, 6, 8, 8), colors.secondaryText);
+    }
+    EXPECT_EQ(pictureOf(button), expected);
 }
 
 TEST_F(NoticeLinesTest, goOneByOneAtTheirButton) {

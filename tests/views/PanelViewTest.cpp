@@ -4,25 +4,14 @@
 #include "Quillbar/CoinListView.h"
 #include "Quillbar/ConnectionBanner.h"
 #include "Quillbar/ErrorLine.h"
-#include "Quillbar/login/LaunchAtLogin.h"
 #include "Quillbar/MarketBoardView.h"
-#include "Quillbar/PanelView.h"
-#include "Quillbar/RowList.h"
-#include "Quillbar/SettingsMenu.h"
-#include "Quillbar/UnderlineTabs.h"
-#include "tests/qtsupport/SpinUntil.h"
-#include "tests/support/FakeLoginItem.h"
+#include "tests/views/PanelFixture.h"
 #include "tests/views/Pointer.h"
-#include "tests/views/ViewFixture.h"
-#include "tests/views/Widgets.h"
 
 #include <QAbstractButton>
 #include <QAction>
-#include <QMenu>
-#include <QTest>
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 namespace quillbar {
 
@@ -30,85 +19,7 @@ namespace {
 
 using ::testing::ElementsAre;
 
-struct PanelViewTest : ViewFixture {
-    PanelView& show() {
-        if (!settings) {
-            settings.emplace(*state, launchAtLogin);
-        }
-        panel = std::make_unique<PanelView>(
-            environment(), systemScheme, *settings, [this] { ++quits; });
-        panel->resize(panel->sizeHint());
-        panel->show();
-        spinUntilIdle();
-        return *panel;
-    }
-
-    [[nodiscard]] const ThemeColors::Resolved& colors() const {
-        return ThemeKey::value(*widgetsOf<UnderlineTabs>(*panel).at(0)).colors;
-    }
-
-    void click(const QString& name) {
-        QWidget* const button = named(*panel, name);
-        ASSERT_NE(button, nullptr) << name.toStdString();
-        QTest::mouseClick(button, Qt::LeftButton);
-        // A frame, after which a board begins to poll.
-        spinUntilIdle();
-        executor.run();
-        spinUntilIdle();
-    }
-    /// Shows the panel over a watchlist of one coin, and gives it the keyboard.
-    void showOneCoin() {
-        startConnected(listOf({"BTC"}));
-        showActive(show());
-    }
-    [[nodiscard]] QWidget& onlyRow() const { return *shown<RowList>()->row(symbolOf("BTC")); }
-    [[nodiscard]] static QMenu* menu() {
-        return dynamic_cast<QMenu*>(QApplication::activePopupWidget());
-    }
-    /// Lets an edit run that was chosen from a menu.
-    void letEditRun() {
-        spinUntilIdle();
-        // The offscreen platform does not give a window back what a menu over it has taken.
-        showActive(*panel);
-        executor.run();
-        spinUntilIdle();
-    }
-    [[nodiscard]] bool hasRing(const QString& name) const {
-        QWidget& widget = *named(*panel, name);
-        return pictureOf(widget).pixelColor(widget.width() / 2, 0) == colors().accent;
-    }
-    [[nodiscard]] QString focused() const {
-        return panel->focusWidget() == nullptr ? QString() : panel->focusWidget()->accessibleName();
-    }
-
-    /// Whatever of this type is shown.
-    template <class Widget>
-    [[nodiscard]] Widget* shown() const {
-        for (Widget* const each : widgetsOf<Widget>(*panel)) {
-            if (each->isVisible()) {
-                return each;
-            }
-        }
-        return nullptr;
-    }
-    void theExchangeHas(const std::vector<std::string>& baseAssets) {
-        TickerMap tickers;
-        std::vector<Coin> coins;
-        for (const std::string& baseAsset : baseAssets) {
-            coins.push_back(coinOf(baseAsset));
-            tickers.emplace(coins.back().symbol, Ticker{110, 100, 2e9});
-        }
-        api.exchangeInfoAnswers.otherwise(std::move(coins));
-        api.ticker24hAllAnswers.otherwise(std::move(tickers));
-    }
-
-    Observed<ColorScheme> systemScheme{ColorScheme::light};
-    FakeLoginItem loginItem;
-    LaunchAtLogin launchAtLogin{loginItem};
-    std::optional<SettingsMenu> settings;
-    int quits = 0;
-    std::unique_ptr<PanelView> panel;
-};
+using PanelViewTest = PanelFixture;
 
 TEST(PanelTabTest, theWatchlistIsFirstThenEachBoard) {
     std::vector<QString> titles;
@@ -137,27 +48,6 @@ TEST_F(PanelViewTest, isFourHundredPointsWideAndAsHighAsItsContent) {
     run(state->add(coinOf("SOL")));
     spinUntilIdle();
     EXPECT_EQ(panel->sizeHint().height(), two + 28);
-}
-
-TEST_F(PanelViewTest, stacksHeaderTabsErrorBannerAndList) {
-    theUserHas(listOf({"BTC"}));
-    start();
-    files.breakAll();
-    state->pin("BTCUSDT");
-    show();
-    const auto top = [this](const QWidget* child) {
-        return child->mapTo(panel.get(), QPoint()).y();
-    };
-    const auto* const tabs = widgetsOf<UnderlineTabs>(*panel).at(0);
-    const auto* const error = widgetsOf<ErrorLine>(*panel).at(0);
-    const auto* const banner = widgetsOf<ConnectionBanner>(*panel).at(0);
-    const auto* const list = widgetsOf<CoinListView>(*panel).at(0);
-    EXPECT_LT(0, top(tabs));
-    EXPECT_LT(top(tabs), top(error));
-    EXPECT_LT(top(error), top(banner));
-    EXPECT_LT(top(banner), top(list));
-    EXPECT_EQ(banner->width(), 400);
-    EXPECT_EQ(list->width(), 400);
 }
 
 TEST_F(PanelViewTest, aFirstStartOpensTheWatchlistInTheDark) {
@@ -258,16 +148,6 @@ TEST_F(PanelViewTest, thePlusOpensTheSearch) {
     panel->hide();
     spinUntilIdle();
     EXPECT_TRUE(widgetsOf<AddCoinView>(*panel).empty());
-}
-
-TEST_F(PanelViewTest, theGearAndThePlusAreAtTheRightEndOfTheHeader) {
-    start();
-    show();
-    const QRect plus = named(*panel, QStringLiteral("添加币种"))->geometry();
-    const QRect gear = named(*panel, QStringLiteral("设置"))->geometry();
-    EXPECT_LT(plus.right(), gear.left());
-    EXPECT_EQ(gear.right() + 1, 400 - 12);
-    EXPECT_EQ(gear.center().y(), plus.center().y());
 }
 
 TEST_F(PanelViewTest, followsTheUsersAppearance) {

@@ -3,12 +3,15 @@
 #include "Quillbar/Popover.h"
 #include "Quillbar/PopoverPlacement.h"
 #include "Quillbar/Theme.h"
+#include "tests/qtsupport/Ink.h"
 #include "tests/views/Widgets.h"
 
 #include <QApplication>
 #include <QKeyEvent>
 #include <QLineEdit>
+#include <QPainter>
 #include <QPalette>
+#include <QPen>
 #include <QPointer>
 #include <QRegion>
 #include <QScreen>
@@ -18,6 +21,7 @@
 
 #include <algorithm>
 #include <memory>
+#include <string>
 
 namespace quillbar {
 namespace {
@@ -214,6 +218,30 @@ TEST_F(PopoverTest, itsCornersAreRound) {
     EXPECT_TRUE(popover->mask().contains(QPoint(140, 0)));
 }
 
+TEST_F(PopoverTest, aCutCornerIsRoundByEightPoints) {
+    open();
+    const QRegion shape = popover->mask();
+    std::string corner;
+    for (int y = 0; y < 9; ++y) {
+        for (int x = 0; x < 9; ++x) {
+            corner += shape.contains(QPoint(x, y)) ? '#' : '.';
+        }
+        corner += '\n';
+    }
+    EXPECT_EQ(corner,
+              drawing({
+                  ".....####",
+                  "...######",
+                  "..#######",
+                  ".########",
+                  ".########",
+                  "#########",
+                  "#########",
+                  "#########",
+                  "#########",
+              }));
+}
+
 TEST_F(PopoverTest, nothingShowsThroughAtTheEdgeOfACutCorner) {
     ThemeKey::set(window, {.colors = ThemeColors::dark()});
     window.setPalette(QPalette(Qt::white, Qt::white));
@@ -240,9 +268,21 @@ TEST_F(PopoverTest, itsCornersAreClearWhereWindowsAreBlended) {
     showActive(translucent);
     open();
     EXPECT_TRUE(popover->mask().isEmpty());
-    const QImage picture = popover->grab().toImage();
-    EXPECT_EQ(picture.pixelColor(0, 0).alpha(), 0);
-    EXPECT_EQ(picture.pixelColor(140, 100).alpha(), 255);
+    QImage expected(280, 200, QImage::Format_ARGB32_Premultiplied);
+    expected.fill(Qt::transparent);
+    {
+        const ThemeColors::Resolved& colors = ThemeColors::dark();
+        QPainter painter(&expected);
+        painter.setRenderHint(QPainter::Antialiasing);
+        painter.setPen(Qt::NoPen);
+        painter.setBrush(colors.surface);
+        painter.drawRoundedRect(QRectF(0, 0, 280, 200), 8, 8);
+        painter.setPen(QPen(colors.separator, 1));
+        painter.setBrush(Qt::NoBrush);
+        painter.drawRoundedRect(QRectF(0.5, 0.5, 279, 199), 7.5, 7.5);
+    }
+    field->hide();
+    EXPECT_LE(difference(popover->grab().toImage(), expected), 2);
 }
 
 TEST_F(PopoverTest, goesWithItsAnchor) {

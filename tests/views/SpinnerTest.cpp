@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "Quillbar/Spinner.h"
 #include "Quillbar/Theme.h"
+#include "tests/qtsupport/Ink.h"
 #include "tests/qtsupport/SpinUntil.h"
 
 #include <QColor>
@@ -9,14 +10,17 @@
 
 #include <gtest/gtest.h>
 
+#include <cstddef>
+#include <vector>
+
 namespace quillbar {
 namespace {
 
-QColor colorAt(QWidget& widget, QPoint point) {
-    QImage image(widget.size(), QImage::Format_ARGB32);
+QImage pictureOf(Spinner& spinner) {
+    QImage image(spinner.size(), QImage::Format_ARGB32);
     image.fill(Qt::transparent);
-    widget.render(&image, {}, {}, QWidget::DrawChildren);
-    return image.pixelColor(point);
+    spinner.render(&image, {}, {}, QWidget::DrawChildren);
+    return image;
 }
 
 TEST(SpinnerTest, turnsOnlyWhileItIsShown) {
@@ -45,15 +49,44 @@ TEST(SpinnerTest, goesFromSpokeToSpoke) {
     EXPECT_TRUE(spinUntil([&spinner] { return spinner.phase() == 0; }));
 }
 
+TEST(SpinnerTest, eightSpokesFadeAgainstTheClock) {
+    Spinner spinner(200);
+    const QImage image = pictureOf(spinner);
+    // In the middle of each spoke, clockwise from the top, which is the brightest at first.
+    const std::vector<QPoint> places{
+        {100, 30}, {149, 50}, {169, 99}, {149, 149}, {99, 169}, {50, 149}, {30, 99}, {50, 50}};
+    const std::vector<double> opacities{1, 0.15, 0.271, 0.393, 0.514, 0.636, 0.757, 0.879};
+    for (std::size_t spoke = 0; spoke < places.size(); ++spoke) {
+        EXPECT_NEAR(image.pixelColor(places[spoke]).alphaF(), opacities[spoke], 0.01) << spoke;
+    }
+}
+
+TEST(SpinnerTest, itsSpokesGoFromAQuarterOfItsDiameterToItsEdge) {
+    Spinner spinner(200);
+    const QImage image = pictureOf(spinner);
+    EXPECT_EQ(boundsOfInk(image), image.rect());
+    const QRect top = boundsOfInk(image.copy(85, 0, 30, 60));
+    // Eleven hundredths of the diameter wide, and round at the ends.
+    EXPECT_EQ(top, QRect(4, 0, 22, 60));
+    const QRect middle = boundsOfInk(image.copy(85, 50, 30, 30));
+    EXPECT_EQ(middle.bottom(), 10);
+}
+
 TEST(SpinnerTest, isDrawnInItsRole) {
-    Spinner spinner(32);
+    Spinner spinner(200);
+    const auto color = [&spinner] { return pictureOf(spinner).pixelColor(100, 30); };
+    EXPECT_EQ(color(), ThemeColors::dark().secondaryText);
     spinner.setColorRole(&ThemeColors::Resolved::accent);
-    // The top spoke is the brightest at first.
-    const QColor top = colorAt(spinner, {16, 4});
-    EXPECT_EQ(top.alpha(), 255);
-    EXPECT_NEAR(top.blue(), ThemeColors::dark().accent.blue(), 2);
-    const QColor next = colorAt(spinner, {28, 16});
-    EXPECT_LT(next.alpha(), 255);
+    EXPECT_EQ(color(), ThemeColors::dark().accent);
+}
+
+TEST(SpinnerTest, turnsAsItsPhaseSays) {
+    Spinner spinner(200);
+    spinner.show();
+    ASSERT_TRUE(spinUntil([&spinner] { return spinner.phase() == 2; }));
+    const QImage image = pictureOf(spinner);
+    EXPECT_EQ(image.pixelColor(169, 99).alpha(), 255);
+    EXPECT_NEAR(image.pixelColor(149, 50).alphaF(), 0.879, 0.01);
 }
 
 TEST(SpinnerTest, hasItsDiameter) {
