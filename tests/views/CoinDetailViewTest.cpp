@@ -1,29 +1,11 @@
 // SPDX-FileCopyrightText: 2026 The Quillbar developers
 // SPDX-License-Identifier: MIT
-#include "Quillbar/CoinDetailView.h"
-#include "Quillbar/PriceChart.h"
-#include "Quillbar/Spinner.h"
-#include "Quillbar/Theme.h"
-#include "QuillbarCore/exchange/BinanceError.h"
 #include "QuillbarCore/exchange/URLError.h"
-#include "tests/model/Instants.h"
-#include "tests/views/Candles.h"
-#include "tests/views/ViewFixture.h"
-#include "tests/views/Widgets.h"
-
-#include <QAbstractButton>
-#include <QLabel>
-#include <QTest>
+#include "QuillbarCore/runtime/Cancelled.h"
+#include "tests/views/CoinDetailFixture.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
-
-#include <algorithm>
-#include <chrono>
-#include <memory>
-#include <stdexcept>
-#include <string>
-#include <vector>
 
 namespace quillbar {
 namespace {
@@ -34,106 +16,7 @@ using ::testing::SizeIs;
 
 using KlinesRequest = FakeBinanceAPI::KlinesRequest;
 
-// The names of the buttons.
-const QString kDay = QStringLiteral("走势范围: 一天");
-const QString kWeek = QStringLiteral("走势范围: 一周");
-const QString kMonth = QStringLiteral("走势范围: 一个月");
-const QString kRetry = QStringLiteral("重试");
-
-const QString& nameOf(ChartRange range) {
-    if (range == ChartRange::day) {
-        return kDay;
-    }
-    return range == ChartRange::week ? kWeek : kMonth;
-}
-
-/// A chart of BTC under its row, 400 points wide.
-struct CoinDetailViewTest : ViewFixture {
-    void SetUp() override {
-        build();
-        view = std::make_unique<CoinDetailView>(environment(), coinOf("BTC"));
-        view->resize(400, CoinDetailView::kHeight);
-    }
-    void TearDown() override { view.reset(); }
-
-    void show() {
-        view->show();
-        executor.run();
-    }
-    void click(const QString& name) {
-        QTest::mouseClick(button(name), Qt::LeftButton);
-        executor.run();
-    }
-    void choose(ChartRange range) { click(nameOf(range)); }
-    void retry() { click(kRetry); }
-
-    static std::vector<Candle> candles(const std::vector<double>& closes) {
-        return candlesThrough(closes, utcInstant(2026, 11, 14, 10), std::chrono::hours(1));
-    }
-    void theExchangeHas(const std::vector<double>& closes) {
-        api.klinesAnswers.value(candles(closes));
-    }
-    void theExchangeFails() { api.klinesAnswers.error(BinanceError(500)); }
-    void answer(const Deferred<std::vector<Candle>>& held, const std::vector<double>& closes) {
-        held.setValue(candles(closes));
-        executor.run();
-    }
-
-    // What is seen.
-
-    [[nodiscard]] QAbstractButton* button(const QString& name) const {
-        for (auto* const found : view->findChildren<QAbstractButton*>()) {
-            if (found->accessibleName() == name) {
-                return found;
-            }
-        }
-        throw std::invalid_argument("no such button");
-    }
-    [[nodiscard]] PriceChart& chart() const { return *widgetsOf<PriceChart>(*view).at(0); }
-    [[nodiscard]] Spinner& spinner() const { return *widgetsOf<Spinner>(*view).at(0); }
-    /// The message that is shown; empty for none.
-    [[nodiscard]] std::string message() const {
-        const auto* const label = view->findChild<QLabel*>();
-        return label->isVisible() ? label->text().toStdString() : std::string();
-    }
-    /// The chart, and what takes its place or goes with it.
-    [[nodiscard]] std::string seen() const {
-        std::string seen = message();
-        if (spinner().isVisible()) {
-            seen += "spinner";
-        }
-        if (button(kRetry)->isVisible()) {
-            seen += "+button";
-        }
-        if (chart().isVisible()) {
-            seen += chart().isOutdated() ? "+faint chart" : "+chart";
-        }
-        return seen;
-    }
-    [[nodiscard]] std::string summary() const {
-        return chart().accessibleDescription().toStdString();
-    }
-    [[nodiscard]] QImage picture() const {
-        QImage image(view->size(), QImage::Format_ARGB32);
-        image.fill(Qt::transparent);
-        view->render(&image, {}, {}, QWidget::DrawChildren);
-        return image;
-    }
-    /// How strongly the line between the ranges and the chart is drawn at most, from 0 to 255.
-    [[nodiscard]] int strengthOfSummaryLine() const {
-        const QImage line = picture().copy(0, 34, 400, 24);
-        int strongest = 0;
-        for (int y = 0; y < line.height(); ++y) {
-            for (int x = 0; x < line.width(); ++x) {
-                strongest = std::max(strongest, line.pixelColor(x, y).alpha());
-            }
-        }
-        return strongest;
-    }
-    [[nodiscard]] bool hasSummaryLine() const { return strengthOfSummaryLine() > 0; }
-
-    std::unique_ptr<CoinDetailView> view;
-};
+using CoinDetailViewTest = CoinDetailFixture;
 
 TEST_F(CoinDetailViewTest, asksForADayWhenItIsShownAndNotBefore) {
     executor.run();
@@ -183,6 +66,28 @@ TEST_F(CoinDetailViewTest, showsTheRangeChosenLastWhateverTheOrderOfTheAnswers) 
     answer(day, {100, 110});
     EXPECT_EQ(chart().candles(), candles({300, 310}));
     EXPECT_EQ(seen(), "+chart");
+}
+
+TEST_F(CoinDetailViewTest, givesUpWaitingForOneRangeWhenAnotherIsChosen) {
+    const auto day = api.klinesAnswers.held();
+    const auto week = api.klinesAnswers.held();
+    show();
+    EXPECT_EQ(api.klinesAnswers.waitingCount(), 1U);
+    choose(ChartRange::week);
+    EXPECT_EQ(api.klinesAnswers.waitingCount(), 1U);
+    EXPECT_TRUE(view->isLoading()) << "the end of the one is not that of the other";
+    EXPECT_EQ(seen(), "spinner");
+    answer(week, {200, 210});
+    EXPECT_EQ(api.klinesAnswers.waitingCount(), 0U);
+    EXPECT_EQ(seen(), "+chart");
+}
+
+TEST_F(CoinDetailViewTest, isSilentAboutALoadThatIsCancelledFromOutside) {
+    api.klinesAnswers.error(Cancelled());
+    show();
+    EXPECT_FALSE(view->loadFailed());
+    EXPECT_FALSE(view->isLoading());
+    EXPECT_EQ(seen(), "暂无数据");
 }
 
 TEST_F(CoinDetailViewTest, dropsAnAnswerThatCameJustBeforeAnotherRangeWasChosen) {
@@ -334,31 +239,6 @@ TEST_F(CoinDetailViewTest, showsNoChangeFromAFirstOpenOfNothing) {
     // The change comes first.
     EXPECT_NE(picture().copy(0, 34, 400, 24), without);
     EXPECT_EQ(summary(), "区间 +900.00%, 高 5.00, 低 0.5");
-}
-
-TEST_F(CoinDetailViewTest, isAsHighAsItsRowReservesAndGivesTheChartItsWidth) {
-    EXPECT_EQ(view->height(), 210);
-    theExchangeHas({100, 110});
-    show();
-    EXPECT_EQ(view->height(), 210);
-    EXPECT_EQ(chart().geometry(), QRect(12, 62, 376, 140));
-    EXPECT_EQ(button(kDay)->mapTo(view.get(), QPoint()), QPoint(12, 8));
-    view->resize(500, CoinDetailView::kHeight);
-    EXPECT_EQ(chart().geometry(), QRect(12, 62, 476, 140));
-}
-
-TEST_F(CoinDetailViewTest, putsSpinnerAndMessageInTheMiddleOfTheChart) {
-    const auto held = api.klinesAnswers.held();
-    show();
-    EXPECT_NEAR(spinner().geometry().center().x(), 200, 1);
-    EXPECT_NEAR(spinner().geometry().center().y(), 62 + 70, 1);
-    held.setError(std::make_exception_ptr(BinanceError(500)));
-    executor.run();
-    const QRect message = view->findChild<QLabel*>()->geometry();
-    const QRect retry = button(kRetry)->geometry();
-    EXPECT_GT(retry.left(), message.right());
-    EXPECT_NEAR((message.left() + retry.right()) / 2.0, 200, 1.5);
-    EXPECT_NEAR(message.center().y(), 62 + 70, 1);
 }
 
 TEST_F(CoinDetailViewTest, choosesRangesByTheArrowKeys) {

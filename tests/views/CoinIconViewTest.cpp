@@ -2,18 +2,24 @@
 // SPDX-License-Identifier: MIT
 #include "Quillbar/CoinIconCache.h"
 #include "Quillbar/CoinIconView.h"
+#include "Quillbar/text/SystemFont.h"
 #include "QuillbarCore/catalog/CoinIconDescriptor.h"
 #include "tests/views/Logos.h"
 #include "tests/views/ViewFixture.h"
 
+#include <QFontMetricsF>
+#include <QPainter>
 #include <QTest>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <cstddef>
 #include <memory>
-#include <set>
 #include <string>
+#include <utility>
+#include <vector>
 
 namespace quillbar {
 namespace {
@@ -227,37 +233,84 @@ TEST_F(CoinIconViewTest, letsThePointerThrough) {
     view->setParent(nullptr);
 }
 
-TEST_F(CoinIconViewTest, writesTheMonogramInWhite) {
+TEST_F(CoinIconViewTest, writesTheMonogramInWhiteInTheMiddleOfTheDisc) {
     view = make(64);
     iconFetcher->answer(404);
     show("I");
-    int white = 0;
-    for (int y = 0; y < 64; ++y) {
-        white += seenAt(32, y) == QColor(Qt::white) ? 1 : 0;
+    const QFont font = systemFont(64 * 0.38, QFont::DemiBold);
+    const QFontMetricsF metrics(font);
+    QImage expected(64, 64, QImage::Format_ARGB32);
+    expected.fill(Qt::transparent);
+    {
+        QPainter painter(&expected);
+        painter.setRenderHint(QPainter::Antialiasing);
+        painter.setPen(Qt::NoPen);
+        painter.setBrush(discOf("I"));
+        painter.drawEllipse(QRectF(0, 0, 64, 64));
+        painter.setFont(font);
+        painter.setPen(Qt::white);
+        painter.drawText(
+            QPointF(32 - metrics.horizontalAdvance(u'I') / 2, 32 + metrics.capHeight() / 2),
+            QStringLiteral("I"));
     }
-    // Capitals of 24 points.
-    EXPECT_GE(white, 14);
-    EXPECT_LE(white, 22);
+    QImage picture(64, 64, QImage::Format_ARGB32);
+    picture.fill(Qt::transparent);
+    view->render(&picture, {}, {}, QWidget::DrawChildren);
+    EXPECT_EQ(picture, expected);
 }
 
-TEST_F(CoinIconViewTest, shrinksALongMonogramIntoTheDisc) {
-    view = make(64);
-    iconFetcher->answer(404);
-    show("WWW");
-    for (int y = 0; y < 64; ++y) {
-        EXPECT_NE(seenAt(1, y), QColor(Qt::white));
-        EXPECT_NE(seenAt(62, y), QColor(Qt::white));
-    }
+TEST_F(CoinIconViewTest, shrinksALongMonogramToOnePointFromTheEdges) {
+    // As wide as what is left, as near as whole steps of size come to it.
+    const auto columnsOf = [this](double size) {
+        view = make(size);
+        iconFetcher->answer(404);
+        show("WWW");
+        QImage picture(view->size(), QImage::Format_ARGB32);
+        picture.fill(Qt::transparent);
+        view->render(&picture, {}, {}, QWidget::DrawChildren);
+        int left = picture.width();
+        int right = -1;
+        for (int y = 0; y < picture.height(); ++y) {
+            for (int x = 0; x < picture.width(); ++x) {
+                if (picture.pixelColor(x, y) == QColor(Qt::white)) {
+                    left = std::min(left, x);
+                    right = std::max(right, x);
+                }
+            }
+        }
+        return std::pair(left, right);
+    };
+    const auto [left, right] = columnsOf(64);
+    EXPECT_GE(left, 1);
+    EXPECT_LE(left, 5);
+    EXPECT_LE(right, 62);
+    EXPECT_GE(right, 58);
 }
 
-TEST(CoinIconViewColors, areTwelveAndTakenModuloTwelve) {
-    std::set<QRgb> colors;
-    for (int index = 0; index < CoinIconDescriptor::kColorCount; ++index) {
-        colors.insert(CoinIconView::placeholderColor(index).rgb());
-        EXPECT_EQ(CoinIconView::placeholderColor(index),
-                  CoinIconView::placeholderColor(index + CoinIconDescriptor::kColorCount));
+TEST(CoinIconViewColors, areTwelveInTheirOrderAndTakenModuloTwelve) {
+    struct Row {
+        const char* name;
+        QColor color;
+    };
+    const std::vector<Row> rows{
+        {"blue", {0, 113, 235}},
+        {"orange", {224, 122, 16}},
+        {"green", {40, 160, 75}},
+        {"purple", {160, 75, 205}},
+        {"pink", {230, 50, 110}},
+        {"teal", {30, 140, 165}},
+        {"indigo", {88, 86, 214}},
+        {"mint", {0, 165, 145}},
+        {"cyan", {40, 155, 215}},
+        {"brown", {150, 116, 78}},
+        {"red", {222, 56, 48}},
+        {"yellow", {200, 155, 0}},
+    };
+    for (int index = 0; index < 12; ++index) {
+        const Row& row = rows[static_cast<std::size_t>(index)];
+        EXPECT_EQ(CoinIconView::placeholderColor(index), row.color) << row.name;
+        EXPECT_EQ(CoinIconView::placeholderColor(index + 12), row.color) << row.name;
     }
-    EXPECT_THAT(colors, SizeIs(12));
 }
 
 }  // namespace

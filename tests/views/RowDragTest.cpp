@@ -10,6 +10,7 @@
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QMouseEvent>
+#include <QPainter>
 #include <QTest>
 #include <QTimer>
 
@@ -244,15 +245,48 @@ TEST_F(RowDragTest, theRowFollowsThePointerThatHoldsIt) {
     EXPECT_TRUE(list->row("1")->isHovering());
 }
 
-TEST_F(RowDragTest, theRowCastsAShadowOnTheOthers) {
+TEST_F(RowDragTest, theRowCastsAShadowOfEightPointsOnTheOthers) {
+    ThemeKey::set(window, {.colors = ThemeColors::light()});
     show(5);
     press("1");
     pullBy(12);
     ASSERT_EQ(list->lifted(), "1");
-    const int below = top("1") + kRow + 2;
-    const QColor lifted = pictureOf(*list).pixelColor(200, below);
-    key(Qt::Key_Escape);
-    EXPECT_NE(lifted, pictureOf(*list).pixelColor(200, below));
+    ASSERT_EQ(top("1"), 40);
+    const QImage picture = pictureOf(*list);
+    const auto light = [&picture](int y) { return picture.pixelColor(300, y).value(); };
+    // From the strongest beside the row to nothing, over the gap above it and the row below it.
+    double above = 0;
+    double below = 0;
+    for (int distance = 1; distance < 8; ++distance) {
+        EXPECT_LT(light(40 - distance), light(39 - distance)) << distance;
+        EXPECT_LT(light(67 + distance), light(68 + distance)) << distance;
+        above += 1 - light(39 - distance) / static_cast<double>(light(30));
+        below += 1 - light(68 + distance) / static_cast<double>(light(80));
+    }
+    EXPECT_EQ(light(31), light(30));
+    EXPECT_EQ(light(76), light(80));
+    // Black, of 70 in 255 at its strongest.
+    const double whole = 70 / 255.0 * (6.5 + 5.5 + 4.5 + 3.5 + 2.5 + 1.5 + 0.5) / 8;
+    EXPECT_NEAR(above, whole, 0.01);
+    EXPECT_NEAR(below, whole, 0.01);
+}
+
+TEST_F(RowDragTest, theRowHasASurfaceOfItsOwnBetweenTwoLines) {
+    ThemeKey::set(window, {.colors = ThemeColors::light()});
+    show(5);
+    press("1");
+    pullBy(12);
+    const QImage picture = pictureOf(*list);
+    const ThemeColors::Resolved& colors = ThemeColors::light();
+    QImage expected(1, 1, QImage::Format_ARGB32_Premultiplied);
+    expected.fill(colors.surface);
+    QPainter(&expected).fillRect(0, 0, 1, 1, colors.rowHover);
+    for (const int y : {40, 54, 67}) {
+        EXPECT_EQ(picture.pixelColor(300, y), expected.pixelColor(0, 0)) << y;
+    }
+    // The lines are darker than the shadow beside them.
+    EXPECT_LT(picture.pixelColor(300, 39).value(), picture.pixelColor(300, 38).value() - 10);
+    EXPECT_LT(picture.pixelColor(300, 68).value(), picture.pixelColor(300, 69).value() - 10);
 }
 
 TEST_F(RowDragTest, theTintsStayWhereTheyAre) {
