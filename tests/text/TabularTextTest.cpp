@@ -10,9 +10,14 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <string_view>
+
 namespace quillbar {
 
 namespace {
+
+using namespace std::string_view_literals;
 
 QFont font() {
     return systemFont(12);
@@ -64,6 +69,63 @@ TEST(TabularTextTest, drawsAtTheSideItIsAlignedTo) {
     EXPECT_NEAR(left.left, 10, 2);
     EXPECT_NEAR(right.right, 110, 2);
     EXPECT_NEAR((centre.left + centre.right) / 2.0, 60, 2);
+}
+
+TEST(TabularTextTest, aTextWithoutDigitsIsDrawnAsAnyOtherAtEachHeight) {
+    const QString text = QStringLiteral("HHgg");
+    const QFontMetricsF metrics(font());
+    struct Row {
+        Qt::Alignment alignment;
+        double baseline;
+    };
+    for (const Row& row : {Row{Qt::AlignTop, 20 + metrics.ascent()},
+                           Row{Qt::AlignVCenter, 40 + (metrics.ascent() - metrics.descent()) / 2},
+                           Row{Qt::AlignBottom, 60 - metrics.descent()}}) {
+        QImage image(120, 80, QImage::Format_RGB32);
+        image.fill(Qt::white);
+        QImage expected = image;
+        {
+            QPainter painter(&image);
+            TabularText::draw(
+                painter, QRectF(10, 20, 100, 40), Qt::AlignLeft | row.alignment, text, font());
+            QPainter judge(&expected);
+            judge.setFont(font());
+            judge.drawText(QPointF(10, row.baseline), text);
+        }
+        EXPECT_EQ(image, expected) << static_cast<int>(row.alignment);
+    }
+}
+
+TEST(TabularTextTest, eachDigitStandsInTheMiddleOfASlotAsWideAsTheWidest) {
+    const QFontMetricsF metrics(font());
+    double slot = 0;
+    for (const char16_t digit : u"0123456789"sv) {
+        slot = std::max(slot, metrics.horizontalAdvance(QChar(digit)));
+    }
+    EXPECT_DOUBLE_EQ(TabularText::width(QStringLiteral("1.1"), font()),
+                     2 * slot + metrics.horizontalAdvance(u'.'));
+    EXPECT_DOUBLE_EQ(TabularText::width(QStringLiteral("AB1CD"), font()),
+                     metrics.horizontalAdvance(QStringLiteral("AB")) + slot
+                         + metrics.horizontalAdvance(QStringLiteral("CD")));
+    QImage image(120, 30, QImage::Format_RGB32);
+    image.fill(Qt::white);
+    QImage expected = image;
+    {
+        QPainter painter(&image);
+        TabularText::draw(painter,
+                          QRectF(10, 0, 100, 30),
+                          Qt::AlignLeft | Qt::AlignTop,
+                          QStringLiteral("19AV"),
+                          font());
+        QPainter judge(&expected);
+        judge.setFont(font());
+        const double one = (slot - metrics.horizontalAdvance(u'1')) / 2;
+        const double nine = (slot - metrics.horizontalAdvance(u'9')) / 2;
+        judge.drawText(QPointF(10 + one, metrics.ascent()), QStringLiteral("1"));
+        judge.drawText(QPointF(10 + slot + nine, metrics.ascent()), QStringLiteral("9"));
+        judge.drawText(QPointF(10 + 2 * slot, metrics.ascent()), QStringLiteral("AV"));
+    }
+    EXPECT_EQ(image, expected);
 }
 
 TEST(TabularTextTest, aDigitThatChangesMovesNoOther) {

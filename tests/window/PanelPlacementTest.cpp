@@ -38,6 +38,18 @@ TEST(PanelPlacementTest, goesBelowOrAboveAPointerThatIsOnNoBar) {
     EXPECT_EQ(rectangle({700, 700}, kPanel, kScreen, kScreen), QRect(500, 200, 400, 480));
 }
 
+TEST(PanelPlacementTest, theEdgesOfTheWorkAreaAreOnNoBar) {
+    EXPECT_EQ(rectangle({700, 28}, kPanel, kScreen, kBelowTopBar), QRect(500, 48, 400, 480));
+    EXPECT_EQ(rectangle({700, 767}, kPanel, kScreen, {0, 0, 1280, 768}), QRect(500, 267, 400, 480));
+    EXPECT_EQ(rectangle({40, 400}, kPanel, kScreen, {40, 0, 1240, 800}), QRect(44, 4, 400, 480));
+    EXPECT_EQ(rectangle({1239, 400}, kPanel, kScreen, {0, 0, 1240, 800}), QRect(836, 4, 400, 480));
+}
+
+TEST(PanelPlacementTest, goesAboveAPointerFromTheMiddleOfTheScreenOn) {
+    EXPECT_EQ(rectangle({700, 398}, kPanel, kScreen, kScreen), QRect(500, 316, 400, 480));
+    EXPECT_EQ(rectangle({700, 399}, kPanel, kScreen, kScreen), QRect(500, 4, 400, 480));
+}
+
 TEST(PanelPlacementTest, shrinksToASmallWorkArea) {
     EXPECT_EQ(rectangle({150, 10}, kPanel, {0, 0, 320, 240}, {0, 20, 320, 220}),
               QRect(4, 24, 312, 212));
