@@ -15,6 +15,7 @@ namespace {
 using CoinGeckoDecoder::decodeMarkets;
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
+using ::testing::StartsWith;
 
 std::string row(const std::string& symbol,
                 const std::string& price,
@@ -64,9 +65,23 @@ TEST(CoinGeckoDecoder, dropsRowsThatCannotBeRanked) {
     EXPECT_THAT(decodeMarkets("[]"), IsEmpty());
 }
 
-TEST(CoinGeckoDecoder, refusesWhatIsNotTheServicesAnswer) {
-    for (const char* const body : {"", "{}", "null", "[1]", "[", "<html>", R"({"error":"x"})"}) {
-        EXPECT_THROW((void)decodeMarkets(body), JSONDecodingError) << body;
+std::string refusalOf(const std::string& body) {
+    try {
+        static_cast<void>(decodeMarkets(body));
+    } catch (const JSONDecodingError& error) {
+        return error.what();
+    }
+    return "none";
+}
+
+TEST(CoinGeckoDecoder, saysWhatIsNotTheServicesAnswer) {
+    for (const char* const body : {"{}", "null", R"({"error":"x"})"}) {
+        EXPECT_EQ(refusalOf(body), "the answer is not an array") << body;
+    }
+    EXPECT_EQ(refusalOf("[1]"), "a coin is not an object");
+    EXPECT_EQ(refusalOf(""), "malformed JSON: empty");
+    for (const char* const body : {"[", "<html>"}) {
+        EXPECT_THAT(refusalOf(body), StartsWith("malformed JSON: ")) << body;
     }
 }
 
@@ -85,14 +100,28 @@ TEST(CoinGeckoDecoder, takesIntegersOfAnyLength) {
     EXPECT_THROW((void)decodeMarkets("[100000000000000000000"), JSONDecodingError);
 }
 
-TEST(CoinGeckoDecoder, refusesAFieldOfAnotherType) {
-    EXPECT_THROW((void)decodeRow("7", "1", "1", "1"), JSONDecodingError);
-    EXPECT_THROW((void)decodeRow(R"("a")", R"("1")", "1", "1"), JSONDecodingError);
-    EXPECT_THROW((void)decodeRow(R"("a")", "1", "true", "1"), JSONDecodingError);
-    EXPECT_THROW((void)decodeRow(R"("a")", "1", "1", "1.5"), JSONDecodingError);
-    EXPECT_THROW((void)decodeRow(R"("a")", "1", "1", "1e300"), JSONDecodingError);
+TEST(CoinGeckoDecoder, saysWhichFieldIsOfAnotherType) {
+    const auto refusal = [](const std::string& symbol,
+                            const std::string& price,
+                            const std::string& marketCap,
+                            const std::string& rank) {
+        return refusalOf("[" + row(symbol, price, marketCap, rank) + "]");
+    };
+    EXPECT_EQ(refusal("7", "1", "1", "1"), "symbol is not a string");
+    EXPECT_EQ(refusal(R"("a")", R"("1")", "1", "1"), "current_price is not a number");
+    EXPECT_EQ(refusal(R"("a")", "1", "true", "1"), "market_cap is not a number");
+    EXPECT_EQ(refusal(R"("a")", "1", "1", "1.5"), "market_cap_rank is not an integer");
+    EXPECT_EQ(refusal(R"("a")", "1", "1", "1e300"), "market_cap_rank is not an integer");
     // Even in a row that would be dropped.
-    EXPECT_THROW((void)decodeRow("null", "1", "1", R"("1")"), JSONDecodingError);
+    EXPECT_EQ(refusal("null", "1", "1", R"("1")"), "market_cap_rank is not a number");
+}
+
+TEST(CoinGeckoDecoder, takesARankUpToTheLargestThatEveryNumberCanHold) {
+    EXPECT_THAT(decodeRow(R"("a")", "1", "1", "9007199254740992"),
+                ElementsAre(MarketCapEntry{"A", 9'007'199'254'740'992, 1, 1}));
+    EXPECT_THAT(decodeRow(R"("a")", "1", "1", "-9007199254740992"),
+                ElementsAre(MarketCapEntry{"A", -9'007'199'254'740'992, 1, 1}));
+    EXPECT_THROW((void)decodeRow(R"("a")", "1", "1", "9007199254740994"), JSONDecodingError);
 }
 
 }  // namespace

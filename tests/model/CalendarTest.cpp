@@ -131,9 +131,16 @@ TEST(Calendar, goesToADayThatBeginsLateOrIsLeftOut) {
     EXPECT_EQ(apia.dateAt(utcInstant(2011, 12, 30, 10)), (CalendarDate{2011, 12, 31}));
 }
 
+TEST(Calendar, namesInstantsThirtyThousandYearsAway) {
+    constexpr Seconds kFurthest{946'708'560'000};
+    EXPECT_EQ(Calendar::utc().dateAt(TimePoint{kFurthest}).year, 31'970);
+    EXPECT_EQ(Calendar::utc().dateAt(TimePoint{-kFurthest}).year, -28'030);
+}
+
 TEST(CalendarDeathTest, abortsOnAnInstantThatNoDateCanName) {
     GTEST_FLAG_SET(death_test_style, "threadsafe");
-    for (const double seconds : {std::numeric_limits<double>::infinity(), std::nan(""), -1e18}) {
+    for (const double seconds :
+         {std::numeric_limits<double>::infinity(), std::nan(""), -1e18, 946'708'560'001.0}) {
         EXPECT_DEATH(static_cast<void>(Calendar::utc().dateAt(TimePoint{Seconds{seconds}})),
                      "an instant that no date can name");
     }

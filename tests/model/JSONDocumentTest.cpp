@@ -13,6 +13,15 @@ namespace {
 using JSONDocument::compactText;
 using JSONDocument::parse;
 
+std::string refusalOf(std::string_view text) {
+    try {
+        static_cast<void>(parse(text));
+    } catch (const DocumentError& error) {
+        return error.what();
+    }
+    return "none";
+}
+
 TEST(JSONDocument, keepsTheOrderOfKeysAndWritesNoSpaces) {
     EXPECT_EQ(compactText(parse(R"( { "b" : 1 , "a" : [ true , null ] } )")),
               R"({"b":1,"a":[true,null]})");
@@ -35,8 +44,8 @@ TEST(JSONDocument, refusesWhatIsNotExactlyOneJSONValueInUTF8) {
         EXPECT_THROW(static_cast<void>(parse(text)), DocumentError) << text;
     }
     using namespace std::string_literals;
-    EXPECT_THROW(static_cast<void>(parse("{}\0"s)), DocumentError);
-    EXPECT_THROW(static_cast<void>(parse("{}\0\0x"s)), DocumentError);
+    EXPECT_EQ(refusalOf("{}\0"s), "a zero byte in the text");
+    EXPECT_EQ(refusalOf("{}\0\0x"s), "a zero byte in the text");
 }
 
 TEST(JSONDocument, refusesToWriteWhatIsNotUTF8) {
@@ -73,9 +82,9 @@ TEST(JSONDocument, refusesAnObjectWithMoreKeysThanAnyOfOurs) {
         return text + "}";
     };
     EXPECT_EQ(parse(objectOf(1000)).size(), 1000U);
-    EXPECT_THROW(static_cast<void>(parse(objectOf(1001))), DocumentError);
+    EXPECT_EQ(refusalOf(objectOf(1001)), "more than 1000 keys in an object");
     // Many more are refused as soon as the limit is passed, not after minutes.
-    EXPECT_THROW(static_cast<void>(parse(objectOf(200'000))), DocumentError);
+    EXPECT_EQ(refusalOf(objectOf(200'000)), "more than 1000 keys in an object");
 }
 
 TEST(JSONDocument, readsALongListOfObjectsOnce) {
@@ -86,15 +95,6 @@ TEST(JSONDocument, readsALongListOfObjectsOnce) {
         text += ",{}";
     }
     EXPECT_EQ(parse(text + "]").size(), kLength);
-}
-
-std::string refusalOf(std::string_view text) {
-    try {
-        static_cast<void>(parse(text));
-    } catch (const DocumentError& error) {
-        return error.what();
-    }
-    return "none";
 }
 
 TEST(JSONDocument, refusesWhatIsNestedDeeperThanAnyOfOurs) {
