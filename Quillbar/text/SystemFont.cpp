@@ -27,6 +27,22 @@ constexpr std::array<const char16_t*, 7> kChineseFamilies{u"Noto Sans CJK SC",
                                                           u"WenQuanYi Micro Hei",
                                                           u"WenQuanYi Zen Hei"};
 
+/// How the names of families end that share a design with one for mainland China.
+constexpr std::array<const char16_t*, 4> kOtherRegions{u" JP", u" KR", u" TC", u" HK"};
+
+/// The family of the same design with the shapes of mainland China; else the family itself. Letters
+/// and digits look alike in both.
+QString inMainlandShapes(const QString& family) {
+    for (const char16_t* const name : kOtherRegions) {
+        const QString region = QString::fromUtf16(name);
+        if (family.endsWith(region)) {
+            const QString sibling = family.chopped(region.size()) + QStringLiteral(" SC");
+            return QFontDatabase::hasFamily(sibling) ? sibling : family;
+        }
+    }
+    return family;
+}
+
 const QStringList& installedChineseFamilies() {
     static const QStringList installed = [] {
         QStringList families;
@@ -64,7 +80,7 @@ QFont withChineseFamilies(QFont font) {
         if (!installedChineseFamilies().isEmpty() && !answer.isEmpty()) {
             // By its real name: of several families Qt takes the first that it knows, and passes
             // over those that stand for others, like "Sans Serif".
-            answer.front() = QFontInfo(font).family();
+            answer.front() = inMainlandShapes(QFontInfo(font).family());
             for (const QString& family : installedChineseFamilies()) {
                 if (!answer.contains(family)) {
                     answer.append(family);

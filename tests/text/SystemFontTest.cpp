@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "Quillbar/text/SystemFont.h"
 
+#include <QFontDatabase>
 #include <QFontInfo>
 #include <QFontMetricsF>
 #include <QGlyphRun>
@@ -13,6 +14,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <string>
 #include <vector>
 
@@ -40,12 +42,33 @@ std::vector<std::string> familiesOf(const QString& text, const QFont& font) {
     return families;
 }
 
+/// The family of the same design whose Chinese shapes are those of mainland China.
+std::string inMainlandShapes(const std::string& family) {
+    return family.find(" CJK ") == std::string::npos ? family
+                                                     : family.substr(0, family.rfind(' ')) + " SC";
+}
+
+/// An installed family that looks unlike another.
+QString otherFamilyThan(const QString& family) {
+    for (const QString& each : QFontDatabase::families()) {
+        const QString real = QFontInfo(QFont(each)).family();
+        if (inMainlandShapes(real.toStdString()) != inMainlandShapes(family.toStdString())) {
+            return real;
+        }
+    }
+    return {};
+}
+
 /// The desktop's font itself, as large as `systemFont` makes it.
 QFont plainFont(const QFont& like) {
     QFont font = QGuiApplication::font();
     font.setPointSizeF(like.pointSizeF());
     font.setWeight(like.weight());
     return font;
+}
+
+std::string familyOf(const QFont& font) {
+    return QFontInfo(font).family().toStdString();
 }
 
 constexpr auto kWeights = {QFont::Normal, QFont::Medium, QFont::DemiBold};
@@ -64,8 +87,10 @@ TEST(SystemFontTest, drawsLettersAndDigitsInTheDesktopsFont) {
     for (const QFont::Weight weight : kWeights) {
         const QFont font = systemFont(10.5, weight);
         const QFont plain = plainFont(font);
-        EXPECT_EQ(familiesOf(text, font), familiesOf(text, plain));
-        EXPECT_EQ(QFontInfo(font).family(), QFontInfo(plain).family());
+        std::vector<std::string> families = familiesOf(text, plain);
+        std::ranges::transform(families, families.begin(), inMainlandShapes);
+        EXPECT_EQ(familiesOf(text, font), families);
+        EXPECT_EQ(familyOf(font), inMainlandShapes(familyOf(plain)));
         const QFontMetricsF metrics(font);
         const QFontMetricsF expected(plain);
         EXPECT_EQ(metrics.height(), expected.height());
@@ -79,11 +104,24 @@ TEST(SystemFontTest, drawsLettersAndDigitsInTheDesktopsFont) {
 TEST(SystemFontTest, followsTheDesktopsFontWhenThatChanges) {
     const QFont before = QGuiApplication::font();
     const QStringList families = systemFont(13).families();
-    QGuiApplication::setFont(QFont(QStringLiteral("Monospace")));
+    QGuiApplication::setFont(QFont(otherFamilyThan(QFontInfo(before).family())));
     EXPECT_NE(systemFont(13).families(), families);
-    EXPECT_EQ(QFontInfo(systemFont(13)).family(), QFontInfo(QGuiApplication::font()).family());
+    EXPECT_EQ(familyOf(systemFont(13)), inMainlandShapes(familyOf(QGuiApplication::font())));
     QGuiApplication::setFont(before);
     EXPECT_EQ(systemFont(13).families(), families);
+}
+
+TEST(SystemFontTest, drawsAFontOfAnotherRegionInItsMainlandShapes) {
+    const QString characters = QStringLiteral("直骨涨跌 0123456789.,%+-BTC/USDT");
+    for (const char* const region : {"JP", "KR", "TC", "HK"}) {
+        const QFont font(QStringLiteral("Noto Sans CJK ") + QString::fromLatin1(region));
+        const QFont mainland = withChineseFamilies(font);
+        EXPECT_THAT(familiesOf(characters, mainland), Each("Noto Sans CJK SC")) << region;
+        for (const QChar character : characters) {
+            EXPECT_EQ(QFontMetricsF(mainland).horizontalAdvance(character),
+                      QFontMetricsF(font).horizontalAdvance(character));
+        }
+    }
 }
 
 TEST(SystemFontTest, namesNoFamilyTwice) {
