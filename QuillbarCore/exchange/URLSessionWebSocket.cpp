@@ -54,6 +54,16 @@ URLError::Code codeOf(QAbstractSocket::SocketError error, URLError::Code unreach
     }
 }
 
+// Qt 6.5 renamed this signal and later versions warn of the old name, the only one that 6.4 knows.
+template <class Socket>
+auto errorSignal() {
+    if constexpr (requires { &Socket::errorOccurred; }) {
+        return &Socket::errorOccurred;
+    } else {
+        return qOverload<QAbstractSocket::SocketError>(&Socket::error);
+    }
+}
+
 // The status with which the server refused the upgrade; 0 when it did not. QWebSocket of Qt 6.4 tells
 // of it only as "connection refused", with the status in the text of the error.
 int upgradeStatusIn(QAbstractSocket::SocketError error, const QString& text) {
@@ -162,10 +172,7 @@ private:
         connect(m_socket, &QWebSocket::pong, this, [this] { m_isHeard = true; });
         // A close frame came, or is sent because the peer broke the protocol.
         connect(m_socket, &QWebSocket::aboutToClose, this, &Connection::endWithFarewell);
-        connect(m_socket,
-                qOverload<QAbstractSocket::SocketError>(&QWebSocket::error),
-                this,
-                &Connection::noteError);
+        connect(m_socket, errorSignal<QWebSocket>(), this, &Connection::noteError);
         connect(m_socket, &QWebSocket::disconnected, this, &Connection::failSoon);
     }
 

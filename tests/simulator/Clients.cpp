@@ -64,10 +64,9 @@ StreamClient::StreamClient(const Simulator& simulator, const std::string& names)
     socket.setProxy(QNetworkProxy::NoProxy);
     socket.setSslConfiguration(trusting(simulator));
     QObject::connect(&socket, &QWebSocket::connected, &m_context, [this] { isOpen = true; });
-    QObject::connect(&socket, &QWebSocket::disconnected, &m_context, [this] { hasEnded = true; });
     QObject::connect(
-        &socket, qOverload<QAbstractSocket::SocketError>(&QWebSocket::error), &m_context, [this] {
-            hasEnded = true;
+        &socket, &QWebSocket::stateChanged, &m_context, [this](QAbstractSocket::SocketState state) {
+            hasEnded = hasEnded || state == QAbstractSocket::UnconnectedState;
         });
     QObject::connect(
         &socket, &QWebSocket::textMessageReceived, &m_context, [this](const QString& t) {
