@@ -77,8 +77,8 @@ void addMoves(QMenu& menu, const ViewEnvironment& environment, const std::string
     for (const auto& [title, move] : items) {
         QAction* const action = menu.addAction(title);
         action->setEnabled(destination(move, *index, watchlist.coins.size()).has_value());
-        QObject::connect(action, &QAction::triggered, &menu, [&environment, symbol, move = move] {
-            moveCoin(environment, symbol, move);
+        QObject::connect(action, &QAction::triggered, &menu, [&environment, symbol, chosen = move] {
+            moveCoin(environment, symbol, chosen);
         });
     }
 }

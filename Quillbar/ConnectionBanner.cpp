@@ -45,8 +45,7 @@ QString ConnectionBanner::bannerText(std::optional<TimePoint> lastUpdate,
     if (lastUpdate) {
         const auto elapsed =
             std::chrono::floor<std::chrono::milliseconds>(lastUpdate->time_since_epoch());
-        const QDateTime moment =
-            QDateTime::fromMSecsSinceEpoch(elapsed.count(), Qt::UTC).toTimeZone(zone);
+        const QDateTime moment = QDateTime::fromMSecsSinceEpoch(elapsed.count(), zone);
         text +=
             QStringLiteral(" 最后更新 ") + LocalTimeText::hoursAndMinutes(moment.time(), locale);
     }

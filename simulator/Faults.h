@@ -32,12 +32,12 @@ struct RequestFault {
     int times = 1;
     /// Only requests whose path begins so. Empty: every request but the stream's handshakes;
     /// "/stream" strikes those.
-    std::string pathPrefix;
+    std::string pathPrefix = {};
     int status = 503;
-    std::optional<std::chrono::seconds> retryAfter;
+    std::optional<std::chrono::seconds> retryAfter = std::nullopt;
     /// Real time that passes before whatever is answered.
     std::chrono::milliseconds delay{0};
-    std::string location;
+    std::string location = {};
     std::size_t bytes = 0;
 };
 

@@ -34,7 +34,7 @@ struct SimulatorOptions {
     /// Where the authority's certificate is written (PEM), its key beside it as `PATH.key` with mode
     /// 0600. Both are used again when they exist. Empty: a temporary file that lives as long as the
     /// simulator.
-    std::string caFile;
+    std::string caFile = {};
     /// The prices are a pure function of the seed and the number of steps.
     std::uint64_t seed = 1;
     /// How many pairs are listed, at least 1. One in five is a USDT pair in trading; the first are
@@ -45,7 +45,7 @@ struct SimulatorOptions {
     double speed = 1;
     Ticking ticking = Ticking::manual;
     /// The market's clock at step 0; absent: the system's clock when the simulator is made.
-    std::optional<MarketTime> startTime;
+    std::optional<MarketTime> startTime = std::nullopt;
 };
 
 }  // namespace quillbar::simulator

@@ -7,6 +7,7 @@
 #include "QuillbarCore/model/VolumeFormatter.h"
 
 #include <QDateTime>
+#include <QTimeZone>
 
 #include <fmt/format.h>
 
@@ -22,7 +23,7 @@ namespace {
 QDateTime dateTime(TimePoint instant) {
     const auto sinceEpoch =
         std::chrono::floor<std::chrono::milliseconds>(instant.time_since_epoch());
-    return QDateTime::fromMSecsSinceEpoch(sinceEpoch.count(), Qt::UTC);
+    return QDateTime::fromMSecsSinceEpoch(sinceEpoch.count(), QTimeZone::utc());
 }
 
 std::string dump(const nlohmann::ordered_json& object) {
