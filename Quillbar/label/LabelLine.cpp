@@ -7,7 +7,6 @@
 #include "QuillbarCore/model/VolumeFormatter.h"
 
 #include <QDateTime>
-#include <QTimeZone>
 
 #include <fmt/format.h>
 
@@ -23,7 +22,7 @@ namespace {
 QDateTime dateTime(TimePoint instant) {
     const auto sinceEpoch =
         std::chrono::floor<std::chrono::milliseconds>(instant.time_since_epoch());
-    return QDateTime::fromMSecsSinceEpoch(sinceEpoch.count(), QTimeZone::utc());
+    return QDateTime::fromMSecsSinceEpoch(sinceEpoch.count()).toUTC();
 }
 
 std::string dump(const nlohmann::ordered_json& object) {

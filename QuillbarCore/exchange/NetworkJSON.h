@@ -39,7 +39,8 @@ inline Element parse(simdjson::dom::parser& with, std::string_view bytes) {
     Element root;
     // Copies the bytes to where the parser may read past their end.
     auto error = with.parse(bytes.data(), bytes.size(), true).get(root);
-    if (error == simdjson::NUMBER_ERROR) {
+    // Which error a long integer is depends on the version of simdjson.
+    if (error) {
         if (const auto readable = LongIntegers::asFractions(bytes)) {
             error = with.parse(readable->data(), readable->size(), true).get(root);
         }

@@ -226,6 +226,11 @@ private:
     }
 
     void endWithFarewell() {
+        // Qt 6.8 reads what follows a refused upgrade as if it were frames, and closes for that.
+        if (!m_isOpen) {
+            failSoon();
+            return;
+        }
         const std::optional<URLError> error = errorOf(*m_socket);
         if (error) {
             m_source.fail(*error);

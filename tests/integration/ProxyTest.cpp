@@ -16,6 +16,7 @@ namespace {
 
 using simulator::CertificateKind;
 using simulator::SimulatorOptions;
+using testing::AnyOf;
 using testing::ElementsAre;
 using testing::IsEmpty;
 using testing::StartsWith;
@@ -112,7 +113,9 @@ TEST_F(ProxyTest, failsWhereNoProxyListens) {
         gone = proxy.url("http");
     }
     setProxy("https_proxy", gone);
-    EXPECT_EQ(Fetching().failure("https://" + address() + "/"), URLError::Code::cannotConnect);
+    // Qt 6.4 does not say that it was the proxy that refused.
+    EXPECT_THAT(Fetching().failure("https://" + address() + "/"),
+                AnyOf(URLError::Code::proxyFailed, URLError::Code::cannotConnect));
     EventLoop loop;
     URLSessionWebSocket socket;
     StreamReader reader(loop, socket.connect("wss://" + address() + "/stream"));

@@ -19,6 +19,7 @@ namespace {
 
 using Code = URLError::Code;
 using std::chrono::milliseconds;
+using testing::ContainsRegex;
 using testing::HasSubstr;
 using testing::Not;
 
@@ -65,12 +66,13 @@ TEST(URLSessionFetcherTest, sendsAPlainGetWithAUserAgentAndNoBody) {
     RawServer server(say(httpAnswer("200 OK", "")));
     static_cast<void>(Fetching().get(server.url("/klines?symbols=%5B%22BTCUSDT%22%5D&limit=5")));
     ASSERT_EQ(server.heads.size(), 1U);
+    // Qt 6.8 writes the names of headers in small letters, which mean the same.
     const std::string& head = server.heads[0];
     EXPECT_EQ(head.substr(0, head.find("\r\n")),
               "GET /klines?symbols=%5B%22BTCUSDT%22%5D&limit=5 HTTP/1.1");
-    EXPECT_THAT(head, HasSubstr("\r\nUser-Agent: Quillbar/" QUILLBAR_VERSION "\r\n"));
-    EXPECT_THAT(head, testing::ContainsRegex("\r\nAccept-Encoding: .*gzip"));
-    EXPECT_THAT(head, Not(HasSubstr("Content-Length")));
+    EXPECT_THAT(head, ContainsRegex("\r\n[Uu]ser-[Aa]gent: Quillbar/" QUILLBAR_VERSION "\r\n"));
+    EXPECT_THAT(head, ContainsRegex("\r\n[Aa]ccept-[Ee]ncoding: .*gzip"));
+    EXPECT_THAT(head, Not(ContainsRegex("[Cc]ontent-[Ll]ength")));
 }
 
 TEST(URLSessionFetcherTest, returnsEveryStatusThatIsNoSuccess) {

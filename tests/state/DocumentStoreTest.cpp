@@ -58,7 +58,7 @@ TYPED_TEST(DocumentStoreTest, keepsTheUsersDocumentsPrivate) {
 
 TYPED_TEST(DocumentStoreTest, loadsTheDefaultFromAnEmptyFile) {
     this->theFileHolds("");
-    this->expectDefaultAndOneLineWith("unexpected end of input");
+    this->expectDefaultAndOneLineWith("[json.exception.parse_error.101]");
 }
 
 TYPED_TEST(DocumentStoreTest, loadsTheDefaultWhereverTheFileWasCut) {
