@@ -26,6 +26,17 @@ constexpr double kCornerRadius = 10;
 /// The focus is with nobody for a moment when it moves between two windows of ours.
 constexpr std::chrono::milliseconds kFocusSettles{60};
 
+/// The screen that shows the position; null when none does. QGuiApplication::screenAt() of Qt 6.8
+/// still finds a screen while its removal is being told.
+const QScreen* screenWith(QPoint position) {
+    for (const QScreen* const screen : QGuiApplication::screens()) {
+        if (screen->geometry().contains(position)) {
+            return screen;
+        }
+    }
+    return nullptr;
+}
+
 }  // namespace
 
 /// The hairline around the panel, above the content, which reaches to the window's edges.
@@ -233,7 +244,7 @@ void PanelWindow::closeBy(ToggleGuard::HiddenBy cause) {
 
 void PanelWindow::place() {
     // The screen that the item was on may have been unplugged since.
-    const QScreen* const anchored = m_anchor ? QGuiApplication::screenAt(*m_anchor) : nullptr;
+    const QScreen* const anchored = m_anchor ? screenWith(*m_anchor) : nullptr;
     const QScreen* const screen = anchored != nullptr ? anchored : QGuiApplication::primaryScreen();
     if (screen == nullptr) {
         return;
