@@ -4,7 +4,6 @@
 
 #include "Quillbar/labelstate/LabelSnapshot.h"
 #include "Quillbar/PanelView.h"
-#include "Quillbar/platform/StartPages.h"
 #include "Quillbar/text/ChineseFont.h"
 #include "Quillbar/text/SystemFont.h"
 #include "Quillbar/window/PanelWindow.h"
@@ -27,8 +26,6 @@ namespace {
 
 /// The tooltip tells the age of prices in minutes.
 constexpr Seconds kFaceInterval{60};
-/// By then the first prices are there, and what starting needs has been done with.
-constexpr Seconds kStartLasts{10};
 
 ToggleGuard::Elapsed elapsed() {
     return [] {
@@ -106,7 +103,6 @@ void QuillbarApp::start(WithoutTray withoutTray) {
     m_withoutTray = withoutTray;
     refreshFace();
     m_scope.spawn(refreshFaceEachMinute());
-    m_scope.spawn(releaseStartPages());
     m_services.start();
     m_systemEvents.emplace(m_services, *m_executor, m_sleeper);
 }
@@ -132,11 +128,6 @@ Task<void> QuillbarApp::refreshFaceEachMinute() {
         co_await m_sleeper(kFaceInterval);
         refreshFace();
     }
-}
-
-Task<void> QuillbarApp::releaseStartPages() {
-    co_await m_sleeper(kStartLasts);
-    StartPages::release();
 }
 
 void QuillbarApp::activate(QPoint anchor, ActivationSource source) {

@@ -75,7 +75,6 @@ public:
 private:
     void refreshFace();
     Task<void> refreshFaceEachMinute();
-    Task<void> releaseStartPages();
     void activate(QPoint anchor, ActivationSource source);
     void chooseFromMenu(int id);
     void goWithoutTray();
