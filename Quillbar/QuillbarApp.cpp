@@ -4,6 +4,7 @@
 
 #include "Quillbar/labelstate/LabelSnapshot.h"
 #include "Quillbar/PanelView.h"
+#include "Quillbar/platform/SmallHeap.h"
 #include "Quillbar/text/ChineseFont.h"
 #include "Quillbar/text/SystemFont.h"
 #include "Quillbar/window/PanelWindow.h"
@@ -26,6 +27,8 @@ namespace {
 
 /// The tooltip tells the age of prices in minutes.
 constexpr Seconds kFaceInterval{60};
+/// A board that loads leaves much free memory behind, as does a panel that closes.
+constexpr Seconds kHeapInterval{30};
 
 ToggleGuard::Elapsed elapsed() {
     return [] {
@@ -103,6 +106,7 @@ void QuillbarApp::start(WithoutTray withoutTray) {
     m_withoutTray = withoutTray;
     refreshFace();
     m_scope.spawn(refreshFaceEachMinute());
+    m_scope.spawn(keepHeapSmall());
     m_services.start();
     m_systemEvents.emplace(m_services, *m_executor, m_sleeper);
 }
@@ -127,6 +131,13 @@ Task<void> QuillbarApp::refreshFaceEachMinute() {
     while (true) {
         co_await m_sleeper(kFaceInterval);
         refreshFace();
+    }
+}
+
+Task<void> QuillbarApp::keepHeapSmall() {
+    while (true) {
+        co_await m_sleeper(kHeapInterval);
+        SmallHeap::giveBack();
     }
 }
 

@@ -75,6 +75,7 @@ public:
 private:
     void refreshFace();
     Task<void> refreshFaceEachMinute();
+    Task<void> keepHeapSmall();
     void activate(QPoint anchor, ActivationSource source);
     void chooseFromMenu(int id);
     void goWithoutTray();
