@@ -82,7 +82,8 @@ QuillbarApp::QuillbarApp(const std::optional<QDBusConnection>& bus,
            .onMenu = [this](int id) { chooseFromMenu(id); },
            .onActivationToken = [this](const QString& token) { panel().setActivationToken(token); },
            .onNoTray = [this] { goWithoutTray(); },
-           .onTray = [this] { dropFromTray(); }})
+           .onTray = [this] { dropFromTray(); },
+           .onOffered = [this] { startServices(); }})
     , m_labelSource(m_services.appState(), m_services.isStarted())
     , m_scope(*m_executor) {
     const auto refresh = [this](const auto& /*value*/) { refreshFace(); };
@@ -106,9 +107,20 @@ void QuillbarApp::start(WithoutTray withoutTray) {
     m_withoutTray = withoutTray;
     refreshFace();
     m_scope.spawn(refreshFaceEachMinute());
+    m_scope.spawn(startServicesInTime());
     m_scope.spawn(keepHeapSmall());
-    m_services.start();
-    m_systemEvents.emplace(m_services, *m_executor, m_sleeper);
+}
+
+Task<void> QuillbarApp::startServicesInTime() {
+    co_await m_sleeper(kItemPatience);
+    startServices();
+}
+
+void QuillbarApp::startServices() {
+    if (!m_systemEvents) {
+        m_services.start();
+        m_systemEvents.emplace(m_services, *m_executor, m_sleeper);
+    }
 }
 
 void QuillbarApp::togglePanel(const QString& token) {

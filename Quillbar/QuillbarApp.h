@@ -18,6 +18,7 @@
 #include "QuillbarCore/runtime/QtSleeper.h"
 #include "QuillbarCore/runtime/Sleeper.h"
 #include "QuillbarCore/runtime/TaskScope.h"
+#include "QuillbarCore/runtime/Time.h"
 #include "QuillbarCore/runtime/Worker.h"
 
 #include <QDBusConnection>
@@ -40,6 +41,9 @@ class PanelWindow;
 /// Lives on the main thread, inside a running QApplication.
 class QuillbarApp final {
 public:
+    /// The longest that the stream waits for the item, where the bus is slow.
+    static constexpr Seconds kItemPatience{0.5};
+
     /// Builds everything and connects to nothing; `bus` is the session's, where there is one. All
     /// that waits does so with the `sleeper`.
     QuillbarApp(const std::optional<QDBusConnection>& bus,
@@ -61,7 +65,7 @@ public:
         waits,
     };
 
-    /// Puts the item into the status area and starts the stream. Once.
+    /// Puts the item into the status area, and then starts the stream. Once.
     void start(WithoutTray withoutTray = WithoutTray::opensPanel);
 
     /// Shows or hides the panel; `token` lets it take the focus, and may be empty.
@@ -75,6 +79,8 @@ public:
 private:
     void refreshFace();
     Task<void> refreshFaceEachMinute();
+    Task<void> startServicesInTime();
+    void startServices();
     Task<void> keepHeapSmall();
     void activate(QPoint anchor, ActivationSource source);
     void chooseFromMenu(int id);

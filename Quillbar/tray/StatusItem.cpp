@@ -141,8 +141,12 @@ void StatusItem::begin() {
             [this](const QDBusMessage& reply) {
                 if (reply.type() == QDBusMessage::ReplyMessage) {
                     watcherIs(reply.arguments().value(0).toString());
+                } else {
+                    reportOffered();
                 }
             });
+    } else {
+        reportOffered();
     }
     waitForWatcher();
 }
@@ -205,6 +209,7 @@ void StatusItem::registerWith(const QString& owner) {
         m_olderTray.reset();
         reportTray();
     });
+    reportOffered();
 }
 
 void StatusItem::registrationFailed(const QString& owner, const QString& why) {
@@ -265,6 +270,12 @@ Task<void> StatusItem::untilOlderTrayIsGone() {
     }
 }
 
+void StatusItem::reportOffered() {
+    if (const auto report = std::exchange(m_handlers.onOffered, nullptr)) {
+        report();
+    }
+}
+
 void StatusItem::reportNoTray() {
     if (m_hadTray || m_toldNoTray) {
         return;
@@ -321,14 +332,16 @@ void StatusItem::refreshItem() {
     const LabelPicture picture = LabelPicture::of(*m_face, m_host.form, shade());
     if (m_host.icon == TrayHost::Icon::themeName) {
         m_picture.reset();
-        m_item.setIcon(kThemeIcon, {});
+        m_item.setThemeIcon(kThemeIcon);
     } else if (m_picture != picture) {
         m_picture = picture;
-        StatusImages images;
-        for (const int height : kPictureHeights) {
-            images.append(StatusImage::of(drawnFor(m_host, picture, height)));
-        }
-        m_item.setIcon(QString(), images);
+        m_item.setPictures([host = m_host, picture] {
+            StatusImages images;
+            for (const int height : kPictureHeights) {
+                images.append(StatusImage::of(drawnFor(host, picture, height)));
+            }
+            return images;
+        });
     }
     m_item.setLabel(m_face->text,
                     guideOf(m_face->text),

@@ -55,7 +55,8 @@ public:
     static constexpr int kQuit = 2;
     static constexpr int kLastOwnId = 9;
 
-    /// What the user does. All but `onMenuShown` are set. A handler does not destroy the item; it
+    /// What the user does, and what becomes of the item. All but `onMenuShown` and `onOffered` are
+    /// set. A handler does not destroy the item; it
     /// may post that to the executor.
     struct Handlers final {
         /// Wants the panel beside this position on the screen.
@@ -72,6 +73,9 @@ public:
         std::function<void()> onNoTray;
         /// After `onNoTray`, a tray came and took the item. At most once for each `onNoTray`.
         std::function<void()> onTray;
+        /// A bar has been asked to take the item, or there is none that could be. Once, and perhaps
+        /// from within `show`; not at all where the bus does not answer.
+        std::function<void()> onOffered = nullptr;
     };
 
     StatusItem(StatusItemEnvironment environment, Handlers handlers);
@@ -102,6 +106,7 @@ private:
 
     void waitForWatcher();
     Task<void> lookForOlderTray();
+    void reportOffered();
     void reportNoTray();
     void reportTray();
     Task<void> untilOlderTrayIsGone();

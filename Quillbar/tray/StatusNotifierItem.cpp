@@ -16,13 +16,28 @@ StatusNotifierItem::StatusNotifierItem(QString menu, Handlers handlers)
     qDBusRegisterMetaType<StatusTooltip>();
 }
 
-void StatusNotifierItem::setIcon(const QString& name, const StatusImages& pixmap) {
-    if (name == m_iconName && pixmap == m_iconPixmap) {
+void StatusNotifierItem::setThemeIcon(const QString& name) {
+    if (name == m_iconName) {
         return;
     }
     m_iconName = name;
-    m_iconPixmap = pixmap;
+    m_iconPixmap = {};
+    m_draw = {};
     Q_EMIT NewIcon();
+}
+
+void StatusNotifierItem::setPictures(Draw draw) {
+    m_iconName.clear();
+    m_iconPixmap = {};
+    m_draw = std::move(draw);
+    Q_EMIT NewIcon();
+}
+
+StatusImages StatusNotifierItem::iconPixmap() {
+    if (const Draw draw = std::exchange(m_draw, {})) {
+        m_iconPixmap = draw();
+    }
+    return m_iconPixmap;
 }
 
 void StatusNotifierItem::setTooltip(const QString& title, const QString& text) {

@@ -16,7 +16,7 @@ namespace quillbar {
 
 /// The object that tray hosts read, org.kde.StatusNotifierItem with the label of the Ayatana hosts.
 /// Exported by whoever makes it, at `kPath`, with all properties and the scriptable slots and
-/// signals. Each setter tells the hosts when, and only when, what it sets differs.
+/// signals. The setters of texts tell the hosts when, and only when, what they set differs.
 ///
 /// The names of the properties, methods and signals are the protocol's.
 class StatusNotifierItem final : public QObject {
@@ -65,8 +65,14 @@ public:
     /// `menu` is the path of the item's menu on the same connection.
     StatusNotifierItem(QString menu, Handlers handlers);
 
-    /// An icon of the desktop's theme, or pictures, whose name is empty.
-    void setIcon(const QString& name, const StatusImages& pixmap);
+    /// Makes the pictures of an icon.
+    using Draw = std::function<StatusImages()>;
+
+    /// An icon of the desktop's theme. Tells the hosts unless it is the one already.
+    void setThemeIcon(const QString& name);
+    /// Pictures, and tells the hosts. They are drawn when the first host reads them, for hosts that
+    /// show the label alone never do.
+    void setPictures(Draw draw);
     /// Both texts are markup.
     void setTooltip(const QString& title, const QString& text);
     /// Neither text may be empty: MATE's panel then shows an item of no width. The guide is as long as
@@ -80,7 +86,7 @@ public:
     [[nodiscard]] QString status() const { return QStringLiteral("Active"); }
     [[nodiscard]] int windowId() const { return 0; }
     [[nodiscard]] QString iconName() const { return m_iconName; }
-    [[nodiscard]] StatusImages iconPixmap() const { return m_iconPixmap; }
+    [[nodiscard]] StatusImages iconPixmap();
     [[nodiscard]] StatusTooltip tooltip() const { return m_tooltip; }
     [[nodiscard]] bool itemIsMenu() const { return false; }
     [[nodiscard]] QDBusObjectPath menu() const { return QDBusObjectPath(m_menu); }
@@ -113,6 +119,8 @@ private:
     Handlers m_handlers;
     QString m_iconName;
     StatusImages m_iconPixmap;
+    // Until the pictures are drawn.
+    Draw m_draw;
     StatusTooltip m_tooltip;
     QString m_label = QStringLiteral("Quillbar");
     QString m_labelGuide = QStringLiteral("Quillbar");

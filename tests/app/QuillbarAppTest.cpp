@@ -197,6 +197,17 @@ TEST_F(QuillbarAppTest, theItemFollowsThePrices) {
     })) << before.toStdString();
 }
 
+TEST_F(QuillbarAppTest, pricesWaitForTheItemButNotForABusThatDoesNotAnswer) {
+    daemon.freeze();
+    start(bus);
+    spinUntilIdle();
+    EXPECT_EQ(exchange.openStreams(), 0);
+    EXPECT_EQ(sleeper.wake([](double span) { return span == QuillbarApp::kItemPatience.count(); }),
+              1);
+    EXPECT_TRUE(spinUntil([this] { return exchange.openStreams() > 0; }));
+    daemon.thaw();
+}
+
 TEST_F(QuillbarAppTest, aClickOnTheItemOpensThePanel) {
     startInTray();
     host.callItem(QStringLiteral("Activate"), {300, 5});

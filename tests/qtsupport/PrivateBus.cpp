@@ -23,4 +23,12 @@ PrivateBus::~PrivateBus() {
     m_daemon.waitForFinished();
 }
 
+void PrivateBus::freeze() {
+    ::kill(static_cast<pid_t>(m_daemon.processId()), SIGSTOP);
+}
+
+void PrivateBus::thaw() {
+    ::kill(static_cast<pid_t>(m_daemon.processId()), SIGCONT);
+}
+
 }  // namespace quillbar

@@ -22,6 +22,11 @@ public:
     /// Where programs connect to it.
     [[nodiscard]] const QString& address() const noexcept { return m_address; }
 
+    /// From now on it answers nobody, although it is there.
+    void freeze();
+    /// It goes on, with all that it was sent meanwhile.
+    void thaw();
+
 private:
     QProcess m_daemon;
     QString m_address;

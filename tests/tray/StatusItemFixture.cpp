@@ -55,6 +55,7 @@ void StatusItemFixture::start(const std::optional<QDBusConnection>& connection) 
             .onActivationToken = [this](const QString& token) { tokens.push_back(token); },
             .onNoTray = [this] { ++noTray; },
             .onTray = [this] { ++tray; },
+            .onOffered = [this] { ++offered; },
         });
     item->show(face());
     executor.run();

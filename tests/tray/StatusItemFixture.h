@@ -66,6 +66,7 @@ struct StatusItemFixture : ::testing::Test {
     std::vector<QString> tokens;
     int noTray = 0;
     int tray = 0;
+    int offered = 0;
     QString connectionName;
     std::optional<QDBusConnection> bus;
     std::optional<FakeTrayHost> host;

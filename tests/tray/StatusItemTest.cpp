@@ -29,6 +29,25 @@ TEST_F(StatusItemTest, registersByTheNameOfItsConnection) {
     EXPECT_EQ(host->registered, QStringList{bus->baseService()});
 }
 
+TEST_F(StatusItemTest, saysOnceThatABarWasOfferedTheItem) {
+    host->beWatcher();
+    start();
+    EXPECT_EQ(offered, 0);
+    ASSERT_TRUE(seesRegistrations(*host, 1));
+    EXPECT_EQ(offered, 1);
+    FakeTrayHost another(daemon.address());
+    host.reset();
+    another.beWatcher();
+    ASSERT_TRUE(seesRegistrations(another, 1));
+    EXPECT_EQ(offered, 1);
+}
+
+TEST_F(StatusItemTest, saysThatThereIsNoBarToOfferTheItemTo) {
+    start();
+    EXPECT_TRUE(spinUntil([this] { return offered == 1; }));
+    EXPECT_EQ(noTray, 0) << "one may still come";
+}
+
 TEST_F(StatusItemTest, asksWhichProcessTheHostIs) {
     startAt("some-panel");
     EXPECT_THAT(askedProcesses, ElementsAre(static_cast<uint>(QCoreApplication::applicationPid())));

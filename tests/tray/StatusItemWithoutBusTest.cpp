@@ -21,6 +21,11 @@ TEST_F(StatusItemWithoutBusTest, usesTheOlderTrayAtOnce) {
     EXPECT_NE(olderIcon(), nullptr);
 }
 
+TEST_F(StatusItemWithoutBusTest, saysAtOnceThatNoBarCanTakeTheItem) {
+    start();
+    EXPECT_EQ(offered, 1);
+}
+
 TEST_F(StatusItemWithoutBusTest, saysThatThereIsNoTrayEither) {
     start();
     item->show(face(QStringLiteral("BTC 67,234.51 ▲ 1.23%")));
