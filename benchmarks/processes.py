@@ -1,6 +1,7 @@
 # SPDX-FileCopyrightText: 2026 The Quillbar developers
 # SPDX-License-Identifier: MIT
 """Programs that the report starts, talks to in lines, and looks at from outside."""
+import dataclasses
 import os
 import pathlib
 import signal
@@ -9,6 +10,8 @@ import sys
 import tempfile
 import threading
 import time
+
+from apart import Apart
 
 
 class MeasurementFailed(Exception):
@@ -96,13 +99,12 @@ class Program:
         # of user and system time, to the nanosecond where /proc counts hundredths.
         return time.clock_gettime(~self.pid << 3 | 2)
 
-    def kib(self, file, key):
-        """What a line such as "Rss:  123 kB" of a file of the process says."""
+    def sizes(self, file):
+        """The sizes in KiB that a file of the process tells in lines like "Rss:  123 kB"."""
         text = pathlib.Path(f"/proc/{self.pid}/{file}").read_text(encoding="utf-8")
-        for line in text.splitlines():
-            if line.startswith(key + ":"):
-                return int(line.split()[1])
-        raise MeasurementFailed(f"/proc/PID/{file} has no {key}")
+        return {words[0].rstrip(":"): int(words[1])
+                for words in (line.split() for line in text.splitlines())
+                if len(words) == 3 and words[2] == "kB"}
 
 
 def started(*command, environment=None):
@@ -114,16 +116,64 @@ def started(*command, environment=None):
     return program
 
 
+@dataclasses.dataclass
+class Programs:
+    """The programs of a build, and the copies of those that only help."""
+    folder: pathlib.Path
+    apart: Apart
+
+    def path(self, name):
+        return str(self.folder / name)
+
+    @property
+    def application(self):
+        return self.path("quillbar")
+
+    @property
+    def label(self):
+        return self.path("quillbar-label")
+
+    @property
+    def panel(self):
+        return [self.path("quillbar-desktop-benchmark"), "panel"]
+
+    def started_apart(self, name, *arguments, environment=os.environ):
+        return started(self.apart.copy(self.path(name)), *arguments,
+                       environment=self.apart.environment(environment))
+
+    def exchange(self, *arguments):
+        """The simulator."""
+        return self.started_apart("quillbar-simulator", *arguments)
+
+    def flood(self, prices_a_second):
+        """An exchange of 1,000 coins and more that sends so many prices."""
+        return self.started_apart("quillbar-desktop-benchmark", "flood", str(prices_a_second))
+
+
 def environment_of(simulator, home, environment=os.environ):
     """What a program needs to use the simulator and a home of its own, beside what is given."""
     addresses = dict(line.split(" ", 1) for line in simulator.output.lines if " " in line)
-    return dict(environment) | {
+    return at_home(home, environment) | {
         "QUILLBAR_CA_FILE": addresses["ca-file"],
         "QUILLBAR_REST_ENDPOINTS": addresses["rest"],
         "QUILLBAR_STREAM_ENDPOINTS": addresses["stream"],
         "QUILLBAR_MARKETCAP_ENDPOINT": addresses["market-caps"],
         "QUILLBAR_ICON_ENDPOINT": addresses["icons"],
-        "XDG_DATA_HOME": home,
-        "XDG_CONFIG_HOME": home,
-        "XDG_CACHE_HOME": home,
     }
+
+
+def environment_without_exchange(home, environment=os.environ):
+    """What a program needs to find nobody where the exchange is, beside what is given. It trusts the
+    authorities that every program does."""
+    nobody = "127.0.0.1:9"
+    return at_home(home, environment) | {
+        "QUILLBAR_REST_ENDPOINTS": f"https://{nobody}/api/v3",
+        "QUILLBAR_STREAM_ENDPOINTS": f"wss://{nobody}",
+        "QUILLBAR_MARKETCAP_ENDPOINT": f"https://{nobody}/api/v3",
+        "QUILLBAR_ICON_ENDPOINT": f"https://{nobody}/icons",
+    }
+
+
+def at_home(home, environment):
+    return dict(environment) | {"XDG_DATA_HOME": home, "XDG_CONFIG_HOME": home,
+                                "XDG_CACHE_HOME": home}

@@ -21,6 +21,11 @@ class Row:
                 self.target, holds]
 
 
+def below(what, measured, limit, unit="ms", digits=1):
+    return Row(what, f"{measured:.{digits}f} {unit}", target=f"< {limit} {unit}",
+               holds=measured < limit)
+
+
 HEAD = ["what", "measured", "alternative", "measured", "times", "target", "holds"]
 
 

@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "benchmarks/desktop/Heartbeat.h"
 
+#include "benchmarks/desktop/Moments.h"
+
 #include <algorithm>
 
 namespace quillbar::benchmarks {
@@ -13,20 +15,24 @@ Heartbeat::Heartbeat() {
 }
 
 void Heartbeat::begin() {
-    m_longest = 0;
+    m_longest = {};
     m_sinceBeat.start();
+    m_processorAtBeat = processorTime();
     m_timer.start();
 }
 
-std::chrono::nanoseconds Heartbeat::end() {
+Heartbeat::Longest Heartbeat::end() {
     m_timer.stop();
     beat();
-    return std::chrono::nanoseconds(m_longest);
+    return m_longest;
 }
 
 void Heartbeat::beat() {
-    m_longest = std::max(m_longest, m_sinceBeat.nsecsElapsed());
+    const std::chrono::nanoseconds processor = processorTime();
+    m_longest.wall = std::max(m_longest.wall, std::chrono::nanoseconds(m_sinceBeat.nsecsElapsed()));
+    m_longest.processor = std::max(m_longest.processor, processor - m_processorAtBeat);
     m_sinceBeat.restart();
+    m_processorAtBeat = processor;
 }
 
 }  // namespace quillbar::benchmarks

@@ -10,6 +10,7 @@
 #include <array>
 #include <chrono>
 #include <cstdio>
+#include <ctime>
 #include <string>
 #include <unistd.h>
 #include <utility>
@@ -21,6 +22,12 @@ void sayMoment(std::string_view what, std::string_view rest) {
     const auto nanoseconds = std::chrono::duration_cast<std::chrono::nanoseconds>(moment).count();
     fmt::print("{} {}{}{}\n", what, nanoseconds, rest.empty() ? "" : " ", rest);
     std::fflush(stdout);
+}
+
+std::chrono::nanoseconds processorTime() {
+    timespec time{};
+    ::clock_gettime(CLOCK_THREAD_CPUTIME_ID, &time);
+    return std::chrono::seconds(time.tv_sec) + std::chrono::nanoseconds(time.tv_nsec);
 }
 
 void onLines(std::function<void(std::string_view line)> handler) {

@@ -77,7 +77,11 @@ private:
         m_isPainting = false;
         waitForServer();
         const PanelWindow* const panel = panelWindow();
-        sayMoment("frame", fmt::format("{} {}", m_rows, panel == nullptr ? 0 : panel->height()));
+        sayMoment("frame",
+                  fmt::format("{} {} {}",
+                              m_rows,
+                              panel == nullptr ? 0 : panel->height(),
+                              processorTime().count()));
         return true;
     }
 
@@ -163,7 +167,10 @@ int runPanel(int argc, char** argv) {
         } else if (line == "beat") {
             heartbeat.begin();
         } else if (line == "rest") {
-            sayMoment("gap", std::to_string(heartbeat.end().count()));
+            const Heartbeat::Longest longest = heartbeat.end();
+            sayMoment("gap", fmt::format("{} {}", longest.wall.count(), longest.processor.count()));
+        } else if (line == "processor") {
+            sayMoment("processor", std::to_string(processorTime().count()));
         }
     });
     app.start();

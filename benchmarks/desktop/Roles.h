@@ -13,12 +13,15 @@ namespace quillbar::benchmarks {
 /// "turned" with the number of turns.
 int runTrayHost(int argc, char** argv);
 
-/// The application as `quillbar` is made of it, which says "frame ... ROWS" when a frame of the
-/// panel has been painted and the X server has it, with the number of rows painted by then and the
-/// panel's height, and "hidden" when the panel has gone. The line "tabs" has it say "tab ... X Y" for
-/// each tab; "beat" begins to watch its event loop, and "rest" ends that with "gap ... NANOSECONDS",
-/// the longest time for which the loop did not run. Its argument, if any, is the time between two
-/// refreshes of a board, in seconds; it says "slept" at the beginning of each such time.
+/// The application as `quillbar` is made of it, which says "frame ... ROWS HEIGHT PROCESSOR" when a
+/// frame of the panel has been painted and the X server has it: the number of rows painted by then,
+/// the panel's height, and the nanoseconds of the processor that the main thread has used; and
+/// "hidden" when the panel has gone. The line "processor" has it say "processor ... PROCESSOR";
+/// "tabs" has it say "tab ... X Y" for each tab; "beat" begins to watch its event loop, and "rest"
+/// ends that with "gap ... NANOSECONDS PROCESSOR", the longest time for which the loop did not run
+/// and the most that the main thread used of the processor within such a time. Its argument, if any,
+/// is the time between two refreshes of a board, in seconds; it says "slept" at the beginning of
+/// each such time.
 int runPanel(int argc, char** argv);
 
 /// An exchange whose only argument is how many prices it sends a second, evenly, over all its coins
