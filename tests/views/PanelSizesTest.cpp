@@ -4,7 +4,6 @@
 #include "Quillbar/ConnectionBanner.h"
 #include "Quillbar/ErrorLine.h"
 #include "Quillbar/Glyphs.h"
-#include "Quillbar/NoticeLines.h"
 #include "Quillbar/Spinner.h"
 #include "Quillbar/text/SystemFont.h"
 #include "Quillbar/text/TabularText.h"
@@ -16,7 +15,9 @@
 #include <QLabel>
 #include <QPainter>
 
+#include <algorithm>
 #include <cmath>
+#include <stdexcept>
 
 namespace quillbar {
 namespace {
