@@ -36,6 +36,10 @@ inline Element parse(simdjson::dom::parser& with, std::string_view bytes) {
     if (bytes.empty()) {
         throw JSONDecodingError("malformed JSON: empty");
     }
+    // No JSON text begins with one. Later versions of simdjson skip it, earlier ones do not.
+    if (bytes.starts_with("\xEF\xBB\xBF")) {
+        throw JSONDecodingError("malformed JSON: a byte-order mark");
+    }
     Element root;
     // Copies the bytes to where the parser may read past their end.
     auto error = with.parse(bytes.data(), bytes.size(), true).get(root);

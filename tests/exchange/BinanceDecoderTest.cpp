@@ -161,6 +161,7 @@ TEST(BinanceDecoderTest, FailsWhatIsNotJSON) {
 
 TEST(BinanceDecoderTest, GoesOnAfterABadFrame) {
     EXPECT_THAT(frameError("{"), HasSubstr("malformed JSON: "));
+    EXPECT_EQ(frameError("\xEF\xBB\xBF{}"), "malformed JSON: a byte-order mark");
     EXPECT_EQ(frameError(frame(R"({"s":"BTCUSDT","c":"1","o":"1"})")), "no error");
 }
 
