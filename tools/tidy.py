@@ -28,7 +28,7 @@ import subprocess
 import sys
 
 ROOT = pathlib.Path(__file__).resolve().parent.parent
-BATCH = 8
+BATCH = 12
 INCLUDE = re.compile(rb'^\s*#\s*include\s+"([^"]+)"', re.MULTILINE)
 PROFILE = ".clang-tidy"
 
@@ -140,14 +140,33 @@ class Build:
         return "\n".join(said) or f"{file}: {self.program} ended with {done.returncode}"
 
 
+@functools.lru_cache(None)
+def own_names(source):
+    """What a source declares for itself alone, as far as the form of its lines tells: at the
+    beginning of a line within a namespace without a name, or outside of every class and function."""
+    text = content(source).decode("utf-8")
+    names = set(re.findall(r"^(?:template <[^\n]*>\n)?(?:struct|class|enum class|using) (\w+)\b(?!::)",
+                           text, re.MULTILINE))
+    names |= set(re.findall(r"^\w[^\n(={;]*[ &*](\w+)(?=[ ]*[(={;\[])", text, re.MULTILINE))
+    return names - {"quillbar", "namespace"}
+
+
 def batches_of(build, sources):
     alike = collections.defaultdict(list)
     for source in sources:
         alike[shlex.join(build.flags(source)), next(profiles(source))].append(source)
     for same in alike.values():
-        count = -(-len(same) // BATCH)
-        for number in range(count):
-            yield same[number * len(same) // count:(number + 1) * len(same) // count]
+        batches = []
+        for source in same:
+            for batch, taken in batches:
+                if len(batch) < BATCH and not taken & own_names(source):
+                    break
+            else:
+                batch, taken = [], set()
+                batches.append((batch, taken))
+            batch.append(source)
+            taken |= own_names(source)
+        yield from (batch for batch, _ in batches)
 
 
 def main():
