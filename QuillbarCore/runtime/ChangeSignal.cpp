@@ -5,8 +5,6 @@
 #include <boost/signals2/dummy_mutex.hpp>
 #include <boost/signals2/signal_type.hpp>
 
-#include <utility>
-
 namespace quillbar {
 
 namespace {
@@ -33,11 +31,11 @@ ChangeSignal::~ChangeSignal() {
     }
 }
 
-Observation ChangeSignal::observe(Observer observer) {
+Observation ChangeSignal::observe(const Observer& observer) {
     if (m_signal == nullptr) {
         m_signal = std::make_shared<Signal>();
     }
-    return (**m_signal).connect(std::move(observer));
+    return (**m_signal).connect(observer);
 }
 
 void ChangeSignal::tell(const void* changed) {

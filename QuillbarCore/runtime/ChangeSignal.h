@@ -28,7 +28,7 @@ public:
     ~ChangeSignal();
 
     /// Calls `observer` at each `tell` that begins from now on, until the observation is destroyed.
-    [[nodiscard]] Observation observe(Observer observer);
+    [[nodiscard]] Observation observe(const Observer& observer);
 
     /// Calls the observers in the order in which they began. An observer may end observations, begin
     /// some, tell again, and destroy this signal.
