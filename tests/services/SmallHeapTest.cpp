@@ -17,7 +17,7 @@ namespace quillbar {
 
 namespace {
 
-using Block = std::array<char, 16 * 1024>;
+using Block = std::array<char, std::size_t{16} * 1024>;
 
 /// What this process has written, in bytes.
 std::size_t ownBytes() {
