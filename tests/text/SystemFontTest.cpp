@@ -51,7 +51,7 @@ std::string inMainlandShapes(const std::string& family) {
 /// An installed family that looks unlike another.
 QString otherFamilyThan(const QString& family) {
     for (const QString& each : QFontDatabase::families()) {
-        const QString real = QFontInfo(QFont(each)).family();
+        QString real = QFontInfo(QFont(each)).family();
         if (inMainlandShapes(real.toStdString()) != inMainlandShapes(family.toStdString())) {
             return real;
         }

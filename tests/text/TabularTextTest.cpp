@@ -76,7 +76,7 @@ TEST(TabularTextTest, aTextWithoutDigitsIsDrawnAsAnyOtherAtEachHeight) {
     const QFontMetricsF metrics(font());
     struct Row {
         Qt::Alignment alignment;
-        double baseline;
+        double baseline = 0;
     };
     for (const Row& row : {Row{Qt::AlignTop, 20 + metrics.ascent()},
                            Row{Qt::AlignVCenter, 40 + (metrics.ascent() - metrics.descent()) / 2},
