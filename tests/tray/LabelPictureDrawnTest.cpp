@@ -145,7 +145,7 @@ TEST(LabelPictureDrawnTest, aLineThatIsTooLongIsWrittenNarrower) {
 
 TEST(LabelPictureDrawnTest, aSquareHasTheColoursOfItsBarAndItsDirection) {
     struct Row {
-        BarShade shade;
+        BarShade shade = BarShade::dark;
         QColor text;
         QColor up;
         QColor down;
