@@ -3,8 +3,8 @@
 """Helpers that share no memory with what is measured.
 
 The simulator and the bar are made with Qt too. Were they to use the same files, the system would
-count a part of each of the application's pages as theirs, and its share would look smaller than on a
-desktop where nothing else uses Qt. So they run from copies.
+count a part of each of the application's pages as theirs, and its share would look smaller than on
+a desktop where nothing else uses Qt. So they run from copies.
 """
 import os
 import pathlib

@@ -4,9 +4,9 @@
 desktop benchmark plays.
 
 What keeps the user waiting is judged by the processor time of the application's main thread, which
-another busy program hardly changes; the time on the clock stands beside it. An opening: from before
-the bar sends its click until the panel's frame, its rows in it, has been painted and the X server has
-answered a question asked after it. All clocks are the machine's one steady clock.
+another busy program hardly changes; the time on the clock stands beside it. An opening: from
+before the bar sends its click until the panel's frame, its rows in it, has been painted and the X
+server has answered a question asked after it. All clocks are the machine's one steady clock.
 """
 import contextlib
 import dataclasses
@@ -35,7 +35,7 @@ class Took:
 
 
 def took_row(what, times, limit):
-    """Judges the median of the processor times; beside it the median on the clock, and the longest."""
+    """Judges the median of the processor times; beside it the median and longest on the clock."""
     walls = [took.wall for took in times]
     measured = statistics.median(took.processor for took in times)
     return Row(what, f"{measured:.1f} ms", "on the clock, longest",
@@ -94,8 +94,8 @@ class Desktop:
         return Program([self._programs.path("quillbar-bare-item")], self._environment)
 
     def milliseconds_to_item(self, program, home):
-        """From before the process is made until its item is registered at the bar, with nobody where
-        the exchange is."""
+        """From before the process is made until its item is registered at the bar, with nobody
+        where the exchange is."""
         seen = len(self.bar.output.lines)
         environment = environment_without_exchange(home, self._environment)
         with Program([self._programs.path(program)], environment) as started:

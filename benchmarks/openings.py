@@ -3,17 +3,18 @@
 """How long the user waits for the item and for the panel, and how a panel of many coins bears many
 prices.
 
-The start is compared with that of the least program of widgets that has an item, by turns in the same
-run, so that whatever slows the machine slows both. It takes the processor of several processes, so it
-is judged on the clock, by the quickest of many starts: those that the rest of the machine hindered
-least.
+The start is compared with that of the least program of widgets that has an item, by turns in the
+same run, so that whatever slows the machine slows both. It takes the processor of several
+processes, so it is judged on the clock, by the quickest of many starts: those that the rest of the
+machine hindered least.
 """
 import contextlib
 import statistics
 import tempfile
 import time
 
-from desktop import BETWEEN_CLICKS_SECONDS, desktop_of, moment, processor_of, settle, took_row, watch
+from desktop import (BETWEEN_CLICKS_SECONDS, desktop_of, moment, processor_of, settle, took_row,
+                     watch)
 from processes import MeasurementFailed
 from rows import Row, below
 from usage import own_megabytes
@@ -30,7 +31,7 @@ FLOOD_SECONDS = 30
 FLOOD_LIMIT = 15
 
 
-def start_rows(programs, _):
+def start_rows(programs, _options):
     ours, bare = [], []
     with desktop_of(programs) as desktop, tempfile.TemporaryDirectory() as home:
         for _ in range(STARTS):
@@ -59,7 +60,7 @@ def openings(desktop, exchange, home):
     return times[0], times[1:]
 
 
-def opening_rows(programs, _):
+def opening_rows(programs, _options):
     firsts, laters = {4: [], 20: [], 1000: []}, {4: [], 20: [], 1000: []}
     with contextlib.ExitStack() as stack:
         desktop = stack.enter_context(desktop_of(programs))
@@ -91,7 +92,7 @@ def sent(exchange):
             if line.startswith("sent ")]
 
 
-def flood_rows(programs, _):
+def flood_rows(programs, _options):
     with contextlib.ExitStack() as stack:
         desktop = stack.enter_context(desktop_of(programs))
         exchange = stack.enter_context(programs.flood(FLOOD_A_SECOND))
@@ -124,8 +125,8 @@ def flood_rows(programs, _):
 
 
 def least_own_megabytes(program):
-    """The least that the program has of its own within some time: prices that wait to be read, while
-    something else keeps the machine busy, are no growth."""
+    """The least that the program has of its own within some time: prices that wait to be read,
+    while something else keeps the machine busy, are no growth."""
     samples = []
     for _ in range(FLOOD_SECONDS):
         time.sleep(1)

@@ -163,8 +163,8 @@ def environment_of(simulator, home, environment=os.environ):
 
 
 def environment_without_exchange(home, environment=os.environ):
-    """What a program needs to find nobody where the exchange is, beside what is given. It trusts the
-    authorities that every program does."""
+    """What a program needs to find nobody where the exchange is, beside what is given. It trusts
+    the authorities that every program does."""
     nobody = "127.0.0.1:9"
     return at_home(home, environment) | {
         "QUILLBAR_REST_ENDPOINTS": f"https://{nobody}/api/v3",

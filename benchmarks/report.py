@@ -2,15 +2,15 @@
 # SPDX-License-Identifier: MIT
 """Measures what is promised of speed and size, and prints it in one table.
 
-Usage: report.py [--rows GROUP...] [--seconds N] [--soak-seconds N] FOLDER
+Usage: report.py FOLDER [--rows GROUP...] [--seconds N] [--soak-seconds N]
 
-FOLDER holds the programs of a build. Without --rows all groups of rows are measured. Each time of the
-first lines is the median processor time of several repetitions, which alternate between ours and the
-alternatives. The programs follow the simulator for N seconds (60) before their size is looked at; the
-long run takes 180 seconds unless told otherwise. What is judged stands in the files of the groups.
-No verdict depends on what else the machine does: times are processor times or are compared with those
-of another program in the same run. The report fails only when something could not be measured: a
-target that does not hold is for its reader to judge.
+FOLDER holds the programs of a build. Without --rows all groups of rows are measured. Each time of
+the first lines is the median processor time of several repetitions, which alternate between ours
+and the alternatives. The programs follow the simulator for N seconds (60) before their size is
+looked at; the long run takes 180 seconds unless told otherwise. What is judged stands in the files
+of the groups. No verdict depends on what else the machine does: times are processor times or are
+compared with those of another program in the same run. The report fails only when something could
+not be measured: a target that does not hold is for its reader to judge.
 """
 import argparse
 import json
@@ -30,8 +30,9 @@ from tabs import first_rows, refresh_rows, scroll_rows, switch_rows
 OURS = "Quillbar"
 REPETITIONS = 9
 
-# What is promised of each subject: how many times faster than an alternative, how fast, or both. The
-# times leave room for a neighbour on the other half of the processor's core, which costs a quarter.
+# What is promised of each subject: how many times faster than an alternative, how fast, or both.
+# The times leave room for a neighbour on the other half of the processor's core, which costs a
+# quarter.
 TARGET_RATIOS = {
     ("exchange information, 3.7 MB", "QJsonDocument"): 8,
     ("2,500 tickers, short form", "QJsonDocument"): 8,
@@ -70,7 +71,7 @@ def medians(program):
     return measured
 
 
-def speed_rows(programs, _):
+def speed_rows(programs, _options):
     measured = medians(programs.path("quillbar-benchmarks"))
     subjects = {}
     for name, nanoseconds in measured.items():

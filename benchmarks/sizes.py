@@ -1,7 +1,7 @@
 # SPDX-FileCopyrightText: 2026 The Quillbar developers
 # SPDX-License-Identifier: MIT
-"""What the label and the application take of memory and of the processor while they follow prices of
-the simulator over TLS, and whether they take more and more of it."""
+"""What the label and the application take of memory and of the processor while they follow prices
+of the simulator over TLS, and whether they take more and more of it."""
 import contextlib
 import statistics
 import tempfile

@@ -144,7 +144,7 @@ def kind(start, end):
     return "watchlist to board" if start == WATCHLIST else "board to board"
 
 
-def first_rows(programs, _):
+def first_rows(programs, _options):
     first = {}
     for tab in range(1, len(TABS)):
         first[tab] = []
@@ -160,7 +160,7 @@ def middle(times):
     return statistics.median(took.processor for took in times)
 
 
-def switch_rows(programs, _):
+def switch_rows(programs, _options):
     with opened(programs) as panel:
         later = {pair: [] for pair in itertools.permutations(range(len(TABS)), 2)}
         for tab in [*range(1, len(TABS)), WATCHLIST]:
@@ -180,7 +180,7 @@ def switch_rows(programs, _):
                        times[start, end], SWITCH_LIMIT)
 
 
-def refresh_rows(programs, _):
+def refresh_rows(programs, _options):
     with opened(programs, str(BETWEEN_REFRESHES_SECONDS)) as panel:
         idle, others = panel.longest_block(REFRESHES_LAST_SECONDS)
         first, _ = panel.longest_block(LOADING_LASTS_SECONDS, lambda: panel.switch(MARKET_CAPS))
@@ -199,7 +199,7 @@ def refresh_rows(programs, _):
               f"{first.processor:.1f} ms", "on the clock", f"{first.wall:.1f} ms")
 
 
-def scroll_rows(programs, _):
+def scroll_rows(programs, _options):
     with opened(programs) as panel:
         panel.switch(MARKET_CAPS)
         time.sleep(LOADING_LASTS_SECONDS)

@@ -3,12 +3,13 @@
 """What a program that follows prices takes of a machine.
 
 Memory is judged by what the program costs the machine. Its own memory is what it has written
-(Anonymous) and what of that was swapped out: nobody else uses it, and it is free again only when the
-program ends. Pages of files, such as a library's code, are not counted as its own, although the
-system may call them private: it takes them back without asking as soon as it needs them, and reads
-them again. (Those of a program that was just built are even "dirty" until the disk has them.) They
-count in the share (Pss), which divides each page by the number of programs that use it. The resident
-size (VmRSS) counts shared pages once for each program, and is printed as a fact alone.
+(Anonymous) and what of that was swapped out: nobody else uses it, and it is free again only when
+the program ends. Pages of files, such as a library's code, are not counted as its own, although
+the system may call them private: it takes them back without asking as soon as it needs them, and
+reads them again. (Those of a program that was just built are even "dirty" until the disk has
+them.) They count in the share (Pss), which divides each page by the number of programs that use
+it. The resident size (VmRSS) counts shared pages once for each program, and is printed as a fact
+alone.
 """
 import dataclasses
 import time
