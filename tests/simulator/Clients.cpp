@@ -84,7 +84,11 @@ StreamClient::StreamClient(const Simulator& simulator, const std::string& names)
 }
 
 bool StreamClient::opened() {
-    return spinUntil([this] { return isOpen || hasEnded; }) && isOpen;
+    // A refused upgrade is an error to Qt 6.4, and no end of the connection.
+    const auto decided = [this] {
+        return isOpen || hasEnded || socket.error() != QAbstractSocket::UnknownSocketError;
+    };
+    return spinUntil(decided) && isOpen;
 }
 
 bool StreamClient::received(std::size_t count) {

@@ -61,7 +61,7 @@ public:
     StreamClient(StreamClient&&) = delete;
     StreamClient& operator=(StreamClient&&) = delete;
 
-    /// Waits until the handshake is done; false when the connection ends instead.
+    /// Waits until the handshake is done; false when it is refused or the connection ends.
     bool opened();
     /// Waits until that many text messages have arrived in all; false when too few came before the
     /// connection ended.

@@ -51,8 +51,8 @@ TEST(ThemeTest, eachSchemeHasItsPalette) {
 
 TEST(ThemeTest, theOpaqueRolesAreTheseColours) {
     struct Row {
-        const char* name;
-        QColor ThemeColors::Resolved::*role;
+        const char* name = nullptr;
+        QColor ThemeColors::Resolved::*role = nullptr;
         QColor dark;
         QColor light;
     };
