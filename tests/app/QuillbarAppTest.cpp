@@ -12,7 +12,7 @@
 #include "tests/support/Files.h"
 #include "tests/support/TemporaryEnvironment.h"
 #include "tests/support/TemporaryFolder.h"
-#include "tests/tray/FakeTrayHost.h"
+#include "tests/tray/fakehost/FakeTrayHost.h"
 #include "tests/views/Widgets.h"
 
 #include <QDBusVariant>

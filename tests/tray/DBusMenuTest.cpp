@@ -3,7 +3,7 @@
 #include "Quillbar/tray/DBusMenu.h"
 #include "tests/qtsupport/PrivateBus.h"
 #include "tests/qtsupport/SpinUntil.h"
-#include "tests/tray/FakeTrayHost.h"
+#include "tests/tray/fakehost/FakeTrayHost.h"
 
 #include <QDBusConnection>
 #include <QMap>

@@ -7,7 +7,7 @@
 #include "QuillbarCore/runtime/ManualTime.h"
 #include "tests/qtsupport/PrivateBus.h"
 #include "tests/support/CapturedLog.h"
-#include "tests/tray/FakeTrayHost.h"
+#include "tests/tray/fakehost/FakeTrayHost.h"
 
 #include <QDBusConnection>
 #include <QPoint>

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The Quillbar developers
 // SPDX-License-Identifier: MIT
-#include "tests/tray/FakeTrayHost.h"
+#include "tests/tray/fakehost/FakeTrayHost.h"
 
 #include "tests/qtsupport/SpinUntil.h"
 
