@@ -40,9 +40,11 @@ if(QUILLBAR_SANITIZERS)
     set(QUILLBAR_TEST_PATIENCE 4)
 endif()
 
-# Registers one run of a test program. ARGUMENTS go to the program; TIMEOUT is in seconds.
+# Registers one run of a test program. ARGUMENTS go to the program; TIMEOUT is in seconds. SECONDS,
+# for one that takes long, tells about how long, so that it begins first and nothing waits for it
+# alone at the end.
 function(quillbar_add_test_run name program)
-    cmake_parse_arguments(RUN "SERIAL" "TIMEOUT" "ARGUMENTS;ENVIRONMENT" ${ARGN})
+    cmake_parse_arguments(RUN "" "TIMEOUT;SECONDS" "ARGUMENTS;ENVIRONMENT" ${ARGN})
     if(NOT "${RUN_ENVIRONMENT}" MATCHES "QUILLBAR_TEST_ZONE=")
         list(PREPEND RUN_ENVIRONMENT ${QUILLBAR_PLAIN})
     endif()
@@ -57,19 +59,30 @@ function(quillbar_add_test_run name program)
         ENVIRONMENT "${RUN_ENVIRONMENT}"
         FAIL_REGULAR_EXPRESSION "Running 0 tests"
         TIMEOUT ${patience})
-    if(RUN_SERIAL)
-        set_tests_properties(${name} PROPERTIES RUN_SERIAL ON)
+    if(RUN_SECONDS)
+        set_tests_properties(${name} PROPERTIES COST ${RUN_SECONDS})
     endif()
 endfunction()
 
 # Runs a test program under ctest, in each of the three ways. TIMEOUT is in seconds, 60 when not
-# given, and longer under a sanitizer. SERIAL keeps other tests from running beside it.
+# given, and longer under a sanitizer. The second and the third way have the label "elsewhere".
+# THREADS is for a program in which code of ours runs in more than one thread: its first way has the
+# label "threads", and the target threaded-tests builds all such programs, for ThreadSanitizer.
+add_custom_target(threaded-tests DEPENDS quillbar-test-locales)
 function(quillbar_add_test name program)
-    quillbar_add_test_run(${name} ${program} ${ARGN})
-    quillbar_add_test_run(${name}:shuffled-german-shanghai ${program} ${ARGN}
+    cmake_parse_arguments(TEST "THREADS" "" "" ${ARGN})
+    set(shared ${TEST_UNPARSED_ARGUMENTS})
+    quillbar_add_test_run(${name} ${program} ${shared})
+    quillbar_add_test_run(${name}:shuffled-german-shanghai ${program} ${shared}
         ARGUMENTS --gtest_shuffle ENVIRONMENT ${QUILLBAR_GERMAN_SHANGHAI})
-    quillbar_add_test_run(${name}:santiago ${program} ${ARGN}
+    quillbar_add_test_run(${name}:santiago ${program} ${shared}
         ENVIRONMENT ${QUILLBAR_SANTIAGO})
+    set_tests_properties(${name}:shuffled-german-shanghai ${name}:santiago
+        PROPERTIES LABELS elsewhere)
+    if(TEST_THREADS)
+        set_tests_properties(${name} PROPERTIES LABELS threads)
+        add_dependencies(threaded-tests ${program})
+    endif()
 endfunction()
 
 # Registers a test in Python. ARGUMENTS go to the script; ENVIRONMENT is all that it sees beside

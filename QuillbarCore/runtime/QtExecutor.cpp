@@ -4,9 +4,10 @@
 
 #include <QCoreApplication>
 #include <QEvent>
-#include <QMetaObject>
 #include <QObject>
 
+#include <deque>
+#include <mutex>
 #include <utility>
 
 namespace quillbar {
@@ -16,23 +17,47 @@ namespace {
 class QtExecutor final : public QObject,
                          public Executor {
 public:
+    // What is posted waits here: ThreadSanitizer cannot see into Qt's queue of events, and so could
+    // not judge what another thread hands over there.
     void post(std::function<void()> function) override {
-        QMetaObject::invokeMethod(this, std::move(function), Qt::QueuedConnection);
+        {
+            const std::lock_guard lock(m_lock);
+            m_posted.push_back(std::move(function));
+        }
+        QCoreApplication::postEvent(this, new QEvent(kPosted));
     }
 
 protected:
     void wake() noexcept override {
         // NOLINTNEXTLINE(bugprone-unhandled-exception-at-new): a task that cannot be woken is lost
-        QCoreApplication::postEvent(this, new QEvent(QEvent::User));
+        QCoreApplication::postEvent(this, new QEvent(kReady));
     }
 
     bool event(QEvent* event) override {
-        if (event->type() != QEvent::User) {
+        if (event->type() == kPosted) {
+            takePosted()();
+        } else if (event->type() == kReady) {
+            runOne();
+        } else {
             return QObject::event(event);
         }
-        runOne();
         return true;
     }
+
+private:
+    static constexpr QEvent::Type kPosted = QEvent::User;
+    static constexpr auto kReady = static_cast<QEvent::Type>(QEvent::User + 1);
+
+    std::function<void()> takePosted() {
+        const std::lock_guard lock(m_lock);
+        std::function<void()> function = std::move(m_posted.front());
+        m_posted.pop_front();
+        return function;
+    }
+
+    std::mutex m_lock;
+    // Guarded by the lock: as many as there are events on their way.
+    std::deque<std::function<void()>> m_posted;
 };
 
 }  // namespace

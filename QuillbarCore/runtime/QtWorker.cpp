@@ -2,8 +2,12 @@
 // SPDX-License-Identifier: MIT
 #include "QuillbarCore/runtime/QtWorker.h"
 
+#include <QRunnable>
 #include <QThreadPool>
 
+#include <deque>
+#include <mutex>
+#include <optional>
 #include <utility>
 
 namespace quillbar {
@@ -12,9 +16,13 @@ namespace {
 
 constexpr int kIdleThreadMilliseconds = 2'000;
 
-class QtWorker final : public Worker {
+// The pool has a queue too, but ThreadSanitizer cannot see into Qt and so could not judge what is
+// handed over there.
+class QtWorker final : public Worker,
+                       private QRunnable {
 public:
     QtWorker() {
+        setAutoDelete(false);
         m_pool.setMaxThreadCount(1);
         m_pool.setExpiryTimeout(kIdleThreadMilliseconds);
     }
@@ -23,13 +31,50 @@ public:
     QtWorker(QtWorker&&) = delete;
     QtWorker& operator=(QtWorker&&) = delete;
     ~QtWorker() override {
-        m_pool.clear();
+        std::deque<std::function<void()>> dropped;
+        {
+            const std::lock_guard lock(m_lock);
+            dropped.swap(m_jobs);
+        }
+        dropped.clear();
         m_pool.waitForDone();
     }
 
-    void run(std::function<void()> job) override { m_pool.start(std::move(job)); }
+    void run(std::function<void()> job) override {
+        {
+            const std::lock_guard lock(m_lock);
+            m_jobs.push_back(std::move(job));
+            if (std::exchange(m_isRunning, true)) {
+                return;
+            }
+        }
+        m_pool.start(this);
+    }
 
 private:
+    // On the pool's thread.
+    void run() override {
+        while (const auto job = next()) {
+            (*job)();
+        }
+    }
+
+    // Absent, and not running any more, when no job waits.
+    std::optional<std::function<void()>> next() {
+        const std::lock_guard lock(m_lock);
+        if (m_jobs.empty()) {
+            m_isRunning = false;
+            return std::nullopt;
+        }
+        std::optional<std::function<void()>> job(std::move(m_jobs.front()));
+        m_jobs.pop_front();
+        return job;
+    }
+
+    std::mutex m_lock;
+    // Guarded by the lock.
+    std::deque<std::function<void()>> m_jobs;
+    bool m_isRunning = false;
     QThreadPool m_pool;
 };
 
