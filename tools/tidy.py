@@ -9,10 +9,10 @@ What passed is kept in BUILD_FOLDER/passed, under a hash of all that the verdict
 every header of ours below it, its profile, the compile command, and the versions of clang-tidy and of
 the packages with headers. So a changed header or profile has every source read again that it reaches.
 
-Most of the work is the headers from outside, so sources with the same command and profile are read
-several at a time, as one file that includes them. Where such a batch has a finding, or does not
-compile because two of its sources use one name, each of its sources is read alone, and only what is
-found then counts.
+Most of the work is the headers from outside, so many sources are read at a time, as one file that
+includes them. Names that two of them declare for themselves are told apart there by the
+preprocessor. Sources that stop such a batch from compiling, or in which something is found, are read
+once more alone, and only what is found then counts; the rest of the batch is read again without them.
 """
 import argparse
 import collections
@@ -28,9 +28,10 @@ import subprocess
 import sys
 
 ROOT = pathlib.Path(__file__).resolve().parent.parent
-BATCH = 12
+BATCH = 32
 INCLUDE = re.compile(rb'^\s*#\s*include\s+"([^"]+)"', re.MULTILINE)
 PROFILE = ".clang-tidy"
+FINDING = re.compile(r"(.*?):\d+:\d+: (?:error|warning|fatal error): ")
 
 
 @functools.lru_cache(None)
@@ -113,11 +114,17 @@ class Build:
             digest.update(hashlib.sha256(content(path)).digest())
         return self.passed / digest.hexdigest()
 
+    def common_flags(self, sources):
+        """One command for all of them: what any of them is compiled with."""
+        words = list(dict.fromkeys(words_of(self.flags(sources[0])[1:])))
+        for source in sources[1:]:
+            words += [word for word in words_of(self.flags(source)[1:]) if word not in words]
+        return [part for word in words for part in word]
+
     def read(self, name, sources):
         """Runs clang-tidy on sources as one; what it said, or nothing when all is well."""
-        if len(sources) == 1:
-            file = sources[0]
-        else:
+        file = sources[0]
+        if len(sources) > 1:
             # clang-tidy takes the profile from the folders above a file. The root's is above the
             # build folder too; a nearer one is put beside the batch.
             nearest = next(profiles(sources[0]))
@@ -126,18 +133,38 @@ class Build:
             if nearest.parent != ROOT:
                 (folder / PROFILE).write_bytes(content(nearest))
             file = str(folder / f"{name}.cpp")
-            mark = "// NOLINT(bugprone-suspicious-include)"
-            text = "".join(f'#include "{source}"  {mark}\n' for source in sources)
-            pathlib.Path(file).write_text(text, encoding="utf-8")
-        command = [self.program, "--quiet", file, "--", *self.flags(sources[0])[1:]]
+            pathlib.Path(file).write_text(text_of_batch(sources), encoding="utf-8")
+        command = [self.program, "--quiet", file, "--", *self.common_flags(sources)]
         done = subprocess.run(command, cwd=self.entries[sources[0]]["directory"], text=True,
                               stdout=subprocess.PIPE, stderr=subprocess.STDOUT, check=False)
         said = [line for line in done.stdout.splitlines()
                 if not re.search(r"(^| )warnings?( and \d+ errors?)? (generated|treated as errors?)", line)]
-        if done.returncode == 0 and not any(": error:" in line or ": warning:" in line
-                                            for line in said):
+        if done.returncode == 0 and not any(FINDING.match(line) for line in said):
             return ""
         return "\n".join(said) or f"{file}: {self.program} ended with {done.returncode}"
+
+
+def words_of(command):
+    """The words of a command, those together that have a meaning only together."""
+    words = iter(command)
+    return [(word, next(words)) if word in ("-isystem", "-include", "-Xclang") else (word,)
+            for word in words]
+
+
+def text_of_batch(sources):
+    """Every header first, so that what is told apart by the preprocessor is not so in a header."""
+    owners = collections.Counter(name for source in sources for name in own_names(source))
+    headers = dict.fromkeys(
+        header for source in sources for header in re.findall(
+            r'^#include (<[^>]+>|"[^"]+(?<!\.moc)")', content(source).decode("utf-8"), re.MULTILINE))
+    lines = [f"#include {header}" for header in headers]
+    for number, source in enumerate(sources):
+        renamed = sorted(name for name in own_names(source) - used_as_members(source)
+                         if owners[name] > 1)
+        lines += [f"#define {name} {name}Of{number}" for name in renamed]
+        lines.append(f'#include "{source}"')
+        lines += [f"#undef {name}" for name in renamed]
+    return "".join(f"{line}  // NOLINT\n" for line in lines)
 
 
 @functools.lru_cache(None)
@@ -147,25 +174,41 @@ def own_names(source):
     text = content(source).decode("utf-8")
     names = set(re.findall(r"^(?:template <[^\n]*>\n)?(?:struct|class|enum class|using) (\w+)\b(?!::)",
                            text, re.MULTILINE))
-    names |= set(re.findall(r"^\w[^\n(={;]*[ &*](\w+)(?=[ ]*[(={;\[])", text, re.MULTILINE))
-    return names - {"quillbar", "namespace"}
+    # A type's arguments may hold what otherwise ends a name.
+    arguments = re.compile(r"<[^<>;{}\n]*>")
+    while arguments.search(text):
+        text = arguments.sub("", text)
+    names |= set(re.findall(
+        r"^(?!struct|class|enum|using|namespace)\w[^\n(={;]*[ &*](?!operator)(\w+)(?=[ ]*[(={;\[])",
+        text, re.MULTILINE))
+    return frozenset(names - {"namespace"})
 
 
-def batches_of(build, sources):
+@functools.lru_cache(None)
+def used_as_members(source):
+    """Those of its own names that a source also calls something else by, which cannot be renamed."""
+    text = content(source).decode("utf-8")
+    return frozenset(name for name in own_names(source)
+                     if re.search(rf"(?:[.>]|::|##){name}\b", text))
+
+
+def batches_of(sources):
+    """Sources of one profile together, of each name at most one owner that cannot be renamed."""
     alike = collections.defaultdict(list)
     for source in sources:
-        alike[shlex.join(build.flags(source)), next(profiles(source))].append(source)
+        alike[next(profiles(source))].append(source)
     for same in alike.values():
         batches = []
         for source in same:
+            fixed = used_as_members(source)
             for batch, taken in batches:
-                if len(batch) < BATCH and not taken & own_names(source):
+                if len(batch) < BATCH and not taken & fixed:
                     break
             else:
                 batch, taken = [], set()
                 batches.append((batch, taken))
             batch.append(source)
-            taken |= own_names(source)
+            taken |= fixed
         yield from (batch for batch, _ in batches)
 
 
@@ -180,33 +223,41 @@ def main():
             sys.exit(f"tidy: {arguments.build} does not compile {name}")
     chosen = [os.path.abspath(name) for name in arguments.sources] or [
         source for source in sorted(build.entries) if not build.mark(source).exists()]
-    batches = list(batches_of(build, chosen))
+    batches = list(batches_of(chosen))
     print(f"tidy: {len(chosen)} of {len(build.entries)} sources to read, in {len(batches)} batches",
           flush=True)
-    findings = 0
+    alone = []
+    bad = {}
 
-    def check(numbered):
-        number, sources = numbered
-        wrong = []
-        if len(sources) > 1 and build.read(number, sources):
-            wrong = [(source, build.read(number, [source])) for source in sources]
-        elif len(sources) == 1:
-            wrong = [(sources[0], build.read(number, sources))]
-        bad = {source: said for source, said in wrong if said}
+    def check(name, sources):
+        said = build.read(name, sources)
+        if said and len(sources) > 1:
+            named = {found[1] for found in map(FINDING.match, said.splitlines()) if found}
+            suspects = [source for source in sources if source in named]
+            # What cannot be laid to a source lies in one half or the other.
+            if suspects:
+                parts = [[source] for source in suspects]
+                parts.append([source for source in sources if source not in named])
+            else:
+                middle = len(sources) // 2
+                parts = [sources[:middle], sources[middle:]]
+            for number, part in enumerate(filter(None, parts)):
+                check(f"{name}-{number}", part)
+            alone.extend(suspects)
+            return
+        if said:
+            bad[sources[0]] = said
+            print(said, flush=True)
+            return
         for source in sources:
-            if source not in bad:
-                build.mark(source).touch()
-        return len(wrong) if len(sources) > 1 else 0, bad
+            build.mark(source).touch()
 
-    alone = 0
     with concurrent.futures.ThreadPoolExecutor(os.cpu_count()) as pool:
-        for again, bad in pool.map(check, enumerate(batches)):
-            alone += again
-            for said in bad.values():
-                findings += 1
-                print(said, flush=True)
-    print(f"tidy: {len(chosen) - findings} passed, {findings} with findings; {alone} were read alone")
-    sys.exit(1 if findings else 0)
+        for done in [pool.submit(check, str(number), batch) for number, batch in enumerate(batches)]:
+            done.result()
+    print(f"tidy: {len(chosen) - len(bad)} passed, {len(bad)} with findings; "
+          f"{len(alone)} were read alone")
+    sys.exit(1 if bad else 0)
 
 
 main()
