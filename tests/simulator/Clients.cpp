@@ -84,9 +84,9 @@ StreamClient::StreamClient(const Simulator& simulator, const std::string& names)
 }
 
 bool StreamClient::opened() {
-    // A refused upgrade is an error to Qt 6.4, and no end of the connection.
-    const auto decided = [this] {
-        return isOpen || hasEnded || socket.error() != QAbstractSocket::UnknownSocketError;
+    // Qt 6.4 tells of a refused upgrade by its text alone, without an end of the connection.
+    const auto decided = [this, before = socket.errorString()] {
+        return isOpen || hasEnded || socket.errorString() != before;
     };
     return spinUntil(decided) && isOpen;
 }
