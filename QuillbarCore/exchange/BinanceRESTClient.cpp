@@ -39,8 +39,12 @@ BinanceRESTClient::BinanceRESTClient(std::shared_ptr<HTTPDataFetching> fetcher,
                                      std::shared_ptr<EndpointSelector> endpoints,
                                      Worker& worker)
     : m_fetcher(std::move(fetcher))
-    , m_endpoints(std::move(endpoints))
+    , m_endpoints(std::make_shared<std::shared_ptr<EndpointSelector>>(std::move(endpoints)))
     , m_worker(&worker) {}
+
+void BinanceRESTClient::useEndpoints(std::shared_ptr<EndpointSelector> endpoints) {
+    *m_endpoints = std::move(endpoints);
+}
 
 Task<std::vector<Candle>> BinanceRESTClient::klines(std::string symbol,
                                                     std::string interval,
@@ -88,9 +92,10 @@ Task<TickerMap> BinanceRESTClient::ticker24hAll() {
 
 Task<std::string> BinanceRESTClient::get(std::string path, Query query) const {
     std::exception_ptr lastError = std::make_exception_ptr(BinanceError(0));
-    const int attempts = std::max(m_endpoints->count(), 1);
+    const std::shared_ptr<EndpointSelector> endpoints = *m_endpoints;
+    const int attempts = std::max(endpoints->count(), 1);
     for (int attempt = 0; attempt < attempts; ++attempt) {
-        const auto endpoint = m_endpoints->current();
+        const auto endpoint = endpoints->current();
         if (!endpoint) {
             break;
         }
@@ -103,7 +108,7 @@ Task<std::string> BinanceRESTClient::get(std::string path, Query query) const {
             if (!EndpointFailover::shouldTryNextEndpoint(lastError)) {
                 throw;
             }
-            m_endpoints->markFailed(endpoint->index);
+            endpoints->markFailed(endpoint->index);
         }
     }
     std::rethrow_exception(lastError);

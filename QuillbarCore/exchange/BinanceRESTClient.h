@@ -30,6 +30,9 @@ public:
                       std::shared_ptr<EndpointSelector> endpoints,
                       Worker& worker);
 
+    /// From here on this client and its copies use another selector. Requests under way keep theirs.
+    void useEndpoints(std::shared_ptr<EndpointSelector> endpoints);
+
     Task<std::vector<Candle>> klines(std::string symbol,
                                      std::string interval,
                                      int limit,
@@ -48,7 +51,8 @@ private:
     [[nodiscard]] Task<std::string> fetch(std::string url) const;
 
     std::shared_ptr<HTTPDataFetching> m_fetcher;
-    std::shared_ptr<EndpointSelector> m_endpoints;
+    // Shared by all copies, so that a new selector reaches them all.
+    std::shared_ptr<std::shared_ptr<EndpointSelector>> m_endpoints;
     Worker* m_worker;
     Logger m_logger{"REST"};
 };

@@ -7,8 +7,10 @@
 
 namespace quillbar {
 
-EndpointSelector::EndpointSelector(std::vector<std::string> urls)
-    : m_urls(std::move(urls)) {}
+EndpointSelector::EndpointSelector(std::vector<std::string> urls,
+                                   std::function<void()> whenExhausted)
+    : m_urls(std::move(urls))
+    , m_whenExhausted(std::move(whenExhausted)) {}
 
 int EndpointSelector::count() const noexcept {
     return static_cast<int>(m_urls.size());
@@ -22,7 +24,13 @@ std::optional<EndpointSelector::Endpoint> EndpointSelector::current() const {
 }
 
 void EndpointSelector::markFailed(int index) {
-    if (index != m_index || index + 1 >= count()) {
+    if (index != m_index) {
+        return;
+    }
+    if (index + 1 >= count()) {
+        if (m_whenExhausted) {
+            m_whenExhausted();
+        }
         return;
     }
     ++m_index;

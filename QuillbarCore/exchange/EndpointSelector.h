@@ -4,6 +4,7 @@
 
 #include "QuillbarCore/runtime/Logger.h"
 
+#include <functional>
 #include <optional>
 #include <string>
 #include <vector>
@@ -23,8 +24,11 @@ public:
         [[nodiscard]] bool operator==(const Endpoint&) const = default;
     };
 
-    /// Begins with the first of `urls`, which may be empty.
-    explicit EndpointSelector(std::vector<std::string> urls);
+    /// Begins with the first of `urls`, which may be empty. `whenExhausted` is called at each failure
+    /// of the last one, from `markFailed`; it may let go of this selector only when whoever reports
+    /// the failure holds it too.
+    explicit EndpointSelector(std::vector<std::string> urls,
+                              std::function<void()> whenExhausted = {});
 
     /// How many addresses there are.
     [[nodiscard]] int count() const noexcept;
@@ -38,6 +42,7 @@ public:
 
 private:
     std::vector<std::string> m_urls;
+    std::function<void()> m_whenExhausted;
     int m_index = 0;
     Logger m_logger{"Endpoint"};
 };

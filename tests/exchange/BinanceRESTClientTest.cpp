@@ -180,6 +180,30 @@ TEST_F(BinanceRESTClientTest, TriesTheLastEndpointAgainInsteadOfTheFirst) {
     EXPECT_EQ(endpointInUse(), 5);
 }
 
+TEST_F(BinanceRESTClientTest, TakesOtherEndpointsWithItsCopies) {
+    BinanceRESTClient copy = client;
+    client.useEndpoints(
+        std::make_shared<EndpointSelector>(std::vector<std::string>{"https://new"}));
+    fetcher->answer(200, kTickersBody);
+    fetcher->answer(200, kTickersBody);
+    EXPECT_EQ(tickers().value(), kTickers);
+    EXPECT_EQ(Tickers(executor, copy.ticker24h({"BTCUSDT"})).value(), kTickers);
+    const std::string url = "https://new/ticker/24hr?symbols=%5B%22BTCUSDT%22%5D";
+    EXPECT_THAT(fetcher->requests, ElementsAre(url, url));
+}
+
+TEST_F(BinanceRESTClientTest, LetsARequestUnderWayKeepItsEndpoints) {
+    const auto other = std::make_shared<EndpointSelector>(std::vector<std::string>{"a", "b"});
+    // As it is when the failure of the last endpoint brings others.
+    const auto replaced = std::make_shared<EndpointSelector>(
+        std::vector<std::string>{"https://old"}, [this, other] { client.useEndpoints(other); });
+    client.useEndpoints(replaced);
+    fetcher->fail(URLError(URLError::Code::timedOut, "timed out"));
+    const Tickers run = tickers();
+    EXPECT_THROW(static_cast<void>(run.value()), URLError);
+    EXPECT_EQ(other->current()->index, 0);
+}
+
 TEST_F(BinanceRESTClientTest, ThrowsAClientErrorAtOnce) {
     for (const int status : {400, 404, 418, 429, 451, 0, 100, 302}) {
         fetcher->requests.clear();

@@ -53,6 +53,19 @@ TEST(EndpointSelectorTest, BeginsWithTheFirst) {
               (EndpointSelector::Endpoint{"https://api.binance.com/api/v3", 0}));
 }
 
+TEST(EndpointSelectorTest, TellsOfEachFailureOfTheLast) {
+    int exhausted = 0;
+    EndpointSelector selector({"one", "two"}, [&exhausted] { ++exhausted; });
+    selector.markFailed(0);
+    EXPECT_EQ(exhausted, 0);
+    selector.markFailed(0);
+    EXPECT_EQ(exhausted, 0);
+    selector.markFailed(1);
+    selector.markFailed(1);
+    EXPECT_EQ(exhausted, 2);
+    EXPECT_EQ(currentIndex(selector), 1);
+}
+
 TEST(EndpointSelectorTest, MovesOnceForTwoFailuresOfTheSameEndpoint) {
     const CapturedLog log;
     EndpointSelector selector(BinanceEndpoints::rest());
