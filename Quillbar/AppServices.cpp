@@ -2,7 +2,6 @@
 // SPDX-License-Identifier: MIT
 #include "Quillbar/AppServices.h"
 
-#include "QuillbarCore/exchange/EndpointSelector.h"
 #include "QuillbarCore/exchange/GatedFetcher.h"
 #include "QuillbarCore/exchange/ReconnectPolicy.h"
 #include "QuillbarCore/exchange/ServiceGate.h"
@@ -23,6 +22,8 @@ namespace {
 constexpr Seconds kReconnectBaseDelay{1};
 constexpr Seconds kReconnectMaximumDelay{60};
 constexpr Seconds kStabilityThreshold{30};
+// Below the watchdog's interval, which would begin anew with the same endpoint.
+constexpr Seconds kFirstPriceLimit{25};
 constexpr Seconds kWatchdogInterval{30};
 constexpr Seconds kStaleReconnectThreshold{90};
 
@@ -63,8 +64,10 @@ AppServices::AppServices(ServicePlatform platform,
     : m_platform(platform)
     , m_endpoints(endpoints)
     , m_folder(folder)
+    , m_restEndpoints(endpoints.rest, platform.clock)
+    , m_streamEndpoints(endpoints.stream, platform.clock)
     , m_rest(fetcher("exchange", folder, platform.clock),
-             std::make_shared<EndpointSelector>(endpoints.rest),
+             m_restEndpoints.makeSelector(),
              platform.worker)
     , m_catalog(platform.executor, m_rest, folder, platform.clock)
     , m_stream(
@@ -74,7 +77,8 @@ AppServices::AppServices(ServicePlatform platform,
           platform.sleeper,
           kStabilityThreshold,
           platform.clock,
-          std::make_shared<EndpointSelector>(endpoints.stream))
+          m_streamEndpoints.makeSelector(),
+          kFirstPriceLimit)
     , m_appState({.executor = platform.executor,
                   .api = m_rest,
                   .stream = m_stream,
@@ -86,7 +90,14 @@ AppServices::AppServices(ServicePlatform platform,
                   .sleeper = platform.sleeper,
                   .watchdogInterval = kWatchdogInterval,
                   .staleReconnectThreshold = kStaleReconnectThreshold})
-    , m_scope(platform.executor) {}
+    , m_scope(platform.executor) {
+    m_restEndpoints.whenRenewed([this](std::shared_ptr<EndpointSelector> endpoints) {
+        m_rest.useEndpoints(std::move(endpoints));
+    });
+    m_streamEndpoints.whenRenewed([this](std::shared_ptr<EndpointSelector> endpoints) {
+        m_stream.useEndpoints(std::move(endpoints));
+    });
+}
 
 AppServices::~AppServices() = default;
 
@@ -98,6 +109,9 @@ void AppServices::resume() {
     // What was idle in the meantime may be dead without the system knowing. A request over it would
     // last until it times out, and count against a host that is well.
     URLSessionFetcher::forgetConnections();
+    // What failed on the network of before may be the best on this one.
+    m_restEndpoints.renew();
+    m_streamEndpoints.renew();
     // Hints come in a row (the machine wakes, then its network). The last one counts: whatever the
     // one before has begun may hang on a network that was not there yet.
     m_resuming.cancel();

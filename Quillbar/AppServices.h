@@ -6,6 +6,7 @@
 #include "QuillbarCore/catalog/CoinCatalog.h"
 #include "QuillbarCore/catalog/IconStore.h"
 #include "QuillbarCore/exchange/BinanceRESTClient.h"
+#include "QuillbarCore/exchange/EndpointRenewal.h"
 #include "QuillbarCore/exchange/PriceStreamClient.h"
 #include "QuillbarCore/market/MarketCapState.h"
 #include "QuillbarCore/market/MarketState.h"
@@ -82,6 +83,8 @@ private:
     ServicePlatform m_platform;
     ServiceEndpoints m_endpoints;
     std::filesystem::path m_folder;
+    EndpointRenewal m_restEndpoints;
+    EndpointRenewal m_streamEndpoints;
     BinanceRESTClient m_rest;
     CoinCatalog m_catalog;
     PriceStreamClient m_stream;

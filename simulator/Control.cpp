@@ -101,6 +101,7 @@ void setVoice(const Parameters& parameters, Exchange& exchange) {
                                           "is",
                                           {{"normal", StreamVoice::normal},
                                            {"silent", StreamVoice::silent},
+                                           {"junk", StreamVoice::junk},
                                            {"dead", StreamVoice::dead}}));
 }
 
@@ -165,7 +166,7 @@ const std::vector<Command>& commands() {
         {"end-streams",
          "how=close|drop|reset; at once, or after=N messages for times=1 streams",
          &endStreams},
-        {"voice", "what streams say: is=normal|silent|dead", &setVoice},
+        {"voice", "what streams say: is=normal|silent|junk|dead", &setVoice},
         {"handshake",
          "how far later connections get: is=normal|silent-tls|silent-upgrade",
          &setHandshake},

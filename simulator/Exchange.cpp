@@ -19,6 +19,7 @@ namespace quillbar::simulator {
 namespace {
 
 constexpr std::uint16_t kGoingAway = 1001;
+constexpr std::string_view kJunk = R"({"hello":"world"})";
 
 // A demonstration runs for days.
 template <class Entry>
@@ -246,10 +247,10 @@ void Exchange::openStream(Connection& connection, const HttpRequest& request) {
 // Streams.
 
 bool Exchange::say(Connection& stream, WebSocketFrames::Opcode opcode, std::string_view payload) {
-    if (m_voice != StreamVoice::normal) {
+    if (m_voice != StreamVoice::normal && m_voice != StreamVoice::junk) {
         return true;
     }
-    stream.sendMessage(opcode, payload);
+    stream.sendMessage(opcode, m_voice == StreamVoice::junk ? kJunk : payload);
     return !endIfDue(stream);
 }
 

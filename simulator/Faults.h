@@ -52,6 +52,7 @@ enum class StreamEnd {
 enum class StreamVoice {
     normal,
     silent,  ///< connected, no market frames; pings are answered
+    junk,    ///< connected, frames that are no prices; pings are answered
     dead,    ///< connected, nothing at all is sent, not even a pong or a close
 };
 

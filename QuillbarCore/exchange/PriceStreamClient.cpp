@@ -4,6 +4,7 @@
 
 #include "QuillbarCore/exchange/BinanceDecoder.h"
 #include "QuillbarCore/exchange/ErrorText.h"
+#include "QuillbarCore/exchange/URLError.h"
 #include "QuillbarCore/runtime/Cancelled.h"
 
 #include <algorithm>
@@ -26,6 +27,13 @@ bool isValidSymbol(std::string_view symbol) {
 char lowerCase(char character) {
     return character >= 'A' && character <= 'Z' ? static_cast<char>(character - 'A' + 'a')
                                                 : character;
+}
+
+constexpr Seconds kQuietLimit{600};
+
+std::exception_ptr noPriceError() {
+    return std::make_exception_ptr(
+        URLError(URLError::Code::timedOut, "connected, but no price came in time"));
 }
 
 }  // namespace
@@ -56,7 +64,8 @@ PriceStreamClient::PriceStreamClient(Executor& executor,
                                      Sleeper sleeper,
                                      Seconds stabilityThreshold,
                                      Clock now,
-                                     std::shared_ptr<EndpointSelector> endpoints)
+                                     std::shared_ptr<EndpointSelector> endpoints,
+                                     std::optional<Seconds> firstPriceLimit)
     : PriceStreamClient(executor,
                         std::move(makeConnection),
                         std::move(policy),
@@ -64,6 +73,7 @@ PriceStreamClient::PriceStreamClient(Executor& executor,
                         stabilityThreshold,
                         std::move(now),
                         std::move(endpoints),
+                        firstPriceLimit,
                         AsyncStream<PriceEvent>::make()) {}
 
 PriceStreamClient::PriceStreamClient(
@@ -74,6 +84,7 @@ PriceStreamClient::PriceStreamClient(
     Seconds stabilityThreshold,
     Clock now,
     std::shared_ptr<EndpointSelector> endpoints,
+    std::optional<Seconds> firstPriceLimit,
     std::pair<AsyncStream<PriceEvent>, StreamSource<PriceEvent>> events)
     : m_events(std::move(events.first))
     , m_source(std::move(events.second))
@@ -83,6 +94,7 @@ PriceStreamClient::PriceStreamClient(
     , m_stabilityThreshold(stabilityThreshold)
     , m_now(std::move(now))
     , m_endpoints(std::move(endpoints))
+    , m_firstPriceLimit(firstPriceLimit)
     , m_scope(executor) {}
 
 Task<void> PriceStreamClient::setSymbols(std::vector<std::string> symbols) {
@@ -96,6 +108,11 @@ Task<void> PriceStreamClient::stop() {
     m_connection.reset();
     rest();
     co_return;
+}
+
+void PriceStreamClient::useEndpoints(std::shared_ptr<EndpointSelector> endpoints) {
+    m_endpoints = std::move(endpoints);
+    forgetSilence();
 }
 
 std::string PriceStreamClient::streamURL(const std::vector<std::string>& symbols,
@@ -127,6 +144,7 @@ void PriceStreamClient::restart() {
 void PriceStreamClient::endRun() {
     ++m_generation;
     std::exchange(m_runTask, {}).cancel();
+    m_priceWatch.cancel();
     if (m_connection) {
         m_connection->cancel();
     }
@@ -156,7 +174,9 @@ void PriceStreamClient::rest() {
 Task<void> PriceStreamClient::run(std::vector<std::string> symbols, std::uint64_t generation) {
     int attempt = 0;
     while (generation == m_generation) {
-        const auto endpoint = m_endpoints->current();
+        // Held, as a failure of its last endpoint may put another in its place.
+        const std::shared_ptr<EndpointSelector> endpoints = m_endpoints;
+        const auto endpoint = endpoints->current();
         if (!endpoint) {
             m_logger.error("no stream endpoint available");
             m_failure.set(ConnectionFailure{.kind = ConnectionFailure::Kind::noServer});
@@ -172,7 +192,7 @@ Task<void> PriceStreamClient::run(std::vector<std::string> symbols, std::uint64_
         if (isStable) {
             attempt = 1;
         } else {
-            m_endpoints->markFailed(endpoint->index);
+            endpoints->markFailed(endpoint->index);
             ++attempt;
         }
         push(ConnectionState::waitingRetry);
@@ -188,6 +208,7 @@ Task<bool> PriceStreamClient::readConnection(std::string url, std::uint64_t gene
     AsyncStream<std::string> messages = connection->connect(url);
     const TimePoint connectedAt = m_now();
     push(ConnectionState::connected);
+    watchForPrice(connection);
     bool hasDelivered = false;
     try {
         while (auto message = co_await messages.next()) {
@@ -204,12 +225,14 @@ Task<bool> PriceStreamClient::readConnection(std::string url, std::uint64_t gene
         throw;
     } catch (...) {
         attempt.close();
-        const std::exception_ptr error = std::current_exception();
+        const std::exception_ptr error =
+            m_isWithoutPrice ? noPriceError() : std::current_exception();
         m_logger.error("connection failed: {}", errorText(error));
         if (generation == m_generation) {
             m_failure.set(ConnectionFailure::of(error));
         }
     }
+    m_priceWatch.cancel();
     const bool hasLived = m_now() - connectedAt >= m_stabilityThreshold;
     const bool isStable = hasDelivered && hasLived;
     co_return isStable;
@@ -221,9 +244,43 @@ void PriceStreamClient::receive(std::string_view frame) {
     }
     try {
         m_source.push(BinanceDecoder::decodeMiniTickerFrame(frame));
+        m_priceWatch.cancel();
+        forgetSilence();
     } catch (const std::exception& error) {
         m_logger.error("failed to decode frame: {}", error.what());
     }
+}
+
+void PriceStreamClient::watchForPrice(const std::shared_ptr<WebSocketConnecting>& connection) {
+    m_isWithoutPrice = false;
+    if (!m_firstPriceLimit) {
+        return;
+    }
+    Seconds limit = *m_firstPriceLimit;
+    if (m_withoutPrice >= m_endpoints->count()) {
+        const TimePoint now = m_now();
+        m_quietSince = m_quietSince.value_or(now);
+        // Over all connections since then: a watchdog may replace them oftener.
+        limit = std::clamp(kQuietLimit - (now - *m_quietSince), limit, kQuietLimit);
+    }
+    m_priceWatch = m_scope.spawn(endWithoutPrice(connection, limit));
+}
+
+void PriceStreamClient::forgetSilence() {
+    m_withoutPrice = 0;
+    m_quietSince.reset();
+}
+
+Task<void> PriceStreamClient::endWithoutPrice(std::shared_ptr<WebSocketConnecting> connection,
+                                              Seconds limit) {
+    co_await m_sleeper(limit);
+    m_isWithoutPrice = true;
+    if (m_quietSince) {
+        forgetSilence();
+    } else {
+        ++m_withoutPrice;
+    }
+    connection->cancel();
 }
 
 Task<void> PriceStreamClient::wait(Seconds delay) {

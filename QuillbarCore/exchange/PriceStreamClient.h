@@ -30,6 +30,11 @@ namespace quillbar {
 /// other ending counts against the endpoint, and the delays grow. `connected` is told as soon as an
 /// attempt is under way. Frames that cannot be decoded are logged and dropped.
 ///
+/// A server may accept a connection and then say nothing, or nothing that is a price. With a limit for
+/// the first price such a connection is ended in time to count against its endpoint. Where every
+/// endpoint in turn has said nothing, it is the market that is quiet: then a connection is kept for ten
+/// minutes, so that a price that comes once in a while is not missed.
+///
 /// Belongs to the executor's thread. Destroying it closes the connection and ends the events.
 class PriceStreamClient final : public PriceStreaming {
 public:
@@ -37,14 +42,16 @@ public:
     using MakeConnection = std::function<std::shared_ptr<WebSocketConnecting>()>;
 
     /// Starts nothing. `sleeper` waits between attempts and `now` measures how long a connection
-    /// lived. The executor outlives this object.
+    /// lived. `firstPriceLimit` is less than the stability threshold; absent, a silent connection is
+    /// kept. The executor outlives this object.
     PriceStreamClient(Executor& executor,
                       MakeConnection makeConnection,
                       ReconnectPolicy policy,
                       Sleeper sleeper,
                       Seconds stabilityThreshold,
                       Clock now,
-                      std::shared_ptr<EndpointSelector> endpoints);
+                      std::shared_ptr<EndpointSelector> endpoints,
+                      std::optional<Seconds> firstPriceLimit = std::nullopt);
     PriceStreamClient(const PriceStreamClient&) = delete;
     PriceStreamClient& operator=(const PriceStreamClient&) = delete;
     PriceStreamClient(PriceStreamClient&&) = delete;
@@ -58,6 +65,9 @@ public:
     /// none is left, `disconnected` is told and nothing is opened.
     Task<void> setSymbols(std::vector<std::string> symbols) override;
     Task<void> stop() override;
+
+    /// The next attempt takes its address from another selector.
+    void useEndpoints(std::shared_ptr<EndpointSelector> endpoints);
 
     /// The address of the combined stream of these pairs below a base.
     [[nodiscard]] static std::string streamURL(const std::vector<std::string>& symbols,
@@ -74,6 +84,7 @@ private:
                       Seconds stabilityThreshold,
                       Clock now,
                       std::shared_ptr<EndpointSelector> endpoints,
+                      std::optional<Seconds> firstPriceLimit,
                       std::pair<AsyncStream<PriceEvent>, StreamSource<PriceEvent>> events);
 
     void restart();
@@ -89,6 +100,10 @@ private:
     // Notes that the connection delivers, and tells what it said.
     void receive(std::string_view frame);
     Task<void> wait(Seconds delay);
+    // Ends a connection that has brought no price in time.
+    Task<void> endWithoutPrice(std::shared_ptr<WebSocketConnecting> connection, Seconds limit);
+    void watchForPrice(const std::shared_ptr<WebSocketConnecting>& connection);
+    void forgetSilence();
 
     AsyncStream<PriceEvent> m_events;
     StreamSource<PriceEvent> m_source;
@@ -99,6 +114,7 @@ private:
     Seconds m_stabilityThreshold;
     Clock m_now;
     std::shared_ptr<EndpointSelector> m_endpoints;
+    std::optional<Seconds> m_firstPriceLimit;
     Logger m_logger{"PriceStream"};
 
     std::vector<std::string> m_symbols;
@@ -106,6 +122,13 @@ private:
     // Which loop is the one that runs; a loop of an earlier generation has been cancelled.
     std::uint64_t m_generation = 0;
     std::shared_ptr<WebSocketConnecting> m_connection;
+    // The wait for the connection's first price, and whether it was in vain.
+    TaskScope::Handle m_priceWatch;
+    bool m_isWithoutPrice = false;
+    // How many connections in a row were ended for that, and since when so many that the market is
+    // taken for quiet.
+    int m_withoutPrice = 0;
+    std::optional<TimePoint> m_quietSince;
     // Last: its tasks use `this`.
     TaskScope m_scope;
 };

@@ -14,8 +14,9 @@ namespace quillbar {
 
 /// When a WebSocket connection is given up.
 struct WebSocketLimits {
-    /// From the start to the upgrade: name, connection, proxy, TLS and the server's answer.
-    std::chrono::milliseconds handshake{60'000};
+    /// From the start to the upgrade: name, connection, proxy, TLS and the server's answer. Short
+    /// enough for two hosts that a firewall swallows to be given up within half a minute.
+    std::chrono::milliseconds handshake{12'000};
     /// How often the peer must show that it lives, see `URLSessionWebSocket`.
     std::chrono::milliseconds heartbeat{15'000};
     /// How long a connection that is closed may take to send its farewell.

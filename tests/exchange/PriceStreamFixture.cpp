@@ -34,7 +34,8 @@ std::string text(const PriceEvent& event) {
 
 }  // namespace
 
-PriceStreamSession::PriceStreamSession(std::vector<std::string> bases)
+PriceStreamSession::PriceStreamSession(std::vector<std::string> bases,
+                                       std::optional<Seconds> firstPriceLimit)
     : endpoints(std::make_shared<EndpointSelector>(std::move(bases))) {
     ReconnectPolicy policy{Seconds(1), Seconds(60), [this](double seconds) {
                                jittered.push_back(seconds);
@@ -46,7 +47,8 @@ PriceStreamSession::PriceStreamSession(std::vector<std::string> bases)
                                                  time.sleeper(),
                                                  Seconds(30),
                                                  time.clock(),
-                                                 endpoints);
+                                                 endpoints,
+                                                 firstPriceLimit);
     m_scope.spawn(collect());
     executor.run();
 }

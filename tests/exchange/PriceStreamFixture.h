@@ -12,6 +12,7 @@
 
 #include <cstddef>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -23,7 +24,8 @@ class PriceStreamSession {
 public:
     explicit PriceStreamSession(std::vector<std::string> bases = {"wss://one:9443",
                                                                   "wss://two",
-                                                                  "wss://three"});
+                                                                  "wss://three"},
+                                std::optional<Seconds> firstPriceLimit = std::nullopt);
 
     /// Watches these pairs.
     void watch(std::vector<std::string> symbols);

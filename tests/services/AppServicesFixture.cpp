@@ -15,13 +15,18 @@ namespace quillbar {
 namespace {
 
 constexpr double kWatchdogSeconds = 30;
+constexpr double kPriceWatchSeconds = 25;
 
 bool isWatchdog(double seconds) {
     return seconds == kWatchdogSeconds;
 }
 
+bool isPriceWatch(double seconds) {
+    return seconds == kPriceWatchSeconds;
+}
+
 bool isBackOff(double seconds) {
-    return !isWatchdog(seconds);
+    return !isWatchdog(seconds) && !isPriceWatch(seconds);
 }
 
 std::unique_ptr<TemporaryFolder> authorityFolder;
@@ -85,6 +90,10 @@ void AppServicesFixture::start(const std::vector<simulator::Simulator*>& exchang
 
 bool AppServicesFixture::wakeWatchdog() {
     return m_sleeper.wake(isWatchdog) == 1;
+}
+
+bool AppServicesFixture::endPriceWatch() {
+    return m_sleeper.wake(isPriceWatch) > 0;
 }
 
 bool AppServicesFixture::endBackOff() {

@@ -40,6 +40,8 @@ protected:
     void letPass(Seconds span) { m_offset += span; }
     /// Ends the watchdog's sleep.
     bool wakeWatchdog();
+    /// Ends the wait for a new connection's first price.
+    bool endPriceWatch();
     /// Ends the stream's wait before its next attempt.
     bool endBackOff();
     /// The stream's waits so far, in seconds.

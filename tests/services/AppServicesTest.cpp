@@ -132,6 +132,51 @@ TEST_F(AppServicesTest, replaceAStreamThatHasGoneSilent) {
     EXPECT_TRUE(nextPriceArrives(binance));
 }
 
+TEST_F(AppServicesTest, leaveAServerThatTellsNoPrice) {
+    for (const StreamVoice voice : {StreamVoice::silent, StreamVoice::dead, StreamVoice::junk}) {
+        SCOPED_TRACE(static_cast<int>(voice));
+        m_services.reset();
+        Simulator& mute = exchange();
+        Simulator& healthy = exchange();
+        mute.faults().setVoice(voice);
+        start({&mute, &healthy});
+        ASSERT_TRUE(isSettled(mute));
+        mute.tick();
+        ASSERT_TRUE(endPriceWatch());
+        ASSERT_TRUE(spinUntil([&] { return endBackOff(); }));
+        ASSERT_TRUE(isStreaming(healthy));
+        EXPECT_TRUE(nextPriceArrives(healthy));
+        EXPECT_EQ(mute.streamsAccepted(), 1);
+    }
+}
+
+TEST_F(AppServicesTest, goBackToTheFirstServerWhenTheMachineWakes) {
+    Simulator& first = exchange();
+    Simulator& second = exchange();
+    first.faults().refuseConnections();
+    start({&first, &second});
+    ASSERT_TRUE(spinUntil([&] { return endBackOff(); }));
+    ASSERT_TRUE(isSettled(second));
+    first.faults().listenAgain();
+    m_services->resume();
+    ASSERT_TRUE(isStreaming(first));
+    EXPECT_TRUE(nextPriceArrives(first));
+    EXPECT_TRUE(spinUntil([&] { return requestCount(first, kSnapshotPath) == 1; }));
+}
+
+TEST_F(AppServicesTest, goBackToTheFirstServerOnceTheLastHasFailed) {
+    Simulator& first = exchange();
+    Simulator& second = exchange();
+    first.faults().refuseConnections();
+    second.faults().refuseConnections();
+    start({&first, &second});
+    ASSERT_TRUE(spinUntil([&] { return endBackOff(); }));
+    ASSERT_TRUE(spinUntil([&] { return backOffs().size() == 2; }));
+    first.faults().listenAgain();
+    ASSERT_TRUE(endBackOff());
+    EXPECT_TRUE(isStreaming(first));
+}
+
 TEST_F(AppServicesTest, reconnectAtOnceWhenTheMachineWakes) {
     Simulator& binance = exchange();
     start({&binance});

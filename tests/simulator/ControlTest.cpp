@@ -105,7 +105,7 @@ TEST_F(ControlTest, WhatMakesNoSenseIsExplained) {
         EXPECT_EQ(answer.status, 400) << command;
         return answer.body;
     };
-    EXPECT_EQ(complaint("voice?is=loud"), "is must be one of: normal, silent, dead\n");
+    EXPECT_EQ(complaint("voice?is=loud"), "is must be one of: normal, silent, junk, dead\n");
     EXPECT_EQ(complaint("burst?frames=0"), "frames must be a whole number from 1 up\n");
     EXPECT_EQ(complaint("requests?status=700"), "status must be from 100 to 599\n");
     EXPECT_EQ(complaint("requests?times=many"), "times must be a whole number from 1 up\n");

@@ -236,6 +236,16 @@ TEST_F(StreamTest, ASilentStreamAnswersPingsAndSendsNoMessage) {
     EXPECT_TRUE(client.received(2));
 }
 
+TEST_F(StreamTest, AJunkStreamSendsNoPrice) {
+    simulator.faults().setVoice(StreamVoice::junk);
+    StreamClient& client = twoPairs();
+    simulator.tick();
+    ASSERT_TRUE(client.received(2));
+    EXPECT_EQ(client.texts[0], R"({"hello":"world"})");
+    client.socket.ping("still there?");
+    EXPECT_TRUE(spinUntil([&client] { return !client.pongs.empty(); }));
+}
+
 TEST_F(StreamTest, ADeadStreamAnswersNothing) {
     simulator.faults().setVoice(StreamVoice::dead);
     StreamClient& client = twoPairs();
