@@ -133,9 +133,10 @@ MenuLayout DBusMenu::layoutOf(int id, int depth, const QStringList& names) const
         return layout;
     }
     const MenuEntry* const entry = find(m_entries, id);
+    // Below zero it has no end.
+    const int rest = depth < 0 ? depth : depth - 1;
     for (const MenuEntry& child : entry != nullptr ? entry->children : m_entries) {
-        layout.children.append(
-            QDBusVariant(QVariant::fromValue(layoutOf(child.id, depth - 1, names))));
+        layout.children.append(QDBusVariant(QVariant::fromValue(layoutOf(child.id, rest, names))));
     }
     return layout;
 }

@@ -11,6 +11,7 @@
 
 #include <gmock/gmock.h>
 
+#include <limits>
 #include <vector>
 
 namespace quillbar {
@@ -128,6 +129,9 @@ TEST_F(DBusMenuTest, laysOutItsEntriesAsDeepAsAskedFor) {
     EXPECT_EQ(child(layout(DBusMenu::kRoot, 1), 2).children.size(), 0);
     EXPECT_EQ(layout(DBusMenu::kRoot, 0).children.size(), 0);
     EXPECT_EQ(layout(3, -1).children.size(), 2);
+    // Whoever asks may ask for anything; below zero there is no end.
+    constexpr int kLowest = std::numeric_limits<int>::min();
+    EXPECT_EQ(child(layout(DBusMenu::kRoot, kLowest), 2).children.size(), 2);
 }
 
 TEST_F(DBusMenuTest, saysWhatEachEntryIs) {
