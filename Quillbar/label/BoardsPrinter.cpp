@@ -36,12 +36,15 @@ std::string rowText(const RankedCoin& row) {
 
 }  // namespace
 
-std::string boardText(RankingBoard board, const std::vector<RankedCoin>& rows) {
+std::string boardText(RankingBoard board, const std::vector<RankedCoin>& rows, bool isLoaded) {
     std::string text = fmt::format("{}\n", displayName(board));
     for (const RankedCoin& row : rows) {
         text += rowText(row);
     }
-    return rows.empty() ? text + "     暂无数据\n" : text;
+    if (rows.empty()) {
+        text += fmt::format("     {}\n", isLoaded ? "暂无数据" : "加载行情失败");
+    }
+    return text;
 }
 
 BoardsPrinter::BoardsPrinter(MarketState& market,
@@ -82,6 +85,12 @@ std::vector<RankedCoin> BoardsPrinter::rowsOf(RankingBoard board) {
     return MarketCapRanking::rank(m_marketCaps.entries(), market.tickers, market.universe, kRows);
 }
 
+bool BoardsPrinter::isLoaded(RankingBoard board) const {
+    const bool hasMarket = m_market.lastUpdate()->has_value();
+    return board == RankingBoard::marketCap ? hasMarket && m_marketCaps.lastUpdate()->has_value()
+                                            : hasMarket;
+}
+
 void BoardsPrinter::finish() {
     if (std::exchange(m_isFinished, true)) {
         return;
@@ -91,7 +100,7 @@ void BoardsPrinter::finish() {
     for (const RankingBoard board : kAllRankingBoards) {
         const std::vector<RankedCoin> rows = rowsOf(board);
         isComplete = isComplete && !rows.empty();
-        text += (text.empty() ? "" : "\n") + boardText(board, rows);
+        text += (text.empty() ? "" : "\n") + boardText(board, rows, isLoaded(board));
     }
     const int status = isComplete ? kSuccess : kMissing;
     m_output.finish(m_output.print(text) ? status : kNotWritten);

@@ -18,9 +18,11 @@
 namespace quillbar {
 
 /// One board as plain text: its name, then a line for each row with rank, base asset, price, change
-/// over 24 hours and volume, or capitalisation on the market-cap board; "暂无数据" when there is no
-/// row. Each line ends with a line feed. Pure.
-[[nodiscard]] std::string boardText(RankingBoard board, const std::vector<RankedCoin>& rows);
+/// over 24 hours and volume, or capitalisation on the market-cap board. Where there is no row,
+/// "暂无数据" when it was loaded and "加载行情失败" when not. Each line ends with a line feed. Pure.
+[[nodiscard]] std::string boardText(RankingBoard board,
+                                    const std::vector<RankedCoin>& rows,
+                                    bool isLoaded);
 
 /// Prints the market's four boards, once. Lives on the main thread; what it is handed outlives it.
 class BoardsPrinter final {
@@ -59,6 +61,7 @@ private:
     Task<void> load(Task<void> refresh);
     Task<void> giveUp();
     [[nodiscard]] std::vector<RankedCoin> rowsOf(RankingBoard board);
+    [[nodiscard]] bool isLoaded(RankingBoard board) const;
     void finish();
 
     MarketState& m_market;

@@ -101,7 +101,25 @@ TEST_F(BoardsPrinterTest, saysWhatIsMissingAndTellsInItsStatus) {
     m_coinGecko.answers.error(BinanceError(503));
     print();
     ASSERT_EQ(m_texts.size(), 1U);
-    EXPECT_TRUE(m_texts.front().ends_with("\n市值\n     暂无数据\n"));
+    EXPECT_TRUE(m_texts.front().ends_with("\n市值\n     加载行情失败\n"));
+    EXPECT_THAT(m_statuses, ElementsAre(3));
+}
+
+TEST_F(BoardsPrinterTest, tellsBoardsWithoutRowsFromThoseThatCouldNotBeLoaded) {
+    m_api.exchangeInfoAnswers.value({});
+    print();
+    EXPECT_THAT(m_texts,
+                ElementsAre("涨幅\n     暂无数据\n\n跌幅\n     暂无数据\n\n"
+                            "成交额\n     暂无数据\n\n市值\n     暂无数据\n"));
+    EXPECT_THAT(m_statuses, ElementsAre(3));
+}
+
+TEST_F(BoardsPrinterTest, saysOfEveryBoardThatItCouldNotBeLoaded) {
+    m_api.ticker24hAllAnswers.error(BinanceError(503));
+    print();
+    EXPECT_THAT(m_texts,
+                ElementsAre("涨幅\n     加载行情失败\n\n跌幅\n     加载行情失败\n\n"
+                            "成交额\n     加载行情失败\n\n市值\n     加载行情失败\n"));
     EXPECT_THAT(m_statuses, ElementsAre(3));
 }
 
