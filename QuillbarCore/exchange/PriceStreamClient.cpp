@@ -232,7 +232,9 @@ Task<bool> PriceStreamClient::readConnection(std::string url, std::uint64_t gene
             m_failure.set(ConnectionFailure::of(error));
         }
     }
-    m_priceWatch.cancel();
+    if (generation == m_generation) {
+        m_priceWatch.cancel();
+    }
     const bool hasLived = m_now() - connectedAt >= m_stabilityThreshold;
     const bool isStable = hasDelivered && hasLived;
     co_return isStable;
