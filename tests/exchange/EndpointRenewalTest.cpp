@@ -16,8 +16,7 @@ using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 using ::testing::SizeIs;
 
-class EndpointRenewalTest : public ::testing::Test {
-protected:
+struct EndpointRenewalTest : ::testing::Test {
     EndpointRenewalTest() {
         renewal.whenRenewed([this](std::shared_ptr<EndpointSelector> selector) {
             renewed.push_back(std::move(selector));

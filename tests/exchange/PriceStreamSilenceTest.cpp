@@ -175,8 +175,7 @@ TEST_F(PriceStreamSilenceTest, behindTwoBlackHolesAPriceComesWithinHalfAMinute) 
 }
 
 /// The endpoints of a stream client, renewed as the application does it.
-class RenewedStreamTest : public PriceStreamSilenceTest {
-protected:
+struct RenewedStreamTest : PriceStreamSilenceTest {
     RenewedStreamTest() {
         renewal.whenRenewed([this](auto selector) { client->useEndpoints(std::move(selector)); });
         renewal.renew();
