@@ -22,7 +22,7 @@ namespace {
 constexpr Seconds kReconnectBaseDelay{1};
 constexpr Seconds kReconnectMaximumDelay{60};
 constexpr Seconds kStabilityThreshold{30};
-// Below the watchdog's interval, which would begin anew with the same endpoint.
+// Less than the watchdog's interval: the watchdog would begin anew with the same endpoint.
 constexpr Seconds kFirstPriceLimit{25};
 constexpr Seconds kWatchdogInterval{30};
 constexpr Seconds kStaleReconnectThreshold{90};

@@ -3,8 +3,7 @@
 #
 # Headers from outside that most sources include. Reading them takes longer than compiling a source
 # of ours, so each set is compiled once and shared by many targets. No header of ours is in a set: a
-# change of one would compile everything anew. Every source still includes what it uses: with
-# CMAKE_DISABLE_PRECOMPILE_HEADERS it compiles too.
+# change of one would compile everything anew. Every source still includes what it uses.
 
 set(QUILLBAR_STANDARD_HEADERS
     <algorithm> <array> <charconv> <chrono> <cmath> <coroutine> <cstddef> <cstdint> <exception>

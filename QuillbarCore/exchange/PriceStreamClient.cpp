@@ -246,8 +246,10 @@ void PriceStreamClient::receive(std::string_view frame) {
     }
     try {
         m_source.push(BinanceDecoder::decodeMiniTickerFrame(frame));
-        m_priceWatch.cancel();
-        forgetSilence();
+        if (m_priceWatch.isRunning()) {
+            m_priceWatch.cancel();
+            forgetSilence();
+        }
     } catch (const std::exception& error) {
         m_logger.error("failed to decode frame: {}", error.what());
     }

@@ -100,9 +100,10 @@ private:
     // Notes that the connection delivers, and tells what it said.
     void receive(std::string_view frame);
     Task<void> wait(Seconds delay);
-    // Ends a connection that has brought no price in time.
-    Task<void> endWithoutPrice(std::shared_ptr<WebSocketConnecting> connection, Seconds limit);
+    // Begins the wait for a connection's first price.
     void watchForPrice(const std::shared_ptr<WebSocketConnecting>& connection);
+    // Ends the connection when its time is over.
+    Task<void> endWithoutPrice(std::shared_ptr<WebSocketConnecting> connection, Seconds limit);
     void forgetSilence();
 
     AsyncStream<PriceEvent> m_events;
@@ -125,8 +126,8 @@ private:
     // The wait for the connection's first price, and whether it was in vain.
     TaskScope::Handle m_priceWatch;
     bool m_isWithoutPrice = false;
-    // How many connections in a row were ended for that, and since when so many that the market is
-    // taken for quiet.
+    // How many connections were ended for that since the last price, and since when so many that the
+    // market is taken for quiet.
     int m_withoutPrice = 0;
     std::optional<TimePoint> m_quietSince;
     // Last: its tasks use `this`.

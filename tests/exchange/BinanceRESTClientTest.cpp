@@ -196,11 +196,15 @@ TEST_F(BinanceRESTClientTest, LetsARequestUnderWayKeepItsEndpoints) {
     const auto other = std::make_shared<EndpointSelector>(std::vector<std::string>{"a", "b"});
     // As it is when the failure of the last endpoint brings others.
     const auto replaced = std::make_shared<EndpointSelector>(
-        std::vector<std::string>{"https://old"}, [this, other] { client.useEndpoints(other); });
+        BinanceEndpoints::rest(), [this, other] { client.useEndpoints(other); });
+    for (int index = 0; index < 5; ++index) {
+        replaced->markFailed(index);
+    }
     client.useEndpoints(replaced);
-    fetcher->fail(URLError(URLError::Code::timedOut, "timed out"));
+    fetcher->answers.otherwiseError(URLError(URLError::Code::connectionLost, "lost"));
     const Tickers run = tickers();
     EXPECT_THROW(static_cast<void>(run.value()), URLError);
+    EXPECT_THAT(fetcher->requests, ElementsAre(url(5), url(5), url(5), url(5), url(5), url(5)));
     EXPECT_EQ(other->current()->index, 0);
 }
 
