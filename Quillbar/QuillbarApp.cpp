@@ -3,21 +3,24 @@
 #include "Quillbar/QuillbarApp.h"
 
 #include "Quillbar/labelstate/LabelSnapshot.h"
-#include "Quillbar/PanelView.h"
+#include "Quillbar/panel/PanelView.h"
 #include "Quillbar/platform/SmallHeap.h"
 #include "Quillbar/text/ChineseFont.h"
 #include "Quillbar/text/SystemFont.h"
+#include "Quillbar/widgets/TooltipStyle.h"
 #include "Quillbar/window/PanelWindow.h"
 #include "QuillbarCore/runtime/Logger.h"
 #include "QuillbarCore/runtime/QtExecutor.h"
 #include "QuillbarCore/runtime/QtWorker.h"
 
+#include <QApplication>
 #include <QCoreApplication>
 #include <QKeySequence>
 #include <QObject>
 #include <QShortcut>
 #include <QToolTip>
 
+#include <algorithm>
 #include <chrono>
 #include <utility>
 
@@ -25,9 +28,12 @@ namespace quillbar {
 
 namespace {
 
+// The item reports its own entries and those of the settings through one function.
+static_assert(SettingsMenu::kFirstId > StatusItem::kLastOwnId);
+
 /// The tooltip tells the age of prices in minutes.
 constexpr Seconds kFaceInterval{60};
-/// A board that loads leaves much free memory behind, as does a panel that closes.
+/// Loading a board and closing the panel leave much free memory behind.
 constexpr Seconds kHeapInterval{30};
 
 ToggleGuard::Elapsed elapsed() {
@@ -56,6 +62,7 @@ QuillbarApp::QuillbarApp(const std::optional<QDBusConnection>& bus,
     , m_edits(*m_executor)
     , m_systemScheme(bus)
     , m_hasBus(bus && bus->isConnected())
+    , m_firstStart(folder)
     , m_loginItem(LoginSession::ofProcess(processEnvironment()))
     , m_launchAtLogin(m_loginItem)
     , m_settings(m_services.appState(), m_launchAtLogin)
@@ -76,7 +83,7 @@ QuillbarApp::QuillbarApp(const std::optional<QDBusConnection>& bus,
           StatusItemEnvironment::ofDesktop(bus.value_or(QDBusConnection(QString())),
                                            *m_executor,
                                            m_sleeper),
-          {.onActivate = [this](QPoint anchor,
+          {.onActivate = [this](std::optional<QPoint> anchor,
                                 ActivationSource source) { activate(anchor, source); },
            .onMenuShown = [this] { m_settings.refresh(); },
            .onMenu = [this](int id) { chooseFromMenu(id); },
@@ -84,14 +91,10 @@ QuillbarApp::QuillbarApp(const std::optional<QDBusConnection>& bus,
            .onNoTray = [this] { goWithoutTray(); },
            .onTray = [this] { dropFromTray(); },
            .onOffered = [this] { startServices(); }})
+    , m_faceSource(m_services.appState(), m_services.isStarted())
     , m_labelSource(m_services.appState(), m_services.isStarted())
     , m_scope(*m_executor) {
-    const auto refresh = [this](const auto& /*value*/) { refreshFace(); };
-    AppState& state = m_services.appState();
-    m_observations.push_back(state.menuBarText().observe(refresh));
-    m_observations.push_back(state.connectionState().observe(refresh));
-    m_observations.push_back(state.connectionFailure().observe(refresh));
-    m_observations.push_back(state.lastError().observe(refresh));
+    m_faceSource.observe([this] { refreshFace(); });
     m_item.setMenu(*m_settings.entries());
     m_observations.push_back(m_settings.entries().observe(
         [this](const std::vector<MenuEntry>& entries) { m_item.setMenu(entries); }));
@@ -124,19 +127,19 @@ void QuillbarApp::startServices() {
 }
 
 void QuillbarApp::togglePanel(const QString& token) {
-    PanelWindow& window = panel();
+    PanelWindow& window = panelAskedFor();
     window.setActivationToken(token);
-    window.toggle(std::nullopt);
+    window.toggle(PanelWindow::AskedBy::command);
 }
 
 void QuillbarApp::showPanel(const QString& token) {
-    PanelWindow& window = panel();
+    PanelWindow& window = panelAskedFor();
     window.setActivationToken(token);
-    window.open(std::nullopt);
+    window.open(PanelWindow::AskedBy::command);
 }
 
 void QuillbarApp::refreshFace() {
-    m_item.show(LabelFace::of(LabelSnapshot::of(m_services.appState()), systemClock()()));
+    m_item.show(LabelFace::of(m_faceSource.snapshot(), systemClock()()));
 }
 
 Task<void> QuillbarApp::refreshFaceEachMinute() {
@@ -153,11 +156,11 @@ Task<void> QuillbarApp::keepHeapSmall() {
     }
 }
 
-void QuillbarApp::activate(QPoint anchor, ActivationSource source) {
+void QuillbarApp::activate(std::optional<QPoint> anchor, ActivationSource source) {
     if (source == ActivationSource::menu) {
-        panel().open(anchor);
+        panelAskedFor().open(PanelWindow::AskedBy::pointer, anchor);
     } else {
-        panel().toggle(anchor);
+        panelAskedFor().toggle(PanelWindow::AskedBy::pointer, anchor);
     }
 }
 
@@ -173,43 +176,83 @@ void QuillbarApp::goWithoutTray() {
     if (m_hasBus) {
         m_notices.add(Notice::noTray);
     }
+    m_notices.remove(Notice::firstStart);
+    setStandalone(true);
     if (m_withoutTray == WithoutTray::waits) {
         return;
     }
     if (!m_hasBus) {
-        // Without an item and a bus, nothing could open it a second time.
         panel().setElsewhere(PanelWindow::Elsewhere::changesNothing);
-        panel().onClosed = &QCoreApplication::quit;
+        m_endsWithPanel = true;
     }
     showPanel(QString());
 }
 
 void QuillbarApp::dropFromTray() {
     m_notices.remove(Notice::noTray);
+    setStandalone(false);
+    m_endsWithPanel = false;
     if (m_panel) {
         m_panel->setElsewhere(PanelWindow::Elsewhere::closes);
-        m_panel->onClosed = nullptr;
     }
 }
 
 PanelWindow& QuillbarApp::panel() {
     if (!m_panel) {
-        // Only here, because looking through the fonts takes its time.
+        // Checked only here, because reading the list of fonts takes time.
         if (!ChineseFont::isInstalled()) {
             Logger("QuillbarApp")
                 .error("no font for Simplified Chinese is installed: install fonts-noto-cjk");
             m_notices.add(Notice::noChineseFont);
         }
+        QApplication::setStyle(new TooltipStyle);
         QToolTip::setFont(withChineseFamilies(QToolTip::font()));
-        m_panel = std::make_unique<PanelWindow>(
-            new PanelView(
-                m_environment, m_systemScheme.scheme(), m_settings, &QCoreApplication::quit),
-            elapsed());
+        m_panelView = new PanelView(
+            m_environment, m_systemScheme.scheme(), m_settings, &QCoreApplication::quit);
+        m_panel = std::make_unique<PanelWindow>(m_panelView, elapsed());
+        m_panelView->onClose = [this] { m_panel->dismiss(); };
+        setStandalone(m_isStandalone);
+        m_panel->onOpened = [this] { onPanelOpened(); };
+        m_panel->onClosed = [this] { onPanelClosed(); };
         auto* const quit = new QShortcut(Qt::CTRL | Qt::Key_Q, m_panel.get());
         quit->setContext(Qt::ApplicationShortcut);
         QObject::connect(quit, &QShortcut::activated, qApp, &QCoreApplication::quit);
     }
     return *m_panel;
+}
+
+PanelWindow& QuillbarApp::panelAskedFor() {
+    PanelWindow& window = panel();
+    // Done before the panel opens, so that it opens in its final size. Notices of what is missing
+    // go first, and alone.
+    if (!window.isVisible() && m_firstStart.isDue() && m_item.isOffered()
+        && m_notices.standing()->empty()) {
+        m_notices.add(Notice::firstStart);
+    }
+    return window;
+}
+
+void QuillbarApp::onPanelOpened() {
+    m_item.setPanelOpen(true);
+    const std::vector<Notice>& told = *m_notices.standing();
+    if (std::find(told.begin(), told.end(), Notice::firstStart) != told.end()) {
+        m_firstStart.told();
+    }
+}
+
+void QuillbarApp::setStandalone(bool isStandalone) {
+    m_isStandalone = isStandalone;
+    if (m_panel) {
+        m_panel->setStandalone(isStandalone);
+        m_panelView->setStandalone(isStandalone);
+    }
+}
+
+void QuillbarApp::onPanelClosed() {
+    m_item.setPanelOpen(false);
+    if (m_endsWithPanel) {
+        QCoreApplication::quit();
+    }
 }
 
 }  // namespace quillbar

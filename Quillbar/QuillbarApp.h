@@ -2,17 +2,18 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "Quillbar/AppServices.h"
-#include "Quillbar/DeferredSystemEvents.h"
 #include "Quillbar/labelstate/StateLabelSource.h"
 #include "Quillbar/login/AutostartEntry.h"
 #include "Quillbar/login/LaunchAtLogin.h"
-#include "Quillbar/Notices.h"
-#include "Quillbar/ServiceEndpoints.h"
-#include "Quillbar/SettingsMenu.h"
-#include "Quillbar/SystemColorScheme.h"
+#include "Quillbar/panel/FirstStart.h"
+#include "Quillbar/panel/Notices.h"
+#include "Quillbar/panel/SettingsMenu.h"
+#include "Quillbar/services/AppServices.h"
+#include "Quillbar/services/DeferredSystemEvents.h"
+#include "Quillbar/services/ServiceEndpoints.h"
 #include "Quillbar/tray/StatusItem.h"
-#include "Quillbar/ViewEnvironment.h"
+#include "Quillbar/widgets/SystemColorScheme.h"
+#include "Quillbar/widgets/ViewEnvironment.h"
 #include "QuillbarCore/runtime/Executor.h"
 #include "QuillbarCore/runtime/Observed.h"
 #include "QuillbarCore/runtime/QtSleeper.h"
@@ -32,6 +33,7 @@
 
 namespace quillbar {
 
+class PanelView;
 class PanelWindow;
 
 /// The application: the models, built once and alive as long as it is; the item in the status area;
@@ -44,8 +46,8 @@ public:
     /// The longest that the stream waits for the item, where the bus is slow.
     static constexpr Seconds kItemPatience{0.5};
 
-    /// Builds everything and connects to nothing; `bus` is the session's, where there is one. All
-    /// that waits does so with the `sleeper`.
+    /// Builds everything, and connects to nothing. `bus` is the session bus, absent if there is
+    /// none. All waiting uses the `sleeper`.
     QuillbarApp(const std::optional<QDBusConnection>& bus,
                 const ServiceEndpoints& endpoints,
                 const std::filesystem::path& folder,
@@ -60,8 +62,8 @@ public:
     enum class WithoutTray {
         /// The panel opens, as the only thing that can be seen of the application.
         opensPanel,
-        /// Nothing: the panel says so once a command opens it. For starts that nobody asked for at
-        /// that moment; it takes a bus for such a command to come.
+        /// Nothing. The panel says so when a command opens it, which needs a bus. For starts that
+        /// the user has not asked for at that moment.
         waits,
     };
 
@@ -73,7 +75,7 @@ public:
     /// Shows the panel, whether or not it is shown.
     void showPanel(const QString& token);
 
-    /// What the label says, for whoever passes it on. Lives as long as this.
+    /// The label, for programs that pass it on. Lives as long as this object.
     [[nodiscard]] LabelSource& labelSource() noexcept { return m_labelSource; }
 
 private:
@@ -82,11 +84,15 @@ private:
     Task<void> startServicesInTime();
     void startServices();
     Task<void> keepHeapSmall();
-    void activate(QPoint anchor, ActivationSource source);
+    void activate(std::optional<QPoint> anchor, ActivationSource source);
     void chooseFromMenu(int id);
     void goWithoutTray();
     void dropFromTray();
     PanelWindow& panel();
+    PanelWindow& panelAskedFor();
+    void onPanelOpened();
+    void onPanelClosed();
+    void setStandalone(bool isStandalone);
 
     std::unique_ptr<Executor> m_executor;
     std::unique_ptr<Worker> m_worker;
@@ -97,13 +103,23 @@ private:
     SystemColorScheme m_systemScheme;
     bool m_hasBus;
     WithoutTray m_withoutTray = WithoutTray::opensPanel;
+    // Nothing could open the panel a second time.
+    bool m_endsWithPanel = false;
+    // There is no item that the panel drops down from.
+    bool m_isStandalone = false;
     Notices m_notices;
+    FirstStart m_firstStart;
     AutostartEntry m_loginItem;
     LaunchAtLogin m_launchAtLogin;
     SettingsMenu m_settings;
     ViewEnvironment m_environment;
     std::unique_ptr<PanelWindow> m_panel;
+    // The panel's content, which it owns.
+    PanelView* m_panelView = nullptr;
     StatusItem m_item;
+    // Two sources, because each has one observer: one for the item, and one for readers over the
+    // bus.
+    StateLabelSource m_faceSource;
     StateLabelSource m_labelSource;
     std::optional<DeferredSystemEvents> m_systemEvents;
     std::vector<Observation> m_observations;

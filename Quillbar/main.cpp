@@ -9,13 +9,15 @@
 #include "Quillbar/instance/RunningApplication.h"
 #include "Quillbar/instance/SessionBus.h"
 #include "Quillbar/platform/CertificateAuthorities.h"
+#include "Quillbar/platform/DisplayFailure.h"
 #include "Quillbar/platform/Leaving.h"
 #include "Quillbar/platform/ProxyFactory.h"
+#include "Quillbar/platform/ResourceLimits.h"
 #include "Quillbar/platform/SmallHeap.h"
 #include "Quillbar/platform/StandardStreams.h"
 #include "Quillbar/platform/TerminationSignals.h"
 #include "Quillbar/QuillbarApp.h"
-#include "Quillbar/ServiceEndpoints.h"
+#include "Quillbar/services/ServiceEndpoints.h"
 #include "QuillbarCore/state/AppDirectories.h"
 
 #include <QApplication>
@@ -111,12 +113,13 @@ private:
 std::optional<int> askRunningApplication(int argc,
                                          char** argv,
                                          const AppOptions& options,
-                                         const ActivationTokens& tokens) {
+                                         const ActivationTokens& tokens,
+                                         bool isBusThere) {
     const QCoreApplication application(argc, argv);
     auto outcome = RunningApplication::Outcome::notRunning;
-    if (SessionBus::answers(processEnvironment())) {
-        // Not the process's shared connection: Qt lets that one deliver calls once an event loop
-        // runs, and forgets to when the application of that moment is gone before.
+    if (isBusThere) {
+        // Not the process's shared connection: Qt lets that one deliver calls only once an event
+        // loop runs, and never if the application object that existed then has been destroyed.
         const QString name = QStringLiteral("quillbar-start");
         const QDBusConnection bus =
             QDBusConnection::connectToBus(QDBusConnection::SessionBus, name);
@@ -160,7 +163,12 @@ int runApplication(int argc,
     }
     QApplication::setHighDpiScaleFactorRoundingPolicy(
         Qt::HighDpiScaleFactorRoundingPolicy::PassThrough);
-    QApplication application(argc, argv);
+    std::optional<QApplication> application;
+    {
+        const DisplayFailure failure(
+            "quillbar", "无法连接显示服务器;在终端里请使用 quillbar-label", kFailureStatus);
+        application.emplace(argc, argv);
+    }
     QApplication::setQuitOnLastWindowClosed(false);
     QApplication::setApplicationName(QStringLiteral("quillbar"));
     QApplication::setApplicationDisplayName(QStringLiteral("Quillbar"));
@@ -174,7 +182,7 @@ int runApplication(int argc,
     const TerminationSignals signals([] { QCoreApplication::exit(0); });
     const auto bus = SessionBus::connect(variables);
     if (!bus && options.manner == StartManner::background) {
-        // No command could reach it, and where no tray of the older kind comes, nothing at all.
+        // No command could reach it, and without a tray of the older protocol no click either.
         return fail(kFailureStatus, "没有会话总线,无法在后台运行");
     }
     int status = 0;
@@ -197,11 +205,17 @@ int run(int argc, char** argv) {
     }
     const auto& options = std::get<AppOptions>(parsed);
     const auto tokens = ActivationTokens::fromEnvironment(processEnvironment());
-    if (const auto status = askRunningApplication(argc, argv, options, tokens)) {
+    const bool isBusThere = SessionBus::answers(processEnvironment());
+    if (const auto status = askRunningApplication(argc, argv, options, tokens, isBusThere)) {
         return *status;
     }
     try {
         const auto endpoints = ServiceEndpoints::fromEnvironment(processEnvironment());
+        // While the session starts, a bus may be slow once. Giving it up costs the status item and
+        // the single instance for as long as the process runs.
+        if (!isBusThere && !SessionBus::answers(processEnvironment())) {
+            SessionBus::putOutOfReach();
+        }
         return runApplication(argc, argv, endpoints, options, tokens);
     } catch (const EndpointError& error) {
         return fail(kUsageStatus, error.what());
@@ -214,6 +228,9 @@ int run(int argc, char** argv) {
 
 int main(int argc, char** argv) {
     quillbar::StandardStreams::hold();
+    if (const auto lack = quillbar::ResourceLimits::prepare()) {
+        return quillbar::fail(quillbar::kFailureStatus, *lack);
+    }
     quillbar::SmallHeap::use();
     return quillbar::run(argc, argv);
 }

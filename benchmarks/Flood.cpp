@@ -5,8 +5,8 @@
 #include "benchmarks/ExchangeBodies.h"
 #include "QuillbarCore/exchange/BinanceDecoder.h"
 #include "QuillbarCore/exchange/PriceStreamClient.h"
-#include "QuillbarCore/runtime/ManualTime.h"
 #include "QuillbarCore/state/AppState.h"
+#include "tests/manual/ManualTime.h"
 #include "tests/support/CapturedLog.h"
 #include "tests/support/FakeBinanceAPI.h"
 #include "tests/support/FakeConnection.h"
@@ -67,6 +67,7 @@ private:
                       .settingsStore = SettingsStore(m_folder.path()),
                       .catalog = m_catalog,
                       .now = m_time.clock(),
+                      .monotonic = m_time.monotonicClock(),
                       .sleeper = m_time.sleeper()}};
     // Last: its task uses all of the above.
     TaskScope m_scope{m_executor};

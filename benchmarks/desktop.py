@@ -81,7 +81,10 @@ class Desktop:
 
     def panel(self, exchange, home, between_refreshes=""):
         """The application with a watch on its frames; the seconds between two refreshes of a board
-        may be others than its own."""
+        may be others than its own. It opens as it does when it is not the first time."""
+        folder = pathlib.Path(home, "Quillbar")
+        folder.mkdir(exist_ok=True)
+        (folder / "panel-opened").touch()
         return Program([*self._programs.panel, between_refreshes],
                        environment_of(exchange, home, self._environment))
 
@@ -153,7 +156,7 @@ def watch(home, exchange, count):
     if len(coins) < count:
         raise MeasurementFailed(f"the exchange has only {len(coins)} coins")
     folder = pathlib.Path(home, "Quillbar")
-    folder.mkdir()
+    folder.mkdir(exist_ok=True)
     (folder / "watchlist.json").write_text(
         json.dumps({"schemaVersion": 1, "coins": coins, "pinnedSymbol": "BTCUSDT"}),
         encoding="utf-8")

@@ -40,7 +40,7 @@ if(QUILLBAR_SANITIZERS)
         "TSAN_OPTIONS=${tsan_options}"
         "ASAN_SYMBOLIZER_PATH=${QUILLBAR_SYMBOLIZER}"
         "TSAN_SYMBOLIZER_PATH=${QUILLBAR_SYMBOLIZER}")
-    set(QUILLBAR_TEST_PATIENCE 4)
+    set(QUILLBAR_TEST_PATIENCE 10)
 endif()
 
 # Registers one run of a test program. ARGUMENTS go to the program; TIMEOUT is in seconds. SECONDS,

@@ -47,7 +47,7 @@ std::optional<std::vector<char>> contentsOf(const fs::path& path) {
     if (!file) {
         return std::nullopt;
     }
-    // Of exactly the file's size, so that a sanitizer sees a read past its end.
+    // Exactly as large as the file, so that a sanitizer sees a read past its end.
     std::vector<char> bytes{std::istreambuf_iterator<char>(file), {}};
     bytes.shrink_to_fit();
     return bytes;

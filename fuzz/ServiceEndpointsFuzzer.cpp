@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Quillbar developers
 // SPDX-License-Identifier: MIT
 #include "fuzz/FuzzTarget.h"
-#include "Quillbar/ServiceEndpoints.h"
+#include "Quillbar/services/ServiceEndpoints.h"
 
 #include <algorithm>
 #include <cstddef>

@@ -4,7 +4,7 @@
 #include "fuzz/FuzzTarget.h"
 #include "fuzz/Lines.h"
 #include "QuillbarCore/exchange/PriceStreamClient.h"
-#include "QuillbarCore/runtime/ManualTime.h"
+#include "tests/manual/ManualTime.h"
 #include "tests/support/CapturedLog.h"
 #include "tests/support/FakeConnection.h"
 

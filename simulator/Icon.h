@@ -7,8 +7,10 @@
 
 namespace quillbar::simulator {
 
-/// The bytes of a PNG image for a coin: a disc of a colour that depends on the ticker, on nothing,
-/// 32 pixels square. Always the same for the same ticker.
+/// The bytes of a PNG image for a coin, 64 pixels square: a disc of the coin's colour on nothing,
+/// with a ring in it and the first letter of the ticker, or a lozenge for a ticker without a Latin
+/// letter. The colour of a well-known coin is the one it is known by; any other coin's depends on
+/// the ticker. Always the same for the same ticker.
 [[nodiscard]] std::string makeIcon(std::string_view baseAsset);
 
 }  // namespace quillbar::simulator

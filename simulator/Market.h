@@ -39,9 +39,10 @@ struct CandleRow {
     std::int64_t trades = 0;
 };
 
-/// The pairs and their prices. A price is a pure function of the seed and of a moment on the
-/// market's clock, so the past (candles, yesterday's open) agrees with what was streamed, and a run
-/// repeats. Knows nothing of sockets or timers. For one thread.
+/// The pairs and their prices. A price is a pure function of the seed and of the number of steps
+/// since the start, so a run repeats. Candles of every interval and the 24 hours are read from the
+/// one path that the prices follow, the past included, so they agree with each other and with what
+/// was streamed. Knows nothing of sockets or timers. For one thread.
 class Market final {
 public:
     Market(std::uint64_t seed, int symbolCount, MarketTime startTime);
@@ -72,8 +73,6 @@ public:
                                                  std::optional<std::int64_t> startTime) const;
 
 private:
-    [[nodiscard]] double priceAt(const Listing& listing, std::int64_t step) const;
-    [[nodiscard]] double volumeAt(const Listing& listing, std::int64_t step) const;
     [[nodiscard]] std::int64_t stepAt(std::int64_t milliseconds) const;
     [[nodiscard]] std::vector<std::int64_t> openTimes(std::int64_t interval,
                                                       int limit,

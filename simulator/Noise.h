@@ -26,17 +26,4 @@ namespace quillbar::simulator {
     return quotient - (dividend % divisor < 0 ? 1 : 0);
 }
 
-/// Noise in [-1, 1] that is drawn anew every `period` steps and runs straight in between. `key`
-/// tells one noise from another.
-[[nodiscard]] constexpr double valueNoise(std::uint64_t key,
-                                          std::int64_t step,
-                                          std::int64_t period) {
-    const std::int64_t cell = floorDivided(step, period);
-    const double along = static_cast<double>(step - cell * period) / static_cast<double>(period);
-    const auto corner = [key](std::int64_t at) {
-        return 2 * unitInterval(mixed(key ^ mixed(static_cast<std::uint64_t>(at)))) - 1;
-    };
-    return corner(cell) * (1 - along) + corner(cell + 1) * along;
-}
-
 }  // namespace quillbar::simulator

@@ -2,17 +2,26 @@
 # SPDX-FileCopyrightText: 2026 The Quillbar developers
 # SPDX-License-Identifier: MIT
 #
-# Usage: tools/bare.sh 12|13 [--as root|user] [--only run|test]
+# Usage: tools/bare.sh 12|13 [--as root|user] [--one-way] [--only run|test|package]...
 #
-# Proves that the README's two commands do everything on a bare Debian: makes a root of that release
-# with nothing but its base, puts a clean clone of the last commit there, runs
-# `./run --demo -- --once` and `./test` as a new user would, prints what each took and the first
-# failure, and removes the root. With `--as user`, an ordinary user runs them who may use sudo.
+# Proves that the README's commands do everything on a bare Debian: makes a root of that release
+# with nothing but its base, puts a clean clone of the last commit there, runs commands as a new user
+# would, prints what each took and its first failure, and removes the root. With `--as user`, an
+# ordinary user runs them who may use sudo.
+#
+#   run      ./run --demo -- --once
+#   test     ./test
+#   package  ./package, then tools/check-package.sh, which judges what that made, and
+#            tools/try-package.sh, which installs it, uses it, and removes it
+#
+# Without --only it runs run and test. With --one-way, `./test` leaves out the other two ways, in which
+# it runs the same tests with another locale and zone.
 #
 # Needs root and mmdebstrap. Ends with 1 when a command failed, with 75 when a package source did not
 # answer in three tries, with 2 when it cannot be done here. The whole output is in build/bare/.
 set -euo pipefail
 cd "$(dirname "$(readlink -f "$0")")/.."
+. tools/build.sh
 
 say() { printf 'bare: %s\n' "$*"; }
 cannot() {
@@ -28,15 +37,25 @@ case $release in
 esac
 shift
 as=root
-commands=(run test)
+commands=()
+tests=(./test)
 while [ $# -gt 0 ]; do
     case $1 in
     --as) as=${2:?} ;;
-    --only) commands=("${2:?}") ;;
+    --only)
+        commands+=("${2:?}")
+        case $2 in run | test | package) ;; *) cannot '--only takes run, test or package' ;; esac
+        ;;
+    --one-way)
+        tests=(./test -- --label-exclude elsewhere)
+        shift
+        continue
+        ;;
     *) cannot "unknown option: $1" ;;
     esac
     shift 2
 done
+[ ${#commands[@]} -gt 0 ] || commands=(run test)
 case $as in root | user) ;; *) cannot "--as takes root or user" ;; esac
 [ "$(id -u)" -eq 0 ] || cannot 'only root can make a root'
 command -v mmdebstrap >/dev/null || cannot 'install mmdebstrap first'
@@ -45,7 +64,12 @@ root=$(mktemp -d "${TMPDIR:-/tmp}/quillbar-bare-$release.XXXXXX")
 logs=build/bare
 mkdir -p "$logs"
 # The mounts live in a namespace that has ended by then, so nothing of the machine hangs below.
-trap 'rm -rf --one-file-system "$root"' EXIT
+clean_up() {
+    # Whoever stops a group of processes may signal twice; a root of gigabytes must not stay.
+    trap '' INT TERM HUP
+    rm -rf --one-file-system "$root"
+}
+trap clean_up EXIT
 
 # retried COMMAND...: three tries for what depends on a package source.
 retried() {
@@ -60,20 +84,13 @@ retried() {
     return 1
 }
 
-# Where this machine's own packages of Debian come from; the one in the manuals where it has none.
-source_of_packages() {
-    local uri
-    # shellcheck disable=SC2016
-    uri=$(apt-get indextargets --format '$(REPO_URI) $(ORIGIN) $(RELEASE)' 2>/dev/null |
-        awk '$2 == "Debian" && $3 !~ /security/ { print $1; exit }' || true)
-    printf '%s' "${uri:-http://deb.debian.org/debian}"
-}
-
 make_root() {
     rm -rf --one-file-system "${root:?}"/*
     local packages=()
     [ $as = root ] || packages=(--include=sudo)
-    mmdebstrap --quiet --variant=minbase "${packages[@]}" "$suite" "$root" \
+    # What is thrown away need not survive a power cut, and nobody reads apt's descriptions there.
+    mmdebstrap --quiet --variant=minbase --dpkgopt=force-unsafe-io \
+        --aptopt='Acquire::Languages "none"' "${packages[@]}" "$suite" "$root" \
         "$(source_of_packages)" >"$logs/$release-root.log" 2>&1
 }
 
@@ -136,31 +153,44 @@ as_a_new_user() {
 
 # What a reader needs first of a failed command.
 first_failure() {
-    grep -m 1 -nE '\[  FAILED  \]|FAILED:|error:|CMake Error|Errors while running|^E: ' "$1" ||
-        tail -n 3 "$1"
+    local words='\[  FAILED  \]|FAILED(:|$)|^(FAIL|ERROR): |error:|CMake Error|^E: '
+    grep -m 1 -nE "$words|Errors while running" "$1" || tail -n 3 "$1"
 }
 
 status=0
-for command in "${commands[@]}"; do
-    case $command in
-    run) words=(./run --demo -- --once) ;;
-    test) words=(./test) ;;
-    *) cannot "--only takes run or test" ;;
-    esac
-    log=$logs/$release-$as-$command.log
-    started=$SECONDS
-    code=0
-    as_a_new_user "${words[@]}" >"$log" 2>&1 || code=$?
-    say "Debian $release as $as: ${words[*]}: exit $code, $((SECONDS - started)) s"
+
+# part NAME COMMAND...: runs a command in the root and tells how that went; its log bears the name.
+part() {
+    local log=$logs/$release-$as-$1.log started=$SECONDS code=0
+    shift
+    as_a_new_user "$@" >"$log" 2>&1 || code=$?
+    say "Debian $release as $as: $*: exit $code, $((SECONDS - started)) s"
     if [ $code -eq 75 ]; then
-        say 'a package source did not answer, which says nothing of the tests'
-        exit 75
+        say 'a package source did not answer, which says nothing of this project'
+        [ $status -ne 0 ] || status=75
+        exit $status
     elif [ $code -ne 0 ]; then
         status=1
         say 'the first failure:'
         first_failure "$log"
-    else
-        tail -n 4 "$log" | sed 's/^/    /'
+        return 1
     fi
+    tail -n 4 "$log" | sed 's/^/    /'
+}
+
+prove_packages() {
+    part package ./package || return 1
+    # What is wrong with a package does not hide how it is used, nor the other way round.
+    part check bash -c \
+        'tools/setup.sh check && tools/check-package.sh data lintian hardening' || true
+    part try tools/try-package.sh --on-this-machine
+}
+
+for command in "${commands[@]}"; do
+    case $command in
+    run) part run ./run --demo -- --once || true ;;
+    test) part test "${tests[@]}" || true ;;
+    package) prove_packages || true ;;
+    esac
 done
 exit $status

@@ -2,7 +2,7 @@
 # SPDX-FileCopyrightText: 2026 The Quillbar developers
 # SPDX-License-Identifier: MIT
 #
-# Usage: tools/setup.sh run|test|ci
+# Usage: tools/setup.sh run|test|pictures|package|check|ci
 #
 # Installs the packages of tools/packages.txt that a purpose needs and this Debian 12 or 13 lacks.
 # Asks for root only when something is missing. On another system it prints the packages and fails.
@@ -21,14 +21,18 @@ packages() {
     case $1 in
     run) purposes='run' ;;
     test) purposes='run test' ;;
-    ci) purposes='run test ci' ;;
+    pictures) purposes='run test pictures' ;;
+    package) purposes='run package' ;;
+    check) purposes='run package check' ;;
+    ci) purposes='run test package check ci' ;;
     *)
-        say 'tell what for: run, test or ci'
+        say 'tell what for: run, test, pictures, package, check or ci'
         exit 2
         ;;
     esac
     awk -v purposes=" $purposes " -v release="$2" '
-        !/^#/ && NF && index(purposes, " " $1 " ") && ($2 == "any" || $2 == release) { print $3 }
+        !/^#/ && NF && index(purposes, " " $1 " ") &&
+            ($2 == "any" || $2 == release) && !seen[$3]++ { print $3 }
     ' "$list"
 }
 

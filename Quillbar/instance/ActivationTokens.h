@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "Quillbar/instance/Environment.h"
+#include "Quillbar/platform/Environment.h"
 
 #include <QString>
 #include <QVariantMap>

@@ -11,7 +11,7 @@
 
 namespace quillbar {
 
-/// How a start that asks for no action goes about it.
+/// What a start without an action shows.
 enum class StartManner {
     /// The application shows itself: a second start toggles the panel, and without a tray it opens.
     usual,
@@ -24,7 +24,7 @@ struct AppOptions final {
     /// What to ask of the application that runs, or to do after the start; absent for a plain start,
     /// which shows the label, or toggles the panel of the application that runs already.
     std::optional<ApplicationAction> action = std::nullopt;
-    /// Without an action: what may be seen of the start.
+    /// Without an action: what the start may show.
     StartManner manner = StartManner::usual;
 
     bool operator==(const AppOptions&) const = default;

@@ -3,10 +3,19 @@
 #include "Quillbar/instance/ApplicationAdaptor.h"
 
 #include "QuillbarCore/runtime/Logger.h"
+#include "QuillbarCore/runtime/OutsideText.h"
 
+#include <cstddef>
 #include <utility>
 
 namespace quillbar {
+
+namespace {
+
+// Any program of the session may send one of any length.
+constexpr std::size_t kLongestNameInLog = 64;
+
+}  // namespace
 
 ApplicationAdaptor::ApplicationAdaptor(QObject* object, OnAction onAction)
     : QDBusAbstractAdaptor(object)
@@ -26,7 +35,9 @@ void ApplicationAdaptor::ActivateAction(const QString& name,
     const std::string asked = name.toStdString();
     const auto action = actionNamed(asked);
     if (!action) {
-        Logger("Application").error("ignoring the unknown action \"{}\"", asked);
+        Logger("Application")
+            .error("ignoring the unknown action \"{}\"",
+                   OutsideText::shortened(asked, kLongestNameInLog));
         return;
     }
     m_onAction(*action, ActivationTokens::fromPlatformData(platformData));

@@ -29,7 +29,7 @@ public:
     /// Opens no files: shows the panel.
     Q_SLOT void Open(const QStringList& uris,  // NOLINT(*-identifier-naming)
                      const QVariantMap& platformData);
-    /// A name that is no action of ours is logged and left alone.
+    /// The name of an unknown action is logged, and nothing else happens.
     Q_SLOT void ActivateAction(const QString& name,  // NOLINT(*-identifier-naming)
                                const QVariantList& parameters,
                                const QVariantMap& platformData);

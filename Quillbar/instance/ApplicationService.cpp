@@ -26,8 +26,17 @@ constexpr uint kAlreadyOwner = 4;
 
 ApplicationService::ApplicationService(QDBusConnection bus, ApplicationAdaptor::OnAction onAction)
     : m_bus(std::move(bus))
+    , m_onAction(std::move(onAction))
+    , m_early(std::in_place)
     , m_label(new LabelAdaptor(&m_object)) {
-    new ApplicationAdaptor(&m_object, std::move(onAction));
+    new ApplicationAdaptor(&m_object,
+                           [this](ApplicationAction action, const ActivationTokens& tokens) {
+                               if (m_early) {
+                                   m_early->emplace_back(action, tokens);
+                               } else {
+                                   m_onAction(action, tokens);
+                               }
+                           });
     m_bus.registerObject(
         QLatin1String(ApplicationNames::kObjectPath), &m_object, QDBusConnection::ExportAdaptors);
 }
@@ -46,7 +55,7 @@ void ApplicationService::claim(std::function<void(Claim)> onOutcome,
     if (!m_bus.isConnected()) {
         QMetaObject::invokeMethod(
             &m_object,
-            [onOutcome = std::move(onOutcome)] { onOutcome(Claim::noBus); },
+            [this, onOutcome = std::move(onOutcome)] { tell(onOutcome, Claim::noBus); },
             Qt::QueuedConnection);
         return;
     }
@@ -61,13 +70,24 @@ void ApplicationService::claim(std::function<void(Claim)> onOutcome,
                          watcher->deleteLater();
                          const QDBusPendingReply<uint> reply = *watcher;
                          if (reply.isError()) {
-                             onOutcome(Claim::noBus);
+                             tell(onOutcome, Claim::noBus);
                              return;
                          }
                          const uint answer = reply.value();
                          m_hasName = answer == kPrimaryOwner || answer == kAlreadyOwner;
-                         onOutcome(m_hasName ? Claim::claimed : Claim::alreadyRunning);
+                         tell(onOutcome, m_hasName ? Claim::claimed : Claim::alreadyRunning);
                      });
+}
+
+void ApplicationService::tell(const std::function<void(Claim)>& onOutcome, Claim claim) {
+    onOutcome(claim);
+    const auto early = std::exchange(m_early, std::nullopt);
+    if (!early) {
+        return;
+    }
+    for (const auto& [action, tokens] : *early) {
+        m_onAction(action, tokens);
+    }
 }
 
 }  // namespace quillbar

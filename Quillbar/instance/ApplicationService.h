@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "Quillbar/instance/ActivationTokens.h"
+#include "Quillbar/instance/ApplicationAction.h"
 #include "Quillbar/instance/ApplicationAdaptor.h"
 #include "Quillbar/instance/LabelAdaptor.h"
 
@@ -10,6 +12,9 @@
 
 #include <chrono>
 #include <functional>
+#include <optional>
+#include <utility>
+#include <vector>
 
 namespace quillbar {
 
@@ -26,15 +31,17 @@ public:
         claimed,
         /// Another one runs.
         alreadyRunning,
-        /// There is no bus, or it did not answer: nothing can be known of others.
+        /// There is no bus, or it did not answer: other instances cannot be known.
         noBus,
     };
 
     /// How long the bus may take to answer.
     static constexpr std::chrono::milliseconds kPatience{5000};
 
-    /// Exports the object, so that a call that comes right behind the claim is answered. `onAction`
-    /// is called for each action that another program asks for.
+    /// Exports the object, so that a call directly after the claim is answered. `onAction` is
+    /// called for each action that another program asks for. Actions that arrive before the outcome
+    /// of the claim are passed on directly after it: a bus that starts the program to activate it
+    /// sends both at once.
     ApplicationService(QDBusConnection bus, ApplicationAdaptor::OnAction onAction);
     ApplicationService(const ApplicationService&) = delete;
     ApplicationService& operator=(const ApplicationService&) = delete;
@@ -47,11 +54,16 @@ public:
     void claim(std::function<void(Claim)> onOutcome,
                std::chrono::milliseconds patience = kPatience);
 
-    /// What a `LabelService` speaks through. Lives as long as this.
+    /// The adaptor that a `LabelService` uses. Lives as long as this object.
     [[nodiscard]] LabelAdaptor& label() noexcept { return *m_label; }
 
 private:
+    void tell(const std::function<void(Claim)>& onOutcome, Claim claim);
+
     QDBusConnection m_bus;
+    ApplicationAdaptor::OnAction m_onAction;
+    // What was asked before the outcome; absent from then on.
+    std::optional<std::vector<std::pair<ApplicationAction, ActivationTokens>>> m_early;
     // The adaptors are its children, and the callbacks of the claim end with it.
     QObject m_object;
     LabelAdaptor* m_label;

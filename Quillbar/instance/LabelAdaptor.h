@@ -18,13 +18,13 @@ public:
     /// `object` owns it.
     explicit LabelAdaptor(QObject* object);
 
-    /// Whom `Read` asks; nobody for null.
+    /// The source that `Read` asks; null for none.
     void setReader(std::function<QVariantMap()> reader);
 
-    /// The label as it stands, as `labelMessage` writes it; empty while there is none.
+    /// The label now, in the form of `labelMessage`; empty while there is none.
     Q_SLOT QVariantMap Read() const;  // NOLINT(*-identifier-naming, modernize-use-nodiscard)
 
-    /// Something that can be seen has changed; carries what `Read` would give.
+    /// Something visible has changed. The argument is what `Read` would return.
     Q_SIGNAL void Changed(const QVariantMap& label);  // NOLINT(*-identifier-naming)
 
 private:

@@ -8,7 +8,6 @@
 
 #include <chrono>
 #include <cmath>
-#include <string_view>
 
 namespace quillbar {
 
@@ -29,12 +28,9 @@ const QString kConnection = QStringLiteral("connection");
 const QString kLastUpdate = QStringLiteral("lastUpdate");
 const QString kFailure = QStringLiteral("failure");
 const QString kStale = QStringLiteral("stale");
+const QString kShowsPrice = QStringLiteral("showsPrice");
 const QString kLastError = QStringLiteral("lastError");
 const QString kStarted = QStringLiteral("started");
-
-QString toQString(std::string_view utf8) {
-    return QString::fromUtf8(utf8.data(), static_cast<qsizetype>(utf8.size()));
-}
 
 std::optional<std::string> textAt(const QVariantMap& message, const QString& key) {
     const QVariant value = message.value(key);
@@ -75,6 +71,17 @@ std::optional<Ticker> tickerIn(const QVariantMap& message) {
     return Ticker{*price, *open, numberAt(message, kQuoteVolume)};
 }
 
+PriceFreshness freshnessIn(const QVariantMap& message, const LabelSnapshot& label) {
+    if (!flagAt(message, kStale, true)) {
+        return PriceFreshness::live;
+    }
+    // An older version of the application does not send the entry. Its text without a price is only
+    // the coin's name.
+    const bool isPriceInText = label.quote.coin && label.text != label.quote.coin->baseAsset;
+    return flagAt(message, kShowsPrice, isPriceInText) ? PriceFreshness::stale
+                                                       : PriceFreshness::none;
+}
+
 std::optional<TimePoint> lastUpdateIn(const QVariantMap& message) {
     const auto seconds = numberAt(message, kLastUpdate);
     if (!seconds || *seconds < 0 || *seconds >= kEndOfTime) {
@@ -95,29 +102,31 @@ void insertTicker(QVariantMap& message, const Ticker& ticker) {
 
 QVariantMap labelMessage(const LabelReport& report) {
     const LabelSnapshot& label = report.label;
-    QVariantMap message{{kText, toQString(label.text)},
-                        {kBasis, toQString(rawValue(label.basis))},
-                        {kConnection, toQString(rawValue(label.connection))},
-                        {kStale, label.isStale},
+    const PinnedQuote& quote = label.quote;
+    QVariantMap message{{kText, QString::fromUtf8(label.text)},
+                        {kBasis, QString::fromUtf8(rawValue(quote.basis))},
+                        {kConnection, QString::fromUtf8(rawValue(quote.connection))},
+                        {kStale, quote.isStale()},
+                        {kShowsPrice, quote.showsPrice()},
                         {kStarted, report.isStarted}};
-    if (label.coin) {
-        message.insert(kSymbol, toQString(label.coin->symbol));
-        message.insert(kBaseAsset, toQString(label.coin->baseAsset));
+    if (quote.coin) {
+        message.insert(kSymbol, QString::fromUtf8(quote.coin->symbol));
+        message.insert(kBaseAsset, QString::fromUtf8(quote.coin->baseAsset));
     }
-    if (label.ticker) {
-        insertTicker(message, *label.ticker);
+    if (quote.ticker) {
+        insertTicker(message, *quote.ticker);
     }
-    if (label.changePercent) {
-        message.insert(kChangePercent, *label.changePercent);
+    if (quote.changePercent) {
+        message.insert(kChangePercent, *quote.changePercent);
     }
     if (label.lastUpdate) {
         message.insert(kLastUpdate, label.lastUpdate->time_since_epoch().count());
     }
     if (label.failure) {
-        message.insert(kFailure, toQString(*label.failure));
+        message.insert(kFailure, QString::fromUtf8(*label.failure));
     }
     if (label.lastError) {
-        message.insert(kLastError, toQString(*label.lastError));
+        message.insert(kLastError, QString::fromUtf8(*label.lastError));
     }
     return message;
 }
@@ -130,17 +139,18 @@ std::optional<LabelReport> labelReport(const QVariantMap& message) {
     LabelReport report;
     LabelSnapshot& label = report.label;
     label.text = *std::move(text);
-    label.coin = coinIn(message);
-    if (label.coin) {
-        label.ticker = tickerIn(message);
-        label.changePercent = numberAt(message, kChangePercent);
+    PinnedQuote& quote = label.quote;
+    quote.coin = coinIn(message);
+    if (quote.coin) {
+        quote.ticker = tickerIn(message);
+        quote.changePercent = numberAt(message, kChangePercent);
     }
-    label.basis =
-        changeBasisFromRawValue(textAt(message, kBasis).value_or("")).value_or(label.basis);
-    label.connection = connectionFromRawValue(textAt(message, kConnection).value_or(""))
-                           .value_or(label.connection);
+    quote.basis =
+        changeBasisFromRawValue(textAt(message, kBasis).value_or("")).value_or(quote.basis);
+    quote.freshness = freshnessIn(message, label);
+    quote.connection = connectionFromRawValue(textAt(message, kConnection).value_or(""))
+                           .value_or(quote.connection);
     label.lastUpdate = lastUpdateIn(message);
-    label.isStale = flagAt(message, kStale, label.isStale);
     label.failure = textAt(message, kFailure);
     label.lastError = textAt(message, kLastError);
     report.isStarted = flagAt(message, kStarted, report.isStarted);

@@ -10,7 +10,7 @@
 
 namespace quillbar {
 
-/// What the running application tells of its label.
+/// What the running application reports about its label.
 struct LabelReport final {
     LabelSnapshot label;
     /// As `LabelSource::isStarted`.
@@ -32,6 +32,7 @@ struct LabelReport final {
 /// | connection | text | disconnected, connecting, connected or waitingRetry |
 /// | lastUpdate | double | seconds since 1970-01-01T00:00:00Z |
 /// | failure | text | why no prices stream, in Chinese |
+/// | showsPrice | boolean | whether the text shows the price |
 /// | stale, started | boolean | |
 /// | lastError | text | an edit that was not saved |
 [[nodiscard]] QVariantMap labelMessage(const LabelReport& report);
@@ -39,7 +40,8 @@ struct LabelReport final {
 /// Reads such a message, whoever sent it. Absent when it has no text: then it is no label. Entries of
 /// another type or with impossible values (numbers that are not finite, times before 1970 or beyond
 /// the year 9999) count as missing; a coin needs both of its entries, a ticker a coin and both
-/// prices. What is missing is at its default: stale and disconnected. Pure.
+/// prices. What is missing is at its default: stale and disconnected. Without `showsPrice` the text
+/// shows a price when it is not the base asset alone. Pure.
 [[nodiscard]] std::optional<LabelReport> labelReport(const QVariantMap& message);
 
 }  // namespace quillbar

@@ -9,9 +9,10 @@ namespace quillbar {
 namespace {
 
 bool mustBeTold(const LabelReport& previous, const LabelReport& current) {
-    return differsVisibly(previous.label, current.label)
-           || previous.label.coin != current.label.coin
-           || previous.label.changePercent.has_value() != current.label.changePercent.has_value()
+    const PinnedQuote& told = previous.label.quote;
+    const PinnedQuote& quote = current.label.quote;
+    return differsVisibly(previous.label, current.label) || told.coin != quote.coin
+           || told.changePercent.has_value() != quote.changePercent.has_value()
            || previous.isStarted != current.isStarted;
 }
 

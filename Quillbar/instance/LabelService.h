@@ -10,11 +10,12 @@
 
 namespace quillbar {
 
-/// Tells the session bus of the label: whoever asks, at once; everybody, when something that can be
-/// seen has changed. Main thread.
+/// Publishes the label on the session bus: it answers reads at once, and sends a signal when
+/// something visible has changed. Main thread.
 class LabelService final {
 public:
-    /// Both outlive it; the service is the source's one observer. Tells of the label as it stands.
+    /// Both outlive it. The service is the only observer of the source. It publishes the present
+    /// label at once.
     LabelService(LabelAdaptor& adaptor, LabelSource& source);
     LabelService(const LabelService&) = delete;
     LabelService& operator=(const LabelService&) = delete;

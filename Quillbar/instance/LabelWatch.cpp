@@ -31,7 +31,8 @@ LabelWatch::LabelWatch(QDBusConnection bus, std::function<void()> onChange, Timi
                   QString(),
                   this,
                   SLOT(ownerChanged(QString, QString, QString)));
-    // From anybody, because Qt would ask for the owner of a name, and wait for the answer.
+    // From any sender: for a named sender, Qt asks the bus for the owner of the name, and waits for
+    // the answer.
     m_bus.connect(QString(),
                   QLatin1String(ApplicationNames::kObjectPath),
                   QLatin1String(ApplicationNames::kLabelInterface),
@@ -49,7 +50,7 @@ void LabelWatch::findOwner() {
     connect(watcher, &QDBusPendingCallWatcher::finished, this, [this, watcher] {
         watcher->deleteLater();
         const QDBusPendingReply<QString> reply = *watcher;
-        // A change that came first knows better.
+        // A change that came before this answer is newer.
         if (m_owner.isEmpty()) {
             setOwner(reply.isError() ? QString() : reply.value());
         }

@@ -25,8 +25,8 @@ public:
     struct Timing {
         /// How long the bus and the application may take for an answer.
         std::chrono::milliseconds patience{2000};
-        /// How often an application that tells nothing is asked whether it still answers: one that
-        /// hangs must not leave an old price standing.
+        /// How often a silent application is asked whether it still answers. If it hangs, its old
+        /// price must not stay.
         std::chrono::milliseconds interval{20000};
     };
 
@@ -35,16 +35,17 @@ public:
     LabelWatch(QDBusConnection bus, std::function<void()> onChange, Timing timing);
     LabelWatch(QDBusConnection bus, std::function<void()> onChange);
 
-    /// Whether it is known if there is a label to read. So within twice the patience, and from then
-    /// on.
+    /// Whether it is known if there is a label to read. It is known after twice the patience at the
+    /// latest, and from then on.
     [[nodiscard]] bool isResolved() const noexcept { return m_isResolved; }
 
-    /// What the application told last; absent while none runs, has told anything, or answers.
+    /// The last report of the application; absent while none runs, if it has not reported yet, or
+    /// if it does not answer.
     [[nodiscard]] const std::optional<LabelReport>& report() const noexcept { return m_report; }
 
 private:
     Q_SLOT void ownerChanged(const QString& name, const QString& oldOwner, const QString& newOwner);
-    // The sender is the bus's word, unlike what the message says.
+    // The bus names the sender, so it can be trusted, unlike the message.
     Q_SLOT void labelChanged(const QVariantMap& label, const QDBusMessage& message);
 
     void findOwner();

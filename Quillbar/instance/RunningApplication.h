@@ -14,13 +14,13 @@
 /// calls, for programs that do nothing else meanwhile; none starts the application.
 namespace quillbar::RunningApplication {
 
-/// What became of an action that was asked for.
+/// The result of asking for an action.
 enum class Outcome {
     /// The application has taken it.
     done,
     /// No application runs, or there is no bus.
     notRunning,
-    /// It runs, and refused or did not answer in time.
+    /// It runs, but refused or did not answer in time.
     failed,
 };
 

@@ -119,7 +119,7 @@ bool connectTo(const Socket& socket, const std::string& name) {
     return ::connect(socket.descriptor(), reinterpret_cast<const sockaddr*>(&address), length) == 0;
 }
 
-// Every bus greets whoever asks for a way to authenticate, whatever it then thinks of it.
+// Every bus answers a request to authenticate, even if it then refuses it.
 bool greets(const std::string& name, steady_clock::time_point end) {
     constexpr std::string_view kQuestion{"\0AUTH\r\n", 7};
     const Socket socket;
@@ -160,6 +160,11 @@ std::optional<QDBusConnection> connect(const EnvironmentVariables& variables,
     }
     QDBusConnection bus = QDBusConnection::sessionBus();
     return bus.isConnected() ? std::optional(bus) : std::nullopt;
+}
+
+void putOutOfReach() {
+    // Without any address, the library would look for one, or start a bus.
+    qputenv("DBUS_SESSION_BUS_ADDRESS", "unix:path=/dev/null");
 }
 
 }  // namespace quillbar::SessionBus

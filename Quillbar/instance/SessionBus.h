@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "Quillbar/instance/Environment.h"
+#include "Quillbar/platform/Environment.h"
 
 #include <QDBusConnection>
 
@@ -27,5 +27,11 @@ inline constexpr std::chrono::milliseconds kPatience{2000};
 [[nodiscard]] std::optional<QDBusConnection> connect(
     const EnvironmentVariables& variables,
     std::chrono::milliseconds patience = kPatience);
+
+/// Has everything in this process, and what it starts, find no session bus from here on: Qt asks for
+/// one of its own accord (for screen readers, and for input methods), and waits without end for one
+/// that hangs. To be called before the QApplication is made, and before anybody has asked for the bus
+/// but through `answers`: the bus's library notes the address at its first use.
+void putOutOfReach();
 
 }  // namespace quillbar::SessionBus

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "Quillbar/label/BoardsPrinter.h"
 
+#include "QuillbarCore/market/MarketCapAge.h"
 #include "QuillbarCore/market/MarketCapRanking.h"
 #include "QuillbarCore/market/Ranking.h"
 #include "QuillbarCore/model/ChangeBasis.h"
@@ -9,6 +10,7 @@
 #include "QuillbarCore/model/MarketCapFormatter.h"
 #include "QuillbarCore/model/PriceFormatter.h"
 #include "QuillbarCore/model/VolumeFormatter.h"
+#include "QuillbarCore/runtime/OutsideText.h"
 
 #include <fmt/format.h>
 
@@ -28,7 +30,7 @@ std::string rowText(const RankedCoin& row) {
     // The amount is the last column, because its Chinese unit is two columns wide.
     return fmt::format("{:>3}  {:<10}{:>14}  {:>9}  {}\n",
                        row.rank,
-                       row.coin.baseAsset,
+                       OutsideText::oneLine(row.coin.baseAsset),
                        PriceFormatter::price(ticker.lastPrice),
                        PriceFormatter::percent(change.value_or(0)),
                        amount);
@@ -36,8 +38,15 @@ std::string rowText(const RankedCoin& row) {
 
 }  // namespace
 
-std::string boardText(RankingBoard board, const std::vector<RankedCoin>& rows, bool isLoaded) {
-    std::string text = fmt::format("{}\n", displayName(board));
+std::string boardText(RankingBoard board,
+                      const std::vector<RankedCoin>& rows,
+                      bool isLoaded,
+                      const std::optional<std::string>& note) {
+    std::string text = fmt::format("{}", displayName(board));
+    if (note && !rows.empty()) {
+        text += fmt::format(" ({})", *note);
+    }
+    text += '\n';
     for (const RankedCoin& row : rows) {
         text += rowText(row);
     }
@@ -91,6 +100,11 @@ bool BoardsPrinter::isLoaded(RankingBoard board) const {
                                             : hasMarket;
 }
 
+std::optional<std::string> BoardsPrinter::noteOf(RankingBoard board) const {
+    return board == RankingBoard::marketCap ? MarketCapAge::textIfOld(m_marketCaps.dataAge())
+                                            : std::nullopt;
+}
+
 void BoardsPrinter::finish() {
     if (std::exchange(m_isFinished, true)) {
         return;
@@ -100,7 +114,7 @@ void BoardsPrinter::finish() {
     for (const RankingBoard board : kAllRankingBoards) {
         const std::vector<RankedCoin> rows = rowsOf(board);
         isComplete = isComplete && !rows.empty();
-        text += (text.empty() ? "" : "\n") + boardText(board, rows, isLoaded(board));
+        text += (text.empty() ? "" : "\n") + boardText(board, rows, isLoaded(board), noteOf(board));
     }
     const int status = isComplete ? kSuccess : kMissing;
     m_output.finish(m_output.print(text) ? status : kNotWritten);

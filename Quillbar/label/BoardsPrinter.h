@@ -11,6 +11,7 @@
 #include "QuillbarCore/runtime/TaskScope.h"
 
 #include <functional>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -19,10 +20,12 @@ namespace quillbar {
 
 /// One board as plain text: its name, then a line for each row with rank, base asset, price, change
 /// over 24 hours and volume, or capitalisation on the market-cap board. Where there is no row,
-/// "暂无数据" when it was loaded and "加载行情失败" when not. Each line ends with a line feed. Pure.
+/// "暂无数据" when it was loaded and "加载行情失败" when not. `note`, where there is one, stands
+/// behind the name. Each line ends with a line feed. Pure.
 [[nodiscard]] std::string boardText(RankingBoard board,
                                     const std::vector<RankedCoin>& rows,
-                                    bool isLoaded);
+                                    bool isLoaded,
+                                    const std::optional<std::string>& note = {});
 
 /// Prints the market's four boards, once. Lives on the main thread; what it is handed outlives it.
 class BoardsPrinter final {
@@ -62,6 +65,7 @@ private:
     Task<void> giveUp();
     [[nodiscard]] std::vector<RankedCoin> rowsOf(RankingBoard board);
     [[nodiscard]] bool isLoaded(RankingBoard board) const;
+    [[nodiscard]] std::optional<std::string> noteOf(RankingBoard board) const;
     void finish();
 
     MarketState& m_market;

@@ -5,12 +5,12 @@
 #include "Quillbar/labelstate/ConnectionName.h"
 #include "QuillbarCore/model/PriceFormatter.h"
 #include "QuillbarCore/model/VolumeFormatter.h"
+#include "QuillbarCore/runtime/OutsideText.h"
 
 #include <QDateTime>
 
 #include <fmt/format.h>
 
-#include <algorithm>
 #include <chrono>
 #include <nlohmann/json.hpp>
 #include <string_view>
@@ -36,71 +36,80 @@ nlohmann::ordered_json orNull(const std::optional<T>& value) {
 }
 
 std::string jsonLine(const LabelSnapshot& snapshot) {
+    const PinnedQuote& quote = snapshot.quote;
     nlohmann::ordered_json object;
-    object["text"] = snapshot.text;
+    object["text"] = OutsideText::oneLine(snapshot.text);
     object["symbol"] = nullptr;
-    if (snapshot.coin) {
-        object["symbol"] = snapshot.coin->symbol;
+    if (quote.coin) {
+        object["symbol"] = OutsideText::oneLine(quote.coin->symbol);
     }
     object["price"] = nullptr;
-    if (snapshot.ticker) {
-        object["price"] = snapshot.ticker->lastPrice;
+    if (quote.ticker) {
+        object["price"] = quote.ticker->lastPrice;
     }
-    object["changePercent"] = orNull(snapshot.changePercent);
-    object["basis"] = rawValue(snapshot.basis);
-    object["connection"] = rawValue(snapshot.connection);
+    object["changePercent"] = orNull(quote.changePercent);
+    object["basis"] = rawValue(quote.basis);
+    object["connection"] = rawValue(quote.connection);
     object["lastUpdate"] = nullptr;
     if (snapshot.lastUpdate) {
         object["lastUpdate"] =
             dateTime(*snapshot.lastUpdate).toString(Qt::ISODateWithMs).toStdString();
     }
-    object["stale"] = snapshot.isStale;
-    object["failure"] = orNull(snapshot.failure);
+    object["stale"] = quote.isStale();
+    object["failure"] = nullptr;
+    if (snapshot.failure) {
+        object["failure"] = OutsideText::oneLine(*snapshot.failure);
+    }
     return dump(object);
 }
 
-// One line of output is one line, and commands no terminal, whatever a watchlist file or another
-// program says.
-std::string onOneLine(std::string text) {
-    const auto isControl = [](char c) { return (c >= '\0' && c < ' ') || c == '\x7f'; };
-    std::replace_if(text.begin(), text.end(), isControl, ' ');
-    return text;
+// The price is known but not live, although the stream is connected: nothing comes over the stream.
+std::string_view connectionOf(const LabelSnapshot& snapshot) {
+    const ConnectionState connection = snapshot.visibleConnection();
+    const PinnedQuote& quote = snapshot.quote;
+    const bool isSilent =
+        connection == ConnectionState::connected && quote.coin && quote.ticker && quote.isStale();
+    return isSilent ? kSilentConnectionName : displayName(connection);
 }
 
 std::string tooltip(const LabelSnapshot& snapshot) {
+    const PinnedQuote& quote = snapshot.quote;
     std::string text;
-    if (snapshot.coin && snapshot.ticker) {
-        const std::string change = snapshot.changePercent
-                                       ? PriceFormatter::percent(*snapshot.changePercent)
+    if (quote.coin && quote.ticker) {
+        const std::string change = quote.changePercent
+                                       ? PriceFormatter::percent(*quote.changePercent)
                                        : PriceFormatter::menuBarChange(std::nullopt);
         text += fmt::format("{} {}\n{}涨跌 {}\n成交额 {}\n",
-                            snapshot.coin->symbol,
-                            PriceFormatter::price(snapshot.ticker->lastPrice),
-                            displayName(snapshot.basis),
+                            OutsideText::oneLine(quote.coin->symbol),
+                            PriceFormatter::price(quote.ticker->lastPrice),
+                            displayName(quote.basis),
                             change,
-                            VolumeFormatter::compact(snapshot.ticker->quoteVolume24h));
+                            VolumeFormatter::compact(quote.ticker->quoteVolume24h));
     }
     if (snapshot.lastUpdate) {
         const QString time =
             dateTime(*snapshot.lastUpdate).toLocalTime().toString(QStringLiteral("HH:mm:ss"));
         text += fmt::format("更新于 {}\n", time.toStdString());
     }
-    text += displayName(snapshot.visibleConnection());
+    text += connectionOf(snapshot);
     if (snapshot.failure) {
-        text += '\n' + onOneLine(*snapshot.failure);
+        text += '\n' + OutsideText::oneLine(*snapshot.failure);
     }
     return text;
 }
 
-std::string_view waybarClass(const LabelSnapshot& snapshot) {
-    if (snapshot.isStale) {
+std::string_view waybarClass(LabelDirection direction) {
+    switch (direction) {
+    case LabelDirection::up:
+        return "up";
+    case LabelDirection::down:
+        return "down";
+    case LabelDirection::flat:
+        return "flat";
+    case LabelDirection::stale:
         return "stale";
     }
-    const double change = snapshot.changePercent.value_or(0);
-    if (change > 0) {
-        return "up";
-    }
-    return change < 0 ? "down" : "flat";
+    return {};
 }
 
 // Waybar reads text and tooltip as Pango markup.
@@ -126,9 +135,9 @@ std::string escapedMarkup(std::string_view text) {
 
 std::string waybarLine(const LabelSnapshot& snapshot) {
     nlohmann::ordered_json object;
-    object["text"] = escapedMarkup(snapshot.text);
+    object["text"] = escapedMarkup(OutsideText::oneLine(snapshot.text));
     object["tooltip"] = escapedMarkup(tooltip(snapshot));
-    object["class"] = waybarClass(snapshot);
+    object["class"] = waybarClass(snapshot.quote.direction());
     return dump(object);
 }
 
@@ -137,7 +146,7 @@ std::string waybarLine(const LabelSnapshot& snapshot) {
 std::string labelLine(const LabelSnapshot& snapshot, LabelFormat format) {
     switch (format) {
     case LabelFormat::text:
-        return onOneLine(snapshot.text);
+        return OutsideText::oneLine(snapshot.text);
     case LabelFormat::json:
         return jsonLine(snapshot);
     case LabelFormat::waybar:

@@ -42,13 +42,13 @@ void LabelPrinter::update() {
 }
 
 void LabelPrinter::updateOnce(const LabelSnapshot& snapshot) {
-    if (!snapshot.coin) {
+    if (!snapshot.quote.coin) {
         // Without a pinned coin no price can come.
         printOnce(snapshot, kNoPrice);
         return;
     }
-    const bool isComplete = snapshot.changePercent.has_value() || m_source.isStarted();
-    if (snapshot.showsPrice() && isComplete) {
+    const bool isComplete = snapshot.quote.changePercent.has_value() || m_source.isStarted();
+    if (snapshot.quote.showsPrice() && isComplete) {
         printOnce(snapshot, kSuccess);
     }
 }
@@ -69,7 +69,7 @@ Task<void> LabelPrinter::giveUp() {
         co_return;
     }
     const LabelSnapshot snapshot = m_source.snapshot();
-    printOnce(snapshot, snapshot.showsPrice() ? kSuccess : kNoPrice);
+    printOnce(snapshot, snapshot.quote.showsPrice() ? kSuccess : kNoPrice);
 }
 
 void LabelPrinter::printOnce(const LabelSnapshot& snapshot, int status) {

@@ -36,8 +36,8 @@ public:
         std::function<void(int status)> finish;
     };
 
-    /// Is the source's one observer. `--once` waits for the change beside the price until the source
-    /// is started.
+    /// The printer is the only observer of the source. `--once` waits for the change beside the
+    /// price until the source is started.
     LabelPrinter(LabelSource& source,
                  Executor& executor,
                  Sleeper sleeper,
@@ -49,7 +49,7 @@ public:
     LabelPrinter& operator=(LabelPrinter&&) = delete;
     ~LabelPrinter();
 
-    /// Begins to observe; prints the first line at once when following. Once.
+    /// Begins to observe. When following, it prints the first line at once. Call it once.
     void start();
 
 private:

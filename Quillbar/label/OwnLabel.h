@@ -2,10 +2,10 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "Quillbar/AppServices.h"
-#include "Quillbar/DeferredSystemEvents.h"
 #include "Quillbar/label/LabelOptions.h"
 #include "Quillbar/labelstate/StateLabelSource.h"
+#include "Quillbar/services/AppServices.h"
+#include "Quillbar/services/DeferredSystemEvents.h"
 
 #include <filesystem>
 #include <functional>
@@ -13,8 +13,8 @@
 
 namespace quillbar {
 
-/// The label over a connection of the program's own, which begins with this object and ends with it.
-/// Main thread.
+/// The label over the program's own connection, which begins and ends with this object. Main
+/// thread.
 class OwnLabel final : public LabelSource {
 public:
     /// Whoever follows also connects anew when the machine wakes.

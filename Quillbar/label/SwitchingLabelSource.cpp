@@ -26,14 +26,14 @@ void SwitchingLabelSource::applicationTells(std::optional<LabelReport> report) {
 }
 
 bool SwitchingLabelSource::takesOver(const LabelReport& report) const {
-    return !m_own || !snapshot().showsPrice() || isSettled(report.label, report.isStarted);
+    return !m_own || !snapshot().quote.showsPrice() || isSettled(report.label, report.isStarted);
 }
 
 void SwitchingLabelSource::connectOnItsOwn() {
-    if (m_application && m_application->label.showsPrice()) {
+    if (m_application && m_application->label.quote.showsPrice()) {
         m_bridge = m_application->label;
-        m_bridge->connection = ConnectionState::connecting;
-        m_bridge->isStale = true;
+        m_bridge->quote.connection = ConnectionState::connecting;
+        m_bridge->quote.freshness = PriceFreshness::stale;
     }
     m_application.reset();
     m_own = m_makeOwn();

@@ -14,9 +14,9 @@ namespace quillbar {
 /// The label of the running application, or this program's own while none runs: only one of them
 /// keeps a connection. Main thread.
 ///
-/// A change from one to the other takes no price from the screen: the last one stays, marked as
-/// stale, until the own connection has its first answers; and an application that starts takes over
-/// once it has something to show.
+/// When the source changes, the price stays on the screen. The last price of the application is
+/// shown as stale until the own connection has its first answers. An application that starts takes
+/// over when it has something to show.
 class SwitchingLabelSource final : public LabelSource {
 public:
     /// Makes the own source, which begins to connect at once. What it uses outlives this object.
@@ -24,8 +24,8 @@ public:
 
     explicit SwitchingLabelSource(MakeOwn makeOwn);
 
-    /// What the application tells; absent while none runs or answers. To be called before anything
-    /// is read, and at each change; not from within an observer.
+    /// Sets the report of the application; absent while none runs or answers. Call it before
+    /// anything is read, and at each change, but not inside an observer.
     void applicationTells(std::optional<LabelReport> report);
 
     [[nodiscard]] LabelSnapshot snapshot() const override;
@@ -40,7 +40,7 @@ private:
 
     MakeOwn m_makeOwn;
     std::function<void()> m_onChange;
-    // Of these, one is set at a time.
+    // One of these two is set at a time.
     std::optional<LabelReport> m_application;
     std::unique_ptr<LabelSource> m_own;
     /// What the application showed last, while the own source has nothing to show.

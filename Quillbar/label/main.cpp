@@ -1,6 +1,5 @@
 // SPDX-FileCopyrightText: 2026 The Quillbar developers
 // SPDX-License-Identifier: MIT
-#include "Quillbar/AppServices.h"
 #include "Quillbar/instance/LabelWatch.h"
 #include "Quillbar/instance/SessionBus.h"
 #include "Quillbar/label/BoardsPrinter.h"
@@ -12,9 +11,11 @@
 #include "Quillbar/platform/Leaving.h"
 #include "Quillbar/platform/LineOutput.h"
 #include "Quillbar/platform/ProxyFactory.h"
+#include "Quillbar/platform/ResourceLimits.h"
 #include "Quillbar/platform/StandardStreams.h"
 #include "Quillbar/platform/TerminationSignals.h"
-#include "Quillbar/ServiceEndpoints.h"
+#include "Quillbar/services/AppServices.h"
+#include "Quillbar/services/ServiceEndpoints.h"
 #include "QuillbarCore/runtime/QtExecutor.h"
 #include "QuillbarCore/runtime/QtSleeper.h"
 #include "QuillbarCore/runtime/QtWorker.h"
@@ -132,5 +133,8 @@ int run(int argc, char** argv) {
 
 int main(int argc, char* argv[]) {
     quillbar::StandardStreams::hold();
+    if (const auto lack = quillbar::ResourceLimits::prepare()) {
+        return quillbar::failAtStart(*lack);
+    }
     return quillbar::run(argc, argv);
 }

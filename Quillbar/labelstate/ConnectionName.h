@@ -12,7 +12,10 @@ namespace quillbar {
 /// The connection's state in the words that the label's tooltips use.
 [[nodiscard]] std::string_view displayName(ConnectionState connection);
 
-/// The text that stands for the connection's state in what programs read. Stable for ever.
+/// The words for a stream that is connected but has delivered nothing for long.
+inline constexpr std::string_view kSilentConnectionName = "连接没有数据";
+
+/// The name of the connection's state for other programs. It never changes.
 [[nodiscard]] std::string_view rawValue(ConnectionState connection);
 
 /// The state of exactly this raw text; absent for any other text.

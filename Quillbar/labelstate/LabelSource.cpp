@@ -5,7 +5,8 @@
 namespace quillbar {
 
 bool isSettled(const LabelSnapshot& snapshot, bool isStarted) {
-    return !snapshot.coin || isStarted || (snapshot.showsPrice() && snapshot.changePercent);
+    const PinnedQuote& quote = snapshot.quote;
+    return !quote.coin || isStarted || (quote.showsPrice() && quote.changePercent);
 }
 
 }  // namespace quillbar

@@ -8,7 +8,7 @@
 
 namespace quillbar {
 
-/// Where the label comes from, for those who show it. Main thread.
+/// The source of the label, for programs that show it. Main thread.
 class LabelSource {
 public:
     LabelSource() = default;
@@ -18,15 +18,16 @@ public:
     LabelSource& operator=(LabelSource&&) = delete;
     virtual ~LabelSource() = default;
 
-    /// The label as it stands.
+    /// The label now.
     [[nodiscard]] virtual LabelSnapshot snapshot() const = 0;
 
-    /// Whether the first requests have all been answered, or have failed: whoever waits for the
-    /// change beside the price waits so long.
+    /// Whether all first requests have been answered or have failed. Nobody need wait longer for
+    /// the change beside the price.
     [[nodiscard]] virtual bool isStarted() const = 0;
 
-    /// Calls `onChange` after each change of either, and perhaps when nothing has changed, until it
-    /// is replaced, by nothing among others. It does not destroy this object.
+    /// Calls `onChange` after each change of the label or of `isStarted`, perhaps also without a
+    /// change. Another call replaces it; an empty function ends the calls. `onChange` must not
+    /// destroy this object.
     virtual void observe(std::function<void()> onChange) = 0;
 };
 

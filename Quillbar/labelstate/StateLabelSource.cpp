@@ -27,11 +27,9 @@ void StateLabelSource::observe(std::function<void()> onChange) {
         return;
     }
     const auto changed = [this](const auto& /*value*/) { m_onChange(); };
-    m_observations.emplace_back(m_state.menuBarText().observe(changed));
-    m_observations.emplace_back(m_state.connectionState().observe(changed));
+    m_observations.emplace_back(m_state.pinnedQuote().observe(changed));
     m_observations.emplace_back(m_state.connectionFailure().observe(changed));
-    m_observations.emplace_back(m_state.todayOpens().observe(changed));
-    m_observations.emplace_back(m_state.watchlist().observe(changed));
+    m_observations.emplace_back(m_state.lastError().observe(changed));
     m_observations.emplace_back(m_isStarted.observe(changed));
 }
 

@@ -27,10 +27,10 @@ constexpr std::size_t kMaximumSize = std::size_t{1024} * 1024;
 
 constexpr const char* kChecksumKey = "X-Quillbar-Checksum";
 
-/// Whose an entry is.
+/// Who wrote an entry.
 enum class Author { nobody, somebodyElse, oursEdited, ours };
 
-/// What stands in the entry's place.
+/// The file at the place of the entry.
 struct Found {
     /// `nobody` when nothing does.
     Author author = Author::nobody;
@@ -79,7 +79,7 @@ Found look(const std::filesystem::path& path) {
             return {.author = author, .entry = std::move(entry)};
         }
     } catch (const FileError&) {
-        // Whatever it is, it is not ours.
+        // It is no entry, so it is not ours.
     }
     return {.author = Author::somebodyElse};
 }
@@ -94,7 +94,7 @@ bool isHidden(const DesktopEntry& entry) {
     return entry.boolean("Hidden", false);
 }
 
-// Of the conditions that desktops know, two name a file of the user's configuration. The others ask
+// Two of the conditions that desktops know name a file of the user's configuration. The others ask
 // for settings that only the desktop itself can read, and count as met.
 bool isConditionMet(const DesktopEntry& entry, const LoginSession& session) {
     const std::string condition = entry.text("AutostartCondition").value_or("");
@@ -114,7 +114,7 @@ bool isConditionMet(const DesktopEntry& entry, const LoginSession& session) {
 bool isSwitchedOff(const DesktopEntry& entry, const LoginSession& session) {
     const std::vector<std::string>& desktops = session.desktops;
     return isHidden(entry)
-           // What the session settings of GNOME, Cinnamon and others write, and of MATE.
+           // Written by the session settings of GNOME, Cinnamon and others, and of MATE.
            || !entry.boolean("X-GNOME-Autostart-enabled", true)
            || !entry.boolean("X-MATE-Autostart-enabled", true)
            || (entry.has("OnlyShowIn") && !isAmong(entry.list("OnlyShowIn"), desktops))

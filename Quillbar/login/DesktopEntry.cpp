@@ -21,7 +21,7 @@ std::string_view trimmed(std::string_view text) {
     return text.substr(first, text.find_last_not_of(kBlanks) - first + 1);
 }
 
-// Cuts the next line off, without what ends it.
+// Cuts the next line off, without its line end.
 std::string_view takeLine(std::string_view& rest) {
     const std::size_t end = rest.find('\n');
     std::string_view line = rest.substr(0, end);
@@ -61,7 +61,7 @@ std::string withoutEscapes(std::string_view value) {
     return text;
 }
 
-// Between double quotes a backslash is one, but before these.
+// Between double quotes a backslash stands for itself, except before one of these.
 bool isEscapedInQuotes(char character) {
     constexpr std::string_view kEscaped = R"("\$`)";
     return kEscaped.find(character) != std::string_view::npos;
@@ -131,7 +131,7 @@ bool isBetween(unsigned char byte, ByteRange range) {
     return byte >= range.first && byte <= range.second;
 }
 
-// What may follow as the second byte: nothing overlong, no surrogate, nothing beyond Unicode.
+// The range of the second byte: no overlong forms, no surrogates, nothing beyond Unicode.
 ByteRange secondByteRange(unsigned char lead) {
     switch (lead) {
     case 0xe0:
@@ -214,7 +214,7 @@ std::optional<std::string> DesktopEntry::text(const std::string& key) const {
 bool DesktopEntry::boolean(const std::string& key, bool otherwise) const {
     const auto found = m_values.find(key);
     const std::string_view value = found == m_values.end() ? "" : std::string_view(found->second);
-    // The digits are how desktop entries were written before they had a standard.
+    // Desktop entries used digits before there was a standard.
     if (value == "true" || value == "1") {
         return true;
     }
@@ -249,8 +249,8 @@ std::optional<std::string> DesktopEntry::program() const {
 }
 
 std::optional<std::string> DesktopEntry::execOf(std::string_view program) {
-    // Of the last two the Desktop Entry Specification says how to write them, but GLib looks a
-    // program with a percent sign up as it is written, and systemd's generator refuses both.
+    // The Desktop Entry Specification says how to write the last two. But GLib looks a program with
+    // a percent sign up as it is written, and systemd's generator refuses both.
     constexpr std::string_view kRefused = R"(=%\)";
     if (program.find_first_of(kRefused) != std::string_view::npos || !isUTF8(program)
         || std::any_of(program.begin(), program.end(), isControl)) {
@@ -259,7 +259,7 @@ std::optional<std::string> DesktopEntry::execOf(std::string_view program) {
     std::string exec = "\"";
     for (const char character : program) {
         if (isEscapedInQuotes(character)) {
-            // The backslash of the quoting, itself written as a value of text writes it.
+            // The backslash of the quoting is itself escaped as in every text value.
             exec += R"(\\)";
         }
         exec += character;

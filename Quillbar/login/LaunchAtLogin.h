@@ -7,9 +7,9 @@
 
 namespace quillbar {
 
-/// Makes the application start at login, or not. It is an object on a service, and not a function
-/// that finds the service by itself, so that nothing but the application's root knows where login
-/// items are kept, and a test brings its own. For the main thread.
+/// Makes the application start at login, or not. It is given its service, so that only the
+/// application's root knows where login items are kept, and a test can use its own. For the main
+/// thread.
 class LaunchAtLogin final {
 public:
     /// The service outlives this.

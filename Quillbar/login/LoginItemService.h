@@ -8,16 +8,16 @@
 
 namespace quillbar {
 
-/// What the desktop says of the application's starting at login.
+/// Whether the desktop starts the application at login.
 enum class LoginItemStatus : std::uint8_t {
     /// Nothing starts it.
     notRegistered,
     /// The next login starts it.
     enabled,
-    /// It is registered, but the desktop's own settings have switched it off: only there can it be
-    /// switched on again.
+    /// It is registered, but switched off in the settings of the desktop. It can be switched on
+    /// again only there.
     requiresApproval,
-    /// It is registered, but what would be started is gone.
+    /// It is registered, but the program that would be started is gone.
     notFound,
 };
 

@@ -4,11 +4,11 @@
 
 namespace quillbar {
 
-/// Ends the process with this status. For the end of `main`'s work, when every object but the
-/// application itself has been destroyed in order: destroying a QCoreApplication waits for the
-/// threads that look names up, which a resolver that does not answer holds for half a minute.
+/// Ends the process with this status. Call it at the end of `main`, when all objects but the
+/// application itself have been destroyed. Destroying a QCoreApplication waits for the threads that
+/// look up host names, for half a minute if the resolver does not answer.
 ///
-/// Under a sanitizer, which looks for leaks at the orderly end alone, it returns the status instead.
+/// Under a sanitizer it returns the status instead, because leaks are found only at a normal end.
 [[nodiscard]] int leave(int status);
 
 }  // namespace quillbar

@@ -12,7 +12,7 @@
 
 namespace quillbar {
 
-/// Standard output as a stream of lines for one reader, which may be slow: nothing here ever waits
+/// Standard output as a stream of lines for one reader. The reader may be slow; nothing here waits
 /// for it. Main thread; SIGPIPE must be ignored.
 class LineOutput final {
 public:
@@ -26,10 +26,10 @@ public:
     LineOutput& operator=(LineOutput&&) = delete;
     ~LineOutput();
 
-    /// Writes the line and a line feed at once. When the reader is slow, the line waits until there
-    /// is room, and takes the place of another that waits: who reads late wants the newest. A line
-    /// that was begun is always ended. Returns false when lines can no longer be written: the reader
-    /// has gone, or the disk is full.
+    /// Writes the line and a line feed at once. If the reader is slow, the line waits until there
+    /// is room, and replaces a line that is waiting: a late reader wants the newest one. A line
+    /// that was begun is always completed. Returns false when no more lines can be written, because
+    /// the reader has gone or the disk is full.
     [[nodiscard]] bool print(std::string_view line);
 
     /// Calls `done` once, from the event loop, when nothing waits to be written any more. Never when
@@ -44,13 +44,13 @@ private:
     int m_descriptor;
     std::function<void()> m_onClosed;
     std::function<void()> m_done;
-    // What is left of the line that was begun.
+    // The rest of the line that was begun.
     std::string m_begun;
     std::optional<std::string> m_next;
     bool m_isBroken = false;
-    // Of a pipe or a socket.
+    // Tells when the other end of a pipe or a socket is closed; null for a file.
     std::unique_ptr<QSocketNotifier> m_closed;
-    // Of what can be full for a while; null for a file.
+    // Tells when a pipe or a socket that was full takes bytes again; null for a file.
     std::unique_ptr<QSocketNotifier> m_writable;
 };
 

@@ -16,8 +16,8 @@ void use() {
 }
 
 bool giveBack() {
-    // Also what was given back before counts as free, but for blocks at the heap's end: a second
-    // call in a row finds as much, and costs next to nothing.
+    // Memory that was given back before counts as free too, except at the end of the heap. So a
+    // second call in a row finds as much, but costs almost nothing.
     return ::mallinfo2().fordblks >= kWorthwhile && ::malloc_trim(0) != 0;
 }
 

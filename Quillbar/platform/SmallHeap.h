@@ -7,13 +7,13 @@
 /// A heap for a program that rarely needs much and runs for days.
 namespace quillbar::SmallHeap {
 
-/// Gives what is freed back to the system: large blocks at once, and all threads take from one
-/// heap, so that none keeps what another could use. Without it, the first large answer of a service
-/// raises the allocator's own limits for good. To be called before the program starts a thread; with
-/// another allocator than glibc's, nothing happens.
+/// Makes the allocator give freed memory back to the system: large blocks at once, and all threads
+/// share one heap, so that no thread keeps memory that another could use. Without it, the first
+/// large answer of a service raises the allocator's own limits for good. Call it before the program
+/// starts a thread. With another allocator than glibc's it does nothing.
 void use();
 
-/// Less free memory than this, in bytes, is not worth the way to the system.
+/// Less free memory than this, in bytes, is not worth a system call.
 inline constexpr std::size_t kWorthwhile = std::size_t{1024} * 1024;
 
 /// Gives back the free pages between the blocks that are in use. The allocator does so by itself only

@@ -2,25 +2,17 @@
 // SPDX-License-Identifier: MIT
 #include "Quillbar/platform/StandardStreams.h"
 
+#include "QuillbarCore/runtime/OutsideText.h"
 #include "QuillbarCore/runtime/UnblockedWrite.h"
 
 #include <fmt/format.h>
 
-#include <algorithm>
 #include <cerrno>
 #include <fcntl.h>
 #include <string>
 #include <unistd.h>
 
 namespace quillbar::StandardStreams {
-
-namespace {
-
-bool isControlCharacter(char character) {
-    return static_cast<unsigned char>(character) < 0x20 || character == 0x7F;
-}
-
-}  // namespace
 
 void hold() noexcept {
     for (int descriptor = STDIN_FILENO; descriptor <= STDERR_FILENO; ++descriptor) {
@@ -45,9 +37,7 @@ bool print(std::string_view text) noexcept {
 }
 
 void complain(std::string_view program, std::string_view text) {
-    std::string line = fmt::format("{}: {}", program, text);
-    std::replace_if(line.begin(), line.end(), isControlCharacter, ' ');
-    line += '\n';
+    const std::string line = fmt::format("{}: {}\n", program, OutsideText::oneLine(text));
     [[maybe_unused]] const auto written = writeUnblocked(STDERR_FILENO, line);
 }
 

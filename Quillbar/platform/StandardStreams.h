@@ -4,16 +4,16 @@
 
 #include <string_view>
 
-/// The program's standard streams, whatever the one who starts it has done to them.
+/// The program's standard streams, in whatever state they are at its start.
 namespace quillbar::StandardStreams {
 
-/// Puts something that cannot be written to in the place of each of the descriptors 0 to 2 that is
-/// closed. Without it the next file or socket that is opened would take that place, and be printed
-/// into. The first thing in `main`.
+/// Opens each of the descriptors 0 to 2 that is closed, so that writing to it fails. Otherwise the
+/// next file or socket that is opened would get that number, and the program would print into it.
+/// Call it first in `main`.
 void hold() noexcept;
 
-/// Writes the whole text to standard output, waiting for whoever reads it. False when it cannot be
-/// written. For a program that does nothing else.
+/// Writes the whole text to standard output, and waits for the reader. Returns false when it cannot
+/// be written. For a program that does nothing else meanwhile.
 [[nodiscard]] bool print(std::string_view text) noexcept;
 
 /// Writes "PROGRAM: TEXT" to standard error as one line, whatever control characters the text holds.

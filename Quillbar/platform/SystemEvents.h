@@ -8,12 +8,12 @@
 
 namespace quillbar {
 
-/// Tells of the moments after which a live connection is probably dead: the machine has woken from
-/// sleep (logind on the system bus), or a network has come back (NetworkManager there). Hints, never a
-/// gate: where another program manages the network, or without a system bus, nothing is told.
+/// Tells when a connection is probably dead: the machine has woken from sleep (logind on the system
+/// bus), or a network has come back (NetworkManager there). These are only hints: if another
+/// program manages the network, or without a system bus, nothing is told.
 ///
-/// Lives on the main thread. Constructing it connects to the system bus, which blocks for up to 25 s
-/// when the bus hangs: do so once a price is on screen.
+/// Lives on the main thread. Constructing it connects to the system bus, which blocks for up to 25
+/// s when the bus hangs: do so once a price is on screen.
 class SystemEvents final : public QObject {
     Q_OBJECT
 
@@ -26,7 +26,7 @@ private:
     Q_SLOT void networkStateChanged(uint state);
 
     std::function<void()> m_onResume;
-    // Not known at first, so the first notice of a connection counts.
+    // Unknown at first, so the first report of a connection counts.
     bool m_isConnected = false;
 };
 

@@ -18,8 +18,9 @@ namespace quillbar {
 
 namespace {
 
-// What the signal handler touches; nothing else may be touched there.
-volatile std::sig_atomic_t writeEnd = -1;
+// What the signal handler touches; nothing else may be touched there. Any thread may run it.
+std::atomic<int> writeEnd = -1;
+static_assert(std::atomic<int>::is_always_lock_free);
 std::atomic<std::int64_t> firstMilliseconds;
 std::atomic<std::int64_t> doubledMilliseconds;
 static_assert(std::atomic<std::int64_t>::is_always_lock_free);
@@ -64,6 +65,9 @@ TerminationSignals::TerminationSignals(std::function<void()> onTerminate,
     m_notifier = std::make_unique<QSocketNotifier>(m_pipe[0], QSocketNotifier::Read);
     QObject::connect(m_notifier.get(), &QSocketNotifier::activated, m_notifier.get(), [this] {
         m_notifier->setEnabled(false);
+        // What the handler does in another thread ends before the pipe is closed.
+        char byte = 0;
+        [[maybe_unused]] const auto count = ::read(m_pipe[0], &byte, 1);
         m_onTerminate();
     });
     writeEnd = m_pipe[1];

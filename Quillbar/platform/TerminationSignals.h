@@ -11,14 +11,14 @@
 
 namespace quillbar {
 
-/// Turns SIGINT and SIGTERM into one call on the main thread, and ignores SIGPIPE: a closed pipe is
-/// told by the write that fails. One at a time per process; the destructor restores the defaults.
+/// Turns SIGINT and SIGTERM into one call on the main thread. Ignores SIGPIPE: a write to a closed
+/// pipe fails instead. One at a time per process; the destructor restores the defaults.
 ///
-/// Who is not obeyed and asks again ends the process by the signal's default action.
+/// If the process does not end, a second signal ends it by its default action.
 class TerminationSignals final {
 public:
-    /// A signal that comes within `doubled` of the first is one with it: timeout(1) sends one to the
-    /// program and one to its group.
+    /// A signal within `doubled` after the first counts as the same one, because timeout(1) sends
+    /// one to the program and one to its group.
     explicit TerminationSignals(std::function<void()> onTerminate,
                                 std::chrono::milliseconds doubled = std::chrono::milliseconds{500});
     TerminationSignals(const TerminationSignals&) = delete;

@@ -11,7 +11,8 @@ namespace quillbar::ChineseFont {
 
 namespace {
 
-// A font that is not complete enough to call itself Chinese may still have what the panel says.
+// A font that is not complete enough to be marked as Chinese may still have all characters of the
+// panel.
 bool canShow(const QString& text) {
     const QFontMetrics metrics(QGuiApplication::font());
     for (const QChar character : text) {

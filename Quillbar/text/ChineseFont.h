@@ -4,9 +4,9 @@
 
 namespace quillbar::ChineseFont {
 
-/// Whether some installed font can show the panel's Chinese texts. Asks the list of fonts, and loads
-/// fonts only where none there says that it is for Simplified Chinese. Needs a QGuiApplication; for
-/// the main thread.
+/// Whether some installed font can show the panel's Chinese texts. Reads the list of fonts. It
+/// loads fonts only if none in the list is marked as one for Simplified Chinese. Needs a
+/// QGuiApplication; for the main thread.
 [[nodiscard]] bool isInstalled();
 
 }  // namespace quillbar::ChineseFont

@@ -5,7 +5,7 @@
 #include <QFont>
 #include <QString>
 
-/// One line that grows smaller before it loses letters.
+/// One line of text, which is written smaller before it is elided.
 namespace quillbar::FittedText {
 
 struct Fit final {

@@ -2,30 +2,12 @@
 // SPDX-License-Identifier: MIT
 #include "Quillbar/text/OneLineText.h"
 
-#include <QChar>
+#include "QuillbarCore/runtime/OutsideText.h"
 
 namespace quillbar::OneLineText {
 
 QString of(std::string_view text) {
-    const QString all = QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
-    QString line;
-    line.reserve(all.size());
-    // Some of the invisible characters take two units.
-    for (const char32_t character : all.toStdU32String()) {
-        switch (QChar::category(character)) {
-        case QChar::Other_Format:
-            break;
-        case QChar::Other_Control:
-        case QChar::Separator_Line:
-        case QChar::Separator_Paragraph:
-            line += u' ';
-            break;
-        default:
-            line += QChar::fromUcs4(character);
-            break;
-        }
-    }
-    return line;
+    return QString::fromStdString(OutsideText::oneLine(text));
 }
 
 }  // namespace quillbar::OneLineText

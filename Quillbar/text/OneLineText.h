@@ -6,7 +6,8 @@
 
 #include <string_view>
 
-/// Texts from outside, such as a base asset in a file that the user may edit, made fit to be shown.
+/// Makes texts from outside, such as a base asset in a file, safe to be shown. The rule is
+/// `OutsideText::oneLine`; this is its result for a view.
 namespace quillbar::OneLineText {
 
 /// The UTF-8 text on one line: a space for each control character and each end of a line, and

@@ -2,9 +2,12 @@
 // SPDX-License-Identifier: MIT
 #include "Quillbar/text/SystemFont.h"
 
+#include "Quillbar/text/FontWeights.h"
+
 #include <QFontDatabase>
 #include <QFontInfo>
 #include <QGuiApplication>
+#include <QList>
 #include <QScreen>
 #include <QString>
 #include <QStringList>
@@ -56,6 +59,27 @@ const QStringList& installedChineseFamilies() {
     return installed;
 }
 
+/// Whether the family has the shapes of mainland China, and so can write everything by itself.
+bool writesChinese(const QString& family) {
+    return installedChineseFamilies().contains(family)
+           || QFontDatabase::writingSystems(family).contains(QFontDatabase::SimplifiedChinese);
+}
+
+/// The weights that the family is installed in. The last answer is kept: nearly always one family is
+/// asked for.
+const QList<int>& weightsOf(const QString& family) {
+    static QString asked;
+    static QList<int> weights;
+    if (family != asked) {
+        asked = family;
+        weights.clear();
+        for (const QString& style : QFontDatabase::styles(family)) {
+            weights.append(QFontDatabase::weight(family, style));
+        }
+    }
+    return weights;
+}
+
 }  // namespace
 
 QFont systemFont(double points, QFont::Weight weight) {
@@ -66,7 +90,7 @@ QFont systemFont(double points, QFont::Weight weight) {
         screen != nullptr ? screen->logicalDotsPerInchY() : kUsualPixelsPerInch;
     QFont font = withChineseFamilies(QGuiApplication::font());
     font.setPointSizeF(points * kTypographicPointsPerInch / resolution);
-    font.setWeight(weight);
+    font.setWeight(FontWeights::closest(weight, weightsOf(font.families().value(0))));
     return font;
 }
 
@@ -80,12 +104,14 @@ QFont withChineseFamilies(QFont font) {
         if (!installedChineseFamilies().isEmpty() && !answer.isEmpty()) {
             // By its real name: of several families Qt takes the first that it knows, and passes
             // over those that stand for others, like "Sans Serif".
-            answer.front() = inMainlandShapes(QFontInfo(font).family());
-            for (const QString& family : installedChineseFamilies()) {
-                if (!answer.contains(family)) {
-                    answer.append(family);
-                }
+            const QString own = inMainlandShapes(QFontInfo(font).family());
+            answer.front() = own;
+            if (!writesChinese(own)) {
+                answer = installedChineseFamilies() + answer;
+            } else {
+                answer += installedChineseFamilies();
             }
+            answer.removeDuplicates();
         }
     }
     font.setFamilies(answer);

@@ -8,11 +8,11 @@
 
 class QPainter;
 
-/// Text whose digits all take the same width, whatever the font: numbers stand still while they
-/// change, and columns align. Qt 6.4 cannot ask a font for its tabular figures.
+/// Text whose digits all have the same width in every font, so that changing numbers do not move
+/// and columns align. Qt 6.4 cannot use the tabular figures of a font.
 namespace quillbar::TabularText {
 
-/// The width of the text in points. The same for all texts that differ in their digits alone.
+/// The width of the text in points. Texts that differ only in their digits have the same width.
 [[nodiscard]] double width(const QString& text, const QFont& font);
 
 /// Draws one line in the painter's pen. `alignment` is one of the horizontal and one of the vertical

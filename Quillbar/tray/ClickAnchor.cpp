@@ -8,18 +8,19 @@ QPoint logicalPosition(QPoint native, QPoint origin, double ratio) {
     return origin + (native - origin) / ratio;
 }
 
-QPoint clickAnchor(QPoint reported,
-                   bool reportedInBar,
-                   QPoint pointer,
-                   PointerPosition trust,
-                   TrayHost::ClickPosition host) {
-    // Some hosts report the item's corner, which may be as far away as a wide item is long.
+std::optional<QPoint> clickAnchor(QPoint reported,
+                                  bool reportedInBar,
+                                  QPoint pointer,
+                                  PointerPosition trust,
+                                  TrayHost::ClickPosition host) {
+    // Some hosts report the item's corner, which is far from the pointer if the item is wide.
     constexpr int kFar = 200;
-    if (host == TrayHost::ClickPosition::unusable) {
-        return pointer;
-    }
+    const bool isReportUsable = host == TrayHost::ClickPosition::onScreen;
     if (trust == PointerPosition::outdated) {
-        return reported;
+        return isReportUsable ? std::optional(reported) : std::nullopt;
+    }
+    if (!isReportUsable) {
+        return pointer;
     }
     const bool isFar = (pointer - reported).manhattanLength() > kFar;
     return isFar && reportedInBar ? reported : pointer;

@@ -6,25 +6,28 @@
 
 #include <QPoint>
 
+#include <optional>
+
 namespace quillbar {
 
-/// Whether the pointer's position, as the window system tells it, is that of this moment. Under
-/// Wayland it stands still while the pointer is over other programs' windows.
+/// Whether the position of the pointer that the window system tells is up to date. Under Wayland it
+/// does not change while the pointer is over windows of other programs.
 enum class PointerPosition { current, outdated };
 
-/// Where a position in the pixels of a screen, as hosts under X11 tell it, is in logical pixels, the
-/// unit of the pointer's position and of windows. The screen's corner `origin` is the same in both;
-/// `ratio` is how many of its pixels one logical pixel has. Pure.
+/// Converts a position from the pixels of a screen, which hosts under X11 report, to logical
+/// pixels, the unit of the pointer's position and of windows. The screen's corner `origin` is the
+/// same in both. `ratio` is the number of device pixels for each logical pixel. Pure.
 [[nodiscard]] QPoint logicalPosition(QPoint native, QPoint origin, double ratio);
 
-/// Where on the screen a click on the status item was: what the panel opens beside. The pointer's
-/// position is better than the one `reported` by the host, where both may be trusted, but for a host
-/// that was told by the keyboard: then the pointer is far from it. `reportedInBar` says whether the
-/// reported position lies on a screen and outside of its work area. All are in logical pixels. Pure.
-[[nodiscard]] QPoint clickAnchor(QPoint reported,
-                                 bool reportedInBar,
-                                 QPoint pointer,
-                                 PointerPosition trust,
-                                 TrayHost::ClickPosition host);
+/// Where on the screen a click on the status item was: the panel opens beside it. If both positions
+/// can be trusted, the pointer's is better than the one that the host has `reported`, except when
+/// the item was activated by the keyboard: the pointer is far away then. Absent if neither can be
+/// trusted. `reportedInBar` says whether the reported position is on a screen but outside of its
+/// work area. All positions are in logical pixels. Pure.
+[[nodiscard]] std::optional<QPoint> clickAnchor(QPoint reported,
+                                                bool reportedInBar,
+                                                QPoint pointer,
+                                                PointerPosition trust,
+                                                TrayHost::ClickPosition host);
 
 }  // namespace quillbar

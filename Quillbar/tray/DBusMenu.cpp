@@ -3,6 +3,7 @@
 #include "Quillbar/tray/DBusMenu.h"
 
 #include <QDBusError>
+#include <QHash>
 
 #include <utility>
 
@@ -29,6 +30,21 @@ void collectIds(const std::vector<MenuEntry>& entries, QList<int>& ids) {
     }
 }
 
+/// The values without repetitions, in the order of their first places. A call may name the same
+/// entry a million times, and the answer must not be much longer than the call.
+template <class Value>
+QList<Value> withoutRepeats(const QList<Value>& values) {
+    QSet<Value> seen;
+    QList<Value> result;
+    for (const Value& value : values) {
+        if (!seen.contains(value)) {
+            seen.insert(value);
+            result.append(value);
+        }
+    }
+    return result;
+}
+
 const QString kChildrenDisplay = QStringLiteral("children-display");
 const QString kSubmenu = QStringLiteral("submenu");
 
@@ -38,7 +54,7 @@ QVariantMap propertiesOf(const MenuEntry& entry) {
         properties.insert(QStringLiteral("type"), QStringLiteral("separator"));
         return properties;
     }
-    // A single underscore would mark a mnemonic.
+    // A single underscore marks a mnemonic.
     QString label = entry.label;
     properties.insert(QStringLiteral("label"), label.replace(u'_', QStringLiteral("__")));
     properties.insert(QStringLiteral("enabled"), entry.isUsable());
@@ -74,7 +90,7 @@ void collectChanges(const MenuEntry& before, const MenuEntry& after, PropertyCha
     }
 }
 
-/// What differs in the entries that are also in the whole menu as it was before.
+/// The differences in those entries that were in the menu before.
 void collectChanges(const std::vector<MenuEntry>& before,
                     const std::vector<MenuEntry>& entries,
                     PropertyChanges& changes) {
@@ -116,7 +132,7 @@ bool DBusMenu::isKnown(int id) const {
     return id == kRoot || find(m_entries, id) != nullptr;
 }
 
-QVariantMap DBusMenu::propertiesOf(int id, const QStringList& names) const {
+QVariantMap DBusMenu::propertiesOf(int id, const QSet<QString>& names) const {
     const MenuEntry* const entry = find(m_entries, id);
     QVariantMap properties = entry != nullptr ? quillbar::propertiesOf(*entry)
                                               : QVariantMap{{kChildrenDisplay, kSubmenu}};
@@ -127,13 +143,13 @@ QVariantMap DBusMenu::propertiesOf(int id, const QStringList& names) const {
     return properties;
 }
 
-MenuLayout DBusMenu::layoutOf(int id, int depth, const QStringList& names) const {
+MenuLayout DBusMenu::layoutOf(int id, int depth, const QSet<QString>& names) const {
     MenuLayout layout{id, propertiesOf(id, names)};
     if (depth == 0) {
         return layout;
     }
     const MenuEntry* const entry = find(m_entries, id);
-    // Below zero it has no end.
+    // A negative depth has no limit.
     const int rest = depth < 0 ? depth : depth - 1;
     for (const MenuEntry& child : entry != nullptr ? entry->children : m_entries) {
         layout.children.append(QDBusVariant(QVariant::fromValue(layoutOf(child.id, rest, names))));
@@ -156,8 +172,12 @@ void DBusMenu::refuse(int id) {
 
 void DBusMenu::handle(int id, const QString& type) {
     if (id == kRoot) {
-        if (type == QStringLiteral("opened")) {
+        const bool isOpen = type == QStringLiteral("opened");
+        if (isOpen) {
             m_handlers.shown();
+        }
+        if (m_handlers.openChanged && (isOpen || type == QStringLiteral("closed"))) {
+            m_handlers.openChanged(isOpen);
         }
         return;
     }
@@ -173,20 +193,21 @@ uint DBusMenu::GetLayout(int parentId, int depth, const QStringList& names, Menu
         refuse(parentId);
         return m_revision;
     }
-    layout = layoutOf(parentId, depth, names);
+    layout = layoutOf(parentId, depth, QSet<QString>(names.begin(), names.end()));
     return m_revision;
 }
 
 QList<MenuProperties> DBusMenu::GetGroupProperties(const QList<int>& ids,
                                                    const QStringList& names) {
-    QList<int> wanted = ids;
+    QList<int> wanted = withoutRepeats(ids);
     if (wanted.isEmpty()) {
         collectIds(m_entries, wanted);
     }
+    const QSet<QString> wantedNames(names.begin(), names.end());
     QList<MenuProperties> result;
     for (const int id : wanted) {
         if (isKnown(id)) {
-            result.append(MenuProperties{id, propertiesOf(id, names)});
+            result.append(MenuProperties{id, propertiesOf(id, wantedNames)});
         }
     }
     return result;
@@ -213,15 +234,19 @@ void DBusMenu::Event(int id,
 }
 
 QList<int> DBusMenu::EventGroup(const QList<MenuEvent>& events) {
-    QList<int> unknown;
+    QList<std::pair<int, QString>> what;
     for (const MenuEvent& event : events) {
-        if (isKnown(event.id)) {
-            handle(event.id, event.type);
+        what.append({event.id, event.type});
+    }
+    QList<int> unknown;
+    for (const auto& [id, type] : withoutRepeats(what)) {
+        if (isKnown(id)) {
+            handle(id, type);
         } else {
-            unknown.append(event.id);
+            unknown.append(id);
         }
     }
-    return unknown;
+    return withoutRepeats(unknown);
 }
 
 bool DBusMenu::AboutToShow(int id) {
@@ -233,7 +258,7 @@ bool DBusMenu::AboutToShow(int id) {
 
 QList<int> DBusMenu::AboutToShowGroup(const QList<int>& ids, QList<int>& idErrors) {
     QList<int> changed;
-    for (const int id : ids) {
+    for (const int id : withoutRepeats(ids)) {
         if (!isKnown(id)) {
             idErrors.append(id);
         } else if (id == kRoot && changesWhenShown()) {

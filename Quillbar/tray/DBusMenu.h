@@ -2,13 +2,14 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "Quillbar/tray/MenuEntry.h"
 #include "Quillbar/tray/MenuMessages.h"
+#include "Quillbar/widgets/MenuEntry.h"
 
 #include <QDBusContext>
 #include <QDBusVariant>
 #include <QList>
 #include <QObject>
+#include <QSet>
 #include <QString>
 #include <QStringList>
 #include <QVariantMap>
@@ -18,11 +19,12 @@
 
 namespace quillbar {
 
-/// A menu that tray hosts read and show, com.canonical.dbusmenu. Exported by whoever makes it, at
-/// `kPath`, with all properties and the scriptable slots and signals.
+/// A menu that tray hosts read and show, com.canonical.dbusmenu. Its owner exports it at `kPath`,
+/// with all properties and the scriptable slots and signals.
 ///
-/// The names of the properties, methods and signals are the protocol's. A question about an entry
-/// that is not in the menu is answered with an error, but where many are asked about at once.
+/// The names of the properties, methods and signals are the protocol's. A call about an entry that
+/// is not in the menu is answered with an error, except in calls about several entries. In those,
+/// an entry that is named several times counts once.
 class DBusMenu final : public QObject,
                        protected QDBusContext {
     Q_OBJECT
@@ -33,12 +35,15 @@ class DBusMenu final : public QObject,
     Q_PROPERTY(QStringList IconThemePath READ iconThemePath)
 
 public:
-    /// What the user does. Both are set.
+    /// Called for what the user does. `shown` and `clicked` are set.
     struct Handlers final {
-        /// The menu is about to be shown, or just was. Perhaps several times. May set the entries.
+        /// The menu is about to be shown, or was shown just now. May be called several times. It
+        /// may set the entries.
         std::function<void()> shown;
         /// An enabled action was clicked.
         std::function<void(int id)> clicked;
+        /// The host has opened or closed its menu. Not every host reports it.
+        std::function<void(bool isOpen)> openChanged = nullptr;
     };
 
     static inline const QString kPath = QStringLiteral("/MenuBar");
@@ -47,9 +52,9 @@ public:
 
     explicit DBusMenu(Handlers handlers);
 
-    /// Tells the hosts, unless the menu stays as it is: of the properties that have changed, of the
-    /// entries that stay, and of the layout, because not every host listens to the former, nor does
-    /// every host ask again for the properties of an entry that it knows.
+    /// If the menu has changed, signals to the hosts the changed properties of the entries that
+    /// stay, and the layout. Both are needed: some hosts ignore the first signal, and some do not
+    /// read the properties of a known entry again after the second.
     void setEntries(const std::vector<MenuEntry>& entries);
 
     [[nodiscard]] uint version() const;
@@ -64,7 +69,7 @@ public:
                                        int depth,
                                        const QStringList& names,
                                        quillbar::MenuLayout& layout);
-    /// Of every entry when none is named.
+    /// Returns all entries when none is named.
     Q_SCRIPTABLE Q_SLOT QList<quillbar::MenuProperties> GetGroupProperties(
         const QList<int>& ids,
         const QStringList& names);
@@ -81,7 +86,7 @@ public:
     Q_SCRIPTABLE Q_SLOT QList<int> AboutToShowGroup(const QList<int>& ids, QList<int>& idErrors);
 
     Q_SCRIPTABLE Q_SIGNAL void LayoutUpdated(uint revision, int parent);
-    /// Of each entry only what has another value, and what it has no longer.
+    /// For each entry only the properties that have another value, and those that it has no longer.
     Q_SCRIPTABLE Q_SIGNAL void ItemsPropertiesUpdated(
         const QList<quillbar::MenuProperties>& updated,
         const QList<quillbar::MenuPropertyNames>& removed);
@@ -91,8 +96,9 @@ private:
     [[nodiscard]] bool isKnown(int id) const;
     /// Whether showing the menu changes it.
     bool changesWhenShown();
-    [[nodiscard]] QVariantMap propertiesOf(int id, const QStringList& names) const;
-    [[nodiscard]] MenuLayout layoutOf(int id, int depth, const QStringList& names) const;
+    // Returns all properties when none is named.
+    [[nodiscard]] QVariantMap propertiesOf(int id, const QSet<QString>& names) const;
+    [[nodiscard]] MenuLayout layoutOf(int id, int depth, const QSet<QString>& names) const;
     void refuse(int id);
     void handle(int id, const QString& type);
 

@@ -3,26 +3,25 @@
 #include "Quillbar/tray/LabelFace.h"
 
 #include "Quillbar/labelstate/ConnectionName.h"
+#include "Quillbar/text/AgeText.h"
 #include "Quillbar/text/OneLineText.h"
+#include "Quillbar/text/PinHint.h"
 #include "Quillbar/tray/ShortNumbers.h"
+#include "QuillbarCore/model/PriceFormatter.h"
 
-#include <QDateTime>
 #include <QStringList>
 
-#include <chrono>
+#include <algorithm>
+#include <string_view>
 
 namespace quillbar {
 
 namespace {
 
-constexpr Seconds kMinute{60};
-constexpr Seconds kHour{3600};
-constexpr Seconds kDay{86400};
-
 constexpr qsizetype kLongestText = 64;
 
-// A long base asset is cut in the middle of the label: the price behind it stays. Never between the
-// halves of a character.
+// If a base asset is long, the label is cut in its middle, so that the price at the end stays. It
+// is never cut between the halves of a character.
 QString shortened(const QString& text) {
     if (text.size() <= kLongestText) {
         return text;
@@ -38,34 +37,51 @@ QString shortened(const QString& text) {
     return head + u'…' + tail;
 }
 
-QString localTime(TimePoint instant, const QString& format) {
-    const auto sinceEpoch =
-        std::chrono::floor<std::chrono::milliseconds>(instant.time_since_epoch());
-    return QDateTime::fromMSecsSinceEpoch(sinceEpoch.count()).toString(format);
+// The age of the stream's last price, and before it the age of the pinned coin's own price. That
+// may be older, because some coins get no prices while others do.
+QStringList agesOf(const LabelSnapshot& snapshot, TimePoint now) {
+    if (!snapshot.lastUpdate) {
+        return {QStringLiteral("尚无数据")};
+    }
+    const QString age = AgeText::of(*snapshot.lastUpdate, now);
+    const auto& own = snapshot.coinUpdate;
+    const bool isBehind =
+        own && now - *own >= AgeText::kLive && *snapshot.lastUpdate - *own >= AgeText::kLive;
+    if (!snapshot.quote.coin || (snapshot.quote.ticker && !isBehind)) {
+        return {age};
+    }
+    const QString coin = shortened(OneLineText::of(snapshot.quote.coin->baseAsset));
+    const QString ownAge =
+        snapshot.quote.ticker ? AgeText::of(*own, now) : QStringLiteral("尚无数据");
+    return {QStringLiteral("%1 的价格 %2").arg(coin, ownAge),
+            QStringLiteral("其他行情 %1").arg(age)};
 }
 
-QString ageText(Seconds age, TimePoint update) {
-    if (age < kMinute) {
-        return QStringLiteral("刚刚更新");
-    }
-    const auto ago = [age](Seconds unit) { return static_cast<qint64>(age / unit); };
-    const QString time = localTime(update, QStringLiteral("HH:mm:ss"));
-    if (age < kHour) {
-        return QStringLiteral("%1 分钟前更新 (%2)").arg(ago(kMinute)).arg(time);
-    }
-    if (age < kDay) {
-        return QStringLiteral("%1 小时前更新 (%2)").arg(ago(kHour)).arg(time);
-    }
-    const QString date = localTime(update, QStringLiteral("yyyy-MM-dd"));
-    return QStringLiteral("%1 天前更新 (%2 %3)").arg(ago(kDay)).arg(date, time);
+// Nobody would call a connection sound over which no prices come.
+std::string_view connectionOf(const LabelSnapshot& snapshot, TimePoint now) {
+    const ConnectionState connection = snapshot.visibleConnection();
+    const bool isSilent = connection == ConnectionState::connected && snapshot.lastUpdate
+                          && now - *snapshot.lastUpdate >= AgeText::kLive;
+    return isSilent ? kSilentConnectionName : displayName(connection);
+}
+
+// Replaces each digit by the widest one.
+QString withWideDigits(QString text) {
+    std::replace_if(
+        text.begin(),
+        text.end(),
+        [](QChar character) { return character >= u'0' && character <= u'9'; },
+        QChar(u'8'));
+    return text;
 }
 
 QString detailsOf(const LabelSnapshot& snapshot, TimePoint now) {
     QStringList lines;
-    lines << (snapshot.lastUpdate ? ageText(now - *snapshot.lastUpdate, *snapshot.lastUpdate)
-                                  : QStringLiteral("尚无数据"));
-    const std::string_view connection = displayName(snapshot.visibleConnection());
-    lines << QString::fromUtf8(connection.data(), static_cast<qsizetype>(connection.size()));
+    if (!snapshot.quote.coin) {
+        lines << pinHint();
+    }
+    lines << agesOf(snapshot, now);
+    lines << QString::fromUtf8(connectionOf(snapshot, now));
     if (snapshot.failure) {
         lines << OneLineText::of(*snapshot.failure);
     }
@@ -73,17 +89,6 @@ QString detailsOf(const LabelSnapshot& snapshot, TimePoint now) {
         lines << OneLineText::of(*snapshot.lastError);
     }
     return lines.join(u'\n');
-}
-
-LabelDirection directionOf(const LabelSnapshot& snapshot) {
-    if (snapshot.isStale) {
-        return LabelDirection::stale;
-    }
-    const double change = snapshot.changePercent.value_or(0);
-    if (change > 0) {
-        return LabelDirection::up;
-    }
-    return change < 0 ? LabelDirection::down : LabelDirection::flat;
 }
 
 }  // namespace
@@ -94,19 +99,33 @@ LabelFace LabelFace::of(const LabelSnapshot& snapshot, TimePoint now) {
     if (const QString text = shortened(OneLineText::of(snapshot.text)); !text.trimmed().isEmpty()) {
         face.text = text;
     }
-    if (snapshot.coin) {
-        face.symbol = shortened(OneLineText::of(snapshot.coin->baseAsset));
+    const PinnedQuote& quote = snapshot.quote;
+    if (quote.coin) {
+        face.symbol = shortened(OneLineText::of(quote.coin->baseAsset));
     }
-    if (snapshot.showsPrice()) {
-        face.shortPrice = QString::fromStdString(ShortNumbers::price(snapshot.ticker->lastPrice));
-        if (snapshot.changePercent) {
-            face.shortChange =
-                QString::fromStdString(ShortNumbers::change(*snapshot.changePercent));
+    if (quote.showsPrice()) {
+        face.shortPrice = QString::fromStdString(ShortNumbers::price(quote.ticker->lastPrice));
+        if (const auto& percent = quote.changePercent) {
+            face.shortChange = QString::fromStdString(ShortNumbers::change(*percent));
+            face.change = QString::fromStdString(PriceFormatter::menuBarChange(percent));
         }
     }
-    face.direction = directionOf(snapshot);
+    // If the text was cut within the change, there is no arrow.
+    if (!face.text.endsWith(face.change)) {
+        face.change.clear();
+    }
+    face.direction = quote.direction();
     face.details = detailsOf(snapshot, now);
     return face;
+}
+
+QString LabelFace::guide() const {
+    if (change.isEmpty()) {
+        return withWideDigits(text);
+    }
+    // An arrow is wider than the point for no change, and a digit is wider than a space.
+    const QString number = change.mid(1).replace(u' ', u'8');
+    return withWideDigits(text.chopped(change.size())) + u'▲' + withWideDigits(number);
 }
 
 }  // namespace quillbar

@@ -9,40 +9,37 @@
 
 namespace quillbar {
 
-/// Which way the change beside the price points.
-enum class LabelDirection {
-    up,
-    down,
-    flat,
-    /// No price is shown, or the one shown must not be taken for live.
-    stale,
-};
-
 /// Everything that the status item shows, ready to be drawn or sent. A plain value: two that are
-/// equal look the same. Every text is a `OneLineText`, but for the line feeds of `details`.
+/// equal look the same. Every text is a `OneLineText`, except that `details` has line feeds.
 struct LabelFace final {
-    /// The whole label, "BTC 67,234.50 ▲ 1.23%". Never empty; at most 64 characters, of a longer
-    /// one the ends.
+    /// The whole label, "BTC 67,234.50 ▲ 1.23%". Never empty, and at most 64 characters: a longer
+    /// one is cut in the middle.
     QString text = QStringLiteral("Quillbar");
-    /// The pinned coin's base asset; empty when none is pinned. As short as the label.
+    /// The change with its arrow at the end of `text`, "▲ 1.23%"; empty when it shows none.
+    QString change;
+    /// The pinned coin's base asset, with the same limit; empty when none is pinned.
     QString symbol;
-    /// The price in at most five characters, "67.2k"; empty when the label shows none.
+    /// The price in at most six characters, "67.2k", "0.0₄18"; empty when the label shows none.
     QString shortPrice;
     /// The change in at most five characters, "+1.2%"; empty when none is known, or no price shown.
     QString shortChange;
     LabelDirection direction = LabelDirection::stale;
-    /// What a tooltip says below the text, as plain lines: how old the data is, what the connection
-    /// does and why it is down, and what is wrong beside that.
+    /// The lines of a tooltip below the text: how to pin a coin if none is pinned, how old the data
+    /// are, the state of the connection and why it is down, and other errors.
     QString details;
 
     [[nodiscard]] bool operator==(const LabelFace&) const = default;
 
+    /// A text that is as wide as `text` can get while only its digits and its direction change and
+    /// the change stays below 100 percent. For hosts that reserve this width.
+    [[nodiscard]] QString guide() const;
+
     /// The face of `snapshot` at the instant `now`. Pure, but for the time zone of the update's
     /// time of day.
     ///
-    /// The age of the data counts in minutes, then hours, then days: the tooltip does not change
-    /// with every second. A face made at each change of the snapshot, and once a minute beside that,
-    /// is never wrong for longer than a minute.
+    /// The age of the data is in minutes, then hours, then days, so the tooltip does not change
+    /// each second. If a face is made at each change of the snapshot and once a minute, it is never
+    /// wrong for longer than a minute.
     [[nodiscard]] static LabelFace of(const LabelSnapshot& snapshot, TimePoint now);
 };
 

@@ -27,34 +27,25 @@ constexpr QChar kFlatMark(u'·');
 /// The height in pixels that the measures of this file are for.
 constexpr double kDesignHeight = 22;
 
-struct BarColors {
-    QColor text;
-    QColor up;
-    QColor down;
-};
+// Stronger than the colours of the panel, because a line of a few pixels is mostly edges.
+constexpr QColor kTextColor(255, 255, 255);
+constexpr QColor kUpColor(84, 230, 160);
+constexpr QColor kDownColor(255, 128, 128);
 
-// Stronger than the panel's: a line of a few pixels is mostly edges.
-BarColors colorsOn(BarShade shade) {
-    if (shade == BarShade::light) {
-        return {QColor(20, 20, 22), QColor(0, 112, 60), QColor(190, 20, 20)};
-    }
-    return {QColor(255, 255, 255), QColor(84, 230, 160), QColor(255, 128, 128)};
-}
-
-QColor changeColor(LabelDirection direction, const BarColors& colors) {
+QColor changeColor(LabelDirection direction) {
     switch (direction) {
     case LabelDirection::up:
-        return colors.up;
+        return kUpColor;
     case LabelDirection::down:
-        return colors.down;
+        return kDownColor;
     case LabelDirection::flat:
     case LabelDirection::stale:
         break;
     }
-    return colors.text;
+    return kTextColor;
 }
 
-// Data that is not live is paler as a whole.
+// Data that are not live are drawn paler.
 double opacityOf(LabelDirection direction) {
     constexpr double kStaleOpacity = 0.65;
     return direction == LabelDirection::stale ? kStaleOpacity : 1;
@@ -64,24 +55,22 @@ QFont fontOfPixels(double pixels) {
     QFont font = QGuiApplication::font();
     font.setPixelSize(std::max(1, static_cast<int>(std::lround(pixels))));
     font.setWeight(QFont::Medium);
-    // Subpixel colours would be wrong on whatever lies behind the picture.
+    // The colours of subpixels would be wrong on a background that is not known.
     font.setStyleStrategy(QFont::NoSubpixelAntialias);
     return font;
 }
 
-// The whole text in three pieces, of which the mark takes the same width in every direction.
+// The whole text in three pieces. The arrow takes the same width in every direction, and so does
+// the number behind it with one digit before its point or with two.
 struct WideText {
     QString lead;
     QString mark;
     QString change;
 
-    explicit WideText(const QString& text) {
-        const qsizetype at = std::max(
-            {text.lastIndexOf(kUpMark), text.lastIndexOf(kDownMark), text.lastIndexOf(kFlatMark)});
-        lead = at < 0 ? text : text.left(at);
-        mark = at < 0 ? QString() : text.mid(at, 1);
-        change = at < 0 ? QString() : text.mid(at + 1);
-    }
+    explicit WideText(const LabelPicture& picture)
+        : lead(picture.upper.chopped(picture.lower.size()))
+        , mark(picture.lower.left(1))
+        , change(picture.lower.mid(1).trimmed()) {}
 
     [[nodiscard]] double markSlot(const QFont& font) const {
         if (mark.isEmpty()) {
@@ -93,22 +82,30 @@ struct WideText {
                          metrics.horizontalAdvance(kFlatMark)});
     }
 
+    [[nodiscard]] double changeSlot(const QFont& font) const {
+        if (change.isEmpty()) {
+            return 0;
+        }
+        return std::max(TabularText::width(change, font),
+                        TabularText::width(QStringLiteral("00.00%"), font));
+    }
+
     [[nodiscard]] double width(const QFont& font) const {
-        return TabularText::width(lead, font) + markSlot(font) + TabularText::width(change, font);
+        return TabularText::width(lead, font) + markSlot(font) + changeSlot(font);
     }
 };
 
-QImage blank(int width, int height, BarShade shade) {
+QImage blank(int width, int height, PictureGround ground) {
     QImage image(width, height, QImage::Format_ARGB32_Premultiplied);
     image.fill(Qt::transparent);
-    if (shade == BarShade::unknown) {
+    if (ground == PictureGround::own) {
         constexpr double kCornerRadius = 4;
-        const QColor ground(24, 24, 28, 225);
+        const QColor color(24, 24, 28, 225);
         const double radius = kCornerRadius * height / kDesignHeight;
         QPainter painter(&image);
         painter.setRenderHint(QPainter::Antialiasing);
         painter.setPen(Qt::NoPen);
-        painter.setBrush(ground);
+        painter.setBrush(color);
         painter.drawRoundedRect(QRectF(image.rect()), radius, radius);
     }
     return image;
@@ -119,13 +116,12 @@ QImage drawnWide(const LabelPicture& picture, int height) {
     constexpr double kMargin = 4;
     const double scale = height / kDesignHeight;
     const QFont font = fontOfPixels(kPixels * scale);
-    const WideText text(picture.upper);
+    const WideText text(picture);
     const double margin = kMargin * scale;
     const int width = static_cast<int>(std::ceil(text.width(font) + 2 * margin));
-    QImage image = blank(width, height, picture.shade);
+    QImage image = blank(width, height, picture.ground);
     QPainter painter(&image);
     painter.setOpacity(opacityOf(picture.direction));
-    const BarColors colors = colorsOn(picture.shade);
     QRectF rest = QRectF(image.rect()).adjusted(margin, 0, 0, 0);
     const auto draw = [&](const QString& piece, Qt::Alignment side, double slot) {
         QRectF place = rest;
@@ -133,12 +129,17 @@ QImage drawnWide(const LabelPicture& picture, int height) {
         TabularText::draw(painter, place, side | Qt::AlignVCenter, piece, font);
         rest.setLeft(place.right());
     };
-    painter.setPen(colors.text);
+    painter.setPen(kTextColor);
     draw(text.lead, Qt::AlignLeft, TabularText::width(text.lead, font));
-    painter.setPen(changeColor(picture.direction, colors));
+    painter.setPen(changeColor(picture.direction));
     draw(text.mark, Qt::AlignHCenter, text.markSlot(font));
-    draw(text.change, Qt::AlignLeft, TabularText::width(text.change, font));
+    draw(text.change, Qt::AlignRight, text.changeSlot(font));
     return image;
+}
+
+// The columns that stay free at both sides of a square, because hosts cut corners and scale.
+int insetOf(int height) {
+    return std::max(1, static_cast<int>(std::lround(height / kDesignHeight)));
 }
 
 // As large as the square allows, and narrower where that is too wide.
@@ -146,47 +147,79 @@ QFont fittedFont(const QString& text, double pixels, double width) {
     constexpr double kNormalStretch = 100;
     QFont font = fontOfPixels(pixels);
     const double natural = TabularText::width(text, font);
-    if (natural > width) {
-        font.setStretch(std::max(1, static_cast<int>(kNormalStretch * width / natural)));
+    if (natural <= width) {
+        return font;
+    }
+    // A font rounds its widths.
+    for (int stretch = static_cast<int>(kNormalStretch * width / natural); stretch > 0; --stretch) {
+        font.setStretch(stretch);
+        if (TabularText::width(text, font) <= width) {
+            break;
+        }
     }
     return font;
 }
 
+// Digits of whole pixels are sharper than an outline font. They are used if two lines of them have
+// room and are large enough.
+bool isDrawnInPixels(int height) {
+    constexpr int kSmallest = 20;
+    constexpr int kTooLarge = 32;
+    return height >= kSmallest && height < kTooLarge;
+}
+
+// Draws the text twice, because strokes thinner than a pixel are too pale to read.
+void drawStrongly(QPainter& painter,
+                  const QSize& size,
+                  const QRectF& place,
+                  const QString& line,
+                  const QFont& font) {
+    QImage layer(size, QImage::Format_ARGB32_Premultiplied);
+    layer.fill(Qt::transparent);
+    {
+        QPainter onLayer(&layer);
+        onLayer.setPen(painter.pen());
+        for (int i = 0; i < 2; ++i) {
+            TabularText::draw(onLayer, place, Qt::AlignHCenter | Qt::AlignTop, line, font);
+        }
+    }
+    painter.drawImage(0, 0, layer);
+}
+
 // Draws one line of a square so that it stands on the baseline, given in design pixels.
-void drawLine(QPainter& painter, const QString& line, int baseline, int height) {
+void drawLine(QPainter& painter, const QString& line, int designBaseline, int height) {
     constexpr double kPixels = 11;
-    if (height == kDesignHeight) {
-        const std::optional<int> width = PixelText::width(line);
-        if (width && *width <= height) {
-            const QPoint corner((height - *width) / 2, baseline - PixelText::kHeight);
-            PixelText::draw(painter, corner, line);
+    const double scale = height / kDesignHeight;
+    const int baseline = static_cast<int>(std::lround(designBaseline * scale));
+    const int inset = insetOf(height);
+    const int space = height - 2 * inset;
+    if (isDrawnInPixels(height)) {
+        if (const auto digits = PixelText::fitting(line, space)) {
+            const int left = (height - PixelText::width(line, *digits).value_or(0)) / 2;
+            PixelText::draw(painter, QPoint(left, baseline - PixelText::kHeight), line, *digits);
             return;
         }
     }
-    const double scale = height / kDesignHeight;
-    const QFont font = fittedFont(line, kPixels * scale, height);
-    const double top =
-        std::round(baseline * scale) - QFontMetricsF(font, painter.device()).ascent();
-    const QRectF place(0, top, height, height);
-    TabularText::draw(painter, place, Qt::AlignHCenter | Qt::AlignTop, line, font);
+    const QFont font = fittedFont(line, kPixels * scale, space);
+    const double top = baseline - QFontMetricsF(font, painter.device()).ascent();
+    drawStrongly(painter, QSize(height, height), QRectF(inset, top, space, height), line, font);
 }
 
 QImage drawnSquare(const LabelPicture& picture, int height) {
     constexpr int kUpperBaseline = 10;
     constexpr int kLowerBaseline = 20;
-    QImage image = blank(height, height, picture.shade);
+    QImage image = blank(height, height, picture.ground);
     QPainter painter(&image);
     painter.setOpacity(opacityOf(picture.direction));
-    const BarColors colors = colorsOn(picture.shade);
-    painter.setPen(colors.text);
+    painter.setPen(kTextColor);
     drawLine(painter, picture.upper, kUpperBaseline, height);
-    painter.setPen(changeColor(picture.direction, colors));
+    painter.setPen(changeColor(picture.direction));
     drawLine(painter, picture.lower, kLowerBaseline, height);
     return image;
 }
 
 // Three candles that rise.
-QImage drawnMark(int height, BarShade shade) {
+QImage drawnMark(int height, PictureGround ground) {
     constexpr double kUnits = 22;
     constexpr std::array kCandles{
         QRectF(3, 11, 4, 8),
@@ -194,12 +227,12 @@ QImage drawnMark(int height, BarShade shade) {
         QRectF(15, 3, 4, 9),
     };
     constexpr double kCornerRadius = 1;
-    QImage image = blank(height, height, shade);
+    QImage image = blank(height, height, ground);
     QPainter painter(&image);
     painter.setRenderHint(QPainter::Antialiasing);
     painter.scale(height / kUnits, height / kUnits);
     painter.setPen(Qt::NoPen);
-    painter.setBrush(colorsOn(shade).text);
+    painter.setBrush(kTextColor);
     for (const QRectF& candle : kCandles) {
         painter.drawRoundedRect(candle, kCornerRadius, kCornerRadius);
     }
@@ -208,22 +241,26 @@ QImage drawnMark(int height, BarShade shade) {
 
 }  // namespace
 
-LabelPicture LabelPicture::of(const LabelFace& face, LabelForm form, BarShade shade) {
+LabelPicture LabelPicture::of(const LabelFace& face,
+                              LabelForm form,
+                              PictureGround ground,
+                              SquareTop top) {
     LabelPicture picture;
     picture.form = form;
-    picture.shade = shade;
+    picture.ground = ground;
     switch (form) {
     case LabelForm::text:
         return picture;
     case LabelForm::widePicture:
         picture.upper = face.text;
+        picture.lower = face.change;
         break;
     case LabelForm::square:
         if (face.shortPrice.isEmpty()) {
             picture.upper = face.symbol;
             picture.lower = face.symbol.isEmpty() ? QString() : QStringLiteral("…");
         } else {
-            picture.upper = face.shortPrice;
+            picture.upper = top == SquareTop::price ? face.shortPrice : face.symbol;
             picture.lower = face.shortChange.isEmpty() ? QStringLiteral("—") : face.shortChange;
         }
         break;
@@ -234,7 +271,7 @@ LabelPicture LabelPicture::of(const LabelFace& face, LabelForm form, BarShade sh
 
 QImage LabelPicture::drawn(int height) const {
     if (upper.isEmpty()) {
-        return drawnMark(height, shade);
+        return drawnMark(height, ground);
     }
     return form == LabelForm::widePicture ? drawnWide(*this, height) : drawnSquare(*this, height);
 }

@@ -2,7 +2,6 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "Quillbar/tray/BarShade.h"
 #include "Quillbar/tray/LabelFace.h"
 #include "Quillbar/tray/TrayHost.h"
 
@@ -13,31 +12,49 @@
 
 namespace quillbar {
 
-/// The heights in pixels that pictures are sent in: hosts take the second on dense screens.
+/// The heights in pixels of each picture that is sent. Hosts take the second one on dense screens.
 inline constexpr std::array kPictureHeights{22, 44};
+/// The heights of a square for hosts that take the one that fits their bar.
+inline constexpr std::array kSquareHeights{22, 24, 32, 44, 48};
 
-/// What one picture of the status item shows. A plain value, cheap to make and to compare: pictures
-/// that are equal come out alike, so draw only what differs from the last.
+/// The background of a picture. Hosts never recolour a picture, and do not say how their bar looks.
+/// Nor does the desktop's choice of dark or light: bars have themes of their own.
+enum class PictureGround {
+    /// The bar, which is known to be dark.
+    darkBar,
+    /// A dark background in the picture, so that it can be read on every bar.
+    own,
+};
+
+/// The upper line of a square that has a price.
+enum class SquareTop { price, name };
+
+/// What one picture of the status item shows. A plain value, cheap to make and to compare: equal
+/// pictures look the same, so draw one only if it differs from the last.
 struct LabelPicture final {
     LabelForm form = LabelForm::square;
-    BarShade shade = BarShade::unknown;
+    PictureGround ground = PictureGround::own;
     /// The upper line of a square, or the whole text; a picture without one shows the
     /// application's mark.
     QString upper = {};
-    /// The lower line of a square.
+    /// The lower line of a square, or the change at the end of the whole text.
     QString lower = {};
     LabelDirection direction = LabelDirection::stale;
 
     [[nodiscard]] bool operator==(const LabelPicture&) const = default;
 
-    /// What the face looks like in this form: beside a text that the host draws, the mark; on a
-    /// square, the price over the change, the coin over an ellipsis while there is no price, the
-    /// mark while nothing is pinned.
-    [[nodiscard]] static LabelPicture of(const LabelFace& face, LabelForm form, BarShade shade);
+    /// The picture of the face in this form. Beside a text that the host draws, it is the mark. A
+    /// square has the price or the coin over the change, the coin over an ellipsis while there is
+    /// no price, or the mark while nothing is pinned.
+    [[nodiscard]] static LabelPicture of(const LabelFace& face,
+                                         LabelForm form,
+                                         PictureGround ground,
+                                         SquareTop top = SquareTop::price);
 
-    /// Draws the picture so many pixels high, which must be greater than 0; as wide as high, but for
-    /// the whole text. Its width stays the same while the text changes in its digits and its
-    /// direction alone. Needs a QGuiApplication; for the main thread.
+    /// Draws the picture with this height in pixels, which is greater than 0. It is as wide as
+    /// high, except the whole text. The width of that does not change while only the digits and the
+    /// direction of the text change and the change stays below 100 percent. The lines of a square
+    /// leave one column free at both sides. Needs a QGuiApplication; for the main thread.
     [[nodiscard]] QImage drawn(int height) const;
 };
 

@@ -12,7 +12,7 @@
 
 namespace quillbar {
 
-/// An entry with what is below it, as it travels over D-Bus, (ia{sv}av).
+/// An entry with the entries below it, in the form for D-Bus, (ia{sv}av).
 struct MenuLayout final {
     int id = 0;
     QVariantMap properties = {};
@@ -40,7 +40,7 @@ struct MenuEvent final {
     uint timestamp = 0;
 };
 
-/// Makes these types known to D-Bus. Any number of times.
+/// Makes these types known to D-Bus. It may be called several times.
 void registerMenuMessages();
 
 QDBusArgument& operator<<(QDBusArgument& argument, const MenuLayout& layout);

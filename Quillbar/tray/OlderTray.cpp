@@ -20,7 +20,7 @@ void OlderTray::show(const LabelPicture& picture, const QString& tooltip) {
     if (m_picture != picture) {
         m_picture = picture;
         QIcon icon;
-        for (const int height : kPictureHeights) {
+        for (const int height : kSquareHeights) {
             icon.addPixmap(QPixmap::fromImage(picture.drawn(height)));
         }
         m_icon->setIcon(icon);

@@ -15,12 +15,12 @@
 namespace quillbar {
 
 /// The status item in a tray of the X Window System's older protocol, which embeds windows. Shows a
-/// square picture. Its menu stays the given one's, in the toolkit's own form.
+/// square picture. Its menu is the given one, drawn by Qt.
 class OlderTray final : public QObject {
     Q_OBJECT
 
 public:
-    /// What the user does, on the main thread. Both are set.
+    /// Called on the main thread for what the user does. Both are set.
     struct Handlers final {
         std::function<void()> activate;
         std::function<void()> secondaryActivate;
@@ -29,7 +29,7 @@ public:
     /// `menu` outlives this object.
     OlderTray(QMenu& menu, Handlers handlers);
 
-    /// Draws the picture unless it is the one shown. The tooltip is plain text.
+    /// Draws the picture, unless it is shown already. The tooltip is plain text.
     void show(const LabelPicture& picture, const QString& tooltip);
 
 private:

@@ -15,8 +15,6 @@ namespace {
 
 using namespace std::string_view_literals;
 
-constexpr int kGap = 1;
-
 struct Glyph {
     char16_t character = 0;
     // From top to bottom; # is ink. All of the same length.
@@ -31,7 +29,7 @@ struct Glyph {
 };
 
 // clang-format off
-constexpr std::array kGlyphs{
+constexpr std::array kWideDigits{
     Glyph{u'0', {".##."sv, "#..#"sv, "#..#"sv, "#..#"sv, "#..#"sv, "#..#"sv, "#..#"sv, ".##."sv}},
     Glyph{u'1', {"..#."sv, ".##."sv, "..#."sv, "..#."sv, "..#."sv, "..#."sv, "..#."sv, ".###"sv}},
     Glyph{u'2', {".##."sv, "#..#"sv, "...#"sv, "...#"sv, "..#."sv, ".#.."sv, "#..."sv, "####"sv}},
@@ -42,64 +40,136 @@ constexpr std::array kGlyphs{
     Glyph{u'7', {"####"sv, "...#"sv, "...#"sv, "..#."sv, "..#."sv, ".#.."sv, ".#.."sv, ".#.."sv}},
     Glyph{u'8', {".##."sv, "#..#"sv, "#..#"sv, ".##."sv, "#..#"sv, "#..#"sv, "#..#"sv, ".##."sv}},
     Glyph{u'9', {".##."sv, "#..#"sv, "#..#"sv, "#..#"sv, ".###"sv, "...#"sv, "#..#"sv, ".##."sv}},
+};
+
+constexpr std::array kNarrowDigits{
+    Glyph{u'0', {".#."sv, "#.#"sv, "#.#"sv, "#.#"sv, "#.#"sv, "#.#"sv, "#.#"sv, ".#."sv}},
+    Glyph{u'1', {".#."sv, "##."sv, ".#."sv, ".#."sv, ".#."sv, ".#."sv, ".#."sv, "###"sv}},
+    Glyph{u'2', {".#."sv, "#.#"sv, "..#"sv, "..#"sv, ".#."sv, ".#."sv, "#.."sv, "###"sv}},
+    Glyph{u'3', {"##."sv, "..#"sv, "..#"sv, ".#."sv, "..#"sv, "..#"sv, "..#"sv, "##."sv}},
+    Glyph{u'4', {"..#"sv, ".##"sv, "#.#"sv, "#.#"sv, "###"sv, "..#"sv, "..#"sv, "..#"sv}},
+    Glyph{u'5', {"###"sv, "#.."sv, "#.."sv, "##."sv, "..#"sv, "..#"sv, "..#"sv, "##."sv}},
+    Glyph{u'6', {".#."sv, "#.."sv, "#.."sv, "##."sv, "#.#"sv, "#.#"sv, "#.#"sv, ".#."sv}},
+    Glyph{u'7', {"###"sv, "..#"sv, "..#"sv, ".#."sv, ".#."sv, ".#."sv, ".#."sv, ".#."sv}},
+    Glyph{u'8', {".#."sv, "#.#"sv, "#.#"sv, ".#."sv, "#.#"sv, "#.#"sv, "#.#"sv, ".#."sv}},
+    Glyph{u'9', {".#."sv, "#.#"sv, "#.#"sv, "#.#"sv, ".##"sv, "..#"sv, "..#"sv, ".#."sv}},
+};
+
+// The digits of a count of zeros: small, and below the line.
+constexpr std::array kCounts{
+    Glyph{u'₀', {"..."sv, "..."sv, "..."sv, "###"sv, "#.#"sv, "#.#"sv, "#.#"sv, "###"sv}},
+    Glyph{u'₁', {"..."sv, "..."sv, "..."sv, ".#."sv, "##."sv, ".#."sv, ".#."sv, "###"sv}},
+    Glyph{u'₂', {"..."sv, "..."sv, "..."sv, "###"sv, "..#"sv, "###"sv, "#.."sv, "###"sv}},
+    Glyph{u'₃', {"..."sv, "..."sv, "..."sv, "###"sv, "..#"sv, "###"sv, "..#"sv, "###"sv}},
+    Glyph{u'₄', {"..."sv, "..."sv, "..."sv, "#.#"sv, "#.#"sv, "###"sv, "..#"sv, "..#"sv}},
+    Glyph{u'₅', {"..."sv, "..."sv, "..."sv, "###"sv, "#.."sv, "###"sv, "..#"sv, "###"sv}},
+    Glyph{u'₆', {"..."sv, "..."sv, "..."sv, "###"sv, "#.."sv, "###"sv, "#.#"sv, "###"sv}},
+    Glyph{u'₇', {"..."sv, "..."sv, "..."sv, "###"sv, "..#"sv, ".#."sv, ".#."sv, ".#."sv}},
+    Glyph{u'₈', {"..."sv, "..."sv, "..."sv, "###"sv, "#.#"sv, "###"sv, "#.#"sv, "###"sv}},
+    Glyph{u'₉', {"..."sv, "..."sv, "..."sv, "###"sv, "#.#"sv, "###"sv, "..#"sv, "###"sv}},
+};
+
+constexpr std::array kSigns{
     Glyph{u'.', {"."sv, "."sv, "."sv, "."sv, "."sv, "."sv, "."sv, "#"sv}},
     Glyph{u'+', {"..."sv, "..."sv, "..."sv, ".#."sv, "###"sv, ".#."sv, "..."sv, "..."sv}},
     Glyph{u'-', {"..."sv, "..."sv, "..."sv, "..."sv, "###"sv, "..."sv, "..."sv, "..."sv}},
-    Glyph{u'%', {"##..#"sv, "##..#"sv, "...#."sv, "..#.."sv, "..#.."sv, ".#..."sv, "#..##"sv, "#..##"sv}},
-    Glyph{u'k', {"#..."sv, "#..."sv, "#..#"sv, "#.#."sv, "##.."sv, "##.."sv, "#.#."sv, "#..#"sv}},
+    Glyph{u'%', {"##.#"sv, "##.#"sv, "..#."sv, "..#."sv, ".#.."sv, ".#.."sv, "#.##"sv, "#.##"sv}},
+    Glyph{u'k', {"#.."sv, "#.."sv, "#.#"sv, "#.#"sv, "##."sv, "##."sv, "#.#"sv, "#.#"sv}},
     Glyph{u'M', {"#...#"sv, "##.##"sv, "#.#.#"sv, "#.#.#"sv, "#...#"sv, "#...#"sv, "#...#"sv, "#...#"sv}},
     Glyph{u'B', {"###."sv, "#..#"sv, "#..#"sv, "###."sv, "#..#"sv, "#..#"sv, "#..#"sv, "###."sv}},
-    Glyph{u'T', {"#####"sv, "..#.."sv, "..#.."sv, "..#.."sv, "..#.."sv, "..#.."sv, "..#.."sv, "..#.."sv}},
-    Glyph{u'n', {"...."sv, "...."sv, "###."sv, "#..#"sv, "#..#"sv, "#..#"sv, "#..#"sv, "#..#"sv}},
-    Glyph{u'µ', {"...."sv, "...."sv, "#..#"sv, "#..#"sv, "#..#"sv, "###."sv, "#..."sv, "#..."sv}},
+    Glyph{u'T', {"###"sv, ".#."sv, ".#."sv, ".#."sv, ".#."sv, ".#."sv, ".#."sv, ".#."sv}},
     Glyph{u'>', {"..."sv, "..."sv, "#.."sv, ".#."sv, "..#"sv, ".#."sv, "#.."sv, "..."sv}},
     Glyph{u'—', {"....."sv, "....."sv, "....."sv, "....."sv, "#####"sv, "....."sv, "....."sv, "....."sv}},
     Glyph{u'…', {"....."sv, "....."sv, "....."sv, "....."sv, "....."sv, "....."sv, "....."sv, "#.#.#"sv}},
 };
 // clang-format on
 
-// A row that is too short would be read beyond its end.
-static_assert(std::all_of(kGlyphs.begin(), kGlyphs.end(), [](const Glyph& glyph) {
-    return glyph.isRectangular();
-}));
+// A row that is too short would be read past its end.
+template <std::size_t count>
+constexpr bool areRectangular(const std::array<Glyph, count>& glyphs) {
+    return std::all_of(
+        glyphs.begin(), glyphs.end(), [](const Glyph& glyph) { return glyph.isRectangular(); });
+}
+static_assert(areRectangular(kWideDigits) && areRectangular(kNarrowDigits)
+              && areRectangular(kCounts) && areRectangular(kSigns));
 
-const Glyph* glyphOf(QChar character) {
+template <std::size_t count>
+const Glyph* find(const std::array<Glyph, count>& glyphs, QChar character) {
     const auto* const found =
-        std::find_if(kGlyphs.begin(), kGlyphs.end(), [character](const Glyph& glyph) {
+        std::find_if(glyphs.begin(), glyphs.end(), [character](const Glyph& glyph) {
             return glyph.character == character;
         });
-    return found == kGlyphs.end() ? nullptr : found;
+    return found == glyphs.end() ? nullptr : found;
+}
+
+const Glyph* glyphOf(QChar character, Digits digits) {
+    const Glyph* glyph =
+        digits == Digits::wide ? find(kWideDigits, character) : find(kNarrowDigits, character);
+    if (glyph == nullptr) {
+        glyph = find(kCounts, character);
+    }
+    return glyph != nullptr ? glyph : find(kSigns, character);
+}
+
+// A tiny price in narrow digits fits only if its point is close to the first zero. The point is
+// then as low as the count, so that it does not touch the zero.
+bool hasClosePoint(const QString& text, Digits digits) {
+    return digits == Digits::narrow && text.size() > 3 && text.startsWith(QStringLiteral("0.0"))
+           && find(kCounts, text[3]) != nullptr;
+}
+
+// The columns that stay free behind the character at `index`.
+int gapBehind(const QString& text, qsizetype index, Digits digits) {
+    return index == 0 && hasClosePoint(text, digits) ? 0 : 1;
+}
+
+// How many pixels the character at `index` hangs below the baseline.
+int depthOf(const QString& text, qsizetype index, Digits digits) {
+    const bool hangs =
+        (index == 1 && hasClosePoint(text, digits)) || find(kCounts, text[index]) != nullptr;
+    return hangs ? kCountDepth : 0;
 }
 
 }  // namespace
 
-std::optional<int> width(const QString& text) {
+std::optional<int> width(const QString& text, Digits digits) {
     int sum = 0;
-    for (const QChar character : text) {
-        const Glyph* const glyph = glyphOf(character);
+    for (qsizetype i = 0; i < text.size(); ++i) {
+        const Glyph* const glyph = glyphOf(text[i], digits);
         if (glyph == nullptr) {
             return std::nullopt;
         }
-        sum += glyph->width() + kGap;
+        sum += glyph->width() + (i + 1 < text.size() ? gapBehind(text, i, digits) : 0);
     }
-    return std::max(0, sum - kGap);
+    return sum;
 }
 
-void draw(QPainter& painter, QPoint corner, const QString& text) {
-    for (const QChar character : text) {
-        const Glyph* const glyph = glyphOf(character);
+std::optional<Digits> fitting(const QString& text, int space) {
+    for (const Digits digits : {Digits::wide, Digits::narrow}) {
+        const std::optional<int> needed = width(text, digits);
+        if (needed && *needed <= space) {
+            return digits;
+        }
+    }
+    return std::nullopt;
+}
+
+void draw(QPainter& painter, QPoint corner, const QString& text, Digits digits) {
+    for (qsizetype i = 0; i < text.size(); ++i) {
+        const Glyph* const glyph = glyphOf(text[i], digits);
         if (glyph == nullptr) {
             continue;
         }
+        const QPoint top = corner + QPoint(0, depthOf(text, i, digits));
         for (int row = 0; row < kHeight; ++row) {
             const std::string_view ink = glyph->rows[static_cast<std::size_t>(row)];
             for (int column = 0; column < glyph->width(); ++column) {
                 if (ink[static_cast<std::size_t>(column)] == '#') {
-                    painter.drawPoint(corner + QPoint(column, row));
+                    painter.drawPoint(top + QPoint(column, row));
                 }
             }
         }
-        corner.rx() += glyph->width() + kGap;
+        corner.rx() += glyph->width() + gapBehind(text, i, digits);
     }
 }
 

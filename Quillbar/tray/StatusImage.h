@@ -10,7 +10,7 @@
 
 namespace quillbar {
 
-/// A picture as it travels over D-Bus, (iiay).
+/// A picture in the form for D-Bus, (iiay).
 struct StatusImage final {
     /// In pixels.
     int width = 0;
@@ -25,7 +25,7 @@ struct StatusImage final {
 
 using StatusImages = QList<StatusImage>;
 
-/// A tooltip as it travels over D-Bus, (sa(iiay)ss).
+/// A tooltip in the form for D-Bus, (sa(iiay)ss).
 struct StatusTooltip final {
     QString iconName = {};
     StatusImages iconPixmap = {};

@@ -5,6 +5,7 @@
 #include <QCursor>
 #include <QFile>
 #include <QGuiApplication>
+#include <QIcon>
 #include <QScreen>
 #include <QSystemTrayIcon>
 
@@ -26,7 +27,7 @@ std::string nameOfProcess(uint processId) {
     return file.readAll().trimmed().toStdString();
 }
 
-// Other window systems tell positions in logical pixels.
+// Other window systems report positions in logical pixels.
 QPoint logicalOnX11(QPoint reported) {
     for (const QScreen* const screen : QGuiApplication::screens()) {
         const double ratio = screen->devicePixelRatio();
@@ -60,6 +61,8 @@ StatusItemEnvironment StatusItemEnvironment::ofDesktop(QDBusConnection bus,
         .logicalPosition =
             [](QPoint reported) { return isOnX11() ? logicalOnX11(reported) : reported; },
         .isInBar = liesInBar,
+        .hasThemeIcon = [](const QString& name) { return QIcon::hasThemeIcon(name); },
+        .canPopUpMenus = !QGuiApplication::platformName().startsWith(QStringLiteral("wayland")),
     };
 }
 

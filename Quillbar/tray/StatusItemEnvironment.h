@@ -8,13 +8,14 @@
 
 #include <QDBusConnection>
 #include <QPoint>
+#include <QString>
 
 #include <functional>
 #include <string>
 
 namespace quillbar {
 
-/// What a status item needs of the world. All functions are set, and called on the main thread.
+/// What a status item needs from outside. All functions are set, and are called on the main thread.
 struct StatusItemEnvironment final {
     /// The session bus; one that is not connected counts as none.
     QDBusConnection bus;
@@ -32,9 +33,13 @@ struct StatusItemEnvironment final {
     std::function<QPoint(QPoint reported)> logicalPosition;
     /// Whether a logical position lies on a screen, but outside of its work area.
     std::function<bool(QPoint)> isInBar;
+    /// Whether an icon of that name is installed for the desktop's theme.
+    std::function<bool(const QString& name)> hasThemeIcon;
+    /// Whether a menu that belongs to none of our windows can be shown. A Wayland compositor would
+    /// show it as an ordinary window.
+    bool canPopUpMenus = true;
 
-    /// That of the desktop that the application runs on, with its session bus. Needs a
-    /// QApplication.
+    /// The environment of the desktop that the application runs on. Needs a QApplication.
     [[nodiscard]] static StatusItemEnvironment ofDesktop(QDBusConnection bus,
                                                          Executor& executor,
                                                          Sleeper sleeper);

@@ -4,9 +4,20 @@
 
 #include <QDBusMetaType>
 
+#include <algorithm>
 #include <utility>
 
 namespace quillbar {
+
+namespace {
+
+// Any program may report any position, and computing with it must not overflow.
+QPoint reportedPosition(int x, int y) {
+    constexpr int kFarthest = StatusNotifierItem::kFarthest;
+    return {std::clamp(x, -kFarthest, kFarthest), std::clamp(y, -kFarthest, kFarthest)};
+}
+
+}  // namespace
 
 StatusNotifierItem::StatusNotifierItem(QString menu, Handlers handlers)
     : m_menu(std::move(menu))
@@ -63,15 +74,15 @@ void StatusNotifierItem::setLabel(const QString& label,
 }
 
 void StatusNotifierItem::Activate(int x, int y) {
-    m_handlers.activate(QPoint(x, y));
+    m_handlers.activate(reportedPosition(x, y));
 }
 
 void StatusNotifierItem::ContextMenu(int x, int y) {
-    m_handlers.contextMenu(QPoint(x, y));
+    m_handlers.contextMenu(reportedPosition(x, y));
 }
 
 void StatusNotifierItem::SecondaryActivate(int x, int y) {
-    m_handlers.secondaryActivate(QPoint(x, y));
+    m_handlers.secondaryActivate(reportedPosition(x, y));
 }
 
 void StatusNotifierItem::Scroll(int /*delta*/, const QString& /*orientation*/) {}

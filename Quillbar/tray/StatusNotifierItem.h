@@ -15,8 +15,8 @@
 namespace quillbar {
 
 /// The object that tray hosts read, org.kde.StatusNotifierItem with the label of the Ayatana hosts.
-/// Exported by whoever makes it, at `kPath`, with all properties and the scriptable slots and
-/// signals. The setters of texts tell the hosts when, and only when, what they set differs.
+/// Its owner exports it at `kPath`, with all properties and the scriptable slots and signals. The
+/// setters of texts signal to the hosts only if the text has changed.
 ///
 /// The names of the properties, methods and signals are the protocol's.
 class StatusNotifierItem final : public QObject {
@@ -45,13 +45,16 @@ class StatusNotifierItem final : public QObject {
     Q_PROPERTY(uint XAyatanaOrderingIndex READ orderingIndex)
 
 public:
-    /// What the hosts ask for. All are set.
+    /// The greatest coordinate that is passed on, in both directions. No screen is as large.
+    static constexpr int kFarthest = 1'000'000;
+
+    /// Called for what the hosts ask for. All are set.
     struct Handlers final {
         /// A click at this position, which not every host gives in the screen's coordinates.
         std::function<void(QPoint reported)> activate;
         /// A click with the middle button; some hosts do not say where.
         std::function<void(std::optional<QPoint> reported)> secondaryActivate;
-        /// A host without menus of its own wants the item to show one.
+        /// A host that draws no menus wants the item to show its menu.
         std::function<void(QPoint reported)> contextMenu;
         /// The compositor's permission to take the focus, before an activation.
         std::function<void(const QString& token)> activationToken;
@@ -68,20 +71,20 @@ public:
     /// Makes the pictures of an icon.
     using Draw = std::function<StatusImages()>;
 
-    /// An icon of the desktop's theme. Tells the hosts unless it is the one already.
+    /// Sets an icon of the desktop's theme. Signals to the hosts unless it is set already.
     void setThemeIcon(const QString& name);
-    /// Pictures, and tells the hosts. They are drawn when the first host reads them, for hosts that
-    /// show the label alone never do.
+    /// Sets pictures, and signals to the hosts. They are drawn when the first host reads them:
+    /// hosts that show only the label never do.
     void setPictures(Draw draw);
     /// Both texts are markup.
     void setTooltip(const QString& title, const QString& text);
-    /// Neither text may be empty: MATE's panel then shows an item of no width. The guide is as long as
-    /// the label gets.
+    /// Neither text may be empty, as MATE's panel then shows an item without a width. The guide is
+    /// a text as long as the label can get.
     void setLabel(const QString& label, const QString& guide, Announcement announcement);
 
     [[nodiscard]] QString category() const { return QStringLiteral("ApplicationStatus"); }
     [[nodiscard]] QString id() const { return QStringLiteral("io.github.quillbar.Quillbar"); }
-    /// Never changes: Plasma sorts the items by it.
+    /// Never changes, because Plasma sorts the items by it.
     [[nodiscard]] QString title() const { return QStringLiteral("Quillbar"); }
     [[nodiscard]] QString status() const { return QStringLiteral("Active"); }
     [[nodiscard]] int windowId() const { return 0; }
@@ -100,7 +103,7 @@ public:
     Q_SCRIPTABLE Q_SLOT void Activate(int x, int y);
     Q_SCRIPTABLE Q_SLOT void ContextMenu(int x, int y);
     Q_SCRIPTABLE Q_SLOT void SecondaryActivate(int x, int y);
-    /// Units and sign differ from host to host, so it is ignored.
+    /// Ignored, because units and sign differ between hosts.
     Q_SCRIPTABLE Q_SLOT void Scroll(int delta, const QString& orientation);
     Q_SCRIPTABLE Q_SLOT void ProvideXdgActivationToken(const QString& token);
     Q_SCRIPTABLE Q_SLOT void XAyatanaSecondaryActivate(uint timestamp);
@@ -119,7 +122,7 @@ private:
     Handlers m_handlers;
     QString m_iconName;
     StatusImages m_iconPixmap;
-    // Until the pictures are drawn.
+    // Set until the pictures are drawn.
     Draw m_draw;
     StatusTooltip m_tooltip;
     QString m_label = QStringLiteral("Quillbar");

@@ -8,7 +8,7 @@ TrayHost TrayHost::ofProcess(std::string_view comm) {
     TrayHost host;
     if (comm == "gnome-shell") {
         host.form = LabelForm::text;
-        host.bar = Bar::alwaysDark;
+        host.bar = Bar::dark;
     } else if (comm == "ayatana-indicat") {
         // ayatana-indicator-application 22.2 shows a picture of "missing" for any pixmap.
         host.form = LabelForm::text;
@@ -22,6 +22,7 @@ TrayHost TrayHost::ofProcess(std::string_view comm) {
         host.form = LabelForm::widePicture;
         host.label = Label::ignored;
         host.clickPosition = ClickPosition::unusable;
+        host.emptyTooltip = EmptyTooltip::ignored;
     } else if (comm == "swaybar") {
         // swaybar 1.7 counts from the output's corner, and shows an error for a wide picture.
         host.label = Label::ignored;

@@ -19,23 +19,25 @@ enum class LabelForm {
 /// What is known of a program that shows status items.
 struct TrayHost final {
     LabelForm form = LabelForm::square;
-    /// Whether the host looks at the label that is sent as text.
+    /// Whether the host reads the label as a text.
     enum class Label { shown, ignored } label = Label::shown;
-    /// What the host takes the picture beside a text from.
+    /// Where the host takes the picture beside a text from.
     enum class Icon { pixmap, themeName } icon = Icon::pixmap;
     /// Which of the pictures the host shows: the one for its size, or always the largest, made smaller.
     enum class Picks { fitting, largest } picks = Picks::fitting;
-    /// Whether the coordinates of a click are those of the screen.
+    /// Whether the host reports clicks in coordinates of the screen.
     enum class ClickPosition { onScreen, unusable } clickPosition = ClickPosition::onScreen;
     /// Which of a tooltip's two texts are shown.
     enum class Tooltip { titleAndText, titleAlone } tooltip = Tooltip::titleAndText;
-    /// Whether the bar is known to be dark whatever the desktop's colours.
-    enum class Bar { asDesktop, alwaysDark } bar = Bar::asDesktop;
+    /// Whether a tooltip without a text takes the last one away, or the host goes on showing that.
+    enum class EmptyTooltip { taken, ignored } emptyTooltip = EmptyTooltip::taken;
+    /// Whether the bar is known to be dark.
+    enum class Bar { unknown, dark } bar = Bar::unknown;
 
     [[nodiscard]] bool operator==(const TrayHost&) const = default;
 
-    /// The host whose watcher's process goes by the name `comm`, as /proc tells it (the first 15
-    /// characters); the square that every host can show when the name is not known. Pure.
+    /// The host whose watcher's process has the name `comm`, as in /proc (the first 15 characters).
+    /// For an unknown name, a host with the square, which every host can show. Pure.
     [[nodiscard]] static TrayHost ofProcess(std::string_view comm);
 };
 

@@ -15,7 +15,7 @@ namespace quillbar {
 
 namespace {
 
-/// Left, middle and right; the wheel is four more.
+/// The left, middle and right button. The wheel counts as four more buttons.
 constexpr std::uint32_t kLastButton = 3;
 
 }  // namespace
@@ -109,7 +109,7 @@ void OutsidePressWatch::follow(const xcb_ge_generic_event_t& event) {
 }
 
 OutsidePressWatch::Place OutsidePressWatch::place() const {
-    // A window that is hidden under the pointer need not be left.
+    // There may be no leave event for a window that is hidden under the pointer.
     const QWidget* const window = m_entered == XCB_WINDOW_NONE ? nullptr : QWidget::find(m_entered);
     return window != nullptr && window->isVisible() ? Place::inOurWindow : Place::elsewhere;
 }

@@ -18,9 +18,9 @@ namespace quillbar {
 /// hears nothing. For the main thread, while a QGuiApplication lives.
 class OutsidePressWatch final : public QAbstractNativeEventFilter {
 public:
-    /// Where the pointer was at a press, and may no longer be, by what the server has told windows
-    /// of ours that Qt made. `elsewhere` is also said where it has not told: before the pointer
-    /// next enters a window after listen(), and while another program holds the pointer.
+    /// Where the pointer was at a press, as far as the server has told our windows; it may have
+    /// moved since. It is also `elsewhere` if the server has not told: before the pointer first
+    /// enters a window after listen(), and while another program holds the pointer.
     enum class Place { inOurWindow, elsewhere };
 
     /// Both are called from the event loop.
@@ -36,7 +36,8 @@ public:
     OutsidePressWatch& operator=(OutsidePressWatch&&) = delete;
     ~OutsidePressWatch() override;
 
-    /// Begins and ends to listen; costs nothing while it does not. Repeated calls change nothing.
+    /// Begins or ends listening. It costs nothing while it does not listen. Repeated calls change
+    /// nothing.
     void listen();
     void stopListening();
 
@@ -48,7 +49,7 @@ private:
 
     Handlers m_handlers;
     std::uint8_t m_extension = 0;
-    // The window of ours that the pointer entered last and has not left; 0 for none.
+    // Our window that the pointer has entered and not left; 0 for none.
     std::uint32_t m_entered = 0;
     bool m_isListening = false;
 };

@@ -8,7 +8,7 @@ namespace quillbar::PanelPlacement {
 
 namespace {
 
-// Where something of `length` begins so that it is inside [first, last].
+// Moves the start of a span of `length` so that the span is inside [first, last].
 int inside(int wanted, int length, int first, int last) {
     return std::max(first, std::min(wanted, last + 1 - length));
 }
@@ -18,29 +18,52 @@ int besidePointer(int pointer, int length, int middleOfScreen) {
                                     : pointer - kPointerOffset - kGap - length;
 }
 
+// The area for the panel: at a distance from the edges of the work area, except from the edge at
+// the anchor's bar.
+QRect roomBeside(QPoint anchor, QRect workArea) {
+    QRect room = workArea.adjusted(kGap, kGap, -kGap, -kGap);
+    if (anchor.y() < workArea.top()) {
+        room.setTop(workArea.top());
+    } else if (anchor.y() > workArea.bottom()) {
+        room.setBottom(workArea.bottom());
+    } else if (anchor.x() < workArea.left()) {
+        room.setLeft(workArea.left());
+    } else if (anchor.x() > workArea.right()) {
+        room.setRight(workArea.right());
+    }
+    return room;
+}
+
 }  // namespace
 
 QRect rectangle(QPoint anchor, QSize wanted, QRect screen, QRect workArea) {
-    const QRect room = workArea.adjusted(kGap, kGap, -kGap, -kGap);
+    const QRect room = roomBeside(anchor, workArea);
     const QSize size = wanted.boundedTo(room.size());
-    int x = anchor.x() - size.width() / 2;
-    int y = 0;
-    if (anchor.y() < workArea.top()) {
-        y = room.top();
-    } else if (anchor.y() > workArea.bottom()) {
-        y = room.bottom() + 1 - size.height();
-    } else if (anchor.x() < workArea.left()) {
-        x = room.left();
-        y = anchor.y() - size.height() / 2;
-    } else if (anchor.x() > workArea.right()) {
-        x = room.right() + 1 - size.width();
-        y = anchor.y() - size.height() / 2;
-    } else {
-        y = besidePointer(anchor.y(), size.height(), screen.center().y());
+    const int x = anchor.x() - size.width() / 2;
+    const int y = workArea.contains(anchor)
+                      ? besidePointer(anchor.y(), size.height(), screen.center().y())
+                      : anchor.y() - size.height() / 2;
+    return {QPoint(inside(x, size.width(), room.left(), room.right()),
+                   inside(y, size.height(), room.top(), room.bottom())),
+            size};
+}
+
+QRect withoutBar(QRect workArea, QRect screen, QRect bar) {
+    const bool isFlat = bar.width() > bar.height();
+    if (isFlat && bar.height() < screen.height() / 2) {
+        if (bar.top() <= screen.top()) {
+            workArea.setTop(std::max(workArea.top(), bar.bottom() + 1));
+        } else if (bar.bottom() >= screen.bottom()) {
+            workArea.setBottom(std::min(workArea.bottom(), bar.top() - 1));
+        }
+    } else if (!isFlat && bar.width() < screen.width() / 2) {
+        if (bar.left() <= screen.left()) {
+            workArea.setLeft(std::max(workArea.left(), bar.right() + 1));
+        } else if (bar.right() >= screen.right()) {
+            workArea.setRight(std::min(workArea.right(), bar.left() - 1));
+        }
     }
-    x = inside(x, size.width(), room.left(), room.right());
-    y = inside(y, size.height(), room.top(), room.bottom());
-    return {QPoint(x, y), size};
+    return workArea;
 }
 
 QRect rectangleWithoutAnchor(QSize wanted, QRect screen, QRect workArea) {
@@ -59,6 +82,13 @@ QRect rectangleWithoutAnchor(QSize wanted, QRect screen, QRect workArea) {
     QRect centred(QPoint(), wanted.boundedTo(workArea.size()));
     centred.moveCenter(workArea.center());
     return centred;
+}
+
+QRect rectangleAt(QPoint topLeft, QSize wanted, QRect workArea) {
+    const QSize size = wanted.boundedTo(workArea.size());
+    return {QPoint(inside(topLeft.x(), size.width(), workArea.left(), workArea.right()),
+                   inside(topLeft.y(), size.height(), workArea.top(), workArea.bottom())),
+            size};
 }
 
 }  // namespace quillbar::PanelPlacement

@@ -2,12 +2,14 @@
 // SPDX-License-Identifier: MIT
 #include "Quillbar/window/PanelWindow.h"
 
-#include "Quillbar/RoundedWindow.h"
-#include "Quillbar/Theme.h"
+#include "Quillbar/widgets/RoundedWindow.h"
+#include "Quillbar/widgets/Theme.h"
+#include "Quillbar/window/OwnWindows.h"
+#include "Quillbar/window/PanelEdge.h"
 #include "Quillbar/window/PanelPlacement.h"
+#include "Quillbar/window/WorkArea.h"
 #include "Quillbar/window/X11Session.h"
 
-#include <QApplication>
 #include <QCursor>
 #include <QGuiApplication>
 #include <QKeyEvent>
@@ -23,11 +25,18 @@ namespace quillbar {
 namespace {
 
 constexpr double kCornerRadius = 10;
-/// The focus is with nobody for a moment when it moves between two windows of ours.
+/// When the focus moves between two of our windows, for a moment no window has it.
 constexpr std::chrono::milliseconds kFocusSettles{60};
+/// The focus may follow a pointer that comes from the item to the panel.
+constexpr std::chrono::milliseconds kPointerArrives{500};
 
-/// The screen that shows the position; null when none does. QGuiApplication::screenAt() of Qt 6.8
-/// still finds a screen while its removal is being told.
+/// Under X11 we tell window managers ourselves that it is a tool window.
+Qt::WindowType typeForManagers() {
+    return X11Session::isX11() ? Qt::Window : Qt::Tool;
+}
+
+/// The screen that shows the position; null when none does. During screenRemoved(),
+/// QGuiApplication::screenAt() of Qt 6.8 still finds the removed screen.
 const QScreen* screenWith(QPoint position) {
     for (const QScreen* const screen : QGuiApplication::screens()) {
         if (screen->geometry().contains(position)) {
@@ -39,37 +48,18 @@ const QScreen* screenWith(QPoint position) {
 
 }  // namespace
 
-/// The hairline around the panel, above the content, which reaches to the window's edges.
-class PanelWindow::Edge final : public QWidget {
-public:
-    Edge(QWidget* parent, const QWidget& content)
-        : QWidget(parent)
-        , m_content(content) {
-        setAttribute(Qt::WA_TransparentForMouseEvents);
-        setFocusPolicy(Qt::NoFocus);
-    }
-
-protected:
-    void paintEvent(QPaintEvent* /*event*/) override {
-        QPainter painter(this);
-        RoundedWindow::drawEdge(
-            painter, *this, kCornerRadius, ThemeKey::value(m_content).colors.separator);
-    }
-
-private:
-    // Has the theme.
-    const QWidget& m_content;
-};
-
-PanelWindow::PanelWindow(QWidget* content, ToggleGuard::Elapsed elapsed)
-    : QWidget(
-        nullptr,
-        Qt::Tool | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint | Qt::NoDropShadowWindowHint)
+PanelWindow::PanelWindow(QWidget* content,
+                         ToggleGuard::Elapsed elapsed,
+                         ScaleWatch::LookUp ratiosOf)
+    : QWidget(nullptr,
+              typeForManagers() | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint
+                  | Qt::NoDropShadowWindowHint)
     , m_content(content)
-    , m_edge(new Edge(this, *content))
+    , m_edge(new PanelEdge(this, *content, kCornerRadius))
     , m_guard(std::move(elapsed))
     , m_presses({.pressed = [this](OutsidePressWatch::Place place) { handlePress(place); },
-                 .released = [this] { handleRelease(); }}) {
+                 .released = [this] { handleRelease(); }})
+    , m_scaleWatch(*this, std::move(ratiosOf), [this] { renew(); }) {
     setWindowTitle(QStringLiteral("Quillbar"));
     m_sway = SwayPlacement::ofSession(windowTitle());
     setAccessibleName(QStringLiteral("Quillbar"));
@@ -79,12 +69,12 @@ PanelWindow::PanelWindow(QWidget* content, ToggleGuard::Elapsed elapsed)
     m_content->installEventFilter(this);
     m_content->show();
     m_edge->raise();
+    m_focusCheck.setObjectName(QStringLiteral("focus"));
     m_focusCheck.setSingleShot(true);
-    m_focusCheck.setInterval(kFocusSettles);
     connect(&m_focusCheck, &QTimer::timeout, this, [this] { handleFocusLoss(); });
     connect(qGuiApp, &QGuiApplication::focusWindowChanged, this, [this](const QWindow* window) {
         if (window == nullptr && isVisible()) {
-            m_focusCheck.start();
+            waitForFocus();
         }
     });
     connect(qGuiApp, &QGuiApplication::screenRemoved, this, [this] { replace(); });
@@ -97,43 +87,50 @@ PanelWindow::PanelWindow(QWidget* content, ToggleGuard::Elapsed elapsed)
 }
 
 PanelWindow::~PanelWindow() {
-    // The focus leaves while the native window goes, when half of this is gone already.
+    // The focus changes while the native window is destroyed, when this object is half destroyed
+    // already.
     disconnect(qGuiApp, nullptr, this, nullptr);
 }
 
-void PanelWindow::toggle(std::optional<QPoint> anchor) {
+void PanelWindow::toggle(AskedBy askedBy, std::optional<QPoint> anchor) {
     if (isMinimized()) {
-        open(anchor);
+        open(askedBy, anchor);
         return;
     }
-    switch (anchor ? m_guard.clicked() : m_guard.commanded()) {
+    const bool isClick = askedBy == AskedBy::pointer;
+    switch (isClick ? m_guard.clicked() : m_guard.commanded()) {
     case ToggleGuard::Action::open:
-        open(anchor);
+        open(askedBy, anchor);
         break;
     case ToggleGuard::Action::close:
-        closeBy(anchor ? ToggleGuard::HiddenBy::pointer : ToggleGuard::HiddenBy::other);
+        closeBy(isClick ? ToggleGuard::HiddenBy::pointer : ToggleGuard::HiddenBy::other);
         break;
     case ToggleGuard::Action::nothing:
         break;
     }
 }
 
-void PanelWindow::open(std::optional<QPoint> anchor) {
+void PanelWindow::open(AskedBy askedBy, std::optional<QPoint> anchor) {
     if (anchor) {
         m_anchor = anchor;
     }
-    // The native window carries what window managers read before it is mapped.
+    // Window managers read properties of the native window before it is mapped.
     winId();
     m_isMasked = !m_isTranslucent || (X11Session::isX11() && !X11Session::isComposited());
     place();
     applyShape();
-    // It may have been minimised when it closed, or be so.
+    // It may be minimised, or have been when it closed.
     setWindowState(windowState() & ~Qt::WindowMinimized);
-    X11Session::skipTaskbar(*windowHandle());
+    if (!isVisible()) {
+        // Only the window manager may change the states of a window that is on the screen.
+        X11Session::beUtility(*windowHandle());
+        X11Session::skipTaskbar(*windowHandle());
+    }
     X11Session::setStartupToken(*windowHandle(), std::exchange(m_token, QString()));
     show();
     if (m_sway) {
-        m_sway->shown(anchor ? SwayPlacement::OpenedBy::pointer : SwayPlacement::OpenedBy::other);
+        m_sway->shown(askedBy == AskedBy::pointer ? SwayPlacement::OpenedBy::pointer
+                                                  : SwayPlacement::OpenedBy::other);
     }
     raise();
     activateWindow();
@@ -146,11 +143,22 @@ void PanelWindow::dismiss() {
     closeBy(ToggleGuard::HiddenBy::other);
 }
 
+void PanelWindow::renew() {
+    const bool wasOpen = isVisible();
+    m_isRenewing = true;
+    hide();
+    destroy();
+    if (wasOpen) {
+        open(AskedBy::command);
+    }
+    m_isRenewing = false;
+}
+
 void PanelWindow::setActivationToken(const QString& token) {
-    m_token = token;
+    m_token = token.size() <= kLongestToken ? token : QString();
     if (!X11Session::isX11()) {
-        // From where Qt takes the token when it asks a Wayland compositor for the focus.
-        qputenv("XDG_ACTIVATION_TOKEN", token.toUtf8());
+        // Qt reads the token there when it asks a Wayland compositor for the focus.
+        qputenv("XDG_ACTIVATION_TOKEN", m_token.toUtf8());
     }
 }
 
@@ -160,7 +168,10 @@ bool PanelWindow::event(QEvent* event) {
         replace();
         break;
     case QEvent::WindowDeactivate:
-        m_focusCheck.start();
+        waitForFocus();
+        break;
+    case QEvent::Enter:
+        m_hadPointer = true;
         break;
     default:
         break;
@@ -183,6 +194,20 @@ void PanelWindow::keyPressEvent(QKeyEvent* event) {
     }
 }
 
+void PanelWindow::moveEvent(QMoveEvent* /*event*/) {
+    // i3 4.22 shows a new window moved by the width of a frame, though it gets none. Setting the
+    // place a second time helps. If the window manager then still has another place, accept it.
+    if (!m_guard.hasJustOpened()) {
+        if (m_isStandalone && isVisible()) {
+            m_place.moveTopLeft(pos());
+        }
+    } else if (!m_sway && !m_hasInsisted && pos() != m_place.topLeft()) {
+        m_hasInsisted = true;
+        QMetaObject::invokeMethod(
+            this, [this] { replace(); }, Qt::QueuedConnection);
+    }
+}
+
 void PanelWindow::paintEvent(QPaintEvent* /*event*/) {
     QPainter painter(this);
     RoundedWindow::fill(painter, *this, kCornerRadius, ThemeKey::value(*m_content).colors.surface);
@@ -198,22 +223,30 @@ void PanelWindow::resizeEvent(QResizeEvent* /*event*/) {
 }
 
 void PanelWindow::showEvent(QShowEvent* event) {
-    if (event->spontaneous()) {
+    if (event->spontaneous() || m_isRenewing) {
         return;
     }
+    m_hadPointer = false;
+    m_hasInsisted = false;
     m_guard.shown();
     m_presses.listen();
+    if (onOpened) {
+        onOpened();
+    }
 }
 
 void PanelWindow::hideEvent(QHideEvent* event) {
-    closePopups();
+    OwnWindows::closePopupsOf(*this);
     if (event->spontaneous()) {
-        // Minimised, which is not closed.
+        // Minimised, which does not count as closed.
         return;
     }
     m_focusCheck.stop();
     if (m_sway) {
         m_sway->hidden();
+    }
+    if (m_isRenewing) {
+        return;
     }
     m_guard.hidden(std::exchange(m_cause, ToggleGuard::HiddenBy::other));
     if (!m_guard.isPressHeld()) {
@@ -242,59 +275,79 @@ void PanelWindow::closeBy(ToggleGuard::HiddenBy cause) {
     }
 }
 
+void PanelWindow::setStandalone(bool isStandalone) {
+    m_wasPlaced = m_wasPlaced && isStandalone == m_isStandalone;
+    m_isStandalone = isStandalone;
+    if (m_sway) {
+        m_sway->setKeepsPlace(isStandalone);
+    }
+}
+
 void PanelWindow::place() {
+    if (m_isStandalone && m_wasPlaced) {
+        keepPlace();
+        return;
+    }
     // The screen that the item was on may have been unplugged since.
     const QScreen* const anchored = m_anchor ? screenWith(*m_anchor) : nullptr;
     const QScreen* const screen = anchored != nullptr ? anchored : QGuiApplication::primaryScreen();
     if (screen == nullptr) {
         return;
     }
-    const QRect workArea = screen->availableGeometry();
+    const QRect workArea =
+        anchored != nullptr ? workAreaBeside(*m_anchor, *screen) : screen->availableGeometry();
     const QSize wanted = m_content->sizeHint();
     const QRect area = screen->geometry();
     const QRect rectangle = anchored != nullptr
                                 ? PanelPlacement::rectangle(*m_anchor, wanted, area, workArea)
                                 : PanelPlacement::rectangleWithoutAnchor(wanted, area, workArea);
     if (m_sway) {
-        // Sway tiles a window that could have another size, and moves all others for it.
+        // Sway tiles a window whose size is not fixed, and moves all others for it.
         setFixedSize(rectangle.size());
     }
-    setGeometry(rectangle);
+    m_place = rectangle;
+    setGeometry(m_place);
+    m_wasPlaced = true;
 }
 
-void PanelWindow::closePopups() {
-    const QWidget* closed = nullptr;
-    QWidget* popup = QApplication::activePopupWidget();
-    // One that refuses is not asked again.
-    while (popup != closed && isInside(popup)) {
-        closed = popup;
-        popup->close();
-        popup = QApplication::activePopupWidget();
+void PanelWindow::keepPlace() {
+    // While the panel opens, the window manager may have moved it.
+    const bool isSettled = isVisible() && !m_guard.hasJustOpened();
+    const QRect kept = isSettled ? geometry() : m_place;
+    const QScreen* const shownOn = screenWith(kept.center());
+    const QScreen* const screen = shownOn != nullptr ? shownOn : QGuiApplication::primaryScreen();
+    if (screen == nullptr) {
+        return;
     }
-}
-
-bool PanelWindow::isInside(const QWidget* widget) const {
-    // Other windows count, unlike with isAncestorOf().
-    while (widget != nullptr && widget != this) {
-        widget = widget->parentWidget();
+    const QRect rectangle = PanelPlacement::rectangleAt(
+        kept.topLeft(), m_content->sizeHint(), screen->availableGeometry());
+    if (rectangle.topLeft() != kept.topLeft()) {
+        m_place = rectangle;
     }
-    return widget == this;
+    if (m_sway) {
+        setFixedSize(rectangle.size());
+    }
+    // Some window managers add the width of a frame each time a place is set, so the window would
+    // wander.
+    if (rectangle.topLeft() == geometry().topLeft()) {
+        resize(rectangle.size());
+    } else {
+        setGeometry(rectangle);
+    }
 }
 
 void PanelWindow::handlePress(OutsidePressWatch::Place place) {
     // The first press outside an open menu closes the menu alone.
-    if (m_elsewhere != Elsewhere::closes || !m_guard.closesAtPress()
-        || QApplication::activePopupWidget() != nullptr
-        || QApplication::activeModalWidget() != nullptr
+    if (m_elsewhere != Elsewhere::closes || !m_guard.closesAtPress() || OwnWindows::haveOpenPopup()
         || place == OutsidePressWatch::Place::inOurWindow) {
         return;
     }
-    // The server may not have told yet that the pointer has come.
-    if (isOverOurs(QCursor::pos())) {
+    // The server may not have told yet that the pointer is over one of our windows.
+    if (OwnWindows::cover(QCursor::pos())) {
         return;
     }
     m_guard.pressedOutside();
-    // Not from inside the filter of native events.
+    // Called later, not inside the filter of native events.
     QMetaObject::invokeMethod(
         this, [this] { closeBy(ToggleGuard::HiddenBy::pointer); }, Qt::QueuedConnection);
 }
@@ -311,25 +364,14 @@ void PanelWindow::handleRelease() {
         Qt::QueuedConnection);
 }
 
+void PanelWindow::waitForFocus() {
+    m_focusCheck.start(m_hadPointer ? kFocusSettles : kPointerArrives);
+}
+
 void PanelWindow::handleFocusLoss() {
-    if (m_elsewhere == Elsewhere::closes && isVisible() && !hasFocusOfOurs()) {
+    if (m_elsewhere == Elsewhere::closes && isVisible() && !OwnWindows::haveFocus()) {
         closeBy(ToggleGuard::HiddenBy::pointer);
     }
-}
-
-bool PanelWindow::hasFocusOfOurs() {
-    return QApplication::activePopupWidget() != nullptr
-           || QApplication::activeModalWidget() != nullptr
-           || QGuiApplication::focusWindow() != nullptr;
-}
-
-bool PanelWindow::isOverOurs(QPoint point) {
-    for (const QWidget* const window : QApplication::topLevelWidgets()) {
-        if (window->isVisible() && window->frameGeometry().contains(point)) {
-            return true;
-        }
-    }
-    return false;
 }
 
 void PanelWindow::applyShape() {

@@ -3,10 +3,12 @@
 #pragma once
 
 #include "Quillbar/window/OutsidePressWatch.h"
+#include "Quillbar/window/ScaleWatch.h"
 #include "Quillbar/window/SwayPlacement.h"
 #include "Quillbar/window/ToggleGuard.h"
 
 #include <QPoint>
+#include <QRect>
 #include <QTimer>
 #include <QWidget>
 
@@ -18,41 +20,68 @@ class QScreen;
 
 namespace quillbar {
 
-/// The window that drops down from the item: beside it, without a frame or an entry in the task
-/// bar, above other windows, with the keyboard's focus. It closes at Escape, at a press anywhere
-/// outside, and when another program takes the focus; not when one of its own menus, popovers or
-/// dialogs opens; they go with it. Minimised, which some window managers can do, it is still open,
-/// and the next click shows it again. Hidden, it costs nothing and keeps its content, so that it
-/// opens at once.
+class PanelEdge;
+
+/// The window that drops down from the item. It is beside the item and above other windows, has no
+/// frame and no entry in the task bar, and gets the keyboard's focus. It closes at Escape, at a
+/// press anywhere outside, and when another program takes the focus. As long as the pointer has not
+/// been inside, it waits half a second for the focus, because the focus may follow a pointer that
+/// is on its way. It does not close when one of its own menus, popovers or dialogs opens; they
+/// close with it. Some window managers can minimise it: it is still open then, and the next click
+/// shows it again. While it is hidden it costs nothing and keeps its content, so that it opens at
+/// once.
 ///
-/// Where there is no item to drop from, it goes where the item would be.
+/// Without an item, it is where the item would be.
 class PanelWindow final : public QWidget {
 public:
-    /// Takes `content` over; it decides the size, and is shrunk where the screen is too small.
-    PanelWindow(QWidget* content, ToggleGuard::Elapsed elapsed);
+    /// Takes ownership of `content`, whose size hint is the size; it is shrunk if the screen is too
+    /// small. `ratiosOf` looks up for which scale the native window is drawn, and which scale its
+    /// screen has.
+    PanelWindow(QWidget* content,
+                ToggleGuard::Elapsed elapsed,
+                ScaleWatch::LookUp ratiosOf = &ScaleWatch::ratiosOf);
     PanelWindow(const PanelWindow&) = delete;
     PanelWindow& operator=(const PanelWindow&) = delete;
     PanelWindow(PanelWindow&&) = delete;
     PanelWindow& operator=(PanelWindow&&) = delete;
     ~PanelWindow() override;
 
-    /// A click on the item, which lies at `anchor`, or without an anchor a command that may come from
-    /// a key or from a click anywhere: opens or closes the panel.
-    void toggle(std::optional<QPoint> anchor);
-    /// Opens the panel, or raises it when it is open. Without an anchor it goes beside the item where
-    /// that was last, or else where it would be on the primary screen.
-    void open(std::optional<QPoint> anchor);
+    /// By what the user asks for the panel.
+    enum class AskedBy {
+        /// The pointer, on the item or on its menu.
+        pointer,
+        /// A command, which may come from a key or from a click anywhere.
+        command,
+    };
+    /// Opens or closes the panel of the item at `anchor`, as open() does.
+    void toggle(AskedBy askedBy, std::optional<QPoint> anchor = std::nullopt);
+    /// Opens the panel, or raises it when it is open. Without an anchor, it opens at the last
+    /// anchor, or else where the item would be on the primary screen.
+    void open(AskedBy askedBy, std::optional<QPoint> anchor = std::nullopt);
     /// Closes the panel; the next click opens it at once.
     void dismiss();
+    /// Makes the native window anew, for the scale that its screen has now. An open panel stays
+    /// open, but its menus and popovers close.
+    void renew();
 
-    /// The token that the host handed out for the click that follows.
+    /// More characters than the token of any desktop has. A longer one is ignored: it would break
+    /// the connection to the X server, or fill the environment.
+    static constexpr qsizetype kLongestToken = 1024;
+
+    /// The token of the host for the click that follows; empty for none.
     void setActivationToken(const QString& token);
 
     /// What a press outside, or another program that takes the focus, does to the open panel.
     enum class Elsewhere { closes, changesNothing };
-    /// Closes, unless told otherwise.
+    /// The default is that it closes.
     void setElsewhere(Elsewhere elsewhere) { m_elsewhere = elsewhere; }
 
+    /// Whether the panel is a window by itself, because there is no item. It then stays where the
+    /// user has dragged it. The default is that it is not.
+    void setStandalone(bool isStandalone);
+
+    /// Called when the panel has opened; not when it is raised.
+    std::function<void()> onOpened;
     /// Called after the panel has closed, whatever closed it, but not while it is destroyed.
     std::function<void()> onClosed;
 
@@ -60,41 +89,46 @@ protected:
     bool event(QEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
+    void moveEvent(QMoveEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void showEvent(QShowEvent* event) override;
     void hideEvent(QHideEvent* event) override;
 
 private:
-    class Edge;
-
     void follow(const QScreen* screen);
     void replace();
     void closeBy(ToggleGuard::HiddenBy cause);
     void place();
-    /// Closes the menus and popovers of the panel, which would stay without it.
-    void closePopups();
-    /// Whether the widget is of the panel or of one of its menus and popovers. False for null.
-    [[nodiscard]] bool isInside(const QWidget* widget) const;
+    void keepPlace();
     void handlePress(OutsidePressWatch::Place place);
     void handleRelease();
+    void waitForFocus();
     void handleFocusLoss();
-    /// Whether the keyboard is with one of the program's own windows.
-    [[nodiscard]] static bool hasFocusOfOurs();
-    [[nodiscard]] static bool isOverOurs(QPoint point);
     void applyShape();
 
     QWidget* m_content;
-    Edge* m_edge;
+    PanelEdge* m_edge;
     ToggleGuard m_guard;
     ToggleGuard::HiddenBy m_cause = ToggleGuard::HiddenBy::other;
     OutsidePressWatch m_presses;
-    QTimer m_focusCheck;
+    ScaleWatch m_scaleWatch;
+    QTimer m_focusCheck{this};
     Elsewhere m_elsewhere = Elsewhere::closes;
+    bool m_isStandalone = false;
+    // Whether it was placed since it is a window by itself.
+    bool m_wasPlaced = false;
     std::optional<QPoint> m_anchor;
     QString m_token;
+    /// Where place() put the window, or to where the user dragged it while it is a window by
+    /// itself.
+    QRect m_place;
+    // Both are about the time since the panel opened.
+    bool m_hadPointer = false;
+    bool m_hasInsisted = false;
+    bool m_isRenewing = false;
     bool m_isTranslucent = false;
-    // Nobody blends windows, so the corners are cut.
+    // No compositor blends windows, so the corners are cut off.
     bool m_isMasked = false;
     /// Null outside sway, which places windows itself.
     std::unique_ptr<SwayPlacement> m_sway;

@@ -138,6 +138,15 @@ std::optional<qint64> SwayWindow::idIn(const QByteArray& event, const SwayWindow
                : std::nullopt;
 }
 
+std::optional<QRect> SwayWindow::closedIn(const QByteArray& event, const SwayWindowKey& key) {
+    const QJsonObject object = QJsonDocument::fromJson(event).object();
+    const QJsonObject container = object[QLatin1String("container")].toObject();
+    const bool isClosed = object[QLatin1String("change")].toString() == QLatin1String("close");
+    return isClosed && isMeant(container, key) && rectangleOf(container).isValid()
+               ? std::optional(rectangleOf(container))
+               : std::nullopt;
+}
+
 std::optional<QString> swayRefusal(const QByteArray& answer) {
     const QJsonDocument document = QJsonDocument::fromJson(answer);
     // A list with an entry for each command, or one entry alone.

@@ -13,8 +13,8 @@ namespace quillbar {
 /// One message of sway's IPC, in either direction: a header of 14 bytes (a mark, the payload's
 /// length and the type, both in the machine's byte order), then the payload. A value.
 struct SwayMessage {
-    /// The types that are used here. An answer has the type of its question; any other number may
-    /// come, too.
+    /// The types that are used here. An answer has the type of its question. Messages of other
+    /// types may arrive too.
     enum class Type : quint32 {
         runCommand = 0,
         subscribe = 2,
@@ -22,7 +22,7 @@ struct SwayMessage {
         windowEvent = 0x80000003
     };
 
-    /// A longer payload is not sway's: its tree of a thousand windows has two million bytes.
+    /// Sway sends no longer payload: its tree of a thousand windows has two million bytes.
     static constexpr quint32 kLongestPayload = 32U << 20U;
 
     Type type = Type::runCommand;
@@ -33,15 +33,15 @@ struct SwayMessage {
     /// The bytes that are sent.
     [[nodiscard]] QByteArray encoded() const;
 
-    /// Takes the first message out of what was received; none while it is incomplete, nor from
-    /// bytes that are no message.
+    /// Takes the first message out of the bytes that were received. Absent while it is incomplete,
+    /// or if the bytes are no message.
     [[nodiscard]] static std::optional<SwayMessage> takeFrom(QByteArray& received);
 
     /// Whether the bytes received cannot be the beginning of a message, whatever follows.
     [[nodiscard]] static bool isSpoilt(const QByteArray& received);
 };
 
-/// Which of sway's windows is meant.
+/// The window that is meant, among all of sway's windows.
 struct SwayWindowKey {
     qint64 pid = 0;
     /// The whole title.
@@ -50,25 +50,30 @@ struct SwayWindowKey {
 
 /// Where sway has a window; the rectangles are in its logical pixels.
 struct SwayWindow {
-    /// Names the window in sway's commands, for as long as it is shown.
+    /// The name of the window in sway's commands, valid while it is shown.
     qint64 id = 0;
     QRect rectangle;
     QRect output;
-    /// What bars leave of the output.
+    /// The part of the output that bars leave free.
     QRect workspace;
 
     bool operator==(const SwayWindow&) const = default;
 
-    /// The window in the answer to `getTree`; none when it is not there, or not described in full.
+    /// The window in the answer to `getTree`. Absent if it is not there, or if its description is
+    /// incomplete.
     [[nodiscard]] static std::optional<SwayWindow> findIn(const QByteArray& tree,
                                                           const SwayWindowKey& key);
 
     /// The id of the window that a `windowEvent` is about, if it is this one.
     [[nodiscard]] static std::optional<qint64> idIn(const QByteArray& event,
                                                     const SwayWindowKey& key);
+
+    /// Where the window was, if this `windowEvent` says that it has closed.
+    [[nodiscard]] static std::optional<QRect> closedIn(const QByteArray& event,
+                                                       const SwayWindowKey& key);
 };
 
-/// Why sway refused what an answer to `runCommand` or `subscribe` is about; none when it did not.
+/// Why sway refused the command or the subscription of this answer. Absent if it did not refuse.
 [[nodiscard]] std::optional<QString> swayRefusal(const QByteArray& answer);
 
 }  // namespace quillbar

@@ -50,6 +50,11 @@ SwayPlacement::~SwayPlacement() {
 }
 
 void SwayPlacement::shown(OpenedBy openedBy) {
+    if (m_step == Step::closing) {
+        m_openedBy = openedBy;
+        m_isShownAgain = true;
+        return;
+    }
     if (m_step != Step::nothing) {
         return;
     }
@@ -60,8 +65,19 @@ void SwayPlacement::shown(OpenedBy openedBy) {
     m_socket.connectToServer(m_path);
 }
 
+void SwayPlacement::setKeepsPlace(bool keepsPlace) {
+    if (keepsPlace != m_keepsPlace) {
+        m_keepsPlace = keepsPlace;
+        m_kept.reset();
+    }
+}
+
 void SwayPlacement::resized(QSize size) {
-    if (m_step == Step::placed) {
+    if (m_step == Step::placed && m_keepsPlace) {
+        m_size = size;
+        m_step = Step::dragged;
+        send(SwayMessage::Type::getTree);
+    } else if (m_step == Step::placed) {
         place(size);
     } else {
         m_size = size;
@@ -69,7 +85,14 @@ void SwayPlacement::resized(QSize size) {
 }
 
 void SwayPlacement::hidden() {
-    end();
+    m_isShownAgain = false;
+    const bool wasPlaced = m_step == Step::placed || m_step == Step::dragged;
+    if (m_keepsPlace && wasPlaced) {
+        m_size.reset();
+        m_step = Step::closing;
+    } else if (m_step != Step::closing) {
+        end();
+    }
 }
 
 QPoint SwayPlacement::anchorOf(const SwayWindow& atPointer) {
@@ -116,7 +139,7 @@ void SwayPlacement::handleMessage(const SwayMessage& message) {
         }
         break;
     case SwayMessage::Type::getTree:
-        if (m_step == Step::measure) {
+        if (m_step == Step::measure || m_step == Step::dragged) {
             handleMeasure(message.payload);
         } else if (m_step == Step::window) {
             if (const auto window = SwayWindow::findIn(message.payload, m_key)) {
@@ -125,7 +148,9 @@ void SwayPlacement::handleMessage(const SwayMessage& message) {
         }
         break;
     case SwayMessage::Type::windowEvent:
-        if (m_step == Step::window) {
+        if (m_step == Step::closing) {
+            handleClosing(message.payload);
+        } else if (m_step == Step::window) {
             if (const auto id = SwayWindow::idIn(message.payload, m_key)) {
                 handleWindow(*id);
             }
@@ -150,19 +175,43 @@ void SwayPlacement::handleMeasure(const QByteArray& tree) {
         return;
     }
     m_window = *window;
-    if (m_openedBy == OpenedBy::pointer) {
+    if (m_step == Step::dragged) {
+        m_kept = m_window.rectangle.topLeft();
+    } else if (m_openedBy == OpenedBy::pointer) {
         m_anchor = anchorOf(m_window);
     }
     m_step = Step::placed;
     place(m_size.value_or(m_window.rectangle.size()));
 }
 
+void SwayPlacement::handleClosing(const QByteArray& event) {
+    const auto closed = SwayWindow::closedIn(event, m_key);
+    if (!closed) {
+        return;
+    }
+    if (m_keepsPlace) {
+        m_kept = closed->topLeft();
+    }
+    if (std::exchange(m_isShownAgain, false)) {
+        m_step = Step::window;
+        send(SwayMessage::Type::getTree);
+    } else {
+        end();
+    }
+}
+
 void SwayPlacement::place(QSize size) {
     const QRect& output = m_window.output;
     const QRect& room = m_window.workspace;
     const bool hasAnchor = m_anchor && output.contains(*m_anchor);
-    const QRect wanted = hasAnchor ? PanelPlacement::rectangle(*m_anchor, size, output, room)
-                                   : PanelPlacement::rectangleWithoutAnchor(size, output, room);
+    QRect wanted = hasAnchor ? PanelPlacement::rectangle(*m_anchor, size, output, room)
+                             : PanelPlacement::rectangleWithoutAnchor(size, output, room);
+    if (m_keepsPlace) {
+        if (m_kept && output.contains(*m_kept)) {
+            wanted = PanelPlacement::rectangleAt(*m_kept, size, room);
+        }
+        m_kept = wanted.topLeft();
+    }
     const QPoint position = wanted.topLeft();
     if (position != m_window.rectangle.topLeft()) {
         m_window.rectangle.moveTo(position);

@@ -19,19 +19,17 @@
 namespace quillbar {
 
 /// Puts a window beside sway's bar, through sway's IPC: sway lets no window choose its place, and
-/// tells none where the pointer is. All of it happens while the event loop runs, and nothing waits
-/// for it. What fails is logged, once, and leaves the window where sway had put it. For the main
-/// thread.
+/// tells none where the pointer is. It works from the event loop, and nothing waits for it. A
+/// failure is logged once, and the window stays where sway has put it. For the main thread.
 ///
-/// Only the one window is touched that sway knows by the key, so the title belongs to no other
-/// window of the program.
+/// Only the window with the title is moved, so no other window of the program may have it.
 class SwayPlacement final {
 public:
-    /// What a window was opened by.
+    /// By what the user opened a window.
     enum class OpenedBy {
-        /// A click, so it belongs beside the pointer.
+        /// A click, so the window is put beside the pointer.
         pointer,
-        /// Something else, so it goes where it was last, or to the end of the bar.
+        /// Something else, so the window is put where it was last, or to the end of the bar.
         other,
     };
 
@@ -46,12 +44,16 @@ public:
     SwayPlacement& operator=(SwayPlacement&&) = delete;
     ~SwayPlacement();
 
-    /// The window appears, or will in a moment; places it. Does nothing while it is being placed or
-    /// stands in its place.
+    /// Call it when the window appears, or is about to: it is then placed. Does nothing while it is
+    /// being placed or is in its place.
     void shown(OpenedBy openedBy);
-    /// The window, shown, has another size: keeps it beside the bar.
+    /// Whether the window, once placed, stays where the user drags it, and is shown there again on
+    /// the same screen. By default the window is put beside the bar.
+    void setKeepsPlace(bool keepsPlace);
+    /// Call it when the size of a shown window has changed: keeps it beside the bar, or inside the
+    /// work area.
     void resized(QSize size);
-    /// The window is gone; ends what is under way.
+    /// Call it when the window is hidden: ends what is under way.
     void hidden();
 
     /// The point on the screen's edge, or inside, that the window belongs to, when sway has put the
@@ -59,14 +61,27 @@ public:
     [[nodiscard]] static QPoint anchorOf(const SwayWindow& atPointer);
 
 private:
-    /// What is waited for.
-    enum class Step { nothing, connection, subscription, window, floating, measure, placed };
+    /// The answer or the event that it waits for.
+    enum class Step {
+        nothing,
+        connection,
+        subscription,
+        window,
+        floating,
+        measure,
+        placed,
+        /// Where a placed window has been dragged to.
+        dragged,
+        /// Where the window was when it closed.
+        closing,
+    };
 
     void handleConnection();
     void handleBytes();
     void handleMessage(const SwayMessage& message);
     void handleWindow(qint64 id);
     void handleMeasure(const QByteArray& tree);
+    void handleClosing(const QByteArray& event);
     /// Moves the window to where it belongs at that size.
     void place(QSize size);
     void send(SwayMessage::Type type, const QByteArray& payload = {});
@@ -83,6 +98,11 @@ private:
     OpenedBy m_openedBy = OpenedBy::other;
     /// Where the last click was.
     std::optional<QPoint> m_anchor;
+    bool m_keepsPlace = false;
+    /// Where the window was last, while it keeps its place.
+    std::optional<QPoint> m_kept;
+    /// Whether the window was shown again before sway told that it had closed.
+    bool m_isShownAgain = false;
     SwayWindow m_window;
     /// A size that came before the window could be placed.
     std::optional<QSize> m_size;

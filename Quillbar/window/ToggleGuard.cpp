@@ -10,7 +10,7 @@ ToggleGuard::ToggleGuard(Elapsed elapsed)
     : m_elapsed(std::move(elapsed)) {}
 
 ToggleGuard::Action ToggleGuard::clicked() const {
-    return m_isShown && isRecent(m_shownAt) ? Action::nothing : commanded();
+    return hasJustOpened() ? Action::nothing : commanded();
 }
 
 ToggleGuard::Action ToggleGuard::commanded() const {
@@ -18,6 +18,10 @@ ToggleGuard::Action ToggleGuard::commanded() const {
         return Action::close;
     }
     return m_isPressHeld || isRecent(m_hiddenAt) ? Action::nothing : Action::open;
+}
+
+bool ToggleGuard::hasJustOpened() const {
+    return m_isShown && isRecent(m_shownAt);
 }
 
 bool ToggleGuard::closesAtPress() const {

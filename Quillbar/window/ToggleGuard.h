@@ -8,51 +8,54 @@
 
 namespace quillbar {
 
-/// Decides what a click on the item means, because one click reaches the panel twice: as a press
-/// outside it, which closes it, and as the host's word that the item was clicked. A plain object of
+/// Decides what a click on the item means. One click reaches the panel twice: as a press outside,
+/// which closes the panel, and as the host's message that the item was clicked. A plain object of
 /// the main thread.
 class ToggleGuard final {
 public:
-    /// The longest that a host takes to report a click, and that the two clicks of a double click
-    /// are apart.
+    /// The longest time that a host takes to report a click, and also the longest time between the
+    /// two clicks of a double click.
     static constexpr std::chrono::milliseconds kGrace{400};
 
-    /// A clock that never goes back; its origin does not matter.
+    /// A clock that never goes backwards; its start does not matter.
     using Elapsed = std::function<std::chrono::milliseconds()>;
 
     explicit ToggleGuard(Elapsed elapsed);
 
     enum class Action { open, close, nothing };
 
-    /// What a click on the item asks for: the second click of a double click changes nothing, nor
-    /// does the very click whose press closed the panel, however long it is held.
+    /// What to do for a click on the item. Nothing for the second click of a double click, and for
+    /// the click whose press has closed the panel, however long the button is held.
     [[nodiscard]] Action clicked() const;
 
-    /// What a command asks for, which a key or a click somewhere has sent: a click whose press closed
-    /// the panel does not open it again.
+    /// What to do for a command, which may come from a key or from a click somewhere. A click whose
+    /// press has closed the panel does not open it again.
     [[nodiscard]] Action commanded() const;
 
-    /// Whether a press outside closes the panel: not the second one of the double click that opened
-    /// it.
+    /// Whether the panel opened so recently that it may not be on the screen yet.
+    [[nodiscard]] bool hasJustOpened() const;
+
+    /// Whether a press outside closes the panel. The second press of the double click that opened
+    /// it does not.
     [[nodiscard]] bool closesAtPress() const;
 
     // What happens to the panel.
 
     void shown();
-    /// What made the panel go.
+    /// By what the panel was hidden.
     enum class HiddenBy {
-        /// A click, on the item or elsewhere, or the focus that went with one.
+        /// A click on the item or elsewhere, or the loss of the focus by a click.
         pointer,
         /// The keyboard, or the program itself: the item opens the panel again at once.
         other,
     };
     void hidden(HiddenBy cause);
-    /// A press outside is about to close the panel.
+    /// Call it when a press outside is about to close the panel.
     void pressedOutside() { m_isPressHeld = true; }
-    /// A button was released, wherever.
+    /// Call it when a button is released, anywhere.
     void released();
 
-    /// Whether the press that closed the panel still lasts.
+    /// Whether the button whose press closed the panel is still held.
     [[nodiscard]] bool isPressHeld() const noexcept { return m_isPressHeld; }
 
 private:

@@ -2,17 +2,21 @@
 // SPDX-License-Identifier: MIT
 #include "Quillbar/window/X11Session.h"
 
+#include "Quillbar/widgets/NativeShape.h"
+
 #include <QByteArray>
 #include <QGuiApplication>
-#include <QtGui/qguiapplication_platform.h>
 #include <QWindow>
 
 #include <algorithm>
 #include <array>
 #include <cstdlib>
 #include <cstring>
+#include <initializer_list>
 #include <memory>
+#include <span>
 #include <string_view>
+#include <vector>
 #include <xcb/xcb.h>
 
 namespace quillbar::X11Session {
@@ -36,11 +40,55 @@ xcb_atom_t atom(xcb_connection_t* connection, std::string_view name) {
     return reply ? reply->atom : static_cast<xcb_atom_t>(XCB_ATOM_NONE);
 }
 
+bool isDock(xcb_connection_t* connection, xcb_window_t window) {
+    constexpr std::uint32_t kMostTypes = 8;
+    const auto cookie = xcb_get_property(connection,
+                                         0,
+                                         window,
+                                         atom(connection, "_NET_WM_WINDOW_TYPE"),
+                                         XCB_ATOM_ATOM,
+                                         0,
+                                         kMostTypes);
+    const std::unique_ptr<xcb_get_property_reply_t, Free> reply(
+        xcb_get_property_reply(connection, cookie, nullptr));
+    if (!reply || reply->type != XCB_ATOM_ATOM) {
+        return false;
+    }
+    const std::span types(
+        static_cast<const xcb_atom_t*>(xcb_get_property_value(reply.get())),
+        static_cast<std::size_t>(xcb_get_property_value_length(reply.get())) / sizeof(xcb_atom_t));
+    return std::ranges::find(types, atom(connection, "_NET_WM_WINDOW_TYPE_DOCK")) != types.end();
+}
+
+std::unique_ptr<xcb_translate_coordinates_reply_t, Free> translated(xcb_connection_t* connection,
+                                                                    xcb_window_t from,
+                                                                    xcb_window_t to,
+                                                                    QPoint position) {
+    const auto cookie = xcb_translate_coordinates(connection,
+                                                  from,
+                                                  to,
+                                                  static_cast<std::int16_t>(position.x()),
+                                                  static_cast<std::int16_t>(position.y()));
+    return std::unique_ptr<xcb_translate_coordinates_reply_t, Free>(
+        xcb_translate_coordinates_reply(connection, cookie, nullptr));
+}
+
+std::optional<QRect> rectangleOf(xcb_connection_t* connection, xcb_window_t window) {
+    const auto cookie = xcb_get_geometry(connection, window);
+    const std::unique_ptr<xcb_get_geometry_reply_t, Free> geometry(
+        xcb_get_geometry_reply(connection, cookie, nullptr));
+    const auto corner = translated(connection, window, rootWindow(connection), {});
+    if (!geometry || !corner) {
+        return std::nullopt;
+    }
+    return QRect(corner->dst_x, corner->dst_y, geometry->width, geometry->height);
+}
+
 xcb_window_t idOf(const QWindow& window) {
     return static_cast<xcb_window_t>(window.winId());
 }
 
-// Everybody who shows a busy cursor listens on the root window for these messages.
+// Programs that show a busy cursor listen on the root window for these messages.
 void broadcastStartupMessage(xcb_connection_t* connection, const QByteArray& text) {
     const xcb_window_t root = rootWindow(connection);
     const xcb_window_t sender = xcb_generate_id(connection);
@@ -58,7 +106,7 @@ void broadcastStartupMessage(xcb_connection_t* connection, const QByteArray& tex
                       XCB_COPY_FROM_PARENT,
                       XCB_CW_OVERRIDE_REDIRECT,
                       &overrideRedirect);
-    // The zero at its end is part of the text.
+    // The zero at the end is a part of the text.
     const qsizetype length = text.size() + 1;
     constexpr qsizetype kPieceLength = 20;
     for (qsizetype start = 0; start < length; start += kPieceLength) {
@@ -77,14 +125,33 @@ void broadcastStartupMessage(xcb_connection_t* connection, const QByteArray& tex
     xcb_destroy_window(connection, sender);
 }
 
+void setAtoms(const QWindow& window,
+              std::string_view property,
+              std::initializer_list<std::string_view> names) {
+    xcb_connection_t* const server = connection();
+    if (server == nullptr) {
+        return;
+    }
+    std::vector<xcb_atom_t> atoms;
+    atoms.reserve(names.size());
+    for (const std::string_view name : names) {
+        atoms.push_back(atom(server, name));
+    }
+    xcb_change_property(server,
+                        XCB_PROP_MODE_REPLACE,
+                        idOf(window),
+                        atom(server, property),
+                        XCB_ATOM_ATOM,
+                        32,
+                        static_cast<std::uint32_t>(atoms.size()),
+                        atoms.data());
+    xcb_flush(server);
+}
+
 }  // namespace
 
 xcb_connection_t* connection() {
-    // Without a screen, Qt's offscreen platform offers the interface too, with nothing behind it.
-    const auto* const x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
-    return x11 != nullptr && QGuiApplication::platformName() == QLatin1String("xcb")
-               ? x11->connection()
-               : nullptr;
+    return NativeShape::connection();
 }
 
 bool isX11() {
@@ -102,29 +169,43 @@ bool isComposited() {
     return reply && reply->owner != XCB_WINDOW_NONE;
 }
 
-void skipTaskbar(const QWindow& window) {
+std::optional<QRect> dockAt(QPoint position) {
     xcb_connection_t* const server = connection();
     if (server == nullptr) {
-        return;
+        return std::nullopt;
     }
-    const std::array states{atom(server, "_NET_WM_STATE_SKIP_TASKBAR"),
-                            atom(server, "_NET_WM_STATE_SKIP_PAGER")};
-    xcb_change_property(server,
-                        XCB_PROP_MODE_REPLACE,
-                        idOf(window),
-                        atom(server, "_NET_WM_STATE"),
-                        XCB_ATOM_ATOM,
-                        32,
-                        static_cast<std::uint32_t>(states.size()),
-                        states.data());
-    xcb_flush(server);
+    // Window managers put their clients into windows of their own.
+    constexpr int kDeepest = 4;
+    const xcb_window_t root = rootWindow(server);
+    xcb_window_t window = root;
+    for (int depth = 0; depth < kDeepest; ++depth) {
+        const auto below = translated(server, root, window, position);
+        if (!below || below->child == XCB_WINDOW_NONE) {
+            return std::nullopt;
+        }
+        window = below->child;
+        if (isDock(server, window)) {
+            return rectangleOf(server, window);
+        }
+    }
+    return std::nullopt;
+}
+
+void beUtility(const QWindow& window) {
+    setAtoms(window,
+             "_NET_WM_WINDOW_TYPE",
+             {"_NET_WM_WINDOW_TYPE_UTILITY",
+              "_KDE_NET_WM_WINDOW_TYPE_OVERRIDE",
+              "_NET_WM_WINDOW_TYPE_NORMAL"});
+}
+
+void skipTaskbar(const QWindow& window) {
+    setAtoms(window, "_NET_WM_STATE", {"_NET_WM_STATE_SKIP_TASKBAR", "_NET_WM_STATE_SKIP_PAGER"});
 }
 
 void setStartupToken(const QWindow& window, const QString& token) {
     xcb_connection_t* const server = connection();
-    // Who sends more than any desktop's token must not break the connection with it.
-    constexpr qsizetype kLongestToken = 1024;
-    if (server == nullptr || token.isEmpty() || token.size() > kLongestToken) {
+    if (server == nullptr || token.isEmpty()) {
         return;
     }
     const QByteArray id = token.toUtf8();

@@ -12,15 +12,27 @@
 
 namespace quillbar {
 
+namespace {
+
+// 403 may be meant for the whole region, and a body that is no logo may come from a network that
+// wants a login first: neither says anything of the logo.
+bool saysMissing(int status) {
+    return status == 404 || status == 410;
+}
+
+}  // namespace
+
 IconStore::IconStore(Executor& executor,
                      std::filesystem::path directory,
                      std::shared_ptr<HTTPDataFetching> fetcher,
                      std::string baseURL,
-                     FileOperations& files)
+                     FileOperations& files,
+                     Clock now)
     : m_directory(std::move(directory))
     , m_fetcher(std::move(fetcher))
     , m_baseURL(std::move(baseURL))
     , m_files(files)
+    , m_now(std::move(now))
     , m_scope(executor) {}
 
 IconStore::~IconStore() {
@@ -52,6 +64,11 @@ Task<std::optional<std::string>> IconStore::iconData(std::string baseAsset) {
     co_return co_await result.wait();
 }
 
+bool IconStore::isMissing(std::string_view baseAsset) const {
+    const auto missing = m_missing.find(CoinIconDescriptor{std::string(baseAsset)}.fileName());
+    return missing != m_missing.end() && isYoungerThan(kMissingFor, missing->second, m_now());
+}
+
 Task<void> IconStore::load(std::string baseAsset, std::string fileName, Deferred<Icon> result) {
     Icon icon = co_await download(std::move(baseAsset), m_directory / fileName);
     m_inFlight.erase(fileName);
@@ -70,12 +87,16 @@ Task<std::optional<std::string>> IconStore::download(std::string baseAsset,
     }
     if (response.status != 200) {
         m_logger.log("icon fetch got HTTP {} for {}", response.status, baseAsset);
+        if (saysMissing(response.status)) {
+            m_missing.insert_or_assign(file.filename(), m_now());
+        }
         co_return std::nullopt;
     }
     if (!isPNG(response.body) || response.body.size() > kMaximumSize) {
         m_logger.log("icon fetch returned a non-PNG body for {}", baseAsset);
         co_return std::nullopt;
     }
+    m_missing.erase(file.filename());
     persist(response.body, file, baseAsset);
     co_return std::move(response.body);
 }

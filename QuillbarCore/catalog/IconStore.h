@@ -9,6 +9,7 @@
 #include "QuillbarCore/runtime/Logger.h"
 #include "QuillbarCore/runtime/Task.h"
 #include "QuillbarCore/runtime/TaskScope.h"
+#include "QuillbarCore/runtime/Time.h"
 
 #include <cstddef>
 #include <filesystem>
@@ -29,6 +30,8 @@ class IconStore final {
 public:
     /// A larger file is no logo.
     static constexpr std::size_t kMaximumSize = std::size_t{1024} * 1024;
+    /// How long a logo that the server does not have counts as missing: new coins get theirs later.
+    static constexpr Seconds kMissingFor{3600};
 
     /// `directory` need not exist. `baseURL` is where the logos lie, without a slash at its end. The
     /// executor and the file operations outlive the store.
@@ -36,7 +39,8 @@ public:
               std::filesystem::path directory,
               std::shared_ptr<HTTPDataFetching> fetcher,
               std::string baseURL,
-              FileOperations& files = FileOperations::system());
+              FileOperations& files = FileOperations::system(),
+              Clock now = systemClock());
     IconStore(const IconStore&) = delete;
     IconStore& operator=(const IconStore&) = delete;
     IconStore(IconStore&&) = delete;
@@ -47,6 +51,13 @@ public:
     /// remembered. Who asks for a logo that is being fetched shares the download; no caller's
     /// cancellation touches it. Throws `Cancelled` alone.
     Task<std::optional<std::string>> iconData(std::string baseAsset);
+
+    /// Whether the server said less than `kMissingFor` ago that it has no logo of this base asset, so
+    /// that asking again is in vain. A request that failed otherwise says nothing of the kind.
+    [[nodiscard]] bool isMissing(std::string_view baseAsset) const;
+    /// Has no logo count as missing any more. For when the network changes: on another one they may
+    /// be there.
+    void forgetMissing() noexcept { m_missing.clear(); }
 
 private:
     using Icon = std::optional<std::string>;
@@ -62,9 +73,12 @@ private:
     std::shared_ptr<HTTPDataFetching> m_fetcher;
     std::string m_baseURL;
     FileOperations& m_files;
+    Clock m_now;
     Logger m_logger{"IconStore"};
     // By file name, so that all spellings of a base asset share one.
     std::unordered_map<std::string, Deferred<Icon>> m_inFlight;
+    // When the server said so, by file name.
+    std::unordered_map<std::string, TimePoint> m_missing;
     // Last: its tasks use `this`.
     TaskScope m_scope;
 };

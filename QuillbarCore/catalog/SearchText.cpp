@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "QuillbarCore/catalog/SearchText.h"
 
+#include "QuillbarCore/model/AsciiCase.h"
+
 #include <algorithm>
 #include <cstdint>
 #include <unicode/locid.h>
@@ -27,10 +29,6 @@ bool isAscii(char byte) {
     return static_cast<unsigned char>(byte) < 0x80;
 }
 
-char upperCasedAscii(char byte) {
-    return byte >= 'a' && byte <= 'z' ? static_cast<char>(byte - 'a' + 'A') : byte;
-}
-
 }  // namespace
 
 std::string trimmed(std::string_view text) {
@@ -51,7 +49,7 @@ std::string upperCased(std::string_view text) {
     // Nearly every base asset; the search maps thousands of them at each keystroke.
     if (std::all_of(text.begin(), text.end(), isAscii)) {
         std::string result(text);
-        std::transform(result.begin(), result.end(), result.begin(), upperCasedAscii);
+        std::transform(result.begin(), result.end(), result.begin(), AsciiCase::upper);
         return result;
     }
     return encoded(decoded(text).toUpper(icu::Locale::getRoot()));

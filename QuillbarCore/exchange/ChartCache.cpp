@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "QuillbarCore/exchange/ChartCache.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace quillbar {
@@ -9,19 +10,24 @@ namespace quillbar {
 std::optional<std::vector<Candle>> ChartCache::value(std::string_view symbol,
                                                      ChartRange range,
                                                      TimePoint now) const {
-    const auto ranges = m_entries.find(symbol);
-    if (ranges == m_entries.end()) {
+    const Entry* const entry = find(symbol, range);
+    if (entry == nullptr) {
         return std::nullopt;
     }
-    const auto entry = ranges->second.find(range);
-    if (entry == ranges->second.end()) {
-        return std::nullopt;
-    }
-    const Seconds age = now - entry->second.storedAt;
+    const Seconds age = now - entry->storedAt;
     if (age < timeToLive(range)) {
-        return entry->second.candles;
+        return entry->candles;
     }
     return std::nullopt;
+}
+
+Seconds ChartCache::freshFor(std::string_view symbol, ChartRange range, TimePoint now) const {
+    const Entry* const entry = find(symbol, range);
+    if (entry == nullptr) {
+        return Seconds(0);
+    }
+    const Seconds rest = timeToLive(range) - Seconds(now - entry->storedAt);
+    return std::clamp(rest, Seconds(0), timeToLive(range));
 }
 
 ChartCache ChartCache::inserting(std::vector<Candle> candles,
@@ -31,6 +37,15 @@ ChartCache ChartCache::inserting(std::vector<Candle> candles,
     ChartCache result = *this;
     result.m_entries[std::move(symbol)].insert_or_assign(range, Entry{std::move(candles), now});
     return result;
+}
+
+const ChartCache::Entry* ChartCache::find(std::string_view symbol, ChartRange range) const {
+    const auto ranges = m_entries.find(symbol);
+    if (ranges == m_entries.end()) {
+        return nullptr;
+    }
+    const auto entry = ranges->second.find(range);
+    return entry == ranges->second.end() ? nullptr : &entry->second;
 }
 
 }  // namespace quillbar

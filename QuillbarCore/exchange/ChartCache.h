@@ -26,6 +26,10 @@ public:
                                                            ChartRange range,
                                                            TimePoint now) const;
 
+    /// How long the candles stored for this pair and range stay fresh, at most the range's time to
+    /// live; 0 without fresh ones.
+    [[nodiscard]] Seconds freshFor(std::string_view symbol, ChartRange range, TimePoint now) const;
+
     /// The cache with these candles, which may be none, stored at `now` for this pair and range in
     /// place of those before.
     [[nodiscard]] ChartCache inserting(std::vector<Candle> candles,
@@ -38,6 +42,9 @@ private:
         std::vector<Candle> candles;
         TimePoint storedAt;
     };
+
+    // Null for none.
+    [[nodiscard]] const Entry* find(std::string_view symbol, ChartRange range) const;
 
     // By range within symbol; a symbol can be looked up without a copy of its text.
     std::map<std::string, std::map<ChartRange, Entry>, std::less<>> m_entries;

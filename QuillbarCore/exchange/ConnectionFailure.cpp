@@ -32,6 +32,8 @@ Kind kindOf(URLError::Code code) {
         return Kind::untrusted;
     case URLError::Code::tooLarge:
         return Kind::tooLarge;
+    case URLError::Code::notServedHere:
+        return Kind::notServedHere;
     case URLError::Code::badURL:
         return Kind::badAddress;
     case URLError::Code::other:
@@ -82,6 +84,8 @@ std::string displayName(const ConnectionFailure& failure) {
         return "连接意外断开";
     case Kind::tooLarge:
         return "服务器的数据过大";
+    case Kind::notServedHere:
+        return "当前地区无法访问行情服务";
     case Kind::badAddress:
         return "服务器地址无效";
     case Kind::noServer:

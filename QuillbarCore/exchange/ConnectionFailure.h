@@ -18,6 +18,7 @@ struct ConnectionFailure final {
         refused,         ///< the server answered with the status of `httpStatus`
         closedByServer,  ///< the server said farewell
         lost,            ///< the connection broke
+        notServedHere,   ///< the server, or each that was asked, does not serve this region
         tooLarge,        ///< a message is larger than what is accepted
         badAddress,      ///< the address is none that can be connected to
         noServer,        ///< no server is left to try
@@ -26,7 +27,7 @@ struct ConnectionFailure final {
     };
 
     Kind kind = Kind::unknown;
-    /// Of `refused`; otherwise 0.
+    /// The status with which a server refused, for `refused`; 0 for every other kind.
     int httpStatus = 0;
 
     /// What the error (not null) means for a connection; `unknown` for errors that are neither a

@@ -22,9 +22,7 @@ void EndpointRenewal::renew() {
 
 void EndpointRenewal::renewIfDue() {
     const TimePoint now = m_now();
-    // A clock that was set back says nothing of how long ago that was.
-    const bool isRecent = m_exhaustedAt && now >= *m_exhaustedAt && now - *m_exhaustedAt < kSpacing;
-    if (isRecent || m_urls.size() < 2) {
+    if (m_urls.size() < 2 || isYoungerThan(kSpacing, m_exhaustedAt, now)) {
         return;
     }
     m_exhaustedAt = now;

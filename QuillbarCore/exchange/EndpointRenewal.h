@@ -7,7 +7,6 @@
 
 #include <functional>
 #include <memory>
-#include <optional>
 #include <string>
 #include <vector>
 
@@ -47,7 +46,7 @@ private:
     std::vector<std::string> m_urls;
     Clock m_now;
     Use m_use;
-    std::optional<TimePoint> m_exhaustedAt;
+    TimePoint m_exhaustedAt = kDistantPast;
     Logger m_logger{"Endpoint"};
 };
 

@@ -5,6 +5,7 @@
 #include "QuillbarCore/exchange/BinanceDecoder.h"
 #include "QuillbarCore/exchange/ErrorText.h"
 #include "QuillbarCore/exchange/URLError.h"
+#include "QuillbarCore/model/AsciiCase.h"
 #include "QuillbarCore/runtime/Cancelled.h"
 
 #include <algorithm>
@@ -24,9 +25,12 @@ bool isValidSymbol(std::string_view symbol) {
     return !symbol.empty() && std::all_of(symbol.begin(), symbol.end(), isLetterOrDigit);
 }
 
-char lowerCase(char character) {
-    return character >= 'A' && character <= 'Z' ? static_cast<char>(character - 'A' + 'a')
-                                                : character;
+std::unordered_set<std::string> lowerCased(const std::vector<std::string>& symbols) {
+    std::unordered_set<std::string> result;
+    for (const std::string& symbol : symbols) {
+        result.insert(AsciiCase::lowerCased(symbol));
+    }
+    return result;
 }
 
 constexpr Seconds kQuietLimit{600};
@@ -66,29 +70,7 @@ PriceStreamClient::PriceStreamClient(Executor& executor,
                                      Clock now,
                                      std::shared_ptr<EndpointSelector> endpoints,
                                      std::optional<Seconds> firstPriceLimit)
-    : PriceStreamClient(executor,
-                        std::move(makeConnection),
-                        std::move(policy),
-                        std::move(sleeper),
-                        stabilityThreshold,
-                        std::move(now),
-                        std::move(endpoints),
-                        firstPriceLimit,
-                        AsyncStream<PriceEvent>::make()) {}
-
-PriceStreamClient::PriceStreamClient(
-    Executor& executor,
-    MakeConnection makeConnection,
-    ReconnectPolicy policy,
-    Sleeper sleeper,
-    Seconds stabilityThreshold,
-    Clock now,
-    std::shared_ptr<EndpointSelector> endpoints,
-    std::optional<Seconds> firstPriceLimit,
-    std::pair<AsyncStream<PriceEvent>, StreamSource<PriceEvent>> events)
-    : m_events(std::move(events.first))
-    , m_source(std::move(events.second))
-    , m_makeConnection(std::move(makeConnection))
+    : m_makeConnection(std::move(makeConnection))
     , m_policy(std::move(policy))
     , m_sleeper(std::move(sleeper))
     , m_stabilityThreshold(stabilityThreshold)
@@ -125,7 +107,7 @@ std::string PriceStreamClient::streamURL(const std::vector<std::string>& symbols
             url += '/';
         }
         isFirst = false;
-        std::transform(symbol.begin(), symbol.end(), std::back_inserter(url), lowerCase);
+        std::transform(symbol.begin(), symbol.end(), std::back_inserter(url), AsciiCase::lower);
         url += "@miniTicker";
     }
     return url;
@@ -138,11 +120,11 @@ void PriceStreamClient::restart() {
         rest();
         return;
     }
-    m_runTask = m_scope.spawn(run(std::move(symbols), m_generation));
+    m_asked = lowerCased(symbols);
+    m_runTask = m_scope.spawn(run(std::move(symbols)));
 }
 
 void PriceStreamClient::endRun() {
-    ++m_generation;
     std::exchange(m_runTask, {}).cancel();
     m_priceWatch.cancel();
     if (m_connection) {
@@ -163,7 +145,7 @@ std::vector<std::string> PriceStreamClient::validSymbols() const {
 }
 
 void PriceStreamClient::push(ConnectionState state) const {
-    m_source.push(StateEvent{state});
+    m_events.second.push(StateEvent{state});
 }
 
 void PriceStreamClient::rest() {
@@ -171,9 +153,14 @@ void PriceStreamClient::rest() {
     push(ConnectionState::disconnected);
 }
 
-Task<void> PriceStreamClient::run(std::vector<std::string> symbols, std::uint64_t generation) {
+Task<void> PriceStreamClient::run(std::vector<std::string> symbols) {
     int attempt = 0;
-    while (generation == m_generation) {
+    for (;;) {
+        // What was done before the cancellation still resumes a task.
+        bool isCancelled = co_await IsCancelled();
+        if (isCancelled) {
+            co_return;
+        }
         // Held, as a failure of its last endpoint may put another in its place.
         const std::shared_ptr<EndpointSelector> endpoints = m_endpoints;
         const auto endpoint = endpoints->current();
@@ -185,8 +172,9 @@ Task<void> PriceStreamClient::run(std::vector<std::string> symbols, std::uint64_
         }
         std::string url = streamURL(symbols, endpoint->url);
         push(ConnectionState::connecting);
-        const bool isStable = co_await readConnection(std::move(url), generation);
-        if (generation != m_generation) {
+        const bool isStable = co_await readConnection(std::move(url));
+        isCancelled = co_await IsCancelled();
+        if (isCancelled) {
             co_return;
         }
         if (isStable) {
@@ -201,7 +189,7 @@ Task<void> PriceStreamClient::run(std::vector<std::string> symbols, std::uint64_
     }
 }
 
-Task<bool> PriceStreamClient::readConnection(std::string url, std::uint64_t generation) {
+Task<bool> PriceStreamClient::readConnection(std::string url) {
     const std::shared_ptr<WebSocketConnecting> connection = m_makeConnection();
     m_connection = connection;
     Attempt attempt(connection);
@@ -210,29 +198,30 @@ Task<bool> PriceStreamClient::readConnection(std::string url, std::uint64_t gene
     push(ConnectionState::connected);
     watchForPrice(connection);
     bool hasDelivered = false;
+    std::exception_ptr error;
     try {
         while (auto message = co_await messages.next()) {
             hasDelivered = true;
             receive(*message);
         }
-        if (generation == m_generation) {
-            m_logger.log("stream closed by server");
-            m_failure.set(ConnectionFailure{.kind = ConnectionFailure::Kind::closedByServer});
-        }
-        attempt.close();
     } catch (const Cancelled&) {
         // This loop has been replaced or stopped: the consumer is gone, not the connection.
         throw;
     } catch (...) {
-        attempt.close();
-        const std::exception_ptr error =
-            m_isWithoutPrice ? noPriceError() : std::current_exception();
-        m_logger.error("connection failed: {}", errorText(error));
-        if (generation == m_generation) {
-            m_failure.set(ConnectionFailure::of(error));
-        }
+        error = m_isWithoutPrice ? noPriceError() : std::current_exception();
     }
-    if (generation == m_generation) {
+    attempt.close();
+    ConnectionFailure failure{.kind = ConnectionFailure::Kind::closedByServer};
+    if (error) {
+        m_logger.error("connection failed: {}", errorText(error));
+        failure = ConnectionFailure::of(error);
+    }
+    const bool isCancelled = co_await IsCancelled();
+    if (!isCancelled) {
+        if (!error) {
+            m_logger.log("stream closed by server");
+        }
+        m_failure.set(failure);
         m_priceWatch.cancel();
     }
     const bool hasLived = m_now() - connectedAt >= m_stabilityThreshold;
@@ -245,7 +234,13 @@ void PriceStreamClient::receive(std::string_view frame) {
         m_failure.set(std::nullopt);
     }
     try {
-        m_source.push(BinanceDecoder::decodeMiniTickerFrame(frame));
+        TickerEvent price = BinanceDecoder::decodeMiniTickerFrame(frame);
+        // The exchange is asked in lower case, and need not answer in the case of the list.
+        if (!m_asked.contains(AsciiCase::lowerCased(price.symbol))) {
+            m_logger.error("dropped the price of a pair that was not asked for");
+            return;
+        }
+        m_events.second.push(std::move(price));
         if (m_priceWatch.isRunning()) {
             m_priceWatch.cancel();
             forgetSilence();
@@ -263,7 +258,8 @@ void PriceStreamClient::watchForPrice(const std::shared_ptr<WebSocketConnecting>
     Seconds limit = *m_firstPriceLimit;
     if (m_withoutPrice >= m_endpoints->count()) {
         const TimePoint now = m_now();
-        m_quietSince = m_quietSince.value_or(now);
+        // After the clock was set back nobody knows how long the market has been quiet: begin anew.
+        m_quietSince = std::min(m_quietSince.value_or(now), now);
         // Over all connections since then: a watchdog may replace them oftener.
         limit = std::clamp(kQuietLimit - (now - *m_quietSince), limit, kQuietLimit);
     }

@@ -11,12 +11,12 @@
 #include "QuillbarCore/runtime/TaskScope.h"
 #include "QuillbarCore/runtime/Time.h"
 
-#include <cstdint>
 #include <functional>
 #include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
+#include <unordered_set>
 #include <utility>
 #include <vector>
 
@@ -28,7 +28,9 @@ namespace quillbar {
 /// A connection is stable when it has delivered something and lived for the stability threshold.
 /// After a stable one the next attempt waits for one base delay and goes to the same endpoint; every
 /// other ending counts against the endpoint, and the delays grow. `connected` is told as soon as an
-/// attempt is under way. Frames that cannot be decoded are logged and dropped.
+/// attempt is under way. Frames that cannot be decoded, and prices of pairs that were not asked
+/// for, are logged and dropped. Upper and lower case make no difference there; a price is told with
+/// its symbol as it came.
 ///
 /// A server may accept a connection and then say nothing, or nothing that is a price. With a limit for
 /// the first price such a connection is ended in time to count against its endpoint. Where every
@@ -58,7 +60,7 @@ public:
     PriceStreamClient& operator=(PriceStreamClient&&) = delete;
     ~PriceStreamClient() override = default;
 
-    AsyncStream<PriceEvent>& events() override { return m_events; }
+    AsyncStream<PriceEvent>& events() override { return m_events.first; }
     const Observed<std::optional<ConnectionFailure>>& failure() const override { return m_failure; }
 
     /// Symbols that are not made of ASCII letters and digits alone are logged and left out; when
@@ -77,16 +79,6 @@ private:
     // A connection that is closed when its attempt is over, however it ends.
     class Attempt;
 
-    PriceStreamClient(Executor& executor,
-                      MakeConnection makeConnection,
-                      ReconnectPolicy policy,
-                      Sleeper sleeper,
-                      Seconds stabilityThreshold,
-                      Clock now,
-                      std::shared_ptr<EndpointSelector> endpoints,
-                      std::optional<Seconds> firstPriceLimit,
-                      std::pair<AsyncStream<PriceEvent>, StreamSource<PriceEvent>> events);
-
     void restart();
     void endRun();
     [[nodiscard]] std::vector<std::string> validSymbols() const;
@@ -94,9 +86,9 @@ private:
     // Tells that nothing is streamed, because nothing is to be.
     void rest();
 
-    Task<void> run(std::vector<std::string> symbols, std::uint64_t generation);
+    Task<void> run(std::vector<std::string> symbols);
     // One connection, until it ends; true when it was stable.
-    Task<bool> readConnection(std::string url, std::uint64_t generation);
+    Task<bool> readConnection(std::string url);
     // Notes that the connection delivers, and tells what it said.
     void receive(std::string_view frame);
     Task<void> wait(Seconds delay);
@@ -106,8 +98,9 @@ private:
     Task<void> endWithoutPrice(std::shared_ptr<WebSocketConnecting> connection, Seconds limit);
     void forgetSilence();
 
-    AsyncStream<PriceEvent> m_events;
-    StreamSource<PriceEvent> m_source;
+    // What is told, and the end at which it is put in.
+    std::pair<AsyncStream<PriceEvent>, StreamSource<PriceEvent>> m_events =
+        AsyncStream<PriceEvent>::make();
     Observed<std::optional<ConnectionFailure>> m_failure;
     MakeConnection m_makeConnection;
     ReconnectPolicy m_policy;
@@ -119,9 +112,9 @@ private:
     Logger m_logger{"PriceStream"};
 
     std::vector<std::string> m_symbols;
+    // The symbols that the connection in use was asked for, in lower case.
+    std::unordered_set<std::string> m_asked;
     TaskScope::Handle m_runTask;
-    // Which loop is the one that runs; a loop of an earlier generation has been cancelled.
-    std::uint64_t m_generation = 0;
     std::shared_ptr<WebSocketConnecting> m_connection;
     // The wait for the connection's first price, and whether it was in vain.
     TaskScope::Handle m_priceWatch;

@@ -8,8 +8,9 @@
 namespace quillbar {
 
 /// A transport error: no HTTP answer came whole, or a stream's connection was not made or broke. The
-/// HTTP status of a request's answer, whatever it is, is never one. `what()` is an English text for
-/// the log, on one line.
+/// HTTP status of a request's answer is never one, except that a host which does not serve this
+/// place counts as one that cannot be reached. `what()` is an English text for the log, on one
+/// line.
 class URLError final : public std::runtime_error {
 public:
     enum class Code {
@@ -21,6 +22,7 @@ public:
         connectionLost,          ///< broke before the answer was whole, or without a farewell
         secureConnectionFailed,  ///< TLS failed, or the certificate cannot be trusted
         tooLarge,                ///< the body or the message exceeds what is accepted
+        notServedHere,           ///< this one host serves, but not this region
         badURL,                  ///< not a URL, or not of a scheme that is spoken here
         other,
     };

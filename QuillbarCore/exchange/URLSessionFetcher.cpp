@@ -6,12 +6,15 @@
 #include "QuillbarCore/runtime/Await.h"
 
 #include <QCoreApplication>
+#include <QDeadlineTimer>
 #include <QNetworkAccessManager>
 #include <QNetworkReply>
 #include <QNetworkRequest>
 #include <QObject>
 #include <QPointer>
+#include <QTimer>
 #include <QUrl>
+#include <QVariant>
 
 #include <array>
 #include <exception>
@@ -26,6 +29,12 @@ namespace {
 using Session = std::shared_ptr<QNetworkAccessManager>;
 
 constexpr int kMaximumRedirects = 20;
+constexpr int kFirstStatus = 100;
+constexpr int kFirstErrorStatus = 400;
+constexpr int kLastStatus = 999;
+// What the session reads ahead of us; a server that sends more has to wait. Not one that sends its
+// body in chunks: Qt 6.4 reads those as they come, until this thread finds that they are too many.
+constexpr qint64 kReadAhead = qint64{256} * 1024;
 constexpr auto kUserAgent = "Quillbar/" QUILLBAR_VERSION;
 
 // Never destroyed: a process that exits without destroying its QCoreApplication must not destroy
@@ -51,8 +60,10 @@ QNetworkRequest makeRequest(const QUrl& url, const TransferLimits& limits) {
     request.setAttribute(QNetworkRequest::RedirectPolicyAttribute,
                          QNetworkRequest::ManualRedirectPolicy);
     request.setAttribute(QNetworkRequest::CookieSaveControlAttribute, QNetworkRequest::Manual);
-    // Receiving counts the bytes itself; Qt's own check refuses what merely compresses well.
-    request.setDecompressedSafetyCheckThreshold(-1);
+    // Receiving counts the bytes, but before it passes any on Qt decompresses all that has come, to
+    // count them too, and that may take seconds. Its own check ends what is far too large, as an
+    // error of the compression; what is a little too large is left to us, who say so.
+    request.setDecompressedSafetyCheckThreshold(2 * static_cast<qint64>(limits.bodySize));
     request.setTransferTimeout(static_cast<int>(limits.withoutProgress.count()));
     return request;
 }
@@ -97,6 +108,17 @@ bool isStatusError(QNetworkReply::NetworkError error) {
            || (error >= Reply::InternalServerError && error <= Reply::UnknownServerError);
 }
 
+// None when what answers is no HTTP server.
+std::optional<int> statusOf(const QNetworkReply& reply) {
+    const QVariant status = reply.attribute(QNetworkRequest::HttpStatusCodeAttribute);
+    return status.isValid() ? std::optional(status.toInt()) : std::nullopt;
+}
+
+// Qt takes every number in a status line for a status, even a negative one.
+bool isHTTPStatus(int status) {
+    return status >= kFirstStatus && status <= kLastStatus;
+}
+
 struct Answer {
     HTTPResponse response;
     // Where a redirect points; empty when the answer is none.
@@ -105,9 +127,10 @@ struct Answer {
 
 class TransferOperation {
 public:
-    TransferOperation(QUrl url, TransferLimits limits)
+    TransferOperation(QUrl url, TransferLimits limits, QDeadlineTimer deadline)
         : m_url(std::move(url))
-        , m_limits(limits) {}
+        , m_limits(limits)
+        , m_deadline(deadline) {}
     TransferOperation(const TransferOperation&) = delete;
     TransferOperation& operator=(const TransferOperation&) = delete;
     TransferOperation(TransferOperation&&) = delete;
@@ -119,6 +142,8 @@ public:
     void start(Completion done) {
         m_session = session();
         m_reply = m_session->get(makeRequest(m_url, m_limits));
+        m_reply->setReadBufferSize(kReadAhead);
+        watchTheTime(done);
         QObject::connect(m_reply, &QNetworkReply::readyRead, &m_context, [this, done] {
             receive();
             if (m_error) {
@@ -126,12 +151,16 @@ public:
                 done();
             }
         });
-        QObject::connect(m_reply, &QNetworkReply::finished, &m_context, [this, done] {
-            receive();
-            conclude();
-            end();
-            done();
+        QObject::connect(m_reply, &QNetworkReply::errorOccurred, &m_context, [this, done] {
+            // No end follows when the body cannot be decompressed: Qt waits for us to read it. The
+            // same error stands for a status, and there an end follows. It may come first.
+            if (m_reply && m_reply->error() == QNetworkReply::UnknownContentError) {
+                QMetaObject::invokeMethod(
+                    &m_context, [this, done] { finish(done); }, Qt::QueuedConnection);
+            }
         });
+        QObject::connect(
+            m_reply, &QNetworkReply::finished, &m_context, [this, done] { finish(done); });
     }
 
     void stop() noexcept { end(); }
@@ -144,6 +173,35 @@ public:
     }
 
 private:
+    void watchTheTime(const Completion& done) {
+        const auto limitBy = [this, done](QTimer& timer, const std::string& reason) {
+            timer.setSingleShot(true);
+            timer.callOnTimeout(&m_context, [this, done, reason] {
+                fail(URLError::Code::timedOut, reason);
+                end();
+                done();
+            });
+        };
+        limitBy(m_whole, "not done within " + std::to_string(m_limits.total.count()) + " ms");
+        m_whole.start(std::chrono::milliseconds(m_deadline.remainingTime()));
+        limitBy(m_head, "no head within " + std::to_string(m_limits.head.count()) + " ms");
+        QObject::connect(m_reply, &QNetworkReply::requestSent, &m_context, [this] {
+            m_head.start(m_limits.head);
+        });
+        QObject::connect(
+            m_reply, &QNetworkReply::metaDataChanged, &m_context, [this] { m_head.stop(); });
+    }
+
+    void finish(const Completion& done) {
+        if (!m_reply) {
+            return;
+        }
+        receive();
+        conclude();
+        end();
+        done();
+    }
+
     void receive() {
         std::array<char, std::size_t{64} * 1024> chunk{};
         std::string& body = m_answer.response.body;
@@ -166,7 +224,7 @@ private:
         if (m_error) {
             return;
         }
-        const int status = m_reply->attribute(QNetworkRequest::HttpStatusCodeAttribute).toInt();
+        const std::optional<int> status = statusOf(*m_reply);
         const QNetworkReply::NetworkError error = m_reply->error();
         if (error == QNetworkReply::OperationCanceledError) {
             // Nobody but the transfer's own timer cancels a reply that is still listened to.
@@ -174,11 +232,16 @@ private:
                  "no progress for " + std::to_string(m_limits.withoutProgress.count()) + " ms");
             return;
         }
-        if (error != QNetworkReply::NoError && !(status >= 400 && isStatusError(error))) {
+        if (error != QNetworkReply::NoError
+            && !(status >= kFirstErrorStatus && isStatusError(error))) {
             fail(codeOf(error), m_reply->errorString().simplified().toStdString());
             return;
         }
-        m_answer.response.status = status;
+        if (status && !isHTTPStatus(*status)) {
+            fail(URLError::Code::other, "not an HTTP status: " + std::to_string(*status));
+            return;
+        }
+        m_answer.response.status = status.value_or(0);
         if (m_reply->hasRawHeader("Retry-After")) {
             m_answer.response.retryAfter = m_reply->rawHeader("Retry-After").toStdString();
         }
@@ -200,20 +263,28 @@ private:
 
     // Ends the transfer without hearing of it: abort() emits its signals at once.
     void end() noexcept {
+        m_whole.stop();
+        m_head.stop();
         if (QNetworkReply* const reply = std::exchange(m_reply, {})) {
             reply->disconnect(&m_context);
-            reply->abort();
+            // One that has failed would fail once more; its destruction aborts it as well.
+            if (reply->error() == QNetworkReply::NoError) {
+                reply->abort();
+            }
             reply->deleteLater();
         }
     }
 
     QUrl m_url;
     TransferLimits m_limits;
+    QDeadlineTimer m_deadline;
     Session m_session;
     QPointer<QNetworkReply> m_reply;
     Answer m_answer;
     std::optional<URLError> m_error;
     QObject m_context;
+    QTimer m_whole;
+    QTimer m_head;
 };
 
 }  // namespace
@@ -224,13 +295,14 @@ void URLSessionFetcher::forgetConnections() noexcept {
 
 Task<HTTPResponse> URLSessionFetcher::fetch(std::string url) {
     const TransferLimits limits = m_limits;
+    const QDeadlineTimer deadline(limits.total);
     QUrl next = QUrl::fromEncoded(QByteArray::fromStdString(url), QUrl::StrictMode);
     if (!next.isValid() || next.isRelative()) {
         const QString text = QString::fromStdString(url).simplified();
         throw URLError(URLError::Code::badURL, "not a URL: " + text.toStdString());
     }
     for (int redirects = 0;; ++redirects) {
-        Answer answer = co_await Await<TransferOperation>(std::in_place, next, limits);
+        Answer answer = co_await Await<TransferOperation>(std::in_place, next, limits, deadline);
         const bool isFollowed = answer.location.scheme() == QLatin1String("https");
         if (!isFollowed || redirects == kMaximumRedirects) {
             co_return std::move(answer.response);

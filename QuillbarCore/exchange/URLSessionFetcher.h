@@ -14,6 +14,13 @@ namespace quillbar {
 struct TransferLimits {
     /// Without any progress for so long, the transfer has timed out.
     std::chrono::milliseconds withoutProgress{60'000};
+    /// From a request that has been sent to the end of the answer's head. Qt 6.4 keeps a head of
+    /// any length in memory, so this alone bounds what a head without an end may cost; and not even
+    /// this where the bytes come faster than Qt's thread reads heads (about 2 MB/s), for it then
+    /// reads on until the server pauses.
+    std::chrono::milliseconds head{30'000};
+    /// From the start to the last byte, redirects included.
+    std::chrono::milliseconds total{90'000};
     /// The most bytes a body may have, decompressed.
     std::size_t bodySize = std::size_t{64} * 1024 * 1024;
 };
@@ -38,14 +45,14 @@ public:
     ///
     /// | code | when |
     /// |---|---|
-    /// | `timedOut` | no progress for the time allowed |
+    /// | `timedOut` | no progress for the time allowed, no head in time, or not all in time |
     /// | `cannotFindHost`, `cannotConnect` | no connection to the server; Qt 6.4 says the latter of a proxy that is not there too |
     /// | `proxyFailed` | the proxy turns the request away, or breaks off |
     /// | `connectionLost` | the connection broke before the body was whole |
     /// | `secureConnectionFailed` | TLS failed; a certificate is expired, for another host, or of an unknown authority |
-    /// | `tooLarge` | the body is too large; found out while it arrives, so memory stays bounded |
+    /// | `tooLarge` | the body is too large; found out while it arrives and is decompressed, so memory stays bounded |
     /// | `badURL` | not an absolute URL, or of an unknown scheme |
-    /// | `other` | the answer is not HTTP, its compression is damaged, … |
+    /// | `other` | the answer is not HTTP or its status has not three digits, its compression is damaged or hides more than twice what a body may have, … |
     ///
     /// A body that comes in chunks and breaks off is not always noticed by Qt 6.4: what came of it
     /// may be returned as if it were whole, so a decoder must not accept half a document.

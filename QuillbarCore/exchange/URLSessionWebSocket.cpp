@@ -25,6 +25,9 @@ namespace {
 using Code = URLError::Code;
 using Source = StreamSource<std::string>;
 
+// The head of the longest frame. A socket reads no frame before all of it has come.
+constexpr qint64 kFrameHead = 14;
+
 // `unreachable` is what it means at this point that the system cannot reach the peer.
 URLError::Code codeOf(QAbstractSocket::SocketError error, URLError::Code unreachable) {
     switch (error) {
@@ -128,6 +131,7 @@ public:
 
     void open(const QUrl& url) {
         m_socket = new QWebSocket(QString(), QWebSocketProtocol::VersionLatest, this);
+        m_socket->setReadBufferSize(static_cast<qint64>(m_limits.messageSize) + kFrameHead);
         m_socket->setMaxAllowedIncomingFrameSize(m_limits.messageSize);
         m_socket->setMaxAllowedIncomingMessageSize(m_limits.messageSize);
         listen();
@@ -137,6 +141,10 @@ public:
         m_timer.setSingleShot(true);
         m_timer.start(m_limits.handshake);
         m_socket->open(url);
+        // QWebSocket tells nothing of pings. What comes in is heard of on the socket that it uses.
+        if (auto* const carrier = m_socket->findChild<QAbstractSocket*>()) {
+            connect(carrier, &QIODevice::readyRead, this, &Connection::checkAnswers);
+        }
     }
 
     /// Closes the connection and ends the stream; does nothing when both have happened.
@@ -176,12 +184,25 @@ private:
         connect(m_socket, &QWebSocket::disconnected, this, &Connection::failSoon);
     }
 
+    // The socket answers pings by itself, and keeps the answers that the peer does not take.
+    void checkAnswers() {
+        if (m_socket != nullptr
+            && m_socket->bytesToWrite() > static_cast<qint64>(m_limits.unsentBytes)) {
+            fail(URLError(Code::other, "the peer takes no answers"));
+        }
+    }
+
     template <class MakeBytes>
     void receive(MakeBytes makeBytes) {
         m_isHeard = true;
-        if (!m_source.isTerminated()) {
-            m_source.push(makeBytes());
+        if (m_source.isTerminated()) {
+            return;
         }
+        if (m_source.pendingCount() >= m_limits.unreadMessages) {
+            fail(URLError(Code::tooLarge, "more messages come than can be read"));
+            return;
+        }
+        m_source.push(makeBytes());
     }
 
     void startHeartbeat() {
@@ -252,7 +273,7 @@ private:
     Source m_source;
     // A child of this object; null once the connection has ended.
     QWebSocket* m_socket = nullptr;
-    // Of the handshake, then of the heartbeat.
+    // Limits the handshake first, then times the heartbeat.
     QTimer m_timer;
     std::optional<URLError> m_error;
     bool m_isOpen = false;

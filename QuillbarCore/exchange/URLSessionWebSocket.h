@@ -21,8 +21,15 @@ struct WebSocketLimits {
     std::chrono::milliseconds heartbeat{15'000};
     /// How long a connection that is closed may take to send its farewell.
     std::chrono::milliseconds farewell{5'000};
-    /// The most bytes of a message.
+    /// The most bytes of a message, and of what is read ahead: a server that sends more has to
+    /// wait.
     std::size_t messageSize = std::size_t{1024} * 1024;
+    /// The most messages that may wait to be taken from the stream. QWebSocket of Qt 6.4 cannot be
+    /// told to pause, so a server that sends more is left.
+    std::size_t unreadMessages = 30'000;
+    /// The most bytes that may wait to be sent. We say nothing but pings, and the answers to those
+    /// of the peer.
+    std::size_t unsentBytes = std::size_t{1024} * 1024;
 };
 
 /// A WebSocket connection to a `ws:` or `wss:` URL. It asks the application's proxy factory and
@@ -39,9 +46,9 @@ struct WebSocketLimits {
 /// | `proxyFailed` | no connection to the proxy, or it turns the connection away |
 /// | `connectionLost` | the connection broke without a close frame |
 /// | `secureConnectionFailed` | TLS failed; a certificate is expired, for another host, or of an unknown authority |
-/// | `tooLarge` | a message is too large |
+/// | `tooLarge` | a message is too large, or too many wait to be read |
 /// | `badURL` | not a URL, or of another scheme |
-/// | `other` | one side broke the protocol, as with a text that is not UTF-8; Qt 6.4 takes the close codes 1012 to 1014 for that too |
+/// | `other` | one side broke the protocol, as with a text that is not UTF-8, or the peer does not take the answers to its pings; Qt 6.4 takes the close codes 1012 to 1014 for that too |
 ///
 /// A peer that went away without a word (a suspended laptop, a router that forgot the connection)
 /// would leave the stream silent for ever, because nothing is ever sent that could fail. So a

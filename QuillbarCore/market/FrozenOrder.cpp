@@ -23,6 +23,24 @@ std::unordered_map<std::string_view, const Item*> indexed(const std::vector<Item
 
 }  // namespace
 
+std::vector<std::string> FrozenOrder::capture(const std::vector<Coin>& items) {
+    std::vector<std::string> order;
+    order.reserve(items.size());
+    for (const Coin& item : items) {
+        order.push_back(item.symbol);
+    }
+    return order;
+}
+
+std::vector<FrozenRank> FrozenOrder::capture(const std::vector<RankedCoin>& items) {
+    std::vector<FrozenRank> order;
+    order.reserve(items.size());
+    for (const RankedCoin& item : items) {
+        order.push_back({.symbol = item.coin.symbol, .rank = item.rank});
+    }
+    return order;
+}
+
 std::vector<Coin> FrozenOrder::project(const std::vector<Coin>& items,
                                        const std::vector<std::string>& order) {
     if (order.empty()) {

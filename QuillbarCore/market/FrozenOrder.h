@@ -23,6 +23,10 @@ struct FrozenRank final {
 /// pointer came. Pure. Of a symbol that occurs twice among the live items the first counts.
 namespace FrozenOrder {
 
+/// The order of these items, to project others onto.
+[[nodiscard]] std::vector<std::string> capture(const std::vector<Coin>& items);
+[[nodiscard]] std::vector<FrozenRank> capture(const std::vector<RankedCoin>& items);
+
 /// The live coins in the captured order of symbols, those that have come since at the end. An empty
 /// order changes nothing.
 [[nodiscard]] std::vector<Coin> project(const std::vector<Coin>& items,

@@ -2,7 +2,6 @@
 // SPDX-License-Identifier: MIT
 #include "QuillbarCore/market/MarketCapState.h"
 
-#include <optional>
 #include <utility>
 
 namespace quillbar {
@@ -27,8 +26,8 @@ MarketCapState::MarketCapState(Executor& executor,
 }
 
 Task<void> MarketCapState::refreshOnce() {
-    const std::optional<Seconds> age = dataAge();
-    if (!m_snapshot->empty() && age && *age < kMinimumRefreshInterval) {
+    const TimePoint fetchedAt = lastUpdate()->value_or(kDistantPast);
+    if (!m_snapshot->empty() && isYoungerThan(kMinimumRefreshInterval, fetchedAt, now())) {
         co_return;
     }
     const auto shown = m_snapshot->empty() ? Shown::nothing : Shown::data;

@@ -24,7 +24,8 @@ public:
     static constexpr Seconds kIdleTimeout{3600};
     /// How many entries a refresh asks for.
     static constexpr int kPoolSize = 250;
-    /// With data younger than this a refresh asks for nothing.
+    /// With data younger than this a refresh asks for nothing. Data from the future (the clock was
+    /// set back) are old.
     static constexpr Seconds kMinimumRefreshInterval{300};
 
     /// Begins with what the cache holds, however old.

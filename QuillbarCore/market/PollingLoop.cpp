@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "QuillbarCore/market/PollingLoop.h"
 
+#include <algorithm>
 #include <exception>
 #include <utility>
 
@@ -47,7 +48,10 @@ Task<void> PollingLoop::run(std::uint64_t generation) {
             m_isRunning = false;
             co_return;
         }
-        if (m_now() - m_lastDemand > m_timing.idleTimeout) {
+        const TimePoint now = m_now();
+        // After the clock was set back nobody knows how long ago that was: count from here on.
+        m_lastDemand = std::min(m_lastDemand, now);
+        if (now - m_lastDemand > m_timing.idleTimeout) {
             stop();
             co_return;
         }

@@ -97,7 +97,7 @@ private:
         return true;
     }
 
-    // Of each list or object that is open; a list has none.
+    // How many keys each open object has had so far; 0 for an open list.
     std::vector<int> m_keyCounts;
     int m_values = 0;
 };

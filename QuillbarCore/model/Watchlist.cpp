@@ -19,9 +19,27 @@ const Watchlist& Watchlist::defaultWatchlist() {
     return kDefault;
 }
 
-bool Watchlist::contains(std::string_view symbol) const {
-    return std::any_of(
+std::optional<std::size_t> Watchlist::indexOf(std::string_view symbol) const {
+    const auto found = std::find_if(
         coins.begin(), coins.end(), [&](const Coin& coin) { return coin.symbol == symbol; });
+    if (found == coins.end()) {
+        return std::nullopt;
+    }
+    return static_cast<std::size_t>(found - coins.begin());
+}
+
+std::vector<std::string> Watchlist::followedSymbols() const {
+    const std::size_t count = std::min(coins.size(), kMaximumFollowed);
+    std::vector<std::string> symbols;
+    symbols.reserve(count);
+    for (std::size_t index = 0; index < count; ++index) {
+        symbols.push_back(coins[index].symbol);
+    }
+    if (count < coins.size() && pinnedSymbol && contains(*pinnedSymbol)
+        && std::find(symbols.begin(), symbols.end(), *pinnedSymbol) == symbols.end()) {
+        symbols.back() = *pinnedSymbol;
+    }
+    return symbols;
 }
 
 Watchlist Watchlist::adding(const Coin& coin) const {

@@ -24,6 +24,9 @@ struct Watchlist final {
     /// The version of the stored document that this program writes and understands.
     static constexpr std::int64_t kCurrentSchemaVersion = 1;
 
+    /// How many coins of a longer list get prices: the exchange streams no more on one connection.
+    static constexpr std::size_t kMaximumFollowed = 1024;
+
     /// Version of the stored document; kept by every edit.
     std::int64_t schemaVersion = kCurrentSchemaVersion;
     /// The coins in the user's order. adding() keeps their symbols unique.
@@ -36,8 +39,17 @@ struct Watchlist final {
     /// the reference stays valid for the life of the process.
     [[nodiscard]] static const Watchlist& defaultWatchlist();
 
+    /// The place of the first coin with exactly this symbol; absent if it is not on the list.
+    [[nodiscard]] std::optional<std::size_t> indexOf(std::string_view symbol) const;
     /// Whether a coin with exactly this symbol is on the list.
-    [[nodiscard]] bool contains(std::string_view symbol) const;
+    [[nodiscard]] bool contains(std::string_view symbol) const {
+        return indexOf(symbol).has_value();
+    }
+
+    /// The symbols of the coins that get prices, in the list's order: the first `kMaximumFollowed`.
+    /// When the list is longer and the pinned coin stands behind those, it takes the place of the
+    /// last of them.
+    [[nodiscard]] std::vector<std::string> followedSymbols() const;
 
     /// The list with the coin at its end. Unchanged when the symbol is already there: the stored
     /// coin keeps its base asset. Never pins.

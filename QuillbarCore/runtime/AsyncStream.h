@@ -6,6 +6,7 @@
 
 #include <cassert>
 #include <concepts>
+#include <cstddef>
 #include <deque>
 #include <exception>
 #include <functional>
@@ -100,6 +101,11 @@ public:
     /// copy of the source, which would keep itself alive by it; it may destroy either end.
     void onTermination(std::function<void()> callback) const {
         m_guard->state->whenEnded(std::move(callback));
+    }
+
+    /// How many values wait to be taken.
+    [[nodiscard]] std::size_t pendingCount() const noexcept {
+        return m_guard->state->buffer.size();
     }
 
     /// Whether the stream has ended or its consumer has gone.

@@ -6,6 +6,7 @@
 
 #include <array>
 #include <cerrno>
+#include <chrono>
 #include <cstring>
 #include <fcntl.h>
 #include <optional>
@@ -21,6 +22,13 @@ namespace {
 constexpr mode_t kFolderMode = 0700;
 // As many as Linux follows.
 constexpr int kMaximumLinks = 40;
+// What mkostemp makes up, at the end of the name of a temporary file.
+constexpr std::string_view kMadeUp = "XXXXXX";
+
+// What the temporary files of a target begin with.
+std::string temporaryPrefix(const std::filesystem::path& target) {
+    return fmt::format(".{}.saving-", target.filename().string());
+}
 
 [[noreturn]] void fail(std::string_view action, const std::filesystem::path& path, int code) {
     // The system's own words, which no locale translates: they go into the log.
@@ -69,8 +77,7 @@ public:
     TemporaryFile(const std::filesystem::path& target, FileOperations& operations)
         : m_operations(operations)
         , m_target(target)
-        , m_path((target.parent_path() / fmt::format(".{}.XXXXXX", target.filename().string()))
-                     .string())
+        , m_path((target.parent_path() / temporaryPrefix(target)).string().append(kMadeUp))
         , m_descriptor(operations.openTemporary(m_path)) {
         if (m_descriptor < 0) {
             fail("cannot create a file beside", m_target, errno);
@@ -171,6 +178,31 @@ private:
     int m_descriptor;
 };
 
+// Takes away what killed processes have left beside a target that has just been replaced. Whatever
+// fails, the target is saved, and the next save tries again.
+void removeAbandoned(const std::filesystem::path& target,
+                     const std::filesystem::path& folder,
+                     FileOperations& operations) {
+    std::error_code error;
+    const auto savedAt = std::filesystem::last_write_time(target, error);
+    if (error) {
+        return;
+    }
+    const std::string prefix = temporaryPrefix(target);
+    std::filesystem::directory_iterator entry(folder, error);
+    for (; !error && entry != std::filesystem::directory_iterator(); entry.increment(error)) {
+        const std::string name = entry->path().filename().string();
+        if (!name.starts_with(prefix) || name.size() != prefix.size() + kMadeUp.size()) {
+            continue;
+        }
+        std::error_code unknown;
+        const auto leftAt = std::filesystem::last_write_time(entry->path(), unknown);
+        if (!unknown && std::chrono::abs(savedAt - leftAt) > AtomicFile::kAbandonedAge) {
+            operations.remove(entry->path().string());
+        }
+    }
+}
+
 // The file itself where the path is a symbolic link, as it is for people who keep their
 // configuration elsewhere. It need not exist.
 std::filesystem::path resolve(const std::filesystem::path& path) {
@@ -224,16 +256,19 @@ void AtomicFile::write(const std::filesystem::path& path,
                        FileOperations& operations,
                        Durability durability) {
     const std::filesystem::path target = resolve(path);
+    const std::filesystem::path parent = target.has_parent_path() ? target.parent_path() : ".";
     makeFolders(target.parent_path(), operations);
     TemporaryFile temporary(target, operations);
     temporary.fill(bytes, durability);
     std::optional<Folder> folder;
     if (durability == Durability::powerCut) {
-        folder.emplace(target.has_parent_path() ? target.parent_path() : ".", operations);
+        folder.emplace(parent, operations);
     }
     temporary.moveToTarget();
     if (folder) {
         folder->synchronise();
+        // Only in these saves: the others must be quick, and their folder may hold thousands of logos.
+        removeAbandoned(target, parent, operations);
     }
 }
 

@@ -4,6 +4,7 @@
 
 #include "QuillbarCore/runtime/FileOperations.h"
 
+#include <chrono>
 #include <cstddef>
 #include <filesystem>
 #include <stdexcept>
@@ -42,9 +43,13 @@ enum class Durability {
     /// A power cut as well: they are on the disk when the write returns, which takes milliseconds.
     powerCut,
     /// The process, but not a power cut soon after, which may leave any bytes under the file's name.
-    /// For what can be had again, and is recognised when it is damaged.
+    /// Waits for no disk. For what can be had again or is not worth the wait, and is recognised when
+    /// it is damaged.
     process,
 };
+
+/// A temporary file of another process that writes at this moment is never so old.
+inline constexpr std::chrono::minutes kAbandonedAge{1};
 
 /// Replaces the file: a reader, or a crash at any moment, finds the old bytes or the new ones, never
 /// a mixture; so do two that write at the same time, of which the later one stays. Missing folders
@@ -55,7 +60,9 @@ enum class Durability {
 /// form a circle; the old file is then whole, and no temporary file is left. One that is thrown
 /// because the folder could not be synchronised after the file was put in place leaves the new bytes
 /// readable, but perhaps not after a power cut. A process that is killed while it writes may leave a
-/// temporary file beside the file, which nothing reads.
+/// temporary file beside the file, which nothing reads; the next write of the same file that waits for
+/// the disk and succeeds takes those away that are more than `kAbandonedAge` older or younger than the
+/// new bytes.
 void write(const std::filesystem::path& path,
            std::string_view bytes,
            FileOperations& operations = FileOperations::system(),

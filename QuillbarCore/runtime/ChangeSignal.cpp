@@ -20,14 +20,22 @@ class ChangeSignal::Signal final {
 public:
     [[nodiscard]] MainThreadSignal& operator*() noexcept { return m_signal; }
 
+    /// Ends every observation, for good.
+    void abandon() {
+        m_isAbandoned = true;
+        // Otherwise a running `tell` would go on to the later observers.
+        m_signal.disconnect_all_slots();
+    }
+    [[nodiscard]] bool isAbandoned() const noexcept { return m_isAbandoned; }
+
 private:
     MainThreadSignal m_signal;
+    bool m_isAbandoned = false;
 };
 
 ChangeSignal::~ChangeSignal() {
     if (m_signal != nullptr) {
-        // Otherwise a running `tell` would go on to the later observers.
-        (**m_signal).disconnect_all_slots();
+        m_signal->abandon();
     }
 }
 
@@ -38,12 +46,15 @@ Observation ChangeSignal::observe(const Observer& observer) {
     return (**m_signal).connect(observer);
 }
 
-void ChangeSignal::tell(const void* changed) {
+bool ChangeSignal::tell(const void* changed) {
     // Kept for as long as it runs: an observer may destroy this, and the signal reads its own
     // members after each observer.
-    if (const std::shared_ptr<Signal> running = m_signal; running != nullptr) {
-        (**running)(changed);
+    const std::shared_ptr<Signal> running = m_signal;
+    if (running == nullptr) {
+        return true;
     }
+    (**running)(changed);
+    return !running->isAbandoned();
 }
 
 }  // namespace quillbar

@@ -31,8 +31,9 @@ public:
     [[nodiscard]] Observation observe(const Observer& observer);
 
     /// Calls the observers in the order in which they began. An observer may end observations, begin
-    /// some, tell again, and destroy this signal.
-    void tell(const void* changed);
+    /// some, tell again, and destroy this signal. Returns false when one has destroyed it: nothing of
+    /// what owns the signal is to be touched then.
+    bool tell(const void* changed);
 
 private:
     class Signal;

@@ -2,9 +2,11 @@
 // SPDX-License-Identifier: MIT
 #include "QuillbarCore/runtime/Logger.h"
 
+#include "QuillbarCore/runtime/CalmLog.h"
 #include "QuillbarCore/runtime/PlatformLog.h"
 
 #include <atomic>
+#include <chrono>
 #include <cstdlib>
 #include <span>
 #include <unistd.h>
@@ -13,13 +15,14 @@ namespace quillbar {
 
 namespace {
 
-// Never destroyed: objects that log may be destroyed after it.
+// Neither is ever destroyed: objects that log may be destroyed after it.
 LogSink& platformLog() {
     static auto* const log =
         new PlatformLog(STDERR_FILENO, std::getenv("JOURNAL_STREAM"), [](auto fields) {
             return PlatformLog::sendToJournal(fields);
         });
-    return *log;
+    static auto* const calm = new CalmLog(*log, std::chrono::steady_clock::now);
+    return *calm;
 }
 
 std::atomic<LogSink*> currentSink{nullptr};

@@ -30,9 +30,9 @@ public:
 
 /// The log handle of one component. A small value: copy it freely.
 ///
-/// Lines go to the `PlatformLog`: the journal, or standard error when the program runs by hand. A
-/// program that logs ignores SIGPIPE, or a standard error whose reader has gone ends it. May be used
-/// from any thread.
+/// Lines go to the `PlatformLog`: the journal, or standard error when the program runs by hand; one
+/// that repeats goes there once a minute, with its count (`CalmLog`). A program that logs ignores
+/// SIGPIPE, or a standard error whose reader has gone ends it. May be used from any thread.
 class Logger {
 public:
     /// The subsystem of every line: the application's id.

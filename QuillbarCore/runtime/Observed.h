@@ -102,7 +102,10 @@ public:
     void clear() {
         const Map removed = std::exchange(m_map, {});
         for (const auto& [key, value] : removed) {
-            m_changed.tell(&key);
+            if (!m_changed.tell(&key)) {
+                // An observer has destroyed this map.
+                return;
+            }
         }
     }
 

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "QuillbarCore/runtime/PlatformLog.h"
 
+#include "QuillbarCore/runtime/OutsideText.h"
 #include "QuillbarCore/runtime/UnblockedWrite.h"
 
 #include <fmt/format.h>
@@ -30,10 +31,6 @@ bool isJournal(int descriptor, const char* journalStream) {
            && fmt::format("{}:{}", status.st_dev, status.st_ino) == journalStream;
 }
 
-bool isControlCharacter(char character) {
-    return static_cast<unsigned char>(character) < 0x20 || character == 0x7F;
-}
-
 }  // namespace
 
 PlatformLog::PlatformLog(int standardError, const char* journalStream, Journal journal)
@@ -43,8 +40,10 @@ PlatformLog::PlatformLog(int standardError, const char* journalStream, Journal j
 
 void PlatformLog::write(std::string_view category, LogLevel level, std::string_view text) noexcept {
     try {
-        if (!m_isStandardErrorJournal || !writeToJournal(category, level, text)) {
-            writeToStandardError(category, level, text);
+        // Cut last: what is not UTF-8 becomes longer when it is replaced.
+        const std::string line = OutsideText::shortened(OutsideText::oneLine(text), kLongestText);
+        if (!m_isStandardErrorJournal || !writeToJournal(category, level, line)) {
+            writeToStandardError(category, level, line);
         }
     } catch (...) {
         // A line that cannot be built (out of memory) is not worth the program.
@@ -81,11 +80,7 @@ void PlatformLog::writeToStandardError(std::string_view category,
                                        LogLevel level,
                                        std::string_view text) const {
     const std::string_view levelName = level == LogLevel::error ? "error" : "default";
-    std::string line = fmt::format("quillbar: {} {}: {}", category, levelName, text);
-    // One line of log is one line on the terminal, and commands it to nothing, whatever a server
-    // put into an error's text.
-    std::replace_if(line.begin(), line.end(), isControlCharacter, ' ');
-    line += '\n';
+    const std::string line = fmt::format("quillbar: {} {}: {}\n", category, levelName, text);
     // One call, so that lines of several threads do not mix. Nobody waits for the log's reader.
     [[maybe_unused]] const auto written = writeUnblocked(m_standardError, line);
 }

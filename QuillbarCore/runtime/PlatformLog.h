@@ -4,6 +4,7 @@
 
 #include "QuillbarCore/runtime/Logger.h"
 
+#include <cstddef>
 #include <functional>
 #include <span>
 #include <string>
@@ -16,8 +17,15 @@ namespace quillbar {
 /// and the journal takes them; else to standard error, each as one line of text. A standard error
 /// that is closed, or full because its reader is slow, loses the line and stops nothing, provided
 /// that the program ignores SIGPIPE.
+///
+/// One line of log is one line and commands no terminal, whatever a server or another program put
+/// into an error's text (`OutsideText::oneLine`). Its text has at most `kLongestText` bytes, and one
+/// "…" more when it was cut.
 class PlatformLog final : public LogSink {
 public:
+    /// Where a text is cut, in bytes; the "…" that follows is not counted.
+    static constexpr std::size_t kLongestText = 1000;
+
     /// Takes a line's fields, each "NAME=value"; false when there is no journal. May throw.
     using Journal = std::function<bool(std::span<std::string> fields)>;
 

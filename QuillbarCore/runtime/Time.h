@@ -3,6 +3,7 @@
 #pragma once
 
 #include <chrono>
+#include <ctime>
 #include <functional>
 
 namespace quillbar {
@@ -24,6 +25,29 @@ inline constexpr TimePoint kDistantPast = TimePoint::min();
 /// The wall clock.
 [[nodiscard]] inline Clock systemClock() {
     return [] { return std::chrono::time_point_cast<Seconds>(std::chrono::system_clock::now()); };
+}
+
+/// Returns the time since some moment in the past, in seconds with a fraction. Nobody can set it,
+/// and it never goes back; the time for which the machine slept counts. For how long something has
+/// lasted, where the wall clock may be set in between.
+using MonotonicClock = std::function<Seconds()>;
+
+/// The time since the machine was started.
+[[nodiscard]] inline MonotonicClock bootClock() {
+    return [] {
+        timespec reading{};
+        // It fails for a clock that does not exist; every Linux of today has this one.
+        ::clock_gettime(CLOCK_BOOTTIME, &reading);
+        return Seconds(std::chrono::seconds(reading.tv_sec))
+               + Seconds(std::chrono::nanoseconds(reading.tv_nsec));
+    };
+}
+
+/// Whether less than `span` has passed since an instant. One that is yet to come says that the clock
+/// was set back: then nobody knows how long ago it was, and it counts as long past. Otherwise what
+/// waits for it would wait for as long as the clock went back.
+[[nodiscard]] inline bool isYoungerThan(Seconds span, TimePoint since, TimePoint now) {
+    return since <= now && now - since < span;
 }
 
 }  // namespace quillbar

@@ -3,13 +3,8 @@
 #include "QuillbarCore/state/AppState.h"
 
 #include "QuillbarCore/model/ChangeCalculator.h"
-#include "QuillbarCore/model/LocalDay.h"
-#include "QuillbarCore/model/PriceFormatter.h"
-
-#include <fmt/format.h>
 
 #include <algorithm>
-#include <cmath>
 #include <exception>
 #include <utility>
 #include <variant>
@@ -18,39 +13,23 @@ namespace quillbar {
 
 namespace {
 
-constexpr std::string_view kTextWithoutPin = "Quillbar";
 constexpr Seconds kLabelThrottle{1};
-constexpr Seconds kTodayOpensRetrySpacing{60};
 
 constexpr std::string_view kNotSaved = "设置未能保存到磁盘";
 constexpr std::string_view kAppearanceNotSaved = "外观设置保存失败,重启后会恢复原值";
 
-/// Whether less than `span` has passed since the instant. One that lies ahead, because the clock was
-/// set back, has long passed: otherwise what waits for it would wait as long as the clock went back.
-bool isWithin(Seconds span, const std::optional<TimePoint>& since, TimePoint now) {
-    return since && *since <= now && now - *since < span;
+constexpr Seconds kRegionSpacing{60};
+constexpr int kUnavailableForLegalReasons = 451;
+
+bool isOfTheNetwork(const ConnectionFailure& failure) {
+    return failure.kind == ConnectionFailure::Kind::hostNotFound
+           || failure.kind == ConnectionFailure::Kind::cannotConnect;
 }
 
-/// The whole minutes of UTC up to the instant. No local day begins within one: every zone of our
-/// time is whole minutes away from UTC.
-std::int64_t minuteOf(TimePoint instant) {
-    return static_cast<std::int64_t>(std::floor(instant.time_since_epoch() / Seconds(60)));
+bool isOfTheRegion(const ConnectionFailure& failure) {
+    return failure.kind == ConnectionFailure::Kind::refused
+           && failure.httpStatus == kUnavailableForLegalReasons;
 }
-
-/// Clears a flag whichever way the task that holds it ends.
-class FlagClearer {
-public:
-    explicit FlagClearer(bool& flag)
-        : m_flag(flag) {}
-    FlagClearer(const FlagClearer&) = delete;
-    FlagClearer& operator=(const FlagClearer&) = delete;
-    FlagClearer(FlagClearer&&) = delete;
-    FlagClearer& operator=(FlagClearer&&) = delete;
-    ~FlagClearer() { m_flag = false; }
-
-private:
-    bool& m_flag;
-};
 
 }  // namespace
 
@@ -61,14 +40,31 @@ AppState::AppState(AppStateDependencies dependencies)
     , m_settingsStore(std::move(dependencies.settingsStore))
     , m_catalog(dependencies.catalog)
     , m_now(std::move(dependencies.now))
-    , m_calendar(std::move(dependencies.calendar))
+    , m_monotonic(std::move(dependencies.monotonic))
     , m_sleeper(std::move(dependencies.sleeper))
     , m_watchdogInterval(dependencies.watchdogInterval)
     , m_staleReconnectThreshold(dependencies.staleReconnectThreshold)
     , m_watchlist(m_store.load())
     , m_settings(m_settingsStore.load())
+    , m_todayOpens({.executor = dependencies.executor,
+                    .api = m_api,
+                    .now = m_now,
+                    .calendar = std::move(dependencies.calendar),
+                    .sleeper = m_sleeper,
+                    .watchlist = m_watchlist,
+                    .settings = m_settings,
+                    .onRefreshed = [this] { updateLabel(); }})
     , m_scope(dependencies.executor) {
-    updateMenuBarText();
+    m_streamFailureObservation =
+        m_stream.failure().observe([this](const std::optional<ConnectionFailure>& failure) {
+            updateConnectionFailure();
+            // One server of the stream says nothing of the others.
+            if (failure && isOfTheRegion(*failure)) {
+                askWhetherThisRegionIsServed();
+            }
+        });
+    updateConnectionFailure();
+    updateLabel();
 }
 
 Task<void> AppState::bootstrap() {
@@ -76,35 +72,19 @@ Task<void> AppState::bootstrap() {
     m_scope.spawn(runWatchdog());
     co_await subscribeStream();
     co_await refreshSnapshot();
-    co_await refreshTodayOpens();
+    co_await m_todayOpens.refresh();
 }
 
 Task<void> AppState::resume() {
     // The prices from before the sleep are old by now, whether or not fresh ones come.
-    updateMenuBarText();
+    updateLabel();
     co_await subscribeStream();
     co_await refreshSnapshot();
 }
 
 Task<void> AppState::subscribeStream() {
-    std::vector<std::string> watched = followedSymbols();
+    std::vector<std::string> watched = m_watchlist->followedSymbols();
     co_await m_stream.setSymbols(std::move(watched));
-}
-
-std::vector<std::string> AppState::followedSymbols() const {
-    const std::vector<Coin>& coins = m_watchlist->coins;
-    const std::size_t count = std::min(coins.size(), kMaximumFollowed);
-    std::vector<std::string> symbols;
-    symbols.reserve(count);
-    for (std::size_t index = 0; index < count; ++index) {
-        symbols.push_back(coins[index].symbol);
-    }
-    const auto& pinned = m_watchlist->pinnedSymbol;
-    if (count < coins.size() && pinned && m_watchlist->contains(*pinned)
-        && std::find(symbols.begin(), symbols.end(), *pinned) == symbols.end()) {
-        symbols.back() = *pinned;
-    }
-    return symbols;
 }
 
 // The stream
@@ -117,7 +97,11 @@ Task<void> AppState::consumeEvents() {
 
 void AppState::handle(const PriceEvent& event) {
     if (const auto* const stateEvent = std::get_if<StateEvent>(&event)) {
-        m_connectionState.set(stateEvent->state);
+        if (stateEvent->state != *m_connectionState) {
+            m_connectionState.set(stateEvent->state);
+            // Only the freshness changes: the label shows a new price at most once a second.
+            m_pinnedQuote.set(pinnedQuoteNow());
+        }
     } else {
         handleTicker(std::get<TickerEvent>(event));
     }
@@ -125,20 +109,17 @@ void AppState::handle(const PriceEvent& event) {
 
 void AppState::handleTicker(const TickerEvent& event) {
     const TimePoint now = m_now();
-    m_tickers.set(event.symbol, event.ticker);
-    m_lastUpdate.set(now);
-    if (!isWithin(kLabelThrottle, m_lastLabelStamp, now)) {
-        updateMenuBarText();
-        m_lastLabelStamp = now;
-    }
-    checkTodayOpensFreshness(now);
+    setTicker(event.symbol, event.ticker, now);
+    noteUpdate(now);
+    showPriceOfStream(now);
+    m_todayOpens.check(now);
 }
 
 Task<void> AppState::runWatchdog() {
     for (;;) {
         co_await m_sleeper(m_watchdogInterval);
         // No event drops the price of a stream that has fallen silent.
-        updateMenuBarText();
+        updateLabel();
         co_await checkStaleConnection();
     }
 }
@@ -158,8 +139,46 @@ bool AppState::isDataStale() const {
     return m_lastUpdate->has_value() && silence() > kStaleDataThreshold;
 }
 
+void AppState::noteUpdate(TimePoint now) {
+    // First, for the observers who ask whether the data are stale.
+    m_updatedAt = m_monotonic();
+    m_isOutsideRegion = false;
+    m_lastUpdate.set(now);
+}
+
+void AppState::setTicker(const std::string& symbol, const Ticker& ticker, TimePoint now) {
+    // First, for the observers who ask how old the price is.
+    m_tickerReadings.insert_or_assign(symbol, Reading{.wall = now, .monotonic = m_monotonic()});
+    m_tickers.set(symbol, ticker);
+}
+
+std::optional<TimePoint> AppState::lastUpdateByPresentClock() const {
+    const std::optional<TimePoint>& update = *m_lastUpdate;
+    if (!update) {
+        return std::nullopt;
+    }
+    return byPresentClock({.wall = *update, .monotonic = m_updatedAt});
+}
+
+std::optional<TimePoint> AppState::lastUpdateOf(const std::string& symbol) const {
+    const auto found = m_tickerReadings.find(symbol);
+    if (found == m_tickerReadings.end()) {
+        return std::nullopt;
+    }
+    return byPresentClock(found->second);
+}
+
+TimePoint AppState::byPresentClock(const Reading& past) const {
+    // Two clocks never agree to the last digit.
+    constexpr Seconds kTolerance{1};
+    const TimePoint now = m_now();
+    const Seconds since = m_monotonic() - past.monotonic;
+    return now - past.wall + kTolerance < since ? now - since : past.wall;
+}
+
 Seconds AppState::silence() const {
-    return m_now() - m_lastUpdate->value_or(kDistantPast);
+    // A wall clock that was set back knows nothing of a silence.
+    return std::max(m_now() - m_lastUpdate->value_or(kDistantPast), m_monotonic() - m_updatedAt);
 }
 
 Task<void> AppState::refreshSnapshot() {
@@ -167,46 +186,97 @@ Task<void> AppState::refreshSnapshot() {
         co_return;
     }
     try {
-        std::vector<std::string> watched = followedSymbols();
+        std::vector<std::string> watched = m_watchlist->followedSymbols();
         const TickerMap snapshot = co_await m_api.ticker24h(std::move(watched));
+        const TimePoint now = m_now();
         for (const Coin& coin : m_watchlist->coins) {
             if (const auto found = snapshot.find(coin.symbol); found != snapshot.end()) {
-                m_tickers.set(coin.symbol, found->second);
+                setTicker(coin.symbol, found->second, now);
             }
         }
-        m_lastUpdate.set(m_now());
-        updateMenuBarText();
+        noteUpdate(now);
+        updateLabel();
     } catch (const std::exception& error) {
         m_logger.error("snapshot refresh failed: {}", error.what());
+        const ConnectionFailure failure = ConnectionFailure::of(std::current_exception());
+        m_isOutsideRegion = failure.kind == ConnectionFailure::Kind::notServedHere;
+    }
+    updateConnectionFailure();
+}
+
+void AppState::updateConnectionFailure() {
+    std::optional<ConnectionFailure> failure = *m_stream.failure();
+    // While prices stream, this region is served; and a network that is away is a reason of its own.
+    if (failure && m_isOutsideRegion && !isOfTheNetwork(*failure)) {
+        failure = ConnectionFailure{.kind = ConnectionFailure::Kind::notServedHere};
+    }
+    m_connectionFailure.set(failure);
+}
+
+void AppState::askWhetherThisRegionIsServed() {
+    const TimePoint now = m_now();
+    if (!isYoungerThan(kRegionSpacing, m_lastRegionRequest, now)) {
+        m_lastRegionRequest = now;
+        m_scope.spawn(refreshSnapshot());
     }
 }
 
 // The label
 
-std::string AppState::computeMenuBarText() const {
+PinnedQuote AppState::computePinnedQuote() const {
+    PinnedQuote quote{.basis = m_settings->changeBasis, .connection = *m_connectionState};
     const Watchlist& watchlist = *m_watchlist;
-    if (!watchlist.pinnedSymbol) {
-        return std::string(kTextWithoutPin);
+    const std::optional<std::string>& symbol = watchlist.pinnedSymbol;
+    const auto index = symbol ? watchlist.indexOf(*symbol) : std::nullopt;
+    if (!index) {
+        return quote;
     }
-    const std::string& symbol = *watchlist.pinnedSymbol;
-    const auto coin = std::find_if(watchlist.coins.begin(),
-                                   watchlist.coins.end(),
-                                   [&](const Coin& each) { return each.symbol == symbol; });
-    if (coin == watchlist.coins.end()) {
-        return std::string(kTextWithoutPin);
+    quote.coin = watchlist.coins[*index];
+    if (const Ticker* const ticker = m_tickers.find(*symbol)) {
+        quote.ticker = *ticker;
+        quote.changePercent = displayPercent(*symbol);
+        if (silence() <= kStaleDataThreshold) {
+            quote.freshness = presentFreshness();
+        }
     }
-    const Ticker* const ticker = m_tickers.find(symbol);
-    if (ticker == nullptr || silence() > kStaleDataThreshold) {
-        return coin->baseAsset;
-    }
-    return fmt::format("{} {} {}",
-                       coin->baseAsset,
-                       PriceFormatter::price(ticker->lastPrice),
-                       PriceFormatter::menuBarChange(displayPercent(symbol)));
+    return quote;
 }
 
-void AppState::updateMenuBarText() {
-    m_menuBarText.set(computeMenuBarText());
+PinnedQuote AppState::pinnedQuoteNow() const {
+    PinnedQuote quote = *m_pinnedQuote;
+    quote.connection = *m_connectionState;
+    if (quote.showsPrice()) {
+        quote.freshness = presentFreshness();
+    }
+    return quote;
+}
+
+PriceFreshness AppState::presentFreshness() const {
+    return isDataStale() ? PriceFreshness::stale : PriceFreshness::live;
+}
+
+void AppState::updateLabel() {
+    m_pinnedQuote.set(computePinnedQuote());
+    m_menuBarText.set(m_pinnedQuote->text());
+}
+
+void AppState::showPriceOfStream(TimePoint now) {
+    const bool isHeldBack = isYoungerThan(kLabelThrottle, m_lastLabelStamp, now);
+    if (!isHeldBack) {
+        updateLabel();
+        m_lastLabelStamp = now;
+        m_labelSecond.cancel();
+    }
+    // A price is held back after the second when the wall clock goes slower than the sleeper.
+    if (!isHeldBack || !m_labelSecond.isRunning()) {
+        m_labelSecond = m_scope.spawn(endLabelSecond());
+    }
+}
+
+Task<void> AppState::endLabelSecond() {
+    co_await m_sleeper(kLabelThrottle);
+    // A price may have been held back, and a quiet market has no later one that would show it.
+    updateLabel();
 }
 
 std::optional<double> AppState::displayPercent(const std::string& symbol) const {
@@ -214,96 +284,16 @@ std::optional<double> AppState::displayPercent(const std::string& symbol) const 
     if (ticker == nullptr) {
         return std::nullopt;
     }
-    const double* const open = m_todayOpens.find(symbol);
+    const double* const open = m_todayOpens.opens().find(symbol);
     const std::optional<double> todayOpen =
         open == nullptr ? std::nullopt : std::optional<double>(*open);
     return ChangeCalculator::percent(
         ticker->lastPrice, ticker->openPrice24h, todayOpen, m_settings->changeBasis);
 }
 
-// Today's opens
-
-void AppState::invalidateTodayOpensIfDayChanged(TimePoint now) {
-    const std::int64_t today = LocalDay::key(now, m_calendar);
-    if (m_todayOpensDayKey != today) {
-        m_todayOpensDayKey = today;
-        m_freshOpensMinute.reset();
-        m_todayOpens.clear();
-    }
-}
-
-void AppState::checkTodayOpensFreshness(TimePoint now) {
-    if (m_settings->changeBasis != ChangeBasis::today || m_isRefreshingTodayOpens) {
-        return;
-    }
-    // Neither the day nor what is there changes within a minute, but for the edits that reset it.
-    const std::int64_t minute = minuteOf(now);
-    if (m_freshOpensMinute == minute) {
-        return;
-    }
-    const auto& coins = m_watchlist->coins;
-    const bool areFresh = m_todayOpensDayKey == LocalDay::key(now, m_calendar)
-                          && std::all_of(coins.begin(), coins.end(), [this](const Coin& coin) {
-                                 return m_todayOpens.find(coin.symbol) != nullptr;
-                             });
-    if (areFresh) {
-        m_freshOpensMinute = minute;
-    } else {
-        startTodayOpensRefresh();
-    }
-}
-
-void AppState::startTodayOpensRefresh() {
-    m_isRefreshingTodayOpens = true;
-    m_scope.spawn(refreshTodayOpensInBackground());
-}
-
-Task<void> AppState::refreshTodayOpensInBackground() {
-    const FlagClearer clearer(m_isRefreshingTodayOpens);
-    co_await refreshTodayOpens();
-}
-
-Task<void> AppState::refreshTodayOpens() {
-    if (m_settings->changeBasis != ChangeBasis::today) {
-        co_return;
-    }
-    const TimePoint now = m_now();
-    invalidateTodayOpensIfDayChanged(now);
-    if (isWithin(kTodayOpensRetrySpacing, m_lastTodayOpensAttempt, now)) {
-        co_return;
-    }
-    m_lastTodayOpensAttempt = now;
-    std::vector<std::string> missing = followedSymbols();
-    std::erase_if(missing, [this](const std::string& symbol) {
-        return m_todayOpens.find(symbol) != nullptr;
-    });
-    const LocalMidnight midnight{LocalDay::key(now, m_calendar),
-                                 LocalDay::midnightEpochMs(now, m_calendar)};
-    for (const std::string& symbol : missing) {
-        co_await fetchTodayOpen(symbol, midnight);
-    }
-    updateMenuBarText();
-}
-
-Task<void> AppState::fetchTodayOpen(std::string symbol, LocalMidnight midnight) {
-    try {
-        const std::vector<Candle> candles =
-            co_await m_api.klines(symbol, "1m", 1, midnight.epochMs);
-        if (candles.empty()) {
-            m_logger.log("today open fetch returned an empty candle list for {}", symbol);
-        } else if (m_todayOpensDayKey == midnight.dayKey) {
-            // Otherwise the opens of the next day are being collected by now.
-            m_todayOpens.set(symbol, candles.front().open);
-        }
-    } catch (const std::exception& error) {
-        m_logger.error("today open refresh failed for {}: {}", symbol, error.what());
-    }
-}
-
 // Edits
 
 void AppState::applyWatchlist(Watchlist watchlist) {
-    m_freshOpensMinute.reset();
     m_watchlist.set(std::move(watchlist));
     try {
         m_store.save(*m_watchlist);
@@ -312,7 +302,7 @@ void AppState::applyWatchlist(Watchlist watchlist) {
         m_logger.error("failed to persist watchlist: {}", error.what());
         m_lastError.set(std::string(kNotSaved));
     }
-    updateMenuBarText();
+    updateLabel();
 }
 
 Task<void> AppState::add(Coin coin) {
@@ -323,7 +313,7 @@ Task<void> AppState::add(Coin coin) {
     applyWatchlist(std::move(edited));
     co_await subscribeStream();
     co_await refreshSnapshot();
-    co_await refreshTodayOpens();
+    co_await m_todayOpens.refresh();
 }
 
 Task<void> AppState::remove(std::string symbol) {
@@ -332,6 +322,7 @@ Task<void> AppState::remove(std::string symbol) {
         co_return;
     }
     applyWatchlist(std::move(edited));
+    m_tickerReadings.erase(symbol);
     m_tickers.remove(symbol);
     m_todayOpens.remove(symbol);
     co_await subscribeStream();
@@ -365,11 +356,8 @@ void AppState::setChangeBasis(ChangeBasis basis) {
     }
     m_settings.set(m_settings->settingBasis(basis));
     saveSettings(kNotSaved);
-    invalidateTodayOpensIfDayChanged(m_now());
-    updateMenuBarText();
-    if (basis == ChangeBasis::today && !m_isRefreshingTodayOpens) {
-        startTodayOpensRefresh();
-    }
+    m_todayOpens.followBasis();
+    updateLabel();
 }
 
 void AppState::setAppearance(AppearanceMode mode) {
@@ -386,7 +374,8 @@ void AppState::setLastBoard(std::optional<RankingBoard> board) {
     }
     m_settings.set(m_settings->settingLastBoard(board));
     try {
-        m_settingsStore.save(*m_settings);
+        // A tab is not worth waiting for the disk, which on some takes half a second.
+        m_settingsStore.save(*m_settings, AtomicFile::Durability::process);
     } catch (const std::exception& error) {
         m_logger.log("save last board failed: {}", error.what());
     }

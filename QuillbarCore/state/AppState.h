@@ -23,15 +23,17 @@
 #include "QuillbarCore/runtime/Time.h"
 #include "QuillbarCore/state/AppearanceMode.h"
 #include "QuillbarCore/state/AppSettings.h"
+#include "QuillbarCore/state/PinnedQuote.h"
 #include "QuillbarCore/state/SettingsStore.h"
+#include "QuillbarCore/state/TodayOpens.h"
 #include "QuillbarCore/state/WatchlistStore.h"
 
 #include <cstddef>
-#include <cstdint>
 #include <optional>
 #include <set>
 #include <string>
 #include <string_view>
+#include <unordered_map>
 #include <vector>
 
 namespace quillbar {
@@ -46,6 +48,8 @@ struct AppStateDependencies final {
     SettingsStore settingsStore;
     CoinCatalog& catalog;
     Clock now = systemClock();
+    /// Beside the wall clock, which may be set back while a stream is silent.
+    MonotonicClock monotonic = bootClock();
     /// In which the local days are taken.
     Calendar calendar = Calendar::autoupdatingCurrent();
     /// On a monotonic clock.
@@ -74,10 +78,6 @@ public:
     /// The age beyond which prices are stale and the label drops them.
     static constexpr Seconds kStaleDataThreshold{60};
 
-    /// How many coins of a longer list get prices: the exchange streams no more on one connection.
-    /// They are the first ones, and the pinned one in any case.
-    static constexpr std::size_t kMaximumFollowed = 1024;
-
     /// Loads the watchlist and the settings and computes the label; connects to nothing.
     explicit AppState(AppStateDependencies dependencies);
 
@@ -101,17 +101,31 @@ public:
     [[nodiscard]] const Observed<ConnectionState>& connectionState() const noexcept {
         return m_connectionState;
     }
-    /// Why no prices stream: what ended the stream's last connection, until one delivers again.
+    /// Why no prices stream: what ended the stream's last connection, until one delivers again. It
+    /// is `notServedHere` when the last snapshot failed for that, on every server.
     [[nodiscard]] const Observed<std::optional<ConnectionFailure>>& connectionFailure() const {
-        return m_stream.failure();
+        return m_connectionFailure;
     }
     /// When the last ticker or snapshot came; absent before the first.
     [[nodiscard]] const Observed<std::optional<TimePoint>>& lastUpdate() const noexcept {
         return m_lastUpdate;
     }
-    /// The label: "Quillbar" when nothing is pinned; the pinned coin's base asset, alone while its
-    /// price is unknown or stale; otherwise with price and change, "BTC 67,234.50 ▲ 1.23%". Prices
-    /// of the stream reach it at most once a second.
+    /// The same, told by the wall clock as it is set at present: another time than `lastUpdate` when
+    /// the clock was set back since then. For telling the age of the data.
+    [[nodiscard]] std::optional<TimePoint> lastUpdateByPresentClock() const;
+    /// When the ticker of this symbol came, from the stream or in a snapshot, told by the wall clock
+    /// as it is set at present; absent before the first. Older than the last update for a coin that
+    /// the stream tells nothing of while others have prices.
+    [[nodiscard]] std::optional<TimePoint> lastUpdateOf(const std::string& symbol) const;
+    /// What the label says. Prices of the stream reach it at most once a second; the last one of a
+    /// second does at its end.
+    [[nodiscard]] const Observed<PinnedQuote>& pinnedQuote() const noexcept {
+        return m_pinnedQuote;
+    }
+    /// The same, with the freshness of this moment: nothing is told when a price grows old between
+    /// two looks at the label.
+    [[nodiscard]] PinnedQuote pinnedQuoteNow() const;
+    /// The text of `pinnedQuote`. It changes just after that.
     [[nodiscard]] const Observed<std::string>& menuBarText() const noexcept {
         return m_menuBarText;
     }
@@ -124,7 +138,7 @@ public:
     /// Each symbol's price at local midnight, as far as it has been fetched, which it is only while
     /// the basis is `today`.
     [[nodiscard]] const ObservedMap<std::string, double>& todayOpens() const noexcept {
-        return m_todayOpens;
+        return m_todayOpens.opens();
     }
 
     // What is computed at each call.
@@ -160,7 +174,8 @@ public:
     /// Also fetches today's opens, in the background, when they are what the basis needs.
     void setChangeBasis(ChangeBasis basis);
     void setAppearance(AppearanceMode mode);
-    /// None stands for the watchlist. A save that fails is logged and not shown: little is lost.
+    /// None stands for the watchlist. A save that fails is logged and not shown: little is lost. It
+    /// does not wait for the disk: a power cut a few seconds later may cost the settings.
     void setLastBoard(std::optional<RankingBoard> board);
 
     // Requests.
@@ -168,17 +183,20 @@ public:
     /// The candles for a coin's chart, at most `timeToLive(range)` old. Throws what
     /// `BinanceAPI::klines` throws.
     Task<std::vector<Candle>> chart(std::string symbol, ChartRange range);
+    /// For how long `chart` answers with the same candles and without a request; 0 when it asks.
+    [[nodiscard]] Seconds chartFreshFor(std::string_view symbol, ChartRange range) const {
+        return m_chartCache.freshFor(symbol, range, m_now());
+    }
     /// Fetches the tickers of all coins on the list, in one request.
     Task<void> refreshSnapshot();
-    /// Fetches the opens that are missing, one request each, when the basis is `today` and the last
-    /// attempt is at least a minute old.
-    Task<void> refreshTodayOpens();
+    /// Fetches today's opens as far as they are missing, as `TodayOpens::refresh` does.
+    Task<void> refreshTodayOpens() { return m_todayOpens.refresh(); }
 
 private:
-    /// The start of a local day, and the key of that day.
-    struct LocalMidnight {
-        std::int64_t dayKey;
-        std::int64_t epochMs;
+    /// An instant, as both clocks told it.
+    struct Reading {
+        TimePoint wall;
+        Seconds monotonic;
     };
 
     Task<void> consumeEvents();
@@ -188,20 +206,27 @@ private:
     Task<void> checkStaleConnection();
     Task<void> subscribeStream();
 
-    /// How long ago the last ticker or snapshot came; beyond every threshold when none has.
+    /// Stores a ticker that came at `now`.
+    void setTicker(const std::string& symbol, const Ticker& ticker, TimePoint now);
+    /// Notes that a ticker or a snapshot has come.
+    void noteUpdate(TimePoint now);
+    [[nodiscard]] TimePoint byPresentClock(const Reading& past) const;
+    /// How long ago the last ticker or snapshot came, by the clock that says longer; beyond every
+    /// threshold when none has.
     [[nodiscard]] Seconds silence() const;
-    [[nodiscard]] std::string computeMenuBarText() const;
-    void updateMenuBarText();
-
-    void invalidateTodayOpensIfDayChanged(TimePoint now);
-    void checkTodayOpensFreshness(TimePoint now);
-    void startTodayOpensRefresh();
-    Task<void> refreshTodayOpensInBackground();
-    Task<void> fetchTodayOpen(std::string symbol, LocalMidnight midnight);
+    [[nodiscard]] PinnedQuote computePinnedQuote() const;
+    /// How fresh the label's price is while the label shows one: `stale` or `live`.
+    [[nodiscard]] PriceFreshness presentFreshness() const;
+    /// The one place where the label's price, change and text are set.
+    void updateLabel();
+    void showPriceOfStream(TimePoint now);
+    Task<void> endLabelSecond();
+    void updateConnectionFailure();
+    /// By a snapshot, at most once a minute.
+    void askWhetherThisRegionIsServed();
 
     void applyWatchlist(Watchlist watchlist);
     void saveSettings(std::string_view textOnFailure);
-    [[nodiscard]] std::vector<std::string> followedSymbols() const;
 
     BinanceAPI& m_api;
     PriceStreaming& m_stream;
@@ -209,7 +234,7 @@ private:
     SettingsStore m_settingsStore;
     CoinCatalog& m_catalog;
     Clock m_now;
-    Calendar m_calendar;
+    MonotonicClock m_monotonic;
     Sleeper m_sleeper;
     Seconds m_watchdogInterval;
     Seconds m_staleReconnectThreshold;
@@ -218,20 +243,26 @@ private:
     Observed<Watchlist> m_watchlist;
     ObservedMap<std::string, Ticker> m_tickers;
     Observed<ConnectionState> m_connectionState{ConnectionState::disconnected};
+    Observed<std::optional<ConnectionFailure>> m_connectionFailure;
     Observed<std::optional<TimePoint>> m_lastUpdate;
+    Observed<PinnedQuote> m_pinnedQuote;
     Observed<std::string> m_menuBarText;
     Observed<std::optional<std::string>> m_lastError;
     Observed<AppSettings> m_settings;
-    ObservedMap<std::string, double> m_todayOpens;
+    TodayOpens m_todayOpens;
 
+    // When each ticker came.
+    std::unordered_map<std::string, Reading> m_tickerReadings;
+    // The last update on the monotonic clock.
+    Seconds m_updatedAt{};
+    // Whether the requests, at the last look, found no server that serves this region.
+    bool m_isOutsideRegion = false;
+    TimePoint m_lastRegionRequest = kDistantPast;
+    Observation m_streamFailureObservation;
     ChartCache m_chartCache;
-    std::optional<TimePoint> m_lastLabelStamp;
-    std::optional<std::int64_t> m_todayOpensDayKey;
-    std::optional<TimePoint> m_lastTodayOpensAttempt;
-    // The minute in which every open of the day was last seen to be there; absent since an edit.
-    // It spares all but the first price of a minute the look at the time zone and the list.
-    std::optional<std::int64_t> m_freshOpensMinute;
-    bool m_isRefreshingTodayOpens = false;
+    TimePoint m_lastLabelStamp = kDistantPast;
+    // The wait for the end of the label's second.
+    TaskScope::Handle m_labelSecond;
     // Last: its tasks use all of the above.
     TaskScope m_scope;
 };

@@ -2,8 +2,6 @@
 // SPDX-License-Identifier: MIT
 #include "QuillbarCore/state/DocumentFile.h"
 
-#include "QuillbarCore/runtime/AtomicFile.h"
-
 #include <fmt/format.h>
 
 #include <cerrno>
@@ -41,14 +39,14 @@ std::string DocumentFile::read() const {
     return AtomicFile::read(m_path, kMaximumSize);
 }
 
-void DocumentFile::replace(std::string_view bytes) {
+void DocumentFile::replace(std::string_view bytes, AtomicFile::Durability durability) {
     std::optional<std::filesystem::path> moved;
     if (!m_mayBeReplaced) {
         moved = keep();
         m_mayBeReplaced = true;
     }
     try {
-        AtomicFile::write(m_path, bytes, *m_operations);
+        AtomicFile::write(m_path, bytes, *m_operations, durability);
     } catch (const FileError&) {
         if (moved && !isTaken(m_path) && m_operations->rename(*moved, m_path) == 0) {
             m_mayBeReplaced = false;

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "QuillbarCore/runtime/AtomicFile.h"
 #include "QuillbarCore/runtime/FileOperations.h"
 
 #include <cstddef>
@@ -37,14 +38,16 @@ public:
     /// Replaces the file as `AtomicFile::write` does. The first time, unless what it held has been
     /// understood, its bytes are first kept beside it, as NAME.bak: a list that this program cannot
     /// read (damaged, or written by a later version) is not lost. What was kept earlier is never
-    /// overwritten: when NAME.bak holds other bytes, NAME.bak.1 is taken, and so on.
+    /// overwritten: when NAME.bak holds other bytes, NAME.bak.1 is taken, and so on. What is kept
+    /// outlasts a power cut, whatever the durability of the new bytes.
     ///
     /// What cannot be copied, because it cannot be read (another user's file, a folder, a circle of
     /// links) or is over `kMaximumKeptSize`, is kept by moving it to that name.
     ///
     /// Throws `FileError`; the file is then as it was before (but see `AtomicFile::write`): one that
     /// cannot be kept at all is not replaced, and one that was moved is moved back.
-    void replace(std::string_view bytes);
+    void replace(std::string_view bytes,
+                 AtomicFile::Durability durability = AtomicFile::Durability::powerCut);
 
 private:
     /// Where it was moved, when it was.

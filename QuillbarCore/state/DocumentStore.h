@@ -2,8 +2,10 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "QuillbarCore/runtime/AtomicFile.h"
 #include "QuillbarCore/runtime/FileOperations.h"
 #include "QuillbarCore/runtime/Logger.h"
+#include "QuillbarCore/runtime/OutsideText.h"
 #include "QuillbarCore/state/DocumentFile.h"
 
 #include <cstdint>
@@ -13,9 +15,6 @@
 #include <string_view>
 
 namespace quillbar {
-
-/// A reason as it stands in a log line: one that quotes a damaged file at length is cut short.
-[[nodiscard]] std::string shortenedReason(std::string_view reason);
 
 /// One of the user's documents, a small JSON file in the application's folder. For the main thread,
 /// which it blocks while it reads or writes. A movable value.
@@ -55,19 +54,22 @@ public:
             m_file.markUnderstood();
             return document;
         } catch (const std::exception& error) {
-            Kind::logUnreadable(m_logger, shortenedReason(error.what()));
+            // It may quote a damaged file at length.
+            Kind::logUnreadable(m_logger, OutsideText::shortened(error.what()));
             return Kind::defaultDocument();
         }
     }
 
     /// Replaces the file at once, making the folder where it is missing. A file that this store has
-    /// not understood is kept beside it first (`DocumentFile::replace`).
+    /// not understood is kept beside it first (`DocumentFile::replace`). The user's own edits are to
+    /// outlast a power cut.
     ///
     /// Throws `FileError` when it cannot be kept or written, `DocumentError` when the document holds
     /// a text that is not UTF-8. The file is then as it was.
-    void save(const Document& document) {
+    void save(const Document& document,
+              AtomicFile::Durability durability = AtomicFile::Durability::powerCut) {
         const std::string text = Kind::encode(document);
-        m_file.replace(text);
+        m_file.replace(text, durability);
     }
 
 private:

@@ -1,13 +1,13 @@
 // SPDX-FileCopyrightText: 2026 The Quillbar developers
 // SPDX-License-Identifier: MIT
-#include "Quillbar/BannerRow.h"
-#include "Quillbar/MarketBoardView.h"
-#include "Quillbar/RowList.h"
-#include "Quillbar/Spinner.h"
+#include "Quillbar/boards/MarketBoardView.h"
+#include "Quillbar/list/RowList.h"
+#include "Quillbar/widgets/BannerRow.h"
+#include "Quillbar/widgets/Spinner.h"
 #include "simulator/Simulator.h"
 #include "tests/qtsupport/SpinUntil.h"
+#include "tests/qtsupport/Widgets.h"
 #include "tests/services/AppServicesFixture.h"
-#include "tests/views/Widgets.h"
 
 #include <QTest>
 #include <QTimer>
@@ -58,7 +58,7 @@ protected:
         m_edits.emplace(*m_executor);
         m_environment.emplace(
             ViewEnvironment{.executor = *m_executor,
-                            .now = [this, system = systemClock()] { return system() + m_offset; },
+                            .now = wallClock(),
                             .calendar = Calendar::utc(),
                             .appState = m_services->appState(),
                             .edits = *m_edits,
@@ -291,6 +291,9 @@ TEST_F(BoardStatesTest, warnsOfRowsThatCouldNotBeRefreshedAndCountsTheMinutes) {
 TEST_F(BoardStatesTest, warnsOfRowsThatNobodyRefreshes) {
     openWithRows(RankingBoard::volume);
     minutesPass(1);
+    EXPECT_EQ(warning(), "");
+    letPass(Seconds(1));
+    look();
     EXPECT_EQ(warning(), "已停止刷新,数据为1 分钟前的");
     minutesPass(2);
     EXPECT_EQ(warning(), "已停止刷新,数据为3 分钟前的");

@@ -2,9 +2,9 @@
 // SPDX-License-Identifier: MIT
 #include "QuillbarCore/catalog/CoinCatalog.h"
 #include "QuillbarCore/exchange/BinanceError.h"
-#include "QuillbarCore/runtime/ManualExecutor.h"
-#include "QuillbarCore/runtime/ManualTime.h"
 #include "QuillbarCore/runtime/TaskScope.h"
+#include "tests/manual/ManualExecutor.h"
+#include "tests/manual/ManualTime.h"
 #include "tests/support/CapturedLog.h"
 #include "tests/support/FakeBinanceAPI.h"
 #include "tests/support/Files.h"

@@ -2,7 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "QuillbarCore/catalog/IconStore.h"
 #include "QuillbarCore/exchange/URLError.h"
-#include "QuillbarCore/runtime/ManualExecutor.h"
+#include "QuillbarCore/runtime/Time.h"
+#include "tests/manual/ManualExecutor.h"
 #include "tests/runtime/HookedFileOperations.h"
 #include "tests/support/CapturedLog.h"
 #include "tests/support/FakeFetcher.h"
@@ -63,11 +64,13 @@ protected:
     TemporaryFolder m_folder;
     std::shared_ptr<FakeFetcher> m_fetcher = std::make_shared<FakeFetcher>();
     HookedFileOperations m_files;
+    TimePoint m_now{Seconds(1794657600)};
     std::unique_ptr<IconStore> m_store = std::make_unique<IconStore>(m_executor,
                                                                      m_folder.path() / "Icons",
                                                                      m_fetcher,
                                                                      "https://icons.test/logos",
-                                                                     m_files);
+                                                                     m_files,
+                                                                     [this] { return m_now; });
     std::vector<std::string> m_icons;
     // Last: its tasks use the store.
     TaskScope m_scope{m_executor};
@@ -150,6 +153,64 @@ TEST_F(IconStoreTest, remembersNoFailure) {
     EXPECT_EQ(m_fetcher->requests.size(), 2U);
 }
 
+TEST_F(IconStoreTest, saysForAnHourThatALogoIsMissingOnceTheServerHasSaidSo) {
+    for (const int status : {404, 410}) {
+        SCOPED_TRACE(status);
+        m_fetcher->answer(status);
+        ask("NEW");
+        EXPECT_TRUE(m_store->isMissing("NEW"));
+        EXPECT_TRUE(m_store->isMissing("new"));
+        EXPECT_FALSE(m_store->isMissing("BTC"));
+        m_now += Seconds(3599);
+        EXPECT_TRUE(m_store->isMissing("NEW"));
+        m_now += Seconds(1);
+        EXPECT_FALSE(m_store->isMissing("NEW"));
+    }
+}
+
+TEST_F(IconStoreTest, saysNotThatALogoIsMissingWhenTheServerDidNot) {
+    for (const int status : {403, 408, 418, 429, 451, 500, 503}) {
+        SCOPED_TRACE(status);
+        m_fetcher->answer(status);
+        ask("NEW");
+        EXPECT_FALSE(m_store->isMissing("NEW"));
+    }
+    m_fetcher->fail(URLError(URLError::Code::timedOut, "timed out"));
+    ask("NEW");
+    EXPECT_FALSE(m_store->isMissing("NEW"));
+}
+
+TEST_F(IconStoreTest, saysNotThatALogoIsMissingWhenSomethingElseCameInItsPlace) {
+    m_fetcher->answer(200, "<html>");
+    ask("NEW");
+    EXPECT_THAT(m_icons, ElementsAre("-"));
+    EXPECT_FALSE(m_store->isMissing("NEW"));
+}
+
+TEST_F(IconStoreTest, forgetsWhichLogosAreMissing) {
+    m_fetcher->answer(404);
+    ask("NEW");
+    ASSERT_TRUE(m_store->isMissing("NEW"));
+    m_store->forgetMissing();
+    EXPECT_FALSE(m_store->isMissing("NEW"));
+}
+
+TEST_F(IconStoreTest, doesNotWaitForAClockThatIsSetBackToAskForAMissingLogo) {
+    m_fetcher->answer(404);
+    ask("NEW");
+    m_now -= Seconds(8 * 3600);
+    EXPECT_FALSE(m_store->isMissing("NEW"));
+}
+
+TEST_F(IconStoreTest, missesALogoNoLongerThatHasCome) {
+    m_fetcher->answer(404);
+    m_fetcher->answer(200, kLogo);
+    ask("NEW");
+    ASSERT_TRUE(m_store->isMissing("NEW"));
+    ask("NEW");
+    EXPECT_FALSE(m_store->isMissing("NEW"));
+}
+
 TEST_F(IconStoreTest, logsATransportErrorUnderTheNameAskedFor) {
     m_fetcher->fail(URLError(URLError::Code::timedOut, "timed out"));
     ask("nEw");
@@ -169,6 +230,7 @@ TEST_F(IconStoreTest, refusesABodyThatIsNoLogo) {
 }
 
 TEST_F(IconStoreTest, takesALogoOfTheLargestSize) {
+    static_assert(IconStore::kMaximumSize == 1'048'576);
     const std::string largest = kLogo + std::string(IconStore::kMaximumSize - kLogo.size(), 'x');
     m_fetcher->answer(200, largest);
     ask("BTC");

@@ -54,6 +54,10 @@ void ChildProcess::resume() {
     signal(SIGCONT);
 }
 
+void ChildProcess::terminate() {
+    signal(SIGTERM);
+}
+
 void ChildProcess::signal(int number) {
     // The group of this process, otherwise.
     if (id() > 0) {

@@ -34,6 +34,8 @@ public:
     /// Keeps it from running, as a busy machine does, until it is to resume.
     void halt();
     void resume();
+    /// Asks it to end, as a session does that is over.
+    void terminate();
     /// Gives it no chance to say goodbye.
     void kill();
 

@@ -143,7 +143,7 @@ void Desktop::startServer() {
 }
 
 void Desktop::startBus() {
-    // Of the services that are installed, this bus starts the bar's settings and no other.
+    // This bus starts the bar's settings and no other of the installed services.
     const std::filesystem::path services = m_folder.path() / "services";
     std::filesystem::create_directory(services);
     std::filesystem::copy(kSettingsService, services);

@@ -2,13 +2,19 @@
 // SPDX-License-Identifier: MIT
 #include "tests/desktop/DesktopFixture.h"
 
+#include "Quillbar/panel/FirstStart.h"
+#include "tests/support/Files.h"
+
 #include <QDBusArgument>
 #include <QFile>
 #include <QJsonArray>
 #include <QJsonDocument>
 
+#include <algorithm>
 #include <array>
 #include <cstddef>
+#include <cstdlib>
+#include <string_view>
 
 namespace quillbar {
 
@@ -38,6 +44,11 @@ constexpr int kChangeX = 320;
 constexpr int kChangeWidth = 50;
 // So low that the row above, lowered by a banner of the board, is not taken for it.
 constexpr int kChangeBand = 4;
+// Between the price and the change, where a row is bare.
+constexpr int kBareX = 310;
+// Wider than the dashes that stand for no price, narrower than "0.00%".
+constexpr int kWidthOfPrice = 20;
+constexpr int kVisibleDifference = 40;
 constexpr int kStrongColor = 100;
 
 bool hasStrongColor(const QImage& image) {
@@ -49,6 +60,21 @@ bool hasStrongColor(const QImage& image) {
         }
     }
     return false;
+}
+
+// How wide what is written in the area is; its colour may be any.
+int writtenWidth(const QImage& image, const QRect& area, int bare) {
+    int first = area.right() + 1;
+    int last = area.left() - 1;
+    for (int x = area.left(); x <= area.right(); ++x) {
+        for (int y = area.top(); y <= area.bottom(); ++y) {
+            if (std::abs(image.pixelColor(x, y).lightness() - bare) > kVisibleDifference) {
+                first = std::min(first, x);
+                last = x;
+            }
+        }
+    }
+    return last - first + 1;
 }
 
 QString textOfTooltip(const QVariant& tooltip) {
@@ -85,6 +111,11 @@ void DesktopFixture::TearDownTestSuite() {
     sharedDesktop.reset();
 }
 
+void DesktopFixture::SetUp() {
+    const std::string_view name = FirstStart::kFileName;
+    writeContents(file(QLatin1String(name.data(), static_cast<qsizetype>(name.size()))), {});
+}
+
 void DesktopFixture::TearDown() {
     if (m_application && m_application->isRunning()) {
         endApplication();
@@ -113,6 +144,23 @@ void DesktopFixture::startApplication() {
     ASSERT_TRUE(eventually([this] {
         return label().contains(QStringLiteral("price")) && isConnected();
     })) << "no price";
+}
+
+void DesktopFixture::startInShell(const char* command,
+                                  const QString& variable,
+                                  const QString& value) {
+    QProcessEnvironment changed = environment();
+    changed.insert(variable, value);
+    m_application.emplace(
+        QStringLiteral("/bin/bash"),
+        QStringList{
+            QStringLiteral("-c"), QString::fromUtf8(command), QStringLiteral(QUILLBAR_PROGRAM)},
+        changed);
+}
+
+int DesktopFixture::terminateApplication() {
+    m_application->terminate();
+    return endOfApplication();
 }
 
 int DesktopFixture::startAgain(const QStringList& arguments) {
@@ -313,7 +361,8 @@ bool DesktopFixture::hasRowsUpTo(int row) const {
     for (int each = row - 2; each <= row; ++each) {
         const QRect change(
             kChangeX, rowCentre(each).y() - kChangeBand / 2, kChangeWidth, kChangeBand);
-        if (!hasStrongColor(drawn.copy(change))) {
+        const int bare = drawn.pixelColor(kBareX, rowCentre(each).y()).lightness();
+        if (writtenWidth(drawn, change, bare) < kWidthOfPrice) {
             return false;
         }
     }

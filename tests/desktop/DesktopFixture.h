@@ -35,11 +35,18 @@ protected:
     [[nodiscard]] static Desktop& desktop() { return *sharedDesktop; }
     [[nodiscard]] static Screen& screen() { return sharedDesktop->screen(); }
 
+    /// The panel has been opened before, so it does not begin with the line about its item.
+    void SetUp() override;
     /// The application does not run on after a test, and has nothing to complain of at its end.
     void TearDown() override;
 
     /// Starts the application and waits for its first price in the status area.
     void startApplication();
+    /// Starts a line of bash, in which "$0" is the application, where a variable has this value;
+    /// waits for nothing.
+    void startInShell(const char* command, const QString& variable, const QString& value);
+    /// Asks the application to end as the session does; its exit status, waited for.
+    [[nodiscard]] int terminateApplication();
     /// Keeps the application from running until it is to resume.
     void haltApplication() { m_application->halt(); }
     void resumeApplication() { m_application->resume(); }

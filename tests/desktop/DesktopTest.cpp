@@ -31,12 +31,46 @@ TEST_F(DesktopTest, aClickOpensThePanelBesideTheItemWithTheFocusAndNoTaskbarEntr
     ASSERT_TRUE(window);
     const QRect& area = window->geometry;
     EXPECT_TRUE(screen().workArea().contains(area));
-    EXPECT_EQ(area.top(), screen().workArea().top() + 4);
+    EXPECT_EQ(area.top(), screen().workArea().top()) << "no strip of another window between";
     EXPECT_LE(area.left(), itemCentre().x());
     EXPECT_GE(area.right(), itemCentre().x());
     EXPECT_EQ(screen().activeWindow(), window->id);
     EXPECT_TRUE(screen().hasState(window->id, "_NET_WM_STATE_SKIP_TASKBAR"));
     EXPECT_TRUE(screen().hasState(window->id, "_NET_WM_STATE_SKIP_PAGER"));
+    EXPECT_TRUE(screen().hasState(window->id, "_NET_WM_STATE_ABOVE"));
+}
+
+TEST_F(DesktopTest, thePanelTouchesABarThatNoWindowManagerTellsOf) {
+    ASSERT_TRUE(eventually([] { return screen().workArea().top() > 0; })) << "the bar is there";
+    const QRect workArea = screen().workArea();
+    screen().forgetWorkArea();
+    startApplication();
+    openPanel();
+    EXPECT_EQ(panelGeometry().top(), workArea.top());
+    // The window manager tells again of what has changed.
+    desktop().killBar();
+    EXPECT_TRUE(eventually([] { return screen().workArea().isValid(); }));
+    desktop().startBar();
+    EXPECT_TRUE(eventually([&] { return screen().workArea() == workArea; }));
+}
+
+TEST_F(DesktopTest, thePanelIsAToolThatBelongsToNoWindow) {
+    startApplication();
+    openPanel();
+    const auto window = panel();
+    ASSERT_TRUE(window);
+    EXPECT_TRUE(screen().isOfKind(window->id, "_NET_WM_WINDOW_TYPE_UTILITY"));
+    EXPECT_EQ(screen().ownerOf(window->id), 0U) << "a window that no window manager knows";
+}
+
+TEST_F(DesktopTest, anOpenPanelThatIsAskedForKeepsItsStates) {
+    startApplication();
+    openPanel();
+    const auto window = panel();
+    ASSERT_TRUE(window);
+    EXPECT_EQ(startAgain({QStringLiteral("--show")}), 0);
+    settle();
+    EXPECT_TRUE(screen().hasState(window->id, "_NET_WM_STATE_SKIP_TASKBAR"));
     EXPECT_TRUE(screen().hasState(window->id, "_NET_WM_STATE_ABOVE"));
 }
 
@@ -187,16 +221,19 @@ TEST_F(DesktopTest, aLostExchangeIsToldAndPricesComeBackWithIt) {
     startApplication();
     openPanel();
     const int height = panelGeometry().height();
+    const auto connection = [this] {
+        return label().value(QStringLiteral("connection")).toString();
+    };
     desktop().killExchange();
     EXPECT_TRUE(eventually([&] {
-        return tooltip().contains(QStringLiteral("连接中断")) && panelGeometry().height() > height;
-    })) << tooltip().toStdString();
+        return connection() == QStringLiteral("waitingRetry") && panelGeometry().height() > height;
+    })) << connection().toStdString();
+    EXPECT_EQ(tooltip(), QString()) << "it would cover the panel";
     const double lastUpdate = label().value(QStringLiteral("lastUpdate")).toDouble();
     desktop().startExchange();
     EXPECT_TRUE(eventually([&] {
         return label().value(QStringLiteral("lastUpdate")).toDouble() > lastUpdate
-               && panelGeometry().height() == height
-               && tooltip().contains(QStringLiteral("已连接"));
+               && panelGeometry().height() == height && connection() == QStringLiteral("connected");
     }));
 }
 

@@ -65,8 +65,23 @@ xcb_window_t Screen::activeWindow() const {
 }
 
 bool Screen::hasState(xcb_window_t window, std::string_view state) const {
-    const auto states = numbers(window, "_NET_WM_STATE");
-    return std::find(states.begin(), states.end(), atom(state)) != states.end();
+    return contains(window, "_NET_WM_STATE", state);
+}
+
+bool Screen::isOfKind(xcb_window_t window, std::string_view kind) const {
+    return contains(window, "_NET_WM_WINDOW_TYPE", kind);
+}
+
+bool Screen::contains(xcb_window_t window,
+                      std::string_view property,
+                      std::string_view value) const {
+    const auto values = numbers(window, property);
+    return std::find(values.begin(), values.end(), atom(value)) != values.end();
+}
+
+xcb_window_t Screen::ownerOf(xcb_window_t window) const {
+    const auto owners = numbers(window, "WM_TRANSIENT_FOR");
+    return owners.empty() ? static_cast<xcb_window_t>(XCB_WINDOW_NONE) : owners.front();
 }
 
 QRect Screen::workArea() const {
@@ -76,6 +91,11 @@ QRect Screen::workArea() const {
     }
     const auto edge = [&edges](std::size_t index) { return static_cast<int>(edges[index]); };
     return {edge(0), edge(1), edge(2), edge(3)};
+}
+
+void Screen::forgetWorkArea() {
+    xcb_delete_property(m_connection.get(), m_root, atom("_NET_WORKAREA"));
+    finish();
 }
 
 bool Screen::hasWindowManager() const {
@@ -96,7 +116,7 @@ QImage Screen::picture(const QRect& area) const {
     if (!reply) {
         return {};
     }
-    // Of a screen of depth 24, in the order of bytes of this machine.
+    // The screen has a depth of 24 and the byte order of this machine.
     return QImage(xcb_get_image_data(reply.get()),
                   area.width(),
                   area.height(),

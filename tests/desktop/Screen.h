@@ -40,8 +40,14 @@ public:
     [[nodiscard]] xcb_window_t activeWindow() const;
     /// Whether a state such as "_NET_WM_STATE_ABOVE" is on the window.
     [[nodiscard]] bool hasState(xcb_window_t window, std::string_view state) const;
+    /// Whether the window says that it is of a kind such as "_NET_WM_WINDOW_TYPE_UTILITY".
+    [[nodiscard]] bool isOfKind(xcb_window_t window, std::string_view kind) const;
+    /// The window that this one says it belongs to; 0 for none.
+    [[nodiscard]] xcb_window_t ownerOf(xcb_window_t window) const;
     /// What bars leave of the screen; empty before a window manager has told.
     [[nodiscard]] QRect workArea() const;
+    /// As with a window manager that tells nothing of bars, until the bars change.
+    void forgetWorkArea();
     [[nodiscard]] bool hasWindowManager() const;
     [[nodiscard]] static QColor background() { return {0x44, 0x66, 0x88}; }
     [[nodiscard]] QImage picture(const QRect& area) const;
@@ -76,6 +82,9 @@ private:
     [[nodiscard]] xcb_atom_t atom(std::string_view name) const;
     [[nodiscard]] std::vector<std::uint32_t> numbers(xcb_window_t window,
                                                      std::string_view property) const;
+    [[nodiscard]] bool contains(xcb_window_t window,
+                                std::string_view property,
+                                std::string_view value) const;
     [[nodiscard]] QString text(xcb_window_t window, std::string_view property) const;
     void collect(xcb_window_t window, qint64 process, std::vector<Window>& found) const;
     [[nodiscard]] std::optional<QRect> visibleGeometry(xcb_window_t window) const;

@@ -7,8 +7,6 @@
 #include <QDeadlineTimer>
 #include <QTimer>
 
-#include <chrono>
-
 namespace quillbar {
 
 namespace {
@@ -17,7 +15,6 @@ using namespace std::chrono_literals;
 
 constexpr auto kPatience = 60s;
 constexpr auto kPulse = 20ms;
-constexpr auto kPause = 500ms;
 
 }  // namespace
 
@@ -27,8 +24,8 @@ bool eventually(const std::function<bool()>& predicate) {
     return spinUntil(predicate, kPatience);
 }
 
-void pause() {
-    const QDeadlineTimer end(kPause);
+void pause(std::chrono::milliseconds duration) {
+    const QDeadlineTimer end(duration);
     // Cannot fail: time goes on.
     static_cast<void>(eventually([&end] { return end.hasExpired(); }));
 }

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <chrono>
 #include <functional>
 
 namespace quillbar {
@@ -10,7 +11,8 @@ namespace quillbar {
 /// again and again, because other programs do not tell when they have changed what it looks at.
 [[nodiscard]] bool eventually(const std::function<bool()>& predicate);
 
-/// As a person leaves between two clicks that are not a double click: half a second.
-void pause();
+/// Lets the time go by; when not told otherwise, as much as a person leaves between two clicks that
+/// are not a double click.
+void pause(std::chrono::milliseconds duration = std::chrono::milliseconds{500});
 
 }  // namespace quillbar

@@ -49,6 +49,21 @@ TEST(ChartCacheTest, TakesCandlesOfTheFutureAsFresh) {
     EXPECT_THAT(at(with(1, ChartRange::day), ChartRange::day, -1e6), Optional(Eq(candles(1))));
 }
 
+TEST(ChartCacheTest, TellsHowLongCandlesStayFresh) {
+    const auto freshFor = [](const ChartCache& cache, ChartRange range, double age) {
+        return cache.freshFor("BTCUSDT", range, kStored + Seconds(age)).count();
+    };
+    const ChartCache day = with(1, ChartRange::day);
+    EXPECT_EQ(freshFor(day, ChartRange::day, 0), 300);
+    EXPECT_EQ(freshFor(day, ChartRange::day, 200), 100);
+    EXPECT_EQ(freshFor(day, ChartRange::day, 300), 0);
+    EXPECT_EQ(freshFor(day, ChartRange::day, 1e6), 0);
+    EXPECT_EQ(freshFor(day, ChartRange::day, -1e6), 300) << "the clock was set back";
+    EXPECT_EQ(freshFor(day, ChartRange::week, 0), 0);
+    EXPECT_EQ(freshFor(with(1, ChartRange::week), ChartRange::week, 60), 1740);
+    EXPECT_EQ(day.freshFor("ETHUSDT", ChartRange::day, kStored), Seconds(0));
+}
+
 TEST(ChartCacheTest, KeepsPairsAndRangesApart) {
     const ChartCache cache = with(1, ChartRange::day)
                                  .inserting(candles(2), "BTCUSDT", ChartRange::week, kStored)

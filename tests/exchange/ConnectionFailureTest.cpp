@@ -40,6 +40,7 @@ TEST(ConnectionFailureTest, saysWhatEveryTransportErrorMeans) {
     EXPECT_EQ(said(Code::secureConnectionFailed), "安全连接失败或证书不可信");
     EXPECT_EQ(said(Code::connectionLost), "连接意外断开");
     EXPECT_EQ(said(Code::tooLarge), "服务器的数据过大");
+    EXPECT_EQ(said(Code::notServedHere), "当前地区无法访问行情服务");
     EXPECT_EQ(said(Code::other), "连接出现异常");
     EXPECT_EQ(said(Code::badURL), "服务器地址无效");
     EXPECT_EQ(said(Code::cancelled), "连接已取消");

@@ -49,6 +49,7 @@ TEST(EndpointFailoverTest, TriesElsewhereForTransportErrorsThatAreNoCancellation
                             Code::connectionLost,
                             Code::secureConnectionFailed,
                             Code::tooLarge,
+                            Code::notServedHere,
                             Code::badURL,
                             Code::other}) {
         EXPECT_TRUE(isTriedElsewhere(URLError(code, "")));

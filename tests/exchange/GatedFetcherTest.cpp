@@ -3,9 +3,9 @@
 #include "QuillbarCore/exchange/GatedFetcher.h"
 #include "QuillbarCore/exchange/ServiceGate.h"
 #include "QuillbarCore/model/ReferenceDate.h"
-#include "QuillbarCore/runtime/ManualExecutor.h"
-#include "QuillbarCore/runtime/ManualTime.h"
 #include "QuillbarCore/runtime/TaskScope.h"
+#include "tests/manual/ManualExecutor.h"
+#include "tests/manual/ManualTime.h"
 #include "tests/support/CapturedLog.h"
 #include "tests/support/FakeFetcher.h"
 #include "tests/support/Files.h"
@@ -37,7 +37,10 @@ protected:
 
     void restart() {
         m_gate = std::make_shared<ServiceGate>("exchange", m_folder.path(), m_time.clock());
-        m_fetcher = std::make_unique<GatedFetcher>(m_service, m_gate);
+        m_fetcher = std::make_unique<GatedFetcher>(
+            m_service, m_gate, HostBreakers(m_time.clock(), [](double seconds) {
+                return seconds;
+            }));
     }
 
     void theServiceAnswers(int status, std::optional<std::string> retryAfter = std::nullopt) {

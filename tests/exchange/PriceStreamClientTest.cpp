@@ -173,6 +173,32 @@ TEST_F(PriceStreamClientTest, DoesNotLogAnEndThatArrivedBeforeTheCancellation) {
     EXPECT_EQ(endpointInUse(), 0);
 }
 
+TEST_F(PriceStreamClientTest, DropsThePricesOfPairsThatWereNotAskedFor) {
+    watch({"BTCUSDT", "ethusdt"});
+    takeEvents();
+    frame("SPAMUSDT", "1");
+    frame("BTCUSDT", "2");
+    frame("ETHUSDT", "3");
+    EXPECT_THAT(takeEvents(), ElementsAre("BTCUSDT 2", "ETHUSDT 3"));
+    EXPECT_THAT(
+        log.lines(),
+        ElementsAre("PriceStream|error|dropped the price of a pair that was not asked for"));
+    watch({"BTCUSDT"});
+    takeEvents();
+    frame("ETHUSDT", "3");
+    EXPECT_THAT(takeEvents(), IsEmpty());
+}
+
+TEST_F(PriceStreamClientTest, TakesPricesWhateverTheCaseOfTheirSymbols) {
+    watch({"btcusdt", "EthUSDT"});
+    takeEvents();
+    frame("btcusdt", "1");
+    frame("BTCUSDT", "2");
+    frame("ethUsdt", "3");
+    EXPECT_THAT(takeEvents(), ElementsAre("btcusdt 1", "BTCUSDT 2", "ethUsdt 3"));
+    EXPECT_THAT(log.lines(), IsEmpty());
+}
+
 TEST_F(PriceStreamClientTest, StopsWhileItReads) {
     watch({"BTCUSDT"});
     takeEvents();

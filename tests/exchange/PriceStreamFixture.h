@@ -4,9 +4,9 @@
 
 #include "QuillbarCore/exchange/EndpointSelector.h"
 #include "QuillbarCore/exchange/PriceStreamClient.h"
-#include "QuillbarCore/runtime/ManualExecutor.h"
-#include "QuillbarCore/runtime/ManualTime.h"
 #include "QuillbarCore/runtime/TaskScope.h"
+#include "tests/manual/ManualExecutor.h"
+#include "tests/manual/ManualTime.h"
 #include "tests/support/CapturedLog.h"
 #include "tests/support/FakeConnection.h"
 

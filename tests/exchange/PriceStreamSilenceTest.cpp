@@ -150,6 +150,17 @@ TEST_F(PriceStreamSilenceTest, theTenMinutesPassThoughTheWatchdogBeginsAnew) {
     EXPECT_THAT(takeEvents(), Contains("waitingRetry"));
 }
 
+TEST_F(PriceStreamSilenceTest, theTenMinutesPassThoughTheClockIsSetBack) {
+    watch({"BTCUSDT"});
+    advance(kLimit + 1 + kLimit + 2 + kLimit + 4);
+    takeEvents();
+    time.setClock(time.now() - Seconds(8 * 3600));
+    restartOften(540);
+    EXPECT_THAT(takeEvents(), Not(Contains("waitingRetry")));
+    restartOften(120);
+    EXPECT_THAT(takeEvents(), Contains("waitingRetry"));
+}
+
 TEST_F(PriceStreamSilenceTest, otherEndpointsAreUsedFromTheNextAttemptOn) {
     watch({"BTCUSDT"});
     client->useEndpoints(std::make_shared<EndpointSelector>(std::vector<std::string>{"wss://new"}));
@@ -208,6 +219,13 @@ TEST_F(RenewedStreamTest, anOutageThatHasPassedPinsNobodyToTheLastServer) {
         advance(backOff);
     }
     EXPECT_EQ(base(), "wss://one");
+}
+
+TEST_F(PriceStreamSilenceTest, leavesAServerThatTellsOtherPricesThanThoseAskedFor) {
+    watch({"BTCUSDT"});
+    frame("SPAMUSDT", "1");
+    advance(kLimit);
+    EXPECT_EQ(endpointInUse(), 1);
 }
 
 }  // namespace quillbar

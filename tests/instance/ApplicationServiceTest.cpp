@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "Quillbar/instance/ApplicationService.h"
 #include "tests/instance/BusFixture.h"
+#include "tests/qtsupport/BusGarbage.h"
 #include "tests/support/CapturedLog.h"
 
 #include <QDBusError>
@@ -19,8 +20,10 @@ namespace quillbar {
 namespace {
 
 using std::chrono::milliseconds;
+using ::testing::Contains;
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
+using ::testing::Not;
 using Claim = ApplicationService::Claim;
 
 /// An instance of the application, which notes what is asked of it.
@@ -49,9 +52,11 @@ struct Instance final {
 class ApplicationServiceTest : public BusFixture {
 protected:
     /// Calls the application as a desktop does, and waits for the reply.
-    void call(const char* method, const QVariantList& arguments) {
+    void call(const char* method,
+              const QVariantList& arguments,
+              const QString& service = applicationName()) {
         QDBusMessage message = QDBusMessage::createMethodCall(
-            applicationName(),
+            service,
             applicationPath(),
             QString::fromLatin1(ApplicationNames::kApplicationInterface),
             QString::fromLatin1(method));
@@ -129,6 +134,19 @@ TEST_F(ApplicationServiceTest, startingItAgainTogglesThePanel) {
     EXPECT_EQ(application.tokens, ActivationTokens{});
 }
 
+TEST_F(ApplicationServiceTest, whatIsAskedBeforeTheOutcomeIsToldRightBehindIt) {
+    const QDBusConnection bus = connect();
+    Instance application(bus);
+    // By the connection's own name, as the other one has not been claimed.
+    call("Activate", {QVariantMap()}, bus.baseService());
+    EXPECT_THAT(application.actions, IsEmpty());
+    ASSERT_EQ(application.claimed(), Claim::claimed);
+    EXPECT_THAT(application.actions, ElementsAre(ApplicationAction::togglePanel));
+    act("show-panel");
+    EXPECT_THAT(application.actions,
+                ElementsAre(ApplicationAction::togglePanel, ApplicationAction::showPanel));
+}
+
 TEST_F(ApplicationServiceTest, everyActionHasItsName) {
     Instance application(connect());
     ASSERT_EQ(application.claimed(), Claim::claimed);
@@ -172,6 +190,27 @@ TEST_F(ApplicationServiceTest, tokensThatAreNoTextsAreNone) {
     EXPECT_EQ(application.actions.size(), 1U);
 }
 
+TEST_F(ApplicationServiceTest, refusesArgumentsOfTheWrongTypes) {
+    Instance application(connect());
+    ASSERT_EQ(application.claimed(), Claim::claimed);
+    BusGarbage garbage(connect(), applicationName(), applicationPath());
+    EXPECT_EQ(garbage.methods().size(), 4U) << "three of the application, one of the label";
+    garbage.callWithWrongTypes();
+    EXPECT_THAT(application.actions, IsEmpty());
+    act("show-panel");
+    EXPECT_THAT(application.actions, ElementsAre(ApplicationAction::showPanel));
+}
+
+TEST_F(ApplicationServiceTest, answersWhateverArgumentsOfTheRightTypesHold) {
+    const CapturedLog log;
+    Instance application(connect());
+    ASSERT_EQ(application.claimed(), Claim::claimed);
+    BusGarbage(connect(), applicationName(), applicationPath()).callWithRightTypes();
+    EXPECT_THAT(application.actions, Not(Contains(ApplicationAction::quit)));
+    act("quit");
+    EXPECT_EQ(application.actions.back(), ApplicationAction::quit);
+}
+
 TEST_F(ApplicationServiceTest, anUnknownActionIsLoggedAndLeftAlone) {
     const CapturedLog log;
     Instance application(connect());
@@ -180,6 +219,16 @@ TEST_F(ApplicationServiceTest, anUnknownActionIsLoggedAndLeftAlone) {
     EXPECT_THAT(application.actions, IsEmpty());
     EXPECT_THAT(log.lines("Application"),
                 ElementsAre("Application|error|ignoring the unknown action \"dance\""));
+}
+
+TEST_F(ApplicationServiceTest, aLongNameOfAnActionIsCutInTheLog) {
+    const CapturedLog log;
+    Instance application(connect());
+    ASSERT_EQ(application.claimed(), Claim::claimed);
+    act(std::string(100'000, 'a').c_str());
+    EXPECT_THAT(log.lines("Application"),
+                ElementsAre("Application|error|ignoring the unknown action \""
+                            + std::string(64, 'a') + "…\""));
 }
 
 }  // namespace

@@ -15,11 +15,11 @@ namespace quillbar {
 inline LabelReport pricedReport(const std::string& price) {
     LabelReport report;
     report.label.text = "BTC " + price;
-    report.label.coin = Coin{"BTCUSDT", "BTC"};
-    report.label.ticker = Ticker{101, 100};
-    report.label.changePercent = 1;
-    report.label.connection = ConnectionState::connected;
-    report.label.isStale = false;
+    report.label.quote.coin = Coin{"BTCUSDT", "BTC"};
+    report.label.quote.ticker = Ticker{101, 100};
+    report.label.quote.changePercent = 1;
+    report.label.quote.connection = ConnectionState::connected;
+    report.label.quote.freshness = PriceFreshness::live;
     report.isStarted = true;
     return report;
 }

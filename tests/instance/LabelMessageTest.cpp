@@ -13,14 +13,14 @@ namespace {
 LabelReport fullReport() {
     LabelReport report;
     report.label.text = "BTC 67,234.50 ▲ 1.23%";
-    report.label.coin = Coin{"BTCUSDT", "BTC"};
-    report.label.ticker = Ticker{67234.5, 66417.61, 1.5e9};
-    report.label.changePercent = 1.2299327;
-    report.label.basis = ChangeBasis::today;
-    report.label.connection = ConnectionState::connected;
+    report.label.quote.coin = Coin{"BTCUSDT", "BTC"};
+    report.label.quote.ticker = Ticker{67234.5, 66417.61, 1.5e9};
+    report.label.quote.changePercent = 1.2299327;
+    report.label.quote.basis = ChangeBasis::today;
+    report.label.quote.connection = ConnectionState::connected;
     report.label.lastUpdate = TimePoint(Seconds(1794657600.123));
     report.label.failure = "连接超时";
-    report.label.isStale = false;
+    report.label.quote.freshness = PriceFreshness::live;
     report.label.lastError = "保存失败";
     report.isStarted = true;
     return report;
@@ -55,10 +55,19 @@ TEST(LabelMessageTest, everyConnectionAndBasisArrives) {
                                   ConnectionState::connected,
                                   ConnectionState::waitingRetry}) {
         for (const auto basis : kAllChangeBases) {
-            report.label.connection = connection;
-            report.label.basis = basis;
+            report.label.quote.connection = connection;
+            report.label.quote.basis = basis;
             EXPECT_EQ(labelReport(labelMessage(report)), report);
         }
+    }
+}
+
+TEST(LabelMessageTest, everyFreshnessArrives) {
+    LabelReport report = fullReport();
+    for (const auto freshness :
+         {PriceFreshness::none, PriceFreshness::stale, PriceFreshness::live}) {
+        report.label.quote.freshness = freshness;
+        EXPECT_EQ(labelReport(labelMessage(report)), report);
     }
 }
 
@@ -66,7 +75,7 @@ TEST(LabelMessageTest, whatIsAbsentHasNoEntry) {
     LabelReport least;
     least.label.text = "Quillbar";
     EXPECT_EQ(labelMessage(least).keys().join(key(",")).toStdString(),
-              "basis,connection,stale,started,text");
+              "basis,connection,showsPrice,stale,started,text");
 }
 
 TEST(LabelMessageTest, withoutATextItIsNoLabel) {
@@ -82,39 +91,59 @@ TEST(LabelMessageTest, aTextAloneIsALabelThatIsNotLive) {
     LabelReport least;
     least.label.text = "BTC";
     EXPECT_EQ(labelReport({{key("text"), key("BTC")}}), least);
-    EXPECT_TRUE(least.label.isStale);
+    EXPECT_TRUE(least.label.quote.isStale());
 }
 
 TEST(LabelMessageTest, entriesOfAnotherTypeAreMissing) {
     const QVariant wrong = QVariantMap{{key("a"), 1}};
-    EXPECT_EQ(reportWith("symbol", wrong).label.coin, std::nullopt);
-    EXPECT_EQ(reportWith("baseAsset", wrong).label.coin, std::nullopt);
-    EXPECT_EQ(reportWith("price", key("67234.5")).label.ticker, std::nullopt);
-    EXPECT_EQ(reportWith("openPrice24h", 66417).label.ticker, std::nullopt);
-    EXPECT_EQ(reportWith("quoteVolume24h", wrong).label.ticker->quoteVolume24h, std::nullopt);
-    EXPECT_EQ(reportWith("changePercent", true).label.changePercent, std::nullopt);
-    EXPECT_EQ(reportWith("basis", wrong).label.basis, ChangeBasis::rolling24h);
-    EXPECT_EQ(reportWith("connection", 2).label.connection, ConnectionState::disconnected);
+    EXPECT_EQ(reportWith("symbol", wrong).label.quote.coin, std::nullopt);
+    EXPECT_EQ(reportWith("baseAsset", wrong).label.quote.coin, std::nullopt);
+    EXPECT_EQ(reportWith("price", key("67234.5")).label.quote.ticker, std::nullopt);
+    EXPECT_EQ(reportWith("openPrice24h", 66417).label.quote.ticker, std::nullopt);
+    EXPECT_EQ(reportWith("quoteVolume24h", wrong).label.quote.ticker->quoteVolume24h, std::nullopt);
+    EXPECT_EQ(reportWith("changePercent", true).label.quote.changePercent, std::nullopt);
+    EXPECT_EQ(reportWith("basis", wrong).label.quote.basis, ChangeBasis::rolling24h);
+    EXPECT_EQ(reportWith("connection", 2).label.quote.connection, ConnectionState::disconnected);
     EXPECT_EQ(reportWith("lastUpdate", key("noon")).label.lastUpdate, std::nullopt);
     EXPECT_EQ(reportWith("failure", wrong).label.failure, std::nullopt);
-    EXPECT_TRUE(reportWith("stale", 0).label.isStale);
+    EXPECT_TRUE(reportWith("stale", 0).label.quote.isStale());
     EXPECT_EQ(reportWith("lastError", wrong).label.lastError, std::nullopt);
     EXPECT_FALSE(reportWith("started", key("yes")).isStarted);
 }
 
 TEST(LabelMessageTest, unknownNamesAreMissing) {
-    EXPECT_EQ(reportWith("basis", key("Today")).label.basis, ChangeBasis::rolling24h);
-    EXPECT_EQ(reportWith("connection", key("")).label.connection, ConnectionState::disconnected);
+    EXPECT_EQ(reportWith("basis", key("Today")).label.quote.basis, ChangeBasis::rolling24h);
+    EXPECT_EQ(reportWith("connection", key("")).label.quote.connection,
+              ConnectionState::disconnected);
+}
+
+TEST(LabelMessageTest, withoutTheEntryTheTextSaysWhetherItShowsThePrice) {
+    LabelReport stale = fullReport();
+    stale.label.quote.freshness = PriceFreshness::stale;
+    QVariantMap message = labelMessage(stale);
+    const auto freshnessWith = [&message](const QString& text) {
+        message.insert(key("text"), text);
+        return labelReport(message)->label.quote.freshness;
+    };
+    const QString withPrice = message.value(key("text")).toString();
+    // First an entry that is no boolean, which counts as missing.
+    message.insert(key("showsPrice"), 0);
+    for (int i = 0; i < 2; ++i) {
+        EXPECT_EQ(freshnessWith(withPrice), PriceFreshness::stale);
+        EXPECT_EQ(freshnessWith(key("BTC")), PriceFreshness::none);
+        message.remove(key("showsPrice"));
+    }
 }
 
 TEST(LabelMessageTest, impossibleNumbersAreMissing) {
     for (const double number : {std::numeric_limits<double>::quiet_NaN(),
                                 std::numeric_limits<double>::infinity(),
                                 -std::numeric_limits<double>::infinity()}) {
-        EXPECT_EQ(reportWith("price", number).label.ticker, std::nullopt);
-        EXPECT_EQ(reportWith("openPrice24h", number).label.ticker, std::nullopt);
-        EXPECT_EQ(reportWith("quoteVolume24h", number).label.ticker->quoteVolume24h, std::nullopt);
-        EXPECT_EQ(reportWith("changePercent", number).label.changePercent, std::nullopt);
+        EXPECT_EQ(reportWith("price", number).label.quote.ticker, std::nullopt);
+        EXPECT_EQ(reportWith("openPrice24h", number).label.quote.ticker, std::nullopt);
+        EXPECT_EQ(reportWith("quoteVolume24h", number).label.quote.ticker->quoteVolume24h,
+                  std::nullopt);
+        EXPECT_EQ(reportWith("changePercent", number).label.quote.changePercent, std::nullopt);
         EXPECT_EQ(reportWith("lastUpdate", number).label.lastUpdate, std::nullopt);
     }
 }
@@ -129,9 +158,9 @@ TEST(LabelMessageTest, impossibleTimesAreMissing) {
 
 TEST(LabelMessageTest, aTickerNeedsItsCoin) {
     const LabelReport report = reportWith("symbol", 1);
-    EXPECT_EQ(report.label.ticker, std::nullopt);
-    EXPECT_EQ(report.label.changePercent, std::nullopt);
-    EXPECT_FALSE(report.label.showsPrice());
+    EXPECT_EQ(report.label.quote.ticker, std::nullopt);
+    EXPECT_EQ(report.label.quote.changePercent, std::nullopt);
+    EXPECT_FALSE(report.label.quote.showsPrice());
 }
 
 TEST(LabelMessageTest, textsThatAreNotUtf8AreMended) {

@@ -55,7 +55,7 @@ TEST_F(LabelServiceTest, nobodyIsToldOfWhatCannotBeSeen) {
     const LabelService service(m_adaptor, m_source);
     LabelReport report = m_source.report();
     report.label.lastUpdate = TimePoint(Seconds(1794657600));
-    report.label.ticker->quoteVolume24h = 5;
+    report.label.quote.ticker->quoteVolume24h = 5;
     m_source.set(report);
     EXPECT_EQ(m_told.size(), 1U);
     EXPECT_EQ(labelReport(m_adaptor.Read()), report);
@@ -69,15 +69,15 @@ TEST_F(LabelServiceTest, everythingThatCanBeSeenIsTold) {
         m_source.set(report);
         return m_told.size() == before + 1 && m_told.back() == report;
     };
-    report.label.connection = ConnectionState::waitingRetry;
+    report.label.quote.connection = ConnectionState::waitingRetry;
     EXPECT_TRUE(isTold());
     report.label.failure = "连接超时";
     EXPECT_TRUE(isTold());
-    report.label.isStale = true;
+    report.label.quote.freshness = PriceFreshness::stale;
     EXPECT_TRUE(isTold());
-    report.label.coin->symbol = "BTCFDUSD";
+    report.label.quote.coin->symbol = "BTCFDUSD";
     EXPECT_TRUE(isTold());
-    report.label.changePercent.reset();
+    report.label.quote.changePercent.reset();
     EXPECT_TRUE(isTold());
     report.isStarted = false;
     EXPECT_TRUE(isTold());

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Quillbar developers
 // SPDX-License-Identifier: MIT
 #include "Quillbar/instance/PlatformChoice.h"
-#include "tests/instance/FakeEnvironment.h"
+#include "tests/support/FakeEnvironment.h"
 
 #include <gtest/gtest.h>
 

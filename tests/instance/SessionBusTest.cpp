@@ -1,45 +1,22 @@
 // SPDX-FileCopyrightText: 2026 The Quillbar developers
 // SPDX-License-Identifier: MIT
 #include "Quillbar/instance/SessionBus.h"
-#include "tests/instance/FakeEnvironment.h"
 #include "tests/qtsupport/PrivateBus.h"
+#include "tests/qtsupport/SilentSocket.h"
+#include "tests/support/FakeEnvironment.h"
+#include "tests/support/TemporaryEnvironment.h"
 #include "tests/support/TemporaryFolder.h"
 
 #include <gtest/gtest.h>
 
-#include <cstring>
-#include <filesystem>
+#include <chrono>
 #include <string>
-#include <sys/socket.h>
-#include <sys/un.h>
-#include <unistd.h>
 
 namespace quillbar {
 
 namespace {
 
 using std::chrono::milliseconds;
-
-/// A local socket that accepts connections and never says a word.
-class SilentSocket final {
-public:
-    explicit SilentSocket(const std::filesystem::path& path)
-        : m_descriptor(::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0)) {
-        sockaddr_un address{};
-        address.sun_family = AF_UNIX;
-        std::strncpy(address.sun_path, path.c_str(), sizeof address.sun_path - 1);
-        EXPECT_EQ(::bind(m_descriptor, reinterpret_cast<sockaddr*>(&address), sizeof address), 0);
-        EXPECT_EQ(::listen(m_descriptor, 5), 0);
-    }
-    SilentSocket(const SilentSocket&) = delete;
-    SilentSocket& operator=(const SilentSocket&) = delete;
-    SilentSocket(SilentSocket&&) = delete;
-    SilentSocket& operator=(SilentSocket&&) = delete;
-    ~SilentSocket() { ::close(m_descriptor); }
-
-private:
-    int m_descriptor;
-};
 
 class SessionBusTest : public ::testing::Test {
 protected:
@@ -73,6 +50,15 @@ TEST_F(SessionBusTest, whatIsNotThereDoesNot) {
 TEST_F(SessionBusTest, aSilentBusDoesNot) {
     const SilentSocket silent(pathOf("silent"));
     EXPECT_FALSE(answersAt("unix:path=" + pathOf("silent")));
+}
+
+TEST_F(SessionBusTest, aBusOutOfReachIsNone) {
+    const PrivateBus bus;
+    const TemporaryEnvironment address("DBUS_SESSION_BUS_ADDRESS", bus.address().toStdString());
+    EXPECT_TRUE(answersAt(address.value().value_or("")));
+    SessionBus::putOutOfReach();
+    ASSERT_NE(address.value().value_or(""), "") << "one would be looked for";
+    EXPECT_FALSE(answersAt(*address.value()));
 }
 
 TEST_F(SessionBusTest, aBusThatIsGoneDoesNot) {

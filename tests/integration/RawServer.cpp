@@ -82,14 +82,16 @@ std::string httpAnswer(std::string_view status,
         "HTTP/1.1 {}\r\nContent-Length: {}\r\n{}\r\n{}", status, body.size(), moreHeaders, body);
 }
 
+std::string upgradeAnswer(const std::string& head) {
+    return fmt::format(
+        "HTTP/1.1 101 Switching Protocols\r\nUpgrade: websocket\r\n"
+        "Connection: Upgrade\r\nSec-WebSocket-Accept: {}\r\n\r\n",
+        simulator::WebSocketFrames::acceptKey(webSocketKey(head)));
+}
+
 RawServer::Answer upgradeAndSay(std::string frames) {
     return [frames = std::move(frames)](const std::string& head, QTcpSocket& socket) {
-        const std::string answer = fmt::format(
-            "HTTP/1.1 101 Switching Protocols\r\nUpgrade: websocket\r\n"
-            "Connection: Upgrade\r\nSec-WebSocket-Accept: {}\r\n\r\n{}",
-            simulator::WebSocketFrames::acceptKey(webSocketKey(head)),
-            frames);
-        socket.write(QByteArray::fromStdString(answer));
+        socket.write(QByteArray::fromStdString(upgradeAnswer(head) + frames));
     };
 }
 

@@ -56,6 +56,9 @@ private:
                                      std::string_view body,
                                      std::string_view moreHeaders = {});
 
+/// What accepts the upgrade to a WebSocket that a request's head asks for.
+[[nodiscard]] std::string upgradeAnswer(const std::string& head);
+
 /// An answer that accepts the upgrade to a WebSocket and then says `frames`.
 [[nodiscard]] RawServer::Answer upgradeAndSay(std::string frames);
 

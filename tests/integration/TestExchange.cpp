@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "tests/integration/TestExchange.h"
 
+#include "QuillbarCore/exchange/URLSessionFetcher.h"
+
 #include <QSslCertificate>
 
 namespace quillbar {
@@ -18,6 +20,8 @@ TestExchange::TestExchange(Trust trust, const simulator::SimulatorOptions& optio
 
 TestExchange::~TestExchange() {
     QSslConfiguration::setDefaultConfiguration(m_before);
+    // The session keeps what it trusted at each port, and the next exchange may get the same port.
+    URLSessionFetcher::forgetConnections();
 }
 
 std::string TestExchange::streamUrl() const {

@@ -6,6 +6,7 @@
 
 #include <gtest/gtest.h>
 
+#include <chrono>
 #include <cstddef>
 #include <string>
 
@@ -21,8 +22,8 @@ std::string deflated(const std::string& text) {
 }
 
 /// Says that this body is compressed.
-RawServer::Answer sayDeflated(const std::string& body) {
-    return [answer = httpAnswer("200 OK", body, "Content-Encoding: deflate\r\n")](
+RawServer::Answer sayDeflated(const std::string& body, const std::string& status = "200 OK") {
+    return [answer = httpAnswer(status, body, "Content-Encoding: deflate\r\n")](
                const std::string&, QTcpSocket& socket) {
         socket.write(QByteArray::fromStdString(answer));
     };
@@ -48,6 +49,17 @@ TEST(URLSessionFetcherCompressionTest, failsWhenTheCompressionIsDamaged) {
     EXPECT_EQ(Fetching().failure(server.url()), Code::other);
 }
 
+TEST(URLSessionFetcherCompressionTest, keepsTheStatusOfAnErrorWhoseCompressionIsDamaged) {
+    // More than what is read ahead, so that the end of the answer waits for somebody to read it.
+    const std::string damaged(1'000'000, 'x');
+    for (const int status : {429, 503}) {
+        RawServer server(sayDeflated(damaged, std::to_string(status) + " No"));
+        // Well before the time that a transfer may take.
+        Fetching fetching({.total = std::chrono::seconds(20)});
+        EXPECT_EQ(fetching.get(server.url()).status, status);
+    }
+}
+
 TEST(URLSessionFetcherCompressionTest, refusesABodyThatInflatesBeyondTheLargestSize) {
     constexpr std::size_t kLargest = 100'000;
     Fetching fetching({.bodySize = kLargest});
@@ -55,6 +67,24 @@ TEST(URLSessionFetcherCompressionTest, refusesABodyThatInflatesBeyondTheLargestS
     EXPECT_EQ(fetching.get(fitting.url()).body.size(), kLargest);
     RawServer exceeding(sayDeflated(deflated(std::string(kLargest + 1, 'x'))));
     EXPECT_EQ(fetching.failure(exceeding.url()), Code::tooLarge);
+}
+
+TEST(URLSessionFetcherCompressionTest, givesUpABodyThatInflatesFarBeyondTheLargestSize) {
+    RawServer server(sayDeflated(deflated(std::string(std::size_t{12} * 1024 * 1024, 'x'))));
+    Fetching fetching({.bodySize = 100'000});
+    EXPECT_EQ(fetching.failure(server.url()), Code::other);
+}
+
+TEST(URLSessionFetcherCompressionTest, readsACompressedBodyThatIsLongerThanWhatIsReadAhead) {
+    // Numbers that hardly compress.
+    std::string body;
+    unsigned state = 1;
+    while (body.size() < 2'000'000) {
+        state = state * 1'664'525U + 1'013'904'223U;
+        body += static_cast<char>(state >> 24U);
+    }
+    RawServer server(sayDeflated(deflated(body)));
+    EXPECT_EQ(Fetching().get(server.url()).body, body);
 }
 
 }  // namespace

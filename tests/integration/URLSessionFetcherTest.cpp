@@ -40,6 +40,7 @@ void sayNothing(const std::string&, QTcpSocket&) {}
 
 TEST(URLSessionFetcherTest, givesAStalledTransferAMinuteAndABody64MiB) {
     EXPECT_EQ(TransferLimits{}.withoutProgress, std::chrono::seconds(60));
+    EXPECT_EQ(TransferLimits{}.total, std::chrono::seconds(90));
     EXPECT_EQ(TransferLimits{}.bodySize, 67'108'864U);
 }
 
@@ -103,6 +104,15 @@ TEST(URLSessionFetcherTest, returnsEveryStatusThatIsNoSuccess) {
         if (status != 304) {
             EXPECT_EQ(response.body, R"({"code":-1})") << status;
         }
+    }
+}
+
+TEST(URLSessionFetcherTest, failsForAStatusThatHasNotThreeDigits) {
+    for (const int status : {-407, -200, 0, 99, 1000}) {
+        SCOPED_TRACE(status);
+        RawServer server(say(httpAnswer(fmt::format("{} Said", status), "{}")));
+        Fetching fetching;
+        EXPECT_EQ(fetching.failure(server.url()), Code::other);
     }
 }
 
@@ -197,6 +207,18 @@ TEST(URLSessionFetcherTest, takesItsTimeForABodyThatKeepsComing) {
     });
     EXPECT_EQ(Fetching({.withoutProgress = milliseconds(1'000)}).get(server.url()).body,
               std::string(kPieces, 'x'));
+}
+
+TEST(URLSessionFetcherTest, givesUpABodyThatComesTooSlowly) {
+    QTimer drip;
+    RawServer server([&drip](const std::string&, QTcpSocket& socket) {
+        socket.write("HTTP/1.1 200 OK\r\nContent-Length: 1000000\r\n\r\n");
+        QObject::connect(&drip, &QTimer::timeout, &socket, [&socket] { socket.write("x"); });
+        drip.start(20);
+    });
+    Fetching fetching({.total = milliseconds(400)});
+    EXPECT_EQ(fetching.failure(server.url()), Code::timedOut);
+    EXPECT_EQ(fetching.errorText, "not done within 400 ms");
 }
 
 TEST(URLSessionFetcherTest, goesOnWithOtherTransfersAfterATimeout) {

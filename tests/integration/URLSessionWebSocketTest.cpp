@@ -266,7 +266,7 @@ TEST_F(URLSessionWebSocketTest, cancelGivesUpOnAPeerThatReadsNothing) {
         peer = &socket;
     });
     server.setWindow(4096);
-    URLSessionWebSocket socket({.farewell = milliseconds(50)});
+    URLSessionWebSocket socket({.farewell = milliseconds(50), .unsentBytes = 100'000'000});
     StreamReader reader(m_loop, socket.connect(server.streamUrl()));
     ASSERT_TRUE(spinUntil([&peer] { return peer != nullptr; }));
     peer->setReadBufferSize(1);

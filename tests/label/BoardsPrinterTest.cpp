@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "Quillbar/label/BoardsPrinter.h"
 #include "QuillbarCore/exchange/BinanceError.h"
-#include "QuillbarCore/runtime/ManualExecutor.h"
-#include "QuillbarCore/runtime/ManualTime.h"
+#include "tests/manual/ManualExecutor.h"
+#include "tests/manual/ManualTime.h"
 #include "tests/support/CapturedLog.h"
 #include "tests/support/FakeBinanceAPI.h"
 #include "tests/support/FakeCoinGeckoAPI.h"
@@ -13,6 +13,7 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace quillbar {
@@ -31,6 +32,11 @@ protected:
         m_coinGecko.answers.otherwise({{"BTC", 1, 1.35e12, 67000}});
     }
 
+    void run(Task<void> task) {
+        TaskScope scope(m_executor);
+        scope.spawn(std::move(task));
+        m_executor.run();
+    }
     void print() {
         m_printer.start();
         m_executor.run();
@@ -90,6 +96,18 @@ TEST_F(BoardsPrinterTest, printsTheFourBoardsInTheirOrder) {
     EXPECT_THAT(m_statuses, ElementsAre(0));
 }
 
+TEST_F(BoardsPrinterTest, letsNoBaseAssetCommandTheTerminal) {
+    m_api.exchangeInfoAnswers.value({{"XUSDT", "A\x1b[2J\u009b\u202e\nB"}});
+    m_api.ticker24hAllAnswers.value({{"XUSDT", {0.5, 1, 20000}}});
+    print();
+    ASSERT_EQ(m_texts.size(), 1U);
+    EXPECT_TRUE(
+        m_texts.front().starts_with("涨幅\n"
+                                    "  1  A [2J  B             0.5    -50.00%  2.00万\n"
+                                    "\n"))
+        << m_texts.front();
+}
+
 TEST_F(BoardsPrinterTest, printsOnceWhateverComesLater) {
     print();
     m_time.advance(Seconds(60));
@@ -103,6 +121,19 @@ TEST_F(BoardsPrinterTest, saysWhatIsMissingAndTellsInItsStatus) {
     ASSERT_EQ(m_texts.size(), 1U);
     EXPECT_TRUE(m_texts.front().ends_with("\n市值\n     加载行情失败\n"));
     EXPECT_THAT(m_statuses, ElementsAre(3));
+}
+
+TEST_F(BoardsPrinterTest, saysHowOldTheMarketCapsAreThatCouldNotBeRefreshed) {
+    run(m_marketCaps.refreshOnce());
+    m_time.setClock(m_time.now() + Seconds(20 * 86400));
+    m_coinGecko.answers.error(BinanceError(503));
+    print();
+    ASSERT_EQ(m_texts.size(), 1U);
+    EXPECT_TRUE(m_texts.front().ends_with(
+        "\n市值 (数据为20 天前的)\n  1  BTC            67,234.50     +1.23%  1.35万亿\n"))
+        << m_texts.front();
+    EXPECT_TRUE(m_texts.front().starts_with("涨幅\n")) << "the prices are fresh";
+    EXPECT_THAT(m_statuses, ElementsAre(0));
 }
 
 TEST_F(BoardsPrinterTest, tellsBoardsWithoutRowsFromThoseThatCouldNotBeLoaded) {

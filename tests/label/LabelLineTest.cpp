@@ -15,12 +15,12 @@ namespace {
 LabelSnapshot bitcoin() {
     LabelSnapshot snapshot;
     snapshot.text = "BTC 67,234.50 ▲ 1.23%";
-    snapshot.coin = Coin{"BTCUSDT", "BTC"};
-    snapshot.ticker = Ticker{67234.5, 66417.56, 1.5e9};
-    snapshot.changePercent = 1.23;
-    snapshot.connection = ConnectionState::connected;
+    snapshot.quote.coin = Coin{"BTCUSDT", "BTC"};
+    snapshot.quote.ticker = Ticker{67234.5, 66417.56, 1.5e9};
+    snapshot.quote.changePercent = 1.23;
+    snapshot.quote.connection = ConnectionState::connected;
     snapshot.lastUpdate = TimePoint(Seconds(1794657600.25));
-    snapshot.isStale = false;
+    snapshot.quote.freshness = PriceFreshness::live;
     return snapshot;
 }
 
@@ -44,6 +44,28 @@ TEST(LabelLine, asTextCommandsNoTerminal) {
     LabelSnapshot snapshot;
     snapshot.text = "B\x1b[2JC\x7f";
     EXPECT_EQ(labelLine(snapshot, LabelFormat::text), "B [2JC ");
+    snapshot.text = "\u202eB\u009b2JC";
+    EXPECT_EQ(labelLine(snapshot, LabelFormat::text), "B 2JC");
+}
+
+TEST(LabelLine, asJSONCommandsNoTerminal) {
+    LabelSnapshot snapshot;
+    snapshot.text = "\u202eB\u009b2JC";
+    snapshot.quote.coin = Coin{"B\u009bTUSDT", "BT"};
+    snapshot.failure = "\u2066no\u2028";
+    const nlohmann::json line = lineAsJSON(snapshot, LabelFormat::json);
+    EXPECT_EQ(line["text"], "B 2JC");
+    EXPECT_EQ(line["symbol"], "B TUSDT");
+    EXPECT_EQ(line["failure"], "no ");
+}
+
+TEST(LabelLine, forWaybarCommandsNoTerminalAndTurnsNothingAround) {
+    LabelSnapshot snapshot = bitcoin();
+    snapshot.text = "\u202eBTC\n1";
+    snapshot.quote.coin = Coin{"BTC\u009b\nUSDT", "BTC"};
+    const nlohmann::json line = lineAsJSON(snapshot, LabelFormat::waybar);
+    EXPECT_EQ(line["text"], "BTC 1");
+    EXPECT_TRUE(line["tooltip"].get<std::string>().starts_with("BTC  USDT 67,234.50\n"));
 }
 
 TEST(LabelLine, asJSONCarriesEveryFieldInItsOrder) {
@@ -64,7 +86,7 @@ TEST(LabelLine, asJSONHasNullForWhatIsNotKnown) {
 
 TEST(LabelLine, asJSONNamesEveryConnectionAndBasis) {
     LabelSnapshot snapshot = bitcoin();
-    snapshot.basis = ChangeBasis::today;
+    snapshot.quote.basis = ChangeBasis::today;
     EXPECT_EQ(lineAsJSON(snapshot, LabelFormat::json)["basis"], "today");
     const std::vector<std::pair<ConnectionState, std::string>> names{
         {ConnectionState::disconnected, "disconnected"},
@@ -73,7 +95,7 @@ TEST(LabelLine, asJSONNamesEveryConnectionAndBasis) {
         {ConnectionState::waitingRetry, "waitingRetry"},
     };
     for (const auto& [connection, name] : names) {
-        snapshot.connection = connection;
+        snapshot.quote.connection = connection;
         EXPECT_EQ(lineAsJSON(snapshot, LabelFormat::json)["connection"], name);
     }
 }
@@ -97,36 +119,47 @@ TEST(LabelLine, forWaybarHasTextTooltipAndClass) {
 
 TEST(LabelLine, forWaybarFollowsTheSignOfTheChange) {
     LabelSnapshot snapshot = bitcoin();
-    snapshot.changePercent = -0.01;
+    snapshot.quote.changePercent = -0.01;
     EXPECT_EQ(lineAsJSON(snapshot, LabelFormat::waybar)["class"], "down");
-    snapshot.changePercent = 0;
+    snapshot.quote.changePercent = 0;
     EXPECT_EQ(lineAsJSON(snapshot, LabelFormat::waybar)["class"], "flat");
-    snapshot.changePercent = std::nullopt;
+    snapshot.quote.changePercent = std::nullopt;
     EXPECT_EQ(lineAsJSON(snapshot, LabelFormat::waybar)["class"], "flat");
 }
 
 TEST(LabelLine, forWaybarIsStaleWhateverTheChange) {
     LabelSnapshot snapshot = bitcoin();
-    snapshot.isStale = true;
+    snapshot.quote.freshness = PriceFreshness::stale;
     EXPECT_EQ(lineAsJSON(snapshot, LabelFormat::waybar)["class"], "stale");
 }
 
 TEST(LabelLine, forWaybarWithoutAPriceTellsTheConnection) {
     LabelSnapshot snapshot;
     snapshot.text = "BTC";
-    snapshot.coin = Coin{"BTCUSDT", "BTC"};
-    snapshot.connection = ConnectionState::waitingRetry;
+    snapshot.quote.coin = Coin{"BTCUSDT", "BTC"};
+    snapshot.quote.connection = ConnectionState::waitingRetry;
     EXPECT_EQ(lineAsJSON(snapshot, LabelFormat::waybar)["tooltip"], "连接中断,等待重试");
+}
+
+TEST(LabelLine, forWaybarNeverCallsASilentConnectionSound) {
+    LabelSnapshot snapshot = bitcoin();
+    snapshot.text = "BTC";
+    for (const auto freshness : {PriceFreshness::stale, PriceFreshness::none}) {
+        snapshot.quote.freshness = freshness;
+        const std::string tooltip = lineAsJSON(snapshot, LabelFormat::waybar)["tooltip"];
+        EXPECT_EQ(tooltip.substr(tooltip.rfind('\n')), "\n连接没有数据");
+        EXPECT_EQ(tooltip.find("已连接"), std::string::npos);
+    }
 }
 
 TEST(LabelLine, forWaybarSaysWhyTheConnectionIsDown) {
     LabelSnapshot snapshot;
     snapshot.text = "BTC";
-    snapshot.connection = ConnectionState::waitingRetry;
+    snapshot.quote.connection = ConnectionState::waitingRetry;
     snapshot.failure = "服务器返回 451";
     EXPECT_EQ(lineAsJSON(snapshot, LabelFormat::waybar)["tooltip"],
               "连接中断,等待重试\n服务器返回 451");
-    snapshot.connection = ConnectionState::connected;
+    snapshot.quote.connection = ConnectionState::connected;
     EXPECT_EQ(lineAsJSON(snapshot, LabelFormat::waybar)["tooltip"], "正在连接\n服务器返回 451");
     snapshot.failure.reset();
     EXPECT_EQ(lineAsJSON(snapshot, LabelFormat::waybar)["tooltip"], "已连接");
@@ -162,9 +195,9 @@ TEST(LabelLine, isWorthPrintingAgainWhenTheTextChanges) {
 
 TEST(LabelLine, isWorthPrintingAgainForItsConnectionOnlyWhereTheFormatShowsIt) {
     LabelSnapshot waiting = bitcoin();
-    waiting.connection = ConnectionState::waitingRetry;
+    waiting.quote.connection = ConnectionState::waitingRetry;
     LabelSnapshot stale = bitcoin();
-    stale.isStale = true;
+    stale.quote.freshness = PriceFreshness::stale;
     LabelSnapshot failed = bitcoin();
     failed.failure = "连接超时";
     for (const LabelSnapshot& changed : {waiting, stale, failed}) {

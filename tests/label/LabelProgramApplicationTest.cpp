@@ -52,6 +52,7 @@ TEST_F(LabelProgramApplicationTest, onceAsksTheApplicationAlone) {
 TEST_F(LabelProgramApplicationTest, onceWaitsForTheApplicationsPrice) {
     LabelReport beginning = pricedReport("");
     beginning.label.text = "BTC";
+    beginning.label.quote.freshness = PriceFreshness::none;
     beginning.isStarted = false;
     startTheApplication();
     m_application->source.set(beginning);

@@ -148,6 +148,12 @@ TEST_F(LabelProgramEndTest, printsWithoutAnInputAndALog) {
     EXPECT_THAT(m_output, EndsWith("%\n"));
 }
 
+TEST_F(LabelProgramEndTest, tooFewOpenFilesAreTold) {
+    runInShell("ulimit -n 8; exec \"$0\" --once");
+    EXPECT_EQ(exitStatus(), 2);
+    EXPECT_TRUE(complainsOf("ulimit -n"));
+}
+
 }  // namespace
 
 }  // namespace quillbar

@@ -130,9 +130,9 @@ TEST_F(LabelProgramTest, refusesAnAuthorityFileItCannotRead) {
 }
 
 TEST_F(LabelProgramTest, saysWhatIsWrongInOneLineWhateverItQuotes) {
-    run({QStringLiteral("--lo\nud\x1B[2J")});
+    run({QStringLiteral("--lo\nud\x1B[2J\u009B2J\u202E")});
     EXPECT_EQ(exitStatus(), 2);
-    EXPECT_EQ(m_errors, "quillbar-label: 未知的参数「--lo ud [2J」,请看 --help\n");
+    EXPECT_EQ(m_errors, "quillbar-label: 未知的参数「--lo ud [2J 2J」,请看 --help\n");
     m_errors.clear();
     run({QStringLiteral("--format=js\r\non")});
     EXPECT_EQ(exitStatus(), 2);

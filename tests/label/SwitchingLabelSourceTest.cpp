@@ -15,7 +15,7 @@ namespace {
 LabelReport beginning() {
     LabelReport report;
     report.label.text = "BTC";
-    report.label.coin = Coin{"BTCUSDT", "BTC"};
+    report.label.quote.coin = Coin{"BTCUSDT", "BTC"};
     return report;
 }
 
@@ -96,14 +96,14 @@ TEST_F(SwitchingLabelSourceTest, theLastPriceStaysAsStaleUntilTheOwnOneComes) {
     m_source.applicationTells(pricedReport("2.00"));
     m_source.applicationTells(std::nullopt);
     EXPECT_EQ(text(), "BTC 2.00");
-    EXPECT_TRUE(m_source.snapshot().isStale);
-    EXPECT_EQ(m_source.snapshot().connection, ConnectionState::connecting);
+    EXPECT_TRUE(m_source.snapshot().quote.isStale());
+    EXPECT_EQ(m_source.snapshot().quote.connection, ConnectionState::connecting);
     EXPECT_FALSE(m_source.isStarted());
     m_own->fake.set(beginning());
     EXPECT_EQ(text(), "BTC 2.00");
     m_own->fake.set(pricedReport("2.10"));
     EXPECT_EQ(text(), "BTC 2.10");
-    EXPECT_FALSE(m_source.snapshot().isStale);
+    EXPECT_FALSE(m_source.snapshot().quote.isStale());
 }
 
 TEST_F(SwitchingLabelSourceTest, theLastPriceGoesWhenTheOwnRequestsHaveFailed) {

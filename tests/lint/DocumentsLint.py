@@ -7,10 +7,12 @@ import re
 from Lint import lint
 
 DOCUMENTS = ("README.md", "README.zh-CN.md", "ARCHITECTURE.md", "CONTRIBUTING.md", "CHANGELOG.md",
-             "docs/status-bars.md", "docs/testing.md")
+             "docs/desktops.md", "docs/status-bars.md", "docs/testing.md")
 READMES = ("README.md", "README.zh-CN.md")
+# What tools/bare.sh runs on a bare Debian, because the READMEs promise it.
+COMMANDS = ("./run", "./test")
 LINK = re.compile(r"\]\((?!https?:)([^)#\s]+)\)")
-SCRIPT = re.compile(r"(?<![\w/.])(?:\./(?:run|test)\b|\.ci/run\b|(?:tools|tests)/[\w/]+\.(?:sh|py|txt))")
+SCRIPT = re.compile(r"(?<![\w/.])(?:\./(?:run|test|package)\b|\.ci/run\b|(?:tools|tests)/[\w/]+\.(?:sh|py|txt))")
 PRESET = re.compile(r"--preset[ =](\w+)")
 TARGET = re.compile(r"--target[ =]([\w-]+)")
 VARIABLE = re.compile(r"\bQUILLBAR_[A-Z]+(?:_[A-Z]+)*\b")
@@ -57,6 +59,9 @@ def check(tree):
         text = path.read_text(encoding="utf-8")
         yield from broken_words(tree, name, text)
         if name in READMES:
+            for command in COMMANDS:
+                if not re.search(rf"^{re.escape(command)}\b", text, re.MULTILINE):
+                    yield f"{name}: show {command} on a line of its own, with what it does"
             for package in packages(tree):
                 if f"`{package}`" not in text:
                     yield f"{name}: give the package `{package}` a row, and its reason"
@@ -69,10 +74,11 @@ def project(**changes):
     files.update({
         "CMakePresets.json": '{"configurePresets": [{"name": "dev"}]}',
         "tools/packages.txt": "# purpose release package\nrun any cmake the build\n",
-        "run": "", "LICENSE": "",
+        "run": "", "test": "", "LICENSE": "",
         "Quillbar/CMakeLists.txt": "add_custom_target(report)",
         "Quillbar/A.cpp": '"QUILLBAR_CA_FILE"',
-        "README.md": "`cmake` ./run QUILLBAR_CA_FILE", "README.zh-CN.md": "`cmake` QUILLBAR_CA_FILE",
+        "README.md": "./run\n./test\n`cmake` QUILLBAR_CA_FILE",
+        "README.zh-CN.md": "./run\n./test\n`cmake` QUILLBAR_CA_FILE",
         "ARCHITECTURE.md": "[LICENSE](LICENSE) cmake --preset dev --target report",
     })
     files.update({name.replace("__", "."): text for name, text in changes.items()})
@@ -82,10 +88,11 @@ def project(**changes):
 lint(check,
      bad=[project(CHANGELOG__md=None),
           project(CHANGELOG__md="[x](nothing.md)"),
-          project(CHANGELOG__md="call ./test"),
+          project(CHANGELOG__md="call ./package"),
           project(CHANGELOG__md="cmake --preset prod"),
           project(CHANGELOG__md="cmake --build b --target bench"),
-          project(README__md="./run QUILLBAR_CA_FILE"),
-          project(README__md="`cmake` QUILLBAR_CA_FILE QUILLBAR_MADE_UP"),
-          project(README__md="`cmake`")],
+          project(README__md="./run\n./test\nQUILLBAR_CA_FILE"),
+          project(README__md="./run\n`cmake` and ./test QUILLBAR_CA_FILE"),
+          project(README__md="./run\n./test\n`cmake` QUILLBAR_CA_FILE QUILLBAR_MADE_UP"),
+          project(README__md="./run\n./test\n`cmake`")],
      good=[project(), project(CHANGELOG__md="See [the site](https://example.org/x).")])

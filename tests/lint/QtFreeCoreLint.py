@@ -44,4 +44,4 @@ lint(check,
                                                  "class QtExecutor {};\n"},
            {"QuillbarCore/model/A.h": "struct QuoteVolume {}; auto v = QUILLBAR_VERSION;\n"},
            {"QuillbarCore/model/A.cpp": 'log("QString");\n'},
-           {"Quillbar/PanelView.cpp": "#include <QWidget>\n"}])
+           {"Quillbar/panel/PanelView.cpp": "#include <QWidget>\n"}])

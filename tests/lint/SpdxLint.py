@@ -4,12 +4,13 @@
 from Lint import lint
 
 HEAD = ("SPDX-FileCopyrightText: 2026 The Quillbar developers", "SPDX-License-Identifier: MIT")
-SCRIPTS = ("run", "test", ".ci/run", "tools/setup.sh", "CMakeLists.txt")
+SCRIPTS = ("run", "test", "package", ".ci/run", "tools/setup.sh", "CMakeLists.txt", "debian/rules",
+           "debian/tests/desktop", "debian/tests/label")
 
 
 def files(tree):
     yield from tree.files(".h", ".cpp", ".py", ".sh", ".cmake")
-    yield from tree.files(".cmake", ".sh", ".py", folders=("cmake", "tools", "docs"))
+    yield from tree.files(".cmake", ".sh", ".py", folders=("cmake", "tools", "docs", "packaging"))
     yield from (path for path in tree.files(".txt") if path.name == "CMakeLists.txt")
     yield from (tree.root / name for name in SCRIPTS if (tree.root / name).is_file())
 

@@ -4,8 +4,8 @@
 #include "QuillbarCore/exchange/URLError.h"
 #include "QuillbarCore/market/CoinGeckoError.h"
 #include "QuillbarCore/market/CoinGeckoRESTClient.h"
-#include "QuillbarCore/runtime/ManualExecutor.h"
 #include "QuillbarCore/runtime/TaskScope.h"
+#include "tests/manual/ManualExecutor.h"
 #include "tests/support/CapturedLog.h"
 #include "tests/support/FakeFetcher.h"
 

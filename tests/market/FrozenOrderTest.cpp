@@ -63,6 +63,13 @@ TEST(FrozenOrder, leavesOutRowsThatWereNotCaptured) {
     EXPECT_EQ(projected[0].id(), "CUSDT");
 }
 
+TEST(FrozenOrder, capturesTheOrderThatItProjectsOnto) {
+    EXPECT_EQ(FrozenOrder::capture(kLiveCoins),
+              (std::vector<std::string>{"AUSDT", "BUSDT", "CUSDT"}));
+    EXPECT_EQ(FrozenOrder::capture(kLiveRows),
+              (std::vector<FrozenRank>{{"CUSDT", 1}, {"AUSDT", 2}, {"DUSDT", 3}}));
+}
+
 }  // namespace
 
 }  // namespace quillbar

@@ -4,8 +4,8 @@
 #include "QuillbarCore/market/CoinGeckoError.h"
 #include "QuillbarCore/market/MarketCapState.h"
 #include "QuillbarCore/model/ReferenceDate.h"
-#include "QuillbarCore/runtime/ManualExecutor.h"
-#include "QuillbarCore/runtime/ManualTime.h"
+#include "tests/manual/ManualExecutor.h"
+#include "tests/manual/ManualTime.h"
 #include "tests/support/CapturedLog.h"
 #include "tests/support/FakeCoinGeckoAPI.h"
 #include "tests/support/Files.h"
@@ -85,6 +85,16 @@ TEST_F(MarketCapStateTest, refreshesNoMoreThanEveryFiveMinutes) {
     refresh();
     EXPECT_THAT(m_api.counts, SizeIs(1));
     m_time.advance(Seconds(1));
+    refresh();
+    EXPECT_THAT(m_api.counts, SizeIs(2));
+}
+
+TEST_F(MarketCapStateTest, takesAListOfTheFutureForOld) {
+    refresh();
+    m_time.setClock(m_time.now() - Seconds(8 * 3600));
+    refresh();
+    EXPECT_THAT(m_api.counts, SizeIs(2));
+    EXPECT_EQ(m_state->dataAge(), Seconds(0));
     refresh();
     EXPECT_THAT(m_api.counts, SizeIs(2));
 }

@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: 2026 The Quillbar developers
 // SPDX-License-Identifier: MIT
 #include "QuillbarCore/market/PollingLoop.h"
-#include "QuillbarCore/runtime/ManualExecutor.h"
-#include "QuillbarCore/runtime/ManualTime.h"
 #include "QuillbarCore/runtime/TaskScope.h"
+#include "tests/manual/ManualExecutor.h"
+#include "tests/manual/ManualTime.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -109,6 +109,25 @@ TEST_F(PollingLoopTest, stopsAfterTheFirstSleepThatEndsTooLongAfterTheLastLook) 
     // Last looked at 35 s: 90 s is still within 60 s of it, 120 s is not.
     EXPECT_THAT(m_refreshes, ElementsAre(0, 30, 60, 90));
     EXPECT_FALSE(m_loop->isRunning());
+}
+
+TEST_F(PollingLoopTest, givesUpThoughTheClockIsSetBack) {
+    m_loop->start();
+    m_time.advance(Seconds(15));
+    m_time.setClock(m_start - Seconds(8 * 3600));
+    m_time.advance(Seconds(30 + 60));
+    EXPECT_TRUE(m_loop->isRunning());
+    m_time.advance(Seconds(30));
+    EXPECT_FALSE(m_loop->isRunning());
+}
+
+TEST_F(PollingLoopTest, keepsGoingForThoseWhoLookThoughTheClockIsSetBack) {
+    m_loop->start();
+    lookEvery(5, 25);
+    m_time.setClock(m_start - Seconds(8 * 3600));
+    m_time.advance(Seconds(5));
+    lookEvery(5, 300);
+    EXPECT_TRUE(m_loop->isRunning());
 }
 
 TEST_F(PollingLoopTest, startsAgainAfterItHasGivenUp) {

@@ -49,6 +49,23 @@ TEST(Watchlist, startsWithFourCoinsAndBitcoinPinned) {
     EXPECT_EQ(&Watchlist::defaultWatchlist(), &Watchlist::defaultWatchlist());
 }
 
+TEST(Watchlist, followsThePinnedCoinOfAListThatIsTooLong) {
+    std::vector<std::string> bases;
+    for (std::size_t coin = 0; coin < Watchlist::kMaximumFollowed + 2; ++coin) {
+        bases.push_back("C" + std::to_string(coin));
+    }
+    const std::vector<std::string> first = listOf(bases).followedSymbols();
+    ASSERT_EQ(first.size(), Watchlist::kMaximumFollowed);
+    EXPECT_EQ(first.front(), "C0USDT");
+    EXPECT_EQ(first.back(), "C1023USDT");
+    EXPECT_EQ(listOf(bases, "C5").followedSymbols(), first);
+    EXPECT_EQ(listOf(bases, "GONE").followedSymbols(), first);
+    const std::vector<std::string> withPinned = listOf(bases, "C1025").followedSymbols();
+    ASSERT_EQ(withPinned.size(), Watchlist::kMaximumFollowed);
+    EXPECT_EQ(withPinned[1022], "C1022USDT");
+    EXPECT_EQ(withPinned.back(), "C1025USDT");
+}
+
 TEST(Watchlist, equalityComparesAllFields) {
     const Watchlist list = listOf({"BTC", "ETH"}, "BTC");
     EXPECT_EQ(list, listOf({"BTC", "ETH"}, "BTC"));
@@ -75,6 +92,14 @@ TEST(Watchlist, tellsSymbolsApartByCaseAndSpaces) {
     EXPECT_EQ(list.adding({"btcusdt", "btc"}).coins.size(), 2U);
     EXPECT_EQ(list.removing("BTCUSDT "), list);
     EXPECT_EQ(list.pinning("btcusdt"), list);
+}
+
+TEST(Watchlist, findsTheFirstCoinOfASymbol) {
+    const Watchlist list = listOf({"BTC", "ETH", "SOL", "ETH"});
+    EXPECT_EQ(list.indexOf("BTCUSDT"), 0U);
+    EXPECT_EQ(list.indexOf("ETHUSDT"), 1U);
+    EXPECT_EQ(list.indexOf("BNBUSDT"), std::nullopt);
+    EXPECT_EQ(listOf({}).indexOf(""), std::nullopt);
 }
 
 TEST(Watchlist, removingThePinnedCoinPinsTheFirstOneLeft) {

@@ -2,17 +2,22 @@
 // SPDX-License-Identifier: MIT
 #include "tests/qtsupport/PrivateBus.h"
 
+#include <QStringList>
+
 #include <csignal>
 #include <sys/prctl.h>
 
 namespace quillbar {
 
-PrivateBus::PrivateBus() {
+PrivateBus::PrivateBus(const QString& listenAt) {
+    QStringList arguments{QStringLiteral("--config-file=" QUILLBAR_TEST_BUS_FILE),
+                          QStringLiteral("--nofork"),
+                          QStringLiteral("--print-address")};
+    if (!listenAt.isEmpty()) {
+        arguments << QStringLiteral("--address=") + listenAt;
+    }
     m_daemon.setChildProcessModifier([] { ::prctl(PR_SET_PDEATHSIG, SIGKILL); });
-    m_daemon.start(QStringLiteral("dbus-daemon"),
-                   {QStringLiteral("--config-file=" QUILLBAR_TEST_BUS_FILE),
-                    QStringLiteral("--nofork"),
-                    QStringLiteral("--print-address")});
+    m_daemon.start(QStringLiteral("dbus-daemon"), arguments);
     if (m_daemon.waitForReadyRead()) {
         m_address = QString::fromUtf8(m_daemon.readLine()).trimmed();
     }

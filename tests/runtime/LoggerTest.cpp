@@ -145,6 +145,19 @@ TEST(LoggerTest, WritesToStandardErrorWithoutASink) {
               "quillbar: Coins error: no answer\n");
 }
 
+TEST(LoggerTest, WritesALineThatRepeatsOnce) {
+    Pipe pipe;
+    EXPECT_EQ(statusOfProcess(pipe.writing(),
+                              [] {
+                                  ::unsetenv("JOURNAL_STREAM");
+                                  for (int times = 0; times < 1000; ++times) {
+                                      kLogger.error("no answer");
+                                  }
+                              }),
+              0);
+    EXPECT_EQ(pipe.readAll(), "quillbar: Coins error: no answer\n");
+}
+
 TEST(LoggerTest, SurvivesAStandardErrorWhoseReaderHasGone) {
     Pipe pipe;
     pipe.closeReading();
@@ -210,6 +223,25 @@ TEST_F(PlatformLogTest, WritesOneLineForEachWhateverItsTextHolds) {
     EXPECT_EQ(pipe.readAll(), "quillbar: Coins error: a b  c  [2Jd \xC3\xA9\n");
 }
 
+TEST_F(PlatformLogTest, LetsNoTextCommandTheTerminalOrTurnItAround) {
+    logWith(nullptr).write("Coins", LogLevel::error, "a\u009b2Jb\u202ec\u2028d\xff");
+    EXPECT_EQ(pipe.readAll(), "quillbar: Coins error: a 2Jbc d\uFFFD\n");
+}
+
+TEST_F(PlatformLogTest, CutsALineThatAnotherProgramMadeLong) {
+    logWith(nullptr).write("Coins", LogLevel::error, std::string(1001, 'a'));
+    EXPECT_EQ(pipe.readAll(), "quillbar: Coins error: " + std::string(1000, 'a') + "…\n");
+}
+
+TEST_F(PlatformLogTest, CutsALineThatIsLongOnlyOnceItIsHarmless) {
+    logWith(nullptr).write("Coins", LogLevel::error, std::string(1000, '\xff'));
+    std::string kept;
+    for (int character = 0; character < 333; ++character) {
+        kept += "\uFFFD";
+    }
+    EXPECT_EQ(pipe.readAll(), "quillbar: Coins error: " + kept + "…\n");
+}
+
 TEST_F(PlatformLogTest, WritesToStandardErrorWhenThatIsNotTheJournal) {
     logWith("1:2").write("Coins", LogLevel::standard, "text");
     EXPECT_EQ(pipe.readAll(), "quillbar: Coins default: text\n");
@@ -217,10 +249,10 @@ TEST_F(PlatformLogTest, WritesToStandardErrorWhenThatIsNotTheJournal) {
 }
 
 TEST_F(PlatformLogTest, SendsToTheJournalWhenStandardErrorIsTheJournal) {
-    logWith(streamOfPipe().c_str()).write("Coins", LogLevel::standard, "two\nlines");
+    logWith(streamOfPipe().c_str()).write("Coins", LogLevel::standard, "two\nlines\u202e");
     EXPECT_EQ(pipe.readAll(), "");
     EXPECT_THAT(journalled,
-                ElementsAre("MESSAGE=two\nlines",
+                ElementsAre("MESSAGE=two lines",
                             "PRIORITY=5",
                             "SYSLOG_IDENTIFIER=quillbar",
                             "QUILLBAR_SUBSYSTEM=io.github.quillbar.Quillbar",

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The Quillbar developers
 // SPDX-License-Identifier: MIT
-#include "QuillbarCore/runtime/ManualTime.h"
+#include "tests/manual/ManualTime.h"
 #include "tests/runtime/TaskFixture.h"
 
 #include <fmt/format.h>
@@ -164,6 +164,17 @@ TEST_F(ManualTimeTest, GoesOnFromAClockThatIsSetOnTheWay) {
     time.advance(5s);
     EXPECT_THAT(events, ElementsAre("it at 1002"));
     EXPECT_EQ(elapsed(), 1004);
+}
+
+TEST_F(ManualTimeTest, HasAMonotonicClockThatGoesOnWhateverTheWallClockIsSetTo) {
+    const MonotonicClock clock = time.monotonicClock();
+    const Seconds start = clock();
+    time.advance(5s);
+    time.setClock(begin - 24h);
+    EXPECT_EQ(clock() - start, 5s);
+    time.jump(1h);
+    EXPECT_EQ(clock() - start, 1h + 5s);
+    EXPECT_EQ(time.now(), begin - 23h);
 }
 
 TEST_F(ManualTimeTest, ForgetsACancelledSleep) {

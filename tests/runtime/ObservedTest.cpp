@@ -229,6 +229,23 @@ TEST_F(ObservedMapTest, MayBeDestroyedByAnObserverAndTellsNobodyAfterThat) {
     EXPECT_EQ(told, 0);
 }
 
+TEST_F(ObservedMapTest, MayBeDestroyedByAnObserverWhileItTellsOfManyKeys) {
+    std::optional<ObservedMap<std::string, int>> shortLived(std::in_place);
+    for (const char* const key : {"a", "b", "c"}) {
+        shortLived->set(key, 1);
+    }
+    int told = 0;
+    const auto first = shortLived->observe([&](const std::string& /*key*/) {
+        ++told;
+        shortLived.reset();
+    });
+    const auto second = shortLived->observe([&](const std::string& /*key*/) { ++told; });
+    const auto third = shortLived->observe([&](const std::string& /*key*/) { ++told; });
+    shortLived->clear();
+    EXPECT_EQ(told, 1);
+    EXPECT_FALSE(third.connected());
+}
+
 }  // namespace
 
 }  // namespace quillbar

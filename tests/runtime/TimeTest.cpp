@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include <chrono>
+#include <ctime>
 
 namespace quillbar {
 
@@ -30,6 +31,34 @@ TEST(TimeTest, HasADistantPastFromWhichEveryAgeIsLong) {
     const TimePoint firstInstant(0s);
     EXPECT_LT(kDistantPast, firstInstant);
     EXPECT_GT(firstInstant - kDistantPast, Seconds(24h * 365 * 10'000));
+}
+
+double bootTime() {
+    timespec reading{};
+    EXPECT_EQ(::clock_gettime(CLOCK_BOOTTIME, &reading), 0);
+    return static_cast<double>(reading.tv_sec) + static_cast<double>(reading.tv_nsec) / 1e9;
+}
+
+TEST(TimeTest, HasAMonotonicClockThatCountsTheSleepOfTheMachine) {
+    const MonotonicClock clock = bootClock();
+    const double before = bootTime();
+    const double reading = clock().count();
+    EXPECT_GE(reading, before);
+    EXPECT_LE(reading, bootTime());
+}
+
+TEST(TimeTest, TakesForYoungWhatIsLessThanTheSpanAgo) {
+    const TimePoint now(Seconds(1794657600));
+    EXPECT_TRUE(isYoungerThan(60s, now, now));
+    EXPECT_TRUE(isYoungerThan(60s, now - 59s, now));
+    EXPECT_FALSE(isYoungerThan(60s, now - 60s, now));
+    EXPECT_FALSE(isYoungerThan(60s, kDistantPast, now));
+}
+
+TEST(TimeTest, TakesForOldWhatIsYetToCome) {
+    const TimePoint now(Seconds(1794657600));
+    EXPECT_FALSE(isYoungerThan(60s, now + 1ms, now));
+    EXPECT_FALSE(isYoungerThan(60s, now + 3600s, now));
 }
 
 }  // namespace

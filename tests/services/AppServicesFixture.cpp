@@ -16,6 +16,7 @@ namespace {
 
 constexpr double kWatchdogSeconds = 30;
 constexpr double kPriceWatchSeconds = 25;
+constexpr double kLabelSecond = 1;
 
 bool isWatchdog(double seconds) {
     return seconds == kWatchdogSeconds;
@@ -25,8 +26,9 @@ bool isPriceWatch(double seconds) {
     return seconds == kPriceWatchSeconds;
 }
 
+// The jitter makes no back-off of exactly a second.
 bool isBackOff(double seconds) {
-    return !isWatchdog(seconds) && !isPriceWatch(seconds);
+    return !isWatchdog(seconds) && !isPriceWatch(seconds) && seconds != kLabelSecond;
 }
 
 std::unique_ptr<TemporaryFolder> authorityFolder;
@@ -76,16 +78,21 @@ void AppServicesFixture::start(const std::vector<simulator::Simulator*>& exchang
     }
     endpoints.marketCap = exchanges.front()->marketCapBase();
     endpoints.icon = exchanges.front()->iconBase();
-    const Clock clock = [this, system = systemClock()] { return system() + m_offset; };
+    const MonotonicClock monotonic = [this, begin = bootClock()()] { return begin + m_passed; };
     m_services = std::make_unique<AppServices>(ServicePlatform{.executor = *m_executor,
                                                                .worker = *m_worker,
-                                                               .clock = clock,
+                                                               .clock = wallClock(),
+                                                               .monotonic = monotonic,
                                                                .sleeper = m_sleeper.sleeper(),
                                                                .calendar = Calendar::utc()},
                                                endpoints,
                                                m_folder.path());
     m_log.clear();
     m_services->start();
+}
+
+Clock AppServicesFixture::wallClock() const {
+    return [this, begin = systemClock()()] { return begin + m_passed - m_setBack; };
 }
 
 bool AppServicesFixture::wakeWatchdog() {

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "Quillbar/AppServices.h"
+#include "Quillbar/services/AppServices.h"
 #include "QuillbarCore/runtime/Executor.h"
 #include "QuillbarCore/runtime/Worker.h"
 #include "simulator/Simulator.h"
@@ -36,8 +36,12 @@ protected:
     /// Builds the services over these exchanges, in this order, and starts them.
     void start(const std::vector<simulator::Simulator*>& exchanges);
 
-    /// Lets the wall clock go on; nobody wakes.
-    void letPass(Seconds span) { m_offset += span; }
+    /// What the services take for the time of day.
+    [[nodiscard]] Clock wallClock() const;
+    /// Lets both clocks go on; nobody wakes.
+    void letPass(Seconds span) { m_passed += span; }
+    /// Sets the wall clock back.
+    void setClockBack(Seconds span) { m_setBack += span; }
     /// Ends the watchdog's sleep.
     bool wakeWatchdog();
     /// Ends the wait for a new connection's first price.
@@ -65,7 +69,8 @@ protected:
     std::unique_ptr<Executor> m_executor;
     std::unique_ptr<Worker> m_worker;
     HeldSleeper m_sleeper;
-    Seconds m_offset{};
+    Seconds m_passed{};
+    Seconds m_setBack{};
     std::vector<std::unique_ptr<simulator::Simulator>> m_exchanges;
     std::unique_ptr<AppServices> m_services;
 };

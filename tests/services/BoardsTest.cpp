@@ -311,6 +311,19 @@ TEST_F(BoardsTest, fetchALogoOnce) {
     EXPECT_EQ(requestCount(binance, "/icons/BTC.png"), 1);
 }
 
+TEST_F(BoardsTest, askAgainForAMissingLogoOnAnotherNetwork) {
+    Simulator& binance = exchange();
+    start({&binance});
+    TaskScope scope(*m_executor);
+    IconStore& icons = m_services->iconStore();
+    const auto asking = scope.spawn(
+        [&icons]() -> Task<void> { static_cast<void>(co_await icons.iconData("nosuchcoin")); });
+    ASSERT_TRUE(spinUntil([&] { return !asking.isRunning(); }));
+    ASSERT_TRUE(icons.isMissing("nosuchcoin"));
+    m_services->resume();
+    EXPECT_FALSE(icons.isMissing("nosuchcoin"));
+}
+
 }  // namespace
 
 }  // namespace quillbar

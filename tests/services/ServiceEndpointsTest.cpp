@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The Quillbar developers
 // SPDX-License-Identifier: MIT
-#include "Quillbar/ServiceEndpoints.h"
+#include "Quillbar/services/ServiceEndpoints.h"
 
 #include <gtest/gtest.h>
 

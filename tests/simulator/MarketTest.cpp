@@ -1,5 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The Quillbar developers
 // SPDX-License-Identifier: MIT
+#include "simulator/Coins.h"
 #include "simulator/Market.h"
 
 #include <gtest/gtest.h>
@@ -154,6 +155,29 @@ TEST(MarketTest, ListsTwoThousandPairsLikeTheExchange) {
     EXPECT_NE(listed.find("\u5e01\u5b89\u4eba\u751fUSDT"), nullptr);
     EXPECT_EQ(listed.find("btcusdt"), nullptr);
     EXPECT_EQ(listed.findLowerCase("btcusdt"), listed.find("BTCUSDT"));
+}
+
+TEST(MarketTest, OddAndLongNamesAreAmongThePairs) {
+    const Market listed = market(1, 2000);
+    std::size_t longestTicker = 0;
+    std::size_t longestName = 0;
+    int beyondAscii = 0;
+    for (const KnownCoin& coin : knownCoins()) {
+        const std::string asset = coin.asset;
+        const Listing* const listing = listed.find(asset + "USDT");
+        ASSERT_NE(listing, nullptr) << asset;
+        EXPECT_EQ(listing->status, ListingStatus::trading) << asset;
+        longestTicker = std::max(longestTicker, asset.size());
+        longestName = std::max(longestName, std::string_view{coin.name}.size());
+        beyondAscii += std::any_of(asset.begin(),
+                                   asset.end(),
+                                   [](char c) { return static_cast<unsigned char>(c) > 0x7F; })
+                           ? 1
+                           : 0;
+    }
+    EXPECT_GE(longestTicker, 10U);
+    EXPECT_GE(longestName, 30U);
+    EXPECT_GE(beyondAscii, 1);
 }
 
 TEST(MarketTest, AnyNumberOfPairsCanBeListed) {

@@ -311,5 +311,32 @@ TEST(RestSizeTest, TheSameSeedAnswersTheSame) {
     EXPECT_NE(tickers(3), tickers(4));
 }
 
+TEST(RestAgreementTest, TheTickerSaysWhatTheDaysCandlesSay) {
+    SimulatorOptions options;
+    options.symbolCount = 40;
+    // 12:35:00, where a candle of five minutes begins.
+    options.startTime = MarketTime{std::chrono::milliseconds{1'772'368'500'000}};
+    Simulator simulator(options);
+    HttpClient client(simulator);
+    const auto get = [&](const std::string& path) {
+        return client.get(simulator.restBase() + path).json();
+    };
+    const QJsonObject ticker = get("/ticker/24hr?symbol=ETHUSDT").object();
+    const QJsonArray rows =
+        get("/klines?symbol=ETHUSDT&interval=5m&limit=288&startTime=1772282100000").array();
+    ASSERT_EQ(rows.size(), 288);
+    const auto number = [](const QJsonValue& value) { return value.toString().toDouble(); };
+    double turnover = 0;
+    for (const auto& row : rows) {
+        turnover += number(row.toArray()[7]);
+    }
+    EXPECT_EQ(ticker[u"openPrice"], rows.first()[1]);
+    EXPECT_EQ(ticker[u"lastPrice"], rows.last()[4]);
+    const double open = number(rows.first()[1]);
+    EXPECT_NEAR(
+        number(ticker[u"priceChangePercent"]), (number(rows.last()[4]) / open - 1) * 100, 0.0006);
+    EXPECT_NEAR(number(ticker[u"quoteVolume"]), turnover, 0.01);
+}
+
 }  // namespace
 }  // namespace quillbar::simulator

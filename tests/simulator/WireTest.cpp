@@ -1,10 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Quillbar developers
 // SPDX-License-Identifier: MIT
 #include "simulator/HttpMessage.h"
-#include "simulator/Icon.h"
 #include "simulator/WebSocketFrames.h"
-
-#include <QByteArray>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -116,36 +113,6 @@ TEST(WebSocketFramesTest, ReadsACloseCode) {
     EXPECT_EQ(WebSocketFrames::closeCode("\x03\xE9gone"), 1001);
     EXPECT_EQ(WebSocketFrames::closeCode(""), 1005);
     EXPECT_EQ(WebSocketFrames::closeCode("\x03"), 1005);
-}
-
-// The data of the first chunk of that type.
-std::string chunkData(const std::string& png, const std::string& type) {
-    const std::size_t at = png.find(type);
-    EXPECT_NE(at, std::string::npos);
-    std::size_t length = 0;
-    for (std::size_t i = at - 4; i < at; ++i) {
-        length = length * 256 + static_cast<unsigned char>(png[i]);
-    }
-    return png.substr(at + 4, length);
-}
-
-TEST(IconTest, IsAPngOfADisc) {
-    const std::string png = makeIcon("BTC");
-    EXPECT_EQ(png.substr(0, 8), "\x89PNG\r\n\x1A\n");
-    EXPECT_EQ(png.substr(png.size() - 12), (std::string{"\0\0\0\0IEND\xAE\x42\x60\x82", 12}));
-    const std::string stream = chunkData(png, "IDAT");
-    // Qt wants the length of what comes out ahead of a zlib stream, and checks its checksum.
-    const QByteArray pixels =
-        qUncompress(QByteArray::fromStdString(std::string{"\0\0\x04\x20", 4} + stream));
-    ASSERT_EQ(pixels.size(), 32 * 33);
-    EXPECT_EQ(pixels.at(1), 0) << "a corner is outside";
-    EXPECT_EQ(pixels.at(16 * 33 + 17), 1) << "the centre is inside";
-    EXPECT_EQ(chunkData(png, "PLTE").size(), 6U);
-}
-
-TEST(IconTest, DependsOnTheTickerAlone) {
-    EXPECT_EQ(makeIcon("ETH"), makeIcon("ETH"));
-    EXPECT_NE(makeIcon("ETH"), makeIcon("BTC"));
 }
 
 }  // namespace

@@ -64,6 +64,17 @@ TEST_F(AppStateChartTest, countsTheAgeFromTheAnswer) {
     EXPECT_THAT(api.klinesRequests, SizeIs(1));
 }
 
+TEST_F(AppStateChartTest, tellsForHowLongItAnswersFromTheCache) {
+    EXPECT_EQ(state->chartFreshFor("BTCUSDT", ChartRange::day), Seconds(0));
+    theOpenIs(7);
+    chart("BTCUSDT", ChartRange::day);
+    time.advance(Seconds(100));
+    EXPECT_EQ(state->chartFreshFor("BTCUSDT", ChartRange::day), Seconds(200));
+    EXPECT_EQ(state->chartFreshFor("BTCUSDT", ChartRange::week), Seconds(0));
+    time.advance(Seconds(200));
+    EXPECT_EQ(state->chartFreshFor("BTCUSDT", ChartRange::day), Seconds(0));
+}
+
 TEST_F(AppStateChartTest, passesTheErrorOnAndLeavesTheCache) {
     theOpenIs(7);
     chart("BTCUSDT", ChartRange::day);

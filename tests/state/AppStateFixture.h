@@ -5,10 +5,10 @@
 #include "QuillbarCore/catalog/CoinCatalog.h"
 #include "QuillbarCore/exchange/BinanceError.h"
 #include "QuillbarCore/model/Calendar.h"
-#include "QuillbarCore/runtime/ManualExecutor.h"
-#include "QuillbarCore/runtime/ManualTime.h"
 #include "QuillbarCore/runtime/TaskScope.h"
 #include "QuillbarCore/state/AppState.h"
+#include "tests/manual/ManualExecutor.h"
+#include "tests/manual/ManualTime.h"
 #include "tests/state/FaultyFileOperations.h"
 #include "tests/support/CapturedLog.h"
 #include "tests/support/FakeBinanceAPI.h"
@@ -76,6 +76,7 @@ struct AppStateFixture : testing::Test {
                                  .settingsStore = SettingsStore(folder.path(), files),
                                  .catalog = catalog,
                                  .now = time.clock(),
+                                 .monotonic = time.monotonicClock(),
                                  .calendar = Calendar::utc(),
                                  .sleeper = time.sleeper()});
         log.clear();

@@ -1,11 +1,14 @@
 // SPDX-FileCopyrightText: 2026 The Quillbar developers
 // SPDX-License-Identifier: MIT
+#include "QuillbarCore/model/PriceFormatter.h"
 #include "tests/state/AppStateFixture.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <cstddef>
 #include <optional>
+#include <string>
 
 namespace quillbar {
 namespace {
@@ -67,6 +70,70 @@ TEST_F(AppStateLabelTest, changesAtMostOnceASecond) {
     EXPECT_EQ(label(), "BTC 120.00 ▲20.00%");
 }
 
+TEST_F(AppStateLabelTest, showsTheLastPriceOfAQuietMarketWhenItsSecondEnds) {
+    startConnected(listOf({"BTC", "ETH"}));
+    price("ETH", 50);
+    price("BTC", 100);
+    time.advance(Seconds(0.5));
+    price("BTC", 110);
+    time.advance(Seconds(0.4));
+    EXPECT_EQ(label(), "BTC");
+    time.advance(Seconds(0.1));
+    EXPECT_EQ(label(), "BTC 110.00 ▲10.00%");
+}
+
+TEST_F(AppStateLabelTest, showsTheLastPriceOfEachSecondThatFollows) {
+    startConnected(listOf({"BTC"}));
+    for (double last = 100; last < 200; last += 10) {
+        price("BTC", last);
+        time.advance(Seconds(0.5));
+        price("BTC", last + 5);
+        time.advance(Seconds(0.5));
+        EXPECT_EQ(label(),
+                  "BTC " + PriceFormatter::price(last + 5) + " "
+                      + PriceFormatter::menuBarChange(last + 5 - 100));
+    }
+}
+
+TEST_F(AppStateLabelTest, showsThePriceAfterTheEndOfASecondAtOnce) {
+    startConnected(listOf({"BTC"}));
+    price("BTC", 100);
+    time.advance(Seconds(0.5));
+    price("BTC", 110);
+    time.advance(Seconds(0.6));
+    price("BTC", 120);
+    EXPECT_EQ(label(), "BTC 120.00 ▲20.00%");
+}
+
+TEST_F(AppStateLabelTest, showsAPriceThatTheWallClockAloneHeldBackASecondLater) {
+    startConnected(listOf({"BTC"}));
+    price("BTC", 100);
+    const TimePoint shownAt = time.now();
+    time.advance(Seconds(1));
+    // The wall clock goes a little slower.
+    time.setClock(shownAt + Seconds(0.999));
+    price("BTC", 110);
+    EXPECT_EQ(label(), "BTC 100.00 · 0.00%");
+    time.advance(Seconds(1));
+    EXPECT_EQ(label(), "BTC 110.00 ▲10.00%");
+}
+
+TEST_F(AppStateLabelTest, waitsForTheEndOfOneSecondAtATimeAndForNoneAfterIt) {
+    startConnected(listOf({"BTC"}));
+    const std::size_t watchdogAlone = time.sleepingCount();
+    for (int tick = 0; tick < 10; ++tick) {
+        price("BTC", 100 + tick);
+        EXPECT_EQ(time.sleepingCount(), watchdogAlone + 1);
+        time.advance(Seconds(0.3));
+    }
+    // The wall clock says that the second is over.
+    time.setClock(time.now() + Seconds(10));
+    price("BTC", 200);
+    EXPECT_EQ(time.sleepingCount(), watchdogAlone + 1);
+    time.advance(Seconds(1));
+    EXPECT_EQ(time.sleepingCount(), watchdogAlone);
+}
+
 TEST_F(AppStateLabelTest, isNotHeldUpByAClockThatIsSetBack) {
     startConnected(listOf({"BTC"}));
     price("BTC", 100);
@@ -96,6 +163,27 @@ TEST_F(AppStateLabelTest, dropsThePriceOfASilentStreamAtTheWatchdogsTick) {
     EXPECT_THAT(labels.values, IsEmpty());
     time.advance(Seconds(30));
     EXPECT_THAT(labels.values, ElementsAre("BTC"));
+}
+
+TEST_F(AppStateLabelTest, dropsThePriceOfASilentStreamThoughTheClockIsSetBack) {
+    startConnected(listOf({"BTC"}));
+    price("BTC", 100);
+    time.setClock(time.now() - Seconds(8 * 3600));
+    time.advance(Seconds(60));
+    EXPECT_EQ(label(), "BTC 100.00 · 0.00%");
+    time.advance(Seconds(30));
+    EXPECT_EQ(label(), "BTC");
+}
+
+TEST_F(AppStateLabelTest, dropsThePriceOfASnapshotThoughTheClockIsSetBack) {
+    startConnected(listOf({"BTC"}));
+    time.advance(Seconds(3600));
+    theSnapshotIs({{"BTCUSDT", Ticker{100, 100}}});
+    run(state->refreshSnapshot());
+    EXPECT_EQ(label(), "BTC 100.00 · 0.00%");
+    time.setClock(time.now() - Seconds(8 * 3600));
+    time.advance(Seconds(90));
+    EXPECT_EQ(label(), "BTC");
 }
 
 TEST_F(AppStateLabelTest, dropsThePriceAtTheTickWhateverTheConnection) {
@@ -167,11 +255,26 @@ TEST_F(AppStateFreshnessTest, isStaleWhenMoreThanAMinuteHasPassed) {
     EXPECT_TRUE(state->isDataStale());
 }
 
-TEST_F(AppStateFreshnessTest, isFreshWhenTheClockWasSetBack) {
+TEST_F(AppStateFreshnessTest, isFreshForAMinuteWhenTheClockWasSetBack) {
     startConnected(listOf({"BTC"}));
     price("BTC", 100);
     time.setClock(time.now() - Seconds(86400));
     EXPECT_FALSE(state->isDataStale());
+    time.advance(Seconds(60));
+    EXPECT_FALSE(state->isDataStale());
+    time.advance(Seconds(1));
+    EXPECT_TRUE(state->isDataStale());
+}
+
+TEST_F(AppStateFreshnessTest, isToldToTheObserversOfTheUpdateItself) {
+    startConnected(listOf({"BTC"}));
+    price("BTC", 100);
+    time.advance(Seconds(61));
+    bool isStale = true;
+    const Observation observation = state->lastUpdate().observe(
+        [&](const std::optional<TimePoint>& /*time*/) { isStale = state->isDataStale(); });
+    price("BTC", 100);
+    EXPECT_FALSE(isStale);
 }
 
 struct AppStatePercentTest : AppStateFixture {};

@@ -5,6 +5,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <cstddef>
 #include <optional>
 #include <string>
 
@@ -20,6 +22,11 @@ constexpr const char* kAppearanceNotSaved = "外观设置保存失败,重启后�
 
 struct AppStateSettingsTest : AppStateFixture {
     void SetUp() override { startConnected(listOf({"BTC"})); }
+
+    /// How often something was waited for to be on the disk.
+    [[nodiscard]] std::ptrdiff_t syncCount() const {
+        return std::count(files.calls.begin(), files.calls.end(), "fsync");
+    }
 };
 
 TEST_F(AppStateSettingsTest, savesEachSettingAtOnce) {
@@ -35,6 +42,23 @@ TEST_F(AppStateSettingsTest, savesEachSettingAtOnce) {
     EXPECT_EQ(storedSettings(), expected);
     EXPECT_EQ(*state->settings(), expected);
     EXPECT_EQ(*state->lastError(), std::nullopt);
+}
+
+TEST_F(AppStateSettingsTest, waitsForTheDiskWithTheUsersEditsButNotWithTheBoard) {
+    // The file and its folder.
+    state->setAppearance(AppearanceMode::light);
+    EXPECT_EQ(syncCount(), 2);
+    state->setChangeBasis(ChangeBasis::today);
+    EXPECT_EQ(syncCount(), 4);
+    state->setLastBoard(RankingBoard::losers);
+    state->setLastBoard(std::nullopt);
+    state->setLastBoard(RankingBoard::volume);
+    EXPECT_EQ(syncCount(), 4);
+    EXPECT_EQ(storedSettings(), *state->settings());
+    state->setAppearance(AppearanceMode::system);
+    EXPECT_EQ(syncCount(), 6);
+    state->pin("BTCUSDT");
+    EXPECT_EQ(syncCount(), 8);
 }
 
 TEST_F(AppStateSettingsTest, forgetsTheBoardForTheWatchlist) {

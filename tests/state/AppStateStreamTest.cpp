@@ -196,6 +196,16 @@ TEST_F(AppStateWatchdogTest, restartsAgainAtEachTickWhileTheSilenceLasts) {
     EXPECT_EQ(restartCount(), 3U);
 }
 
+TEST_F(AppStateWatchdogTest, restartsASilentStreamThoughTheClockIsSetBack) {
+    startConnected(listOf({"BTC"}));
+    price("BTC", 100);
+    time.setClock(time.now() - Seconds(8 * 3600));
+    time.advance(Seconds(90));
+    EXPECT_EQ(restartCount(), 0U);
+    time.advance(Seconds(30));
+    EXPECT_EQ(restartCount(), 1U);
+}
+
 TEST_F(AppStateWatchdogTest, leavesAStreamThatHasToldNothingYet) {
     api.ticker24hAnswers.otherwiseError(BinanceError(503));
     startConnected(listOf({"BTC"}));
@@ -242,6 +252,7 @@ TEST_F(AppStateWatchdogTest, keepsTheIntervalsItIsGiven) {
                              .settingsStore = SettingsStore(folder.path()),
                              .catalog = catalog,
                              .now = time.clock(),
+                             .monotonic = time.monotonicClock(),
                              .calendar = Calendar::utc(),
                              .sleeper = time.sleeper(),
                              .watchdogInterval = Seconds(2),
@@ -395,6 +406,60 @@ TEST_F(AppStateLifetimeTest, mayGoOnceTheStartUpSequenceHasBeenCancelled) {
     snapshot.setValue({{"BTCUSDT", Ticker{1, 1}}});
     executor.run();
     EXPECT_THAT(log.lines(), IsEmpty());
+}
+
+struct AppStateAgeTest : AppStateFixture {};
+
+TEST_F(AppStateAgeTest, eachCoinHasTheTimeOfItsOwnLastTicker) {
+    startConnected(listOf({"BTC", "ETH", "SOL"}));
+    price("BTC", 1);
+    const TimePoint first = time.now();
+    time.advance(Seconds(20));
+    price("ETH", 2);
+    EXPECT_EQ(state->lastUpdateOf("BTCUSDT"), first);
+    EXPECT_EQ(state->lastUpdateOf("ETHUSDT"), time.now());
+    EXPECT_EQ(state->lastUpdateOf("SOLUSDT"), std::nullopt);
+    time.advance(Seconds(20));
+    price("BTC", 1);
+    EXPECT_EQ(state->lastUpdateOf("BTCUSDT"), time.now()) << "also where the price is the same";
+}
+
+TEST_F(AppStateAgeTest, aSnapshotIsATickerOfEachCoinInIt) {
+    startConnected(listOf({"BTC", "ETH"}));
+    price("ETH", 2);
+    const TimePoint before = time.now();
+    time.advance(Seconds(20));
+    theSnapshotIs({{"BTCUSDT", Ticker{1, 1}}});
+    run(state->refreshSnapshot());
+    EXPECT_EQ(state->lastUpdateOf("BTCUSDT"), time.now());
+    EXPECT_EQ(state->lastUpdateOf("ETHUSDT"), before);
+}
+
+TEST_F(AppStateAgeTest, anObserverOfAPriceFindsItsTime) {
+    startConnected(listOf({"BTC"}));
+    std::optional<TimePoint> seen;
+    const Observation observation = state->tickers().observe(
+        [&](const std::string& symbol) { seen = state->lastUpdateOf(symbol); });
+    price("BTC", 1);
+    EXPECT_EQ(seen, time.now());
+}
+
+TEST_F(AppStateAgeTest, isToldByAClockThatWasSetBackSince) {
+    startConnected(listOf({"BTC", "ETH"}));
+    price("BTC", 1);
+    time.setClock(time.now() - Seconds(8 * 3600));
+    const TimePoint update = time.now();
+    time.advance(Seconds(300));
+    price("ETH", 1);
+    ASSERT_TRUE(state->lastUpdateOf("BTCUSDT"));
+    EXPECT_NEAR((*state->lastUpdateOf("BTCUSDT") - update).count(), 0, 0.001);
+}
+
+TEST_F(AppStateAgeTest, aCoinThatIsRemovedTakesItsTimeWithIt) {
+    startConnected(listOf({"BTC", "ETH"}));
+    price("ETH", 1);
+    run(state->remove("ETHUSDT"));
+    EXPECT_EQ(state->lastUpdateOf("ETHUSDT"), std::nullopt);
 }
 
 TEST_F(AppStateStartTest, followsNoMoreCoinsThanOneConnectionTakesButAlwaysThePinnedOne) {

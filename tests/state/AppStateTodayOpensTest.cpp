@@ -15,8 +15,10 @@
 namespace quillbar {
 namespace {
 
+using testing::Contains;
 using testing::ElementsAre;
 using testing::IsEmpty;
+using testing::Not;
 using testing::SizeIs;
 
 using Symbols = std::vector<std::string>;
@@ -52,6 +54,42 @@ TEST_F(AppStateTodayOpensTest, asksOneAfterTheOther) {
     EXPECT_EQ(opensAskedFor(), (Symbols{"BTCUSDT", "ETHUSDT"}));
 }
 
+TEST_F(AppStateTodayOpensTest, asksForTheOpensOfALongListTenASecond) {
+    std::vector<std::string> baseAssets;
+    for (int coin = 0; coin < 25; ++coin) {
+        baseAssets.push_back("C" + std::to_string(coin));
+    }
+    theUserHas(listOf(baseAssets));
+    theOpenIs(100);
+    start();
+    EXPECT_THAT(api.klinesRequests, SizeIs(10));
+    time.advance(Seconds(0.9));
+    EXPECT_THAT(api.klinesRequests, SizeIs(10));
+    time.advance(Seconds(0.1));
+    EXPECT_THAT(api.klinesRequests, SizeIs(20));
+    time.advance(Seconds(10));
+    EXPECT_THAT(api.klinesRequests, SizeIs(25));
+    EXPECT_EQ(todayOpen("C24"), 100);
+}
+
+TEST_F(AppStateTodayOpensTest, asksOfALongListNothingThatAnEditHasMadeNeedless) {
+    std::vector<std::string> baseAssets;
+    for (int coin = 0; coin < 35; ++coin) {
+        baseAssets.push_back("C" + std::to_string(coin));
+    }
+    theUserHas(listOf(baseAssets));
+    theOpenIs(100);
+    start();
+    run(state->remove("C12USDT"));
+    time.advance(Seconds(1));
+    EXPECT_THAT(api.klinesRequests, SizeIs(20));
+    EXPECT_THAT(opensAskedFor(), Not(Contains("C12USDT")));
+    EXPECT_EQ(todayOpen("C12"), std::nullopt);
+    state->setChangeBasis(ChangeBasis::rolling24h);
+    time.advance(Seconds(10));
+    EXPECT_THAT(api.klinesRequests, SizeIs(20));
+}
+
 TEST_F(AppStateTodayOpensTest, takesTheDayOfItsCalendar) {
     theUserHas(listOf({"BTC"}));
     time.setClock(TimePoint(Seconds(1794673800)));  // 2026-11-14T16:30:00Z
@@ -63,6 +101,7 @@ TEST_F(AppStateTodayOpensTest, takesTheDayOfItsCalendar) {
                              .settingsStore = SettingsStore(folder.path()),
                              .catalog = catalog,
                              .now = time.clock(),
+                             .monotonic = time.monotonicClock(),
                              .calendar = Calendar::fixed("Asia/Shanghai"),
                              .sleeper = time.sleeper()});
     run(state->bootstrap());
@@ -214,7 +253,8 @@ TEST_F(AppStateTodayOpensTest, fetchesTheOpensOfTheNextDayAfterLocalMidnight) {
 
 TEST_F(AppStateTodayOpensTest, asksForAnOpenThatAnEditMadeMissingWithinTheSameMinute) {
     theUserHas(listOf({"BTC"}));
-    time.setClock(time.now() - Seconds(60));
+    // Far enough from the end of a minute.
+    time.setClock(time.now() - Seconds(30));
     api.klinesAnswers.value(candlesFrom(100));
     start();
     time.advance(Seconds(60));
@@ -242,6 +282,7 @@ TEST_F(AppStateTodayOpensTest, followsAChangeOfTheZoneWithTheNextMinute) {
                              .settingsStore = SettingsStore(folder.path()),
                              .catalog = catalog,
                              .now = time.clock(),
+                             .monotonic = time.monotonicClock(),
                              .calendar = Calendar::autoupdatingCurrent(folder.path().string()),
                              .sleeper = time.sleeper()});
     run(state->bootstrap());

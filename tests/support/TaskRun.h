@@ -2,9 +2,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "QuillbarCore/runtime/ManualExecutor.h"
 #include "QuillbarCore/runtime/Task.h"
 #include "QuillbarCore/runtime/TaskScope.h"
+#include "tests/manual/ManualExecutor.h"
 
 #include <exception>
 #include <optional>

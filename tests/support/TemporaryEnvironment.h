@@ -15,9 +15,7 @@ class TemporaryEnvironment final {
 public:
     TemporaryEnvironment(std::string name, const std::optional<std::string>& value)
         : m_name(std::move(name)) {
-        if (const char* const before = std::getenv(m_name.c_str()); before != nullptr) {
-            m_before = before;
-        }
+        m_before = this->value();
         set(value);
     }
     ~TemporaryEnvironment() { set(m_before); }
@@ -25,6 +23,12 @@ public:
     TemporaryEnvironment& operator=(const TemporaryEnvironment&) = delete;
     TemporaryEnvironment(TemporaryEnvironment&&) = delete;
     TemporaryEnvironment& operator=(TemporaryEnvironment&&) = delete;
+
+    /// What the variable is at this moment; absent when there is none.
+    [[nodiscard]] std::optional<std::string> value() const {
+        const char* const now = std::getenv(m_name.c_str());
+        return now == nullptr ? std::nullopt : std::optional<std::string>(now);
+    }
 
 private:
     void set(const std::optional<std::string>& value) const {

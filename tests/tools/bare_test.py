@@ -9,7 +9,8 @@ import tempfile
 import unittest
 
 ROOT = pathlib.Path(os.environ["QUILLBAR_ROOT"])
-SYSTEM_PROGRAMS = ("bash", "dirname", "env", "mkdir", "mktemp", "readlink", "rm", "sleep", "tail")
+SYSTEM_PROGRAMS = ("bash", "cp", "dirname", "env", "grep", "mkdir", "mktemp", "readlink", "rm",
+                   "sed", "sleep", "tail")
 
 
 class Bare(unittest.TestCase):
@@ -20,7 +21,8 @@ class Bare(unittest.TestCase):
         self.temporary = self.folder / "tmp"
         self.temporary.mkdir()
         (self.folder / "tools").mkdir()
-        shutil.copy(ROOT / "tools/bare.sh", self.folder / "tools")
+        for name in ("bare.sh", "build.sh"):
+            shutil.copy(ROOT / "tools" / name, self.folder / "tools")
         self.programs = self.folder / "programs"
         self.programs.mkdir()
         for program in SYSTEM_PROGRAMS:
@@ -43,7 +45,8 @@ class Bare(unittest.TestCase):
 
     def test_refuses_what_it_does_not_understand(self):
         self.program("mmdebstrap", "exit 1")
-        for arguments in ((), ("11",), ("12", "--as", "nobody"), ("12", "--fast", "yes")):
+        for arguments in ((), ("11",), ("12", "--as", "nobody"), ("12", "--fast", "yes"),
+                          ("12", "--only", "test", "--only", "tests")):
             with self.subTest(arguments):
                 self.assertEqual(self.prove(*arguments).returncode, 2)
 
@@ -63,6 +66,63 @@ class Bare(unittest.TestCase):
         self.assertEqual(done.returncode, 75)
         self.assertEqual((self.folder / "tries").read_text().count("tried"), 3)
         self.assertIn("no answer", done.stdout)
+        self.assertEqual(list(self.temporary.iterdir()), [])
+
+    def root_in_which(self, *failures):
+        """Makes roots that are folders, in which these commands fail with these codes."""
+        self.program("git", "")
+        self.program("mmdebstrap", f'echo made >>{self.folder}/tries; mkdir -p "${{@: -2:1}}/etc"')
+        ends = "".join(f'*"{command}"*) exit {code} ;; ' for command, code in failures)
+        # What comes before the words is for the namespace.
+        self.program("unshare", f'shift 11; echo "$*" >>{self.folder}/calls\n'
+                                f'case "$*" in {ends} *) exit 0 ;; esac')
+
+    def calls(self):
+        return (self.folder / "calls").read_text().splitlines()
+
+    def test_proves_several_things_in_one_root(self):
+        self.root_in_which()
+        done = self.prove("13", "--only", "test", "--only", "package")
+        self.assertEqual(done.returncode, 0, done.stdout)
+        self.assertEqual((self.folder / "tries").read_text(), "made\n")
+        test, package, check, used = self.calls()
+        self.assertEqual((test, package), ("./test", "./package"))
+        for word in ("tools/check-package.sh", "data", "lintian", "hardening"):
+            self.assertIn(word, check)
+        self.assertIn("tools/try-package.sh", used)
+
+    def test_tells_which_part_failed_and_goes_on_with_those_that_can_still_prove_something(self):
+        self.root_in_which(("./test", 8), ("check-package", 1))
+        done = self.prove("13", "--only", "test", "--only", "package")
+        self.assertEqual(done.returncode, 1, done.stdout)
+        self.assertEqual(len(self.calls()), 4)
+        self.assertIn("./test: exit 8", done.stdout)
+        self.assertRegex(done.stdout, "check-package.*: exit 1")
+        self.assertRegex(done.stdout, "try-package.*: exit 0")
+
+    def test_without_packages_there_is_nothing_to_check_or_to_try(self):
+        self.root_in_which(("./package", 1))
+        done = self.prove("13", "--only", "package")
+        self.assertEqual(done.returncode, 1, done.stdout)
+        self.assertEqual(self.calls(), ["./package"])
+
+    def test_a_source_that_does_not_answer_in_the_root_proves_nothing(self):
+        self.root_in_which(("./test", 75))
+        self.assertEqual(self.prove("13").returncode, 75)
+        self.assertEqual(len(self.calls()), 2)
+        self.assertEqual(list(self.temporary.iterdir()), [])
+
+    def test_a_source_that_does_not_answer_hides_no_failure_before_it(self):
+        self.root_in_which(("./run", 1), ("./test", 75))
+        self.assertEqual(self.prove("13").returncode, 1)
+
+    def test_leaves_no_root_behind_where_a_signal_comes_while_it_is_removed(self):
+        self.root_in_which()
+        remove = shutil.which("rm")
+        # To what removes the root and to itself, as whoever stops a whole group does.
+        self.program("rm", f"""case "$*" in *'/*') ;; *) kill -TERM $PPID $$ ;; esac
+            exec {remove} "$@" """)
+        self.prove("13", "--only", "test")
         self.assertEqual(list(self.temporary.iterdir()), [])
 
 

@@ -16,8 +16,8 @@ SYSTEM_PROGRAMS = ("awk", "bash", "cat", "dirname", "env", "grep", "readlink", "
 
 
 def names(*purposes, release="12"):
-    return [name for purpose, needed_on, name in PACKAGES
-            if purpose in purposes and needed_on in ("any", release)]
+    return list(dict.fromkeys(name for purpose, needed_on, name in PACKAGES
+                              if purpose in purposes and needed_on in ("any", release)))
 
 
 class Machine:
@@ -83,7 +83,10 @@ class SetUp(unittest.TestCase):
 
     def test_a_purpose_takes_in_those_before_it(self):
         for purpose, purposes in (("run", ["run"]), ("test", ["run", "test"]),
-                                  ("ci", ["run", "test", "ci"])):
+                                  ("pictures", ["run", "test", "pictures"]),
+                                  ("package", ["run", "package"]),
+                                  ("check", ["run", "package", "check"]),
+                                  ("ci", ["run", "test", "package", "check", "ci"])):
             with self.subTest(purpose), tempfile.TemporaryDirectory() as folder:
                 machine = Machine(folder, [])
                 machine.set_up(purpose)
@@ -130,7 +133,8 @@ class SetUp(unittest.TestCase):
                 self.assertEqual(machine.set_up("ci").returncode, 0)
                 installed = machine.calls()[2].partition("--no-install-recommends ")[2].split()
                 self.assertIn(compiler, installed)
-                self.assertEqual(installed, names("run", "test", "ci", release=release))
+                self.assertEqual(installed, names("run", "test", "package", "check", "ci",
+                                                  release=release))
 
     def test_prints_the_packages_and_the_way_on_on_another_system(self):
         for system in ("ubuntu 24.04", "debian 11", "fedora 40"):

@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+#include <optional>
+
 namespace quillbar {
 
 namespace {
@@ -18,7 +20,7 @@ struct Click {
     PointerPosition trust = PointerPosition::current;
     TrayHost::ClickPosition host = TrayHost::ClickPosition::onScreen;
 
-    [[nodiscard]] QPoint anchor() const {
+    [[nodiscard]] std::optional<QPoint> anchor() const {
         return clickAnchor(kReported, reportedInBar, pointer, trust, host);
     }
 };
@@ -45,7 +47,12 @@ TEST(ClickAnchor, isTheReportedPlaceWhereThePointerStandsStill) {
 TEST(ClickAnchor, isThePointerForAHostThatReportsNoPlaceOnTheScreen) {
     constexpr auto kUnusable = TrayHost::ClickPosition::unusable;
     EXPECT_EQ((Click{.pointer = kFar, .host = kUnusable}.anchor()), kFar);
-    EXPECT_EQ((Click{.trust = PointerPosition::outdated, .host = kUnusable}.anchor()), kNear);
+}
+
+TEST(ClickAnchor, isUnknownWhereNeitherThePointerNorTheHostTellsIt) {
+    EXPECT_EQ((Click{.trust = PointerPosition::outdated, .host = TrayHost::ClickPosition::unusable}
+                   .anchor()),
+              std::nullopt);
 }
 
 TEST(LogicalPosition, isTheReportedOneWithoutScaling) {

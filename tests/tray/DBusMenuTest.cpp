@@ -222,6 +222,32 @@ TEST_F(DBusMenuTest, tellsWhenItIsShown) {
     EXPECT_EQ(shown, 3);
 }
 
+TEST_F(DBusMenuTest, whatAGroupRepeatsCountsOnce) {
+    constexpr qsizetype kMany = 1000;
+    const QDBusMessage properties =
+        host.callMenu(QStringLiteral("GetGroupProperties"),
+                      {QVariant::fromValue(QList<int>(kMany, 1)), QStringList()});
+    EXPECT_EQ(qdbus_cast<QList<MenuProperties>>(properties.arguments().value(0)).size(), 1);
+
+    const QVariant ids = QVariant::fromValue(QList<int>(kMany, 0) + QList<int>(kMany, kUnknown));
+    const QDBusMessage shows = host.callMenu(QStringLiteral("AboutToShowGroup"), {ids});
+    EXPECT_EQ(qdbus_cast<QList<int>>(shows.arguments().value(1)), QList<int>{kUnknown});
+    EXPECT_EQ(shown, 1);
+
+    const auto happens = [](int id, const char* type) {
+        return QList<MenuEvent>(
+            kMany,
+            {.id = id, .type = QString::fromLatin1(type), .data = QDBusVariant(0), .timestamp = 0});
+    };
+    const QList<MenuEvent> events = happens(DBusMenu::kRoot, "opened") + happens(1, "clicked")
+                                    + happens(4, "clicked") + happens(kUnknown, "clicked");
+    const QDBusMessage reply =
+        host.callMenu(QStringLiteral("EventGroup"), {QVariant::fromValue(events)});
+    EXPECT_EQ(qdbus_cast<QList<int>>(reply.arguments().value(0)), QList<int>{kUnknown});
+    EXPECT_EQ(shown, 2);
+    EXPECT_THAT(clicked, ElementsAre(1, 4));
+}
+
 TEST_F(DBusMenuTest, whatOnlySaysSomethingIsDisabled) {
     menu.setEntries(
         {MenuEntry{.id = 10, .label = QStringLiteral("title"), .kind = MenuEntry::Kind::header},

@@ -23,23 +23,28 @@ namespace {
 LabelPicture squareOf(const QString& upper,
                       const QString& lower,
                       LabelDirection direction = LabelDirection::flat,
-                      BarShade shade = BarShade::dark) {
+                      PictureGround ground = PictureGround::darkBar) {
     return {.form = LabelForm::square,
-            .shade = shade,
+            .ground = ground,
             .upper = upper,
             .lower = lower,
             .direction = direction};
 }
 
-LabelPicture wideOf(const QString& text,
-                    LabelDirection direction = LabelDirection::flat,
-                    BarShade shade = BarShade::dark) {
-    return {.form = LabelForm::widePicture, .shade = shade, .upper = text, .direction = direction};
+LabelPicture wideOf(const QString& lead,
+                    const QString& change,
+                    LabelDirection direction,
+                    PictureGround ground = PictureGround::darkBar) {
+    return {.form = LabelForm::widePicture,
+            .ground = ground,
+            .upper = lead + change,
+            .lower = change,
+            .direction = direction};
 }
 
 /// The application's mark.
-LabelPicture markOn(BarShade shade) {
-    return {.form = LabelForm::square, .shade = shade};
+LabelPicture markOn(PictureGround ground) {
+    return {.form = LabelForm::square, .ground = ground};
 }
 
 /// The desktop's font in the weight of the labels.
@@ -73,13 +78,13 @@ TEST(LabelPictureDrawnTest, aSquareIsTwoLinesOfPixels) {
     const LabelPicture picture = squareOf(QStringLiteral("67.2k"), QStringLiteral("+1.2%"));
     EXPECT_EQ(inkOf(picture.drawn(22)),
               drawing({
-                  "......................", "......................", ".##..####....##..#....",
-                  "#..#....#...#..#.#....", "#.......#......#.#..#.", "###....#.......#.#.#..",
-                  "#..#...#......#..##...", "#..#..#......#...##...", "#..#..#.....#....#.#..",
-                  ".##...#...#.####.#..#.", "......................", "......................",
-                  "......#.....##..##..#.", ".....##....#..#.##..#.", "......#.......#....#..",
-                  ".#....#.......#...#...", "###...#......#....#...", ".#....#.....#....#....",
-                  "......#....#....#..##.", ".....###.#.####.#..##.", "......................",
+                  "......................", "......................", "..##..####....##..#...",
+                  ".#..#....#...#..#.#...", ".#.......#......#.#.#.", ".###....#.......#.#.#.",
+                  ".#..#...#......#..##..", ".#..#..#......#...##..", ".#..#..#.....#....#.#.",
+                  "..##...#...#.####.#.#.", "......................", "......................",
+                  ".......#.....##..##.#.", "......##....#..#.##.#.", ".......#.......#...#..",
+                  "..#....#.......#...#..", ".###...#......#...#...", "..#....#.....#....#...",
+                  ".......#....#....#.##.", "......###.#.####.#.##.", "......................",
                   "......................",
               }));
 }
@@ -91,7 +96,7 @@ TEST(LabelPictureDrawnTest, aShortLineStandsInTheMiddle) {
 }
 
 TEST(LabelPictureDrawnTest, aLineIsOfPixelsAsLongAsItFits) {
-    // 22 pixels wide, and 23.
+    // 20 pixels wide in narrow digits, and 21.
     const auto isSharp = [](const char* text) {
         const QImage image = squareOf(QString::fromUtf8(text), QString()).drawn(22);
         for (int x = 0; x < 22; ++x) {
@@ -104,8 +109,28 @@ TEST(LabelPictureDrawnTest, aLineIsOfPixelsAsLongAsItFits) {
         }
         return true;
     };
-    EXPECT_TRUE(isSharp("%1.11"));
-    EXPECT_FALSE(isSharp("%%1.1"));
+    EXPECT_TRUE(isSharp("%1111"));
+    EXPECT_FALSE(isSharp("%%111"));
+}
+
+TEST(LabelPictureDrawnTest, aSquareIsOfThePixelsOfItsLinesUpToABarOf32) {
+    const LabelPicture picture = squareOf(QStringLiteral("67.2k"), QStringLiteral("+1.2%"));
+    EXPECT_EQ(boundsOfInk(picture.drawn(24)), QRect(2, 3, 20, 19));
+    EXPECT_EQ(boundsOfInk(picture.drawn(31)), QRect(5, 6, 20, 22));
+    EXPECT_GT(boundsOfInk(picture.drawn(32)).width(), 24);
+}
+
+TEST(LabelPictureDrawnTest, noLineOfASquareTouchesItsSides) {
+    for (const char* const text :
+         {"67.2k", "0.0₄18", ".1235", "1.02M", ">999T", "BTC", "1000SATS"}) {
+        for (const int height : {16, 18, 20, 22, 24, 28, 32, 33, 37, 40, 44, 48}) {
+            const QString line = QString::fromUtf8(text);
+            const QImage image = squareOf(line, line).drawn(height);
+            const int inset = height < 33 ? 1 : 2;
+            EXPECT_GE(boundsOfInk(image).left(), inset) << text << height;
+            EXPECT_LT(boundsOfInk(image).right(), height - inset) << text << height;
+        }
+    }
 }
 
 TEST(LabelPictureDrawnTest, aLineOfLettersStandsOnTheBaselineInTheMiddle) {
@@ -122,11 +147,13 @@ TEST(LabelPictureDrawnTest, aLineOfLettersStandsOnTheBaselineInTheMiddle) {
                 const QRectF place(0, baseline - metrics.ascent(), 22.0 * scale, metrics.height());
                 TabularText::draw(painter, place, Qt::AlignHCenter | Qt::AlignTop, text, font);
             };
-            line(QStringLiteral("ETH"), 10 * scale);
-            line(QStringLiteral("SO"), 20 * scale);
+            // Twice, because thin strokes would be pale.
+            for (int i = 0; i < 2; ++i) {
+                line(QStringLiteral("OP"), 10 * scale);
+                line(QStringLiteral("SO"), 20 * scale);
+            }
         }
-        EXPECT_EQ(squareOf(QStringLiteral("ETH"), QStringLiteral("SO")).drawn(22 * scale),
-                  expected);
+        EXPECT_EQ(squareOf(QStringLiteral("OP"), QStringLiteral("SO")).drawn(22 * scale), expected);
     }
 }
 
@@ -135,36 +162,26 @@ TEST(LabelPictureDrawnTest, aLineThatIsTooLongIsWrittenNarrower) {
         const QImage image = squareOf(QStringLiteral("HHHHHHHH"), QString()).drawn(22 * scale);
         const QRect ink = boundsOfInk(image);
         // As wide as the square, and as high as ever.
-        EXPECT_LE(ink.left(), 2 * scale);
-        EXPECT_GE(ink.right(), 22 * scale - 1 - 2 * scale);
+        EXPECT_LE(ink.left(), 3 * scale);
+        EXPECT_GE(ink.right(), 22 * scale - 1 - 3 * scale);
         const QRect one = boundsOfInk(squareOf(QStringLiteral("H"), QString()).drawn(22 * scale));
         EXPECT_EQ(ink.top(), one.top());
         EXPECT_EQ(ink.bottom(), one.bottom());
     }
 }
 
-TEST(LabelPictureDrawnTest, aSquareHasTheColoursOfItsBarAndItsDirection) {
-    struct Row {
-        BarShade shade = BarShade::dark;
-        QColor text;
-        QColor up;
-        QColor down;
+TEST(LabelPictureDrawnTest, aSquareHasTheColoursOfItsDirection) {
+    const auto colorsOf = [](LabelDirection direction, const QRect& line) {
+        return colorsIn(
+            squareOf(QStringLiteral("67.2k"), QStringLiteral("+1.2%"), direction).drawn(22), line);
     };
-    for (const Row& row : {Row{BarShade::dark, {255, 255, 255}, {84, 230, 160}, {255, 128, 128}},
-                           Row{BarShade::light, {20, 20, 22}, {0, 112, 60}, {190, 20, 20}}}) {
-        const auto colorsOf = [&row](LabelDirection direction, const QRect& line) {
-            return colorsIn(
-                squareOf(QStringLiteral("67.2k"), QStringLiteral("+1.2%"), direction, row.shade)
-                    .drawn(22),
-                line);
-        };
-        using Colors = std::vector<QColor>;
-        EXPECT_EQ(colorsOf(LabelDirection::up, kUpperLine), Colors{row.text});
-        EXPECT_EQ(colorsOf(LabelDirection::up, kLowerLine), Colors{row.up});
-        EXPECT_EQ(colorsOf(LabelDirection::down, kUpperLine), Colors{row.text});
-        EXPECT_EQ(colorsOf(LabelDirection::down, kLowerLine), Colors{row.down});
-        EXPECT_EQ(colorsOf(LabelDirection::flat, kLowerLine), Colors{row.text});
-    }
+    using Colors = std::vector<QColor>;
+    const QColor text(255, 255, 255);
+    EXPECT_EQ(colorsOf(LabelDirection::up, kUpperLine), Colors{text});
+    EXPECT_EQ(colorsOf(LabelDirection::up, kLowerLine), Colors{QColor(84, 230, 160)});
+    EXPECT_EQ(colorsOf(LabelDirection::down, kUpperLine), Colors{text});
+    EXPECT_EQ(colorsOf(LabelDirection::down, kLowerLine), Colors{QColor(255, 128, 128)});
+    EXPECT_EQ(colorsOf(LabelDirection::flat, kLowerLine), Colors{text});
 }
 
 TEST(LabelPictureDrawnTest, whatIsNotLiveIsPalerAndOtherwiseTheSame) {
@@ -185,7 +202,7 @@ TEST(LabelPictureDrawnTest, whatIsNotLiveIsPalerAndOtherwiseTheSame) {
 }
 
 TEST(LabelPictureDrawnTest, theMarkIsThreeCandlesThatRise) {
-    EXPECT_EQ(inkOf(markOn(BarShade::dark).drawn(22)),
+    EXPECT_EQ(inkOf(markOn(PictureGround::darkBar).drawn(22)),
               drawing({
                   "......................", "......................", "......................",
                   "...............####...", "...............####...", "...............####...",
@@ -196,9 +213,9 @@ TEST(LabelPictureDrawnTest, theMarkIsThreeCandlesThatRise) {
                   "...####...............", "......................", "......................",
                   "......................",
               }));
-    const QImage large = markOn(BarShade::light).drawn(44);
+    const QImage large = markOn(PictureGround::darkBar).drawn(44);
     EXPECT_EQ(boundsOfInk(large), QRect(6, 6, 32, 32));
-    EXPECT_EQ(colorsIn(large, large.rect()), std::vector<QColor>{QColor(20, 20, 22)});
+    EXPECT_EQ(colorsIn(large, large.rect()), std::vector<QColor>{QColor(255, 255, 255)});
     // Its corners are round.
     EXPECT_LT(large.pixelColor(6, 22).alpha(), 200);
     EXPECT_EQ(large.pixelColor(7, 23).alpha(), 255);
@@ -207,7 +224,7 @@ TEST(LabelPictureDrawnTest, theMarkIsThreeCandlesThatRise) {
 
 TEST(LabelPictureDrawnTest, onABarItDoesNotKnowItBringsADarkGroundWithRoundCorners) {
     for (const int scale : {1, 2}) {
-        const QImage image = markOn(BarShade::unknown).drawn(22 * scale);
+        const QImage image = markOn(PictureGround::own).drawn(22 * scale);
         const QColor ground = image.pixelColor(0, 11 * scale);
         EXPECT_EQ(ground.alpha(), 225);
         EXPECT_NEAR(ground.red(), 24, 1);
@@ -226,12 +243,12 @@ TEST(LabelPictureDrawnTest, onABarItDoesNotKnowItBringsADarkGroundWithRoundCorne
         const QRect part(0, 0, 6 * scale, 6 * scale);
         EXPECT_EQ(image.copy(part), corner.copy(part));
     }
-    EXPECT_EQ(markOn(BarShade::dark).drawn(22).pixelColor(0, 11).alpha(), 0);
+    EXPECT_EQ(markOn(PictureGround::darkBar).drawn(22).pixelColor(0, 11).alpha(), 0);
 }
 
 TEST(LabelPictureDrawnTest, theWholeTextIsOf13PixelsWithFourOnEitherSide) {
     const QString lead = QStringLiteral("BTC 67,234.50 ");
-    const QString change = QStringLiteral(" 1.23%");
+    const QString change = QStringLiteral("1.23%");
     for (const int scale : {1, 2}) {
         SCOPED_TRACE(scale);
         const QFont font = fontOf(13 * scale);
@@ -240,7 +257,8 @@ TEST(LabelPictureDrawnTest, theWholeTextIsOf13PixelsWithFourOnEitherSide) {
                                       metrics.horizontalAdvance(u'▼'),
                                       metrics.horizontalAdvance(u'·')});
         const double leadWidth = TabularText::width(lead, font);
-        const double changeWidth = TabularText::width(change, font);
+        // Room for one digit more.
+        const double changeWidth = TabularText::width(QStringLiteral("00.00%"), font);
         const double margin = 4.0 * scale;
         QImage expected(static_cast<int>(std::ceil(leadWidth + slot + changeWidth + 2 * margin)),
                         22 * scale,
@@ -259,14 +277,16 @@ TEST(LabelPictureDrawnTest, theWholeTextIsOf13PixelsWithFourOnEitherSide) {
             piece(lead, margin, leadWidth, Qt::AlignLeft);
             painter.setPen(QColor(255, 128, 128));
             piece(QStringLiteral("▼"), margin + leadWidth, slot, Qt::AlignHCenter);
-            piece(change, margin + leadWidth + slot, changeWidth, Qt::AlignLeft);
+            piece(change, margin + leadWidth + slot, changeWidth, Qt::AlignRight);
         }
-        EXPECT_EQ(wideOf(lead + u'▼' + change, LabelDirection::down).drawn(22 * scale), expected);
+        const QString end = QStringLiteral("▼ ") + change;
+        EXPECT_EQ(wideOf(lead, end, LabelDirection::down).drawn(22 * scale), expected);
     }
 }
 
-TEST(LabelPictureDrawnTest, aTextWithoutAMarkIsOnePiece) {
-    const QString text = QStringLiteral("BTC");
+TEST(LabelPictureDrawnTest, aTextWithoutAChangeIsOnePiece) {
+    // A coin may have the sign of no change in its name.
+    const QString text = QStringLiteral("BT·C");
     const QFont font = fontOf(13);
     QImage expected(static_cast<int>(std::ceil(TabularText::width(text, font) + 8)),
                     22,
@@ -279,7 +299,7 @@ TEST(LabelPictureDrawnTest, aTextWithoutAMarkIsOnePiece) {
         TabularText::draw(
             painter, QRectF(4, 0, 100, 22), Qt::AlignLeft | Qt::AlignVCenter, text, font);
     }
-    EXPECT_EQ(wideOf(text, LabelDirection::stale).drawn(22), expected);
+    EXPECT_EQ(wideOf(text, QString(), LabelDirection::stale).drawn(22), expected);
 }
 
 }  // namespace

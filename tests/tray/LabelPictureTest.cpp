@@ -14,6 +14,8 @@ namespace {
 LabelFace face(const QString& text, LabelDirection direction = LabelDirection::up) {
     LabelFace result;
     result.text = text;
+    // Behind the coin and the price.
+    result.change = text.section(u' ', 2);
     result.symbol = QStringLiteral("BTC");
     result.shortPrice = QStringLiteral("67.2k");
     result.shortChange = QStringLiteral("+1.2%");
@@ -22,12 +24,12 @@ LabelFace face(const QString& text, LabelDirection direction = LabelDirection::u
 }
 
 LabelPicture wide(const QString& text) {
-    return LabelPicture::of(face(text), LabelForm::widePicture, BarShade::dark);
+    return LabelPicture::of(face(text), LabelForm::widePicture, PictureGround::darkBar);
 }
 
 LabelPicture square() {
     return LabelPicture::of(
-        face(QStringLiteral("BTC 67,234.50 ▲ 1.23%")), LabelForm::square, BarShade::dark);
+        face(QStringLiteral("BTC 67,234.50 ▲ 1.23%")), LabelForm::square, PictureGround::darkBar);
 }
 
 TEST(LabelPicture, ofASquareHasThePriceOverTheChange) {
@@ -35,7 +37,7 @@ TEST(LabelPicture, ofASquareHasThePriceOverTheChange) {
     EXPECT_EQ(square().lower, QStringLiteral("+1.2%"));
     LabelFace withoutChange = face(QStringLiteral("BTC 67,234.50 —"));
     withoutChange.shortChange.clear();
-    EXPECT_EQ(LabelPicture::of(withoutChange, LabelForm::square, BarShade::dark).lower,
+    EXPECT_EQ(LabelPicture::of(withoutChange, LabelForm::square, PictureGround::darkBar).lower,
               QStringLiteral("—"));
 }
 
@@ -43,20 +45,32 @@ TEST(LabelPicture, ofASquareWithoutAPriceNamesTheCoin) {
     LabelFace stale = face(QStringLiteral("BTC"), LabelDirection::stale);
     stale.shortPrice.clear();
     stale.shortChange.clear();
-    const LabelPicture picture = LabelPicture::of(stale, LabelForm::square, BarShade::dark);
+    const LabelPicture picture = LabelPicture::of(stale, LabelForm::square, PictureGround::darkBar);
     EXPECT_EQ(picture.upper, QStringLiteral("BTC"));
     EXPECT_EQ(picture.lower, QStringLiteral("…"));
 }
 
+TEST(LabelPicture, ofASquareNamesTheCoinInsteadOfThePriceWhenAsked) {
+    const auto named = [](const LabelFace& face, LabelForm form) {
+        return LabelPicture::of(face, form, PictureGround::darkBar, SquareTop::name);
+    };
+    const LabelFace live = face(QStringLiteral("BTC 67,234.50 ▲ 1.23%"));
+    EXPECT_EQ(named(live, LabelForm::square).upper, QStringLiteral("BTC"));
+    EXPECT_EQ(named(live, LabelForm::square).lower, QStringLiteral("+1.2%"));
+    EXPECT_EQ(named(live, LabelForm::widePicture), wide(live.text));
+    EXPECT_EQ(named(LabelFace{}, LabelForm::square).upper, QString());
+}
+
 TEST(LabelPicture, ofNothingPinnedIsTheMark) {
-    const LabelPicture picture = LabelPicture::of(LabelFace{}, LabelForm::square, BarShade::dark);
+    const LabelPicture picture =
+        LabelPicture::of(LabelFace{}, LabelForm::square, PictureGround::darkBar);
     EXPECT_EQ(picture.upper, QString());
     EXPECT_EQ(picture.lower, QString());
 }
 
 TEST(LabelPicture, besideATextStaysTheSame) {
     const auto beside = [](const QString& text, LabelDirection direction) {
-        return LabelPicture::of(face(text, direction), LabelForm::text, BarShade::dark);
+        return LabelPicture::of(face(text, direction), LabelForm::text, PictureGround::darkBar);
     };
     EXPECT_EQ(beside(QStringLiteral("BTC 1 ▲ 1.00%"), LabelDirection::up),
               beside(QStringLiteral("ETH 2 ▼ 2.00%"), LabelDirection::down));
@@ -66,32 +80,42 @@ TEST(LabelPicture, ofASquareChangesOnlyWithWhatItShows) {
     LabelFace first = face(QStringLiteral("BTC 67,234.50 ▲ 1.23%"));
     LabelFace second = face(QStringLiteral("BTC 67,234.51 ▲ 1.23%"));
     second.details = QStringLiteral("1 分钟前更新");
-    EXPECT_EQ(LabelPicture::of(first, LabelForm::square, BarShade::dark),
-              LabelPicture::of(second, LabelForm::square, BarShade::dark));
-    EXPECT_NE(LabelPicture::of(first, LabelForm::widePicture, BarShade::dark),
-              LabelPicture::of(second, LabelForm::widePicture, BarShade::dark));
+    EXPECT_EQ(LabelPicture::of(first, LabelForm::square, PictureGround::darkBar),
+              LabelPicture::of(second, LabelForm::square, PictureGround::darkBar));
+    EXPECT_NE(LabelPicture::of(first, LabelForm::widePicture, PictureGround::darkBar),
+              LabelPicture::of(second, LabelForm::widePicture, PictureGround::darkBar));
 }
 
-TEST(LabelPicture, goesWithItsFormItsBarAndItsDirection) {
+TEST(LabelPicture, goesWithItsFormItsGroundAndItsDirection) {
     const LabelFace falling = face(QStringLiteral("BTC 1 ▼ 1.00%"), LabelDirection::down);
-    const LabelPicture picture = LabelPicture::of(falling, LabelForm::widePicture, BarShade::light);
+    const LabelPicture picture =
+        LabelPicture::of(falling, LabelForm::widePicture, PictureGround::own);
     EXPECT_EQ(picture.form, LabelForm::widePicture);
-    EXPECT_EQ(picture.shade, BarShade::light);
+    EXPECT_EQ(picture.ground, PictureGround::own);
     EXPECT_EQ(picture.direction, LabelDirection::down);
     EXPECT_EQ(picture.upper, falling.text);
 }
 
+TEST(LabelPicture, ofTheWholeTextKnowsWhereTheChangeBegins) {
+    EXPECT_EQ(wide(QStringLiteral("BTC 67,234.50 ▲ 1.23%")).lower, QStringLiteral("▲ 1.23%"));
+    EXPECT_EQ(wide(QStringLiteral("BTC")).lower, QString());
+}
+
 TEST(LabelPicture, isAsHighAsAskedForAndASquareAsWide) {
-    for (const int height : kPictureHeights) {
+    for (const int height : kSquareHeights) {
         EXPECT_EQ(square().drawn(height).size(), QSize(height, height));
+    }
+    for (const int height : kPictureHeights) {
         EXPECT_EQ(wide(QStringLiteral("BTC 67,234.50 ▲ 1.23%")).drawn(height).height(), height);
     }
 }
 
 TEST(LabelPicture, ofTheWholeTextStaysAsWideWhileDigitsAndDirectionChange) {
     const int width = wide(QStringLiteral("BTC 67,234.50 ▲ 1.23%")).drawn(22).width();
-    for (const char* const text :
-         {"BTC 11,111.11 ▲ 1.11%", "BTC 88,888.88 ▼ 8.88%", "BTC 40,404.04 · 0.00%"}) {
+    for (const char* const text : {"BTC 11,111.11 ▲ 1.11%",
+                                   "BTC 88,888.88 ▼ 8.88%",
+                                   "BTC 40,404.04 · 0.00%",
+                                   "BTC 11,111.11 ▲12.34%"}) {
         EXPECT_EQ(wide(QString::fromUtf8(text)).drawn(22).width(), width) << text;
     }
 }

@@ -17,7 +17,6 @@ namespace {
 constexpr double kInfinity = std::numeric_limits<double>::infinity();
 constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
 constexpr int kSamples = 20'000;
-constexpr qsizetype kMostCharacters = 5;
 
 qsizetype length(const std::string& text) {
     return QString::fromStdString(text).size();
@@ -42,10 +41,16 @@ TEST(ShortPrice, hasThreeDigitsAndASuffixAbove) {
     EXPECT_EQ(ShortNumbers::price(1e15), ">999T");
 }
 
-TEST(ShortPrice, countsMillionthsAndBillionthsBelowAThousandth) {
-    EXPECT_EQ(ShortNumbers::price(0.000123), "123µ");
-    EXPECT_EQ(ShortNumbers::price(0.00001234), "12.3µ");
-    EXPECT_EQ(ShortNumbers::price(0.0000000123), "12.3n");
+TEST(ShortPrice, countsTheZerosOfATinyPrice) {
+    EXPECT_EQ(ShortNumbers::price(0.0000178), "0.0₄18");
+    EXPECT_EQ(ShortNumbers::price(0.000123), "0.0₃12");
+    EXPECT_EQ(ShortNumbers::price(0.00001), "0.0₄10");
+    EXPECT_EQ(ShortNumbers::price(0.0000000123), "0.0₇12");
+    EXPECT_EQ(ShortNumbers::price(0.00000000056), "0.0₉56");
+    EXPECT_EQ(ShortNumbers::price(0.000000000056), "0.0₁₀6");
+    EXPECT_EQ(ShortNumbers::price(1e-100), "0.0₉₉1");
+    EXPECT_EQ(ShortNumbers::price(1e-101), "0");
+    EXPECT_EQ(ShortNumbers::price(std::numeric_limits<double>::denorm_min()), "0");
 }
 
 TEST(ShortPrice, takesTheNextFormForWhatRoundsUpToIt) {
@@ -56,6 +61,9 @@ TEST(ShortPrice, takesTheNextFormForWhatRoundsUpToIt) {
     EXPECT_EQ(ShortNumbers::price(99960), "100k");
     EXPECT_EQ(ShortNumbers::price(999600), "1.00M");
     EXPECT_EQ(ShortNumbers::price(0.0009996), ".0010");
+    EXPECT_EQ(ShortNumbers::price(0.000994), "0.0₃99");
+    EXPECT_EQ(ShortNumbers::price(0.00009996), "0.0₃10");
+    EXPECT_EQ(ShortNumbers::price(0.00000000009996), "0.0₉10");
 }
 
 TEST(ShortPrice, saysZeroAndWhatIsNoPrice) {
@@ -65,11 +73,11 @@ TEST(ShortPrice, saysZeroAndWhatIsNoPrice) {
     EXPECT_EQ(ShortNumbers::price(kNaN), "—");
 }
 
-TEST(ShortPrice, neverHasMoreThanFiveCharacters) {
+TEST(ShortPrice, hasFiveCharactersAtMostAndSixBelowAThousandth) {
     RandomNumbers numbers(-12, 18);
     for (int i = 0; i < kSamples; ++i) {
         const double price = std::fabs(numbers.next());
-        EXPECT_LE(length(ShortNumbers::price(price)), kMostCharacters) << price;
+        EXPECT_LE(length(ShortNumbers::price(price)), price < 1e-3 ? 6 : 5) << price;
     }
 }
 
@@ -102,7 +110,7 @@ TEST(ShortChange, neverHasMoreThanFiveCharacters) {
     RandomNumbers numbers(-6, 9);
     for (int i = 0; i < kSamples; ++i) {
         const double change = numbers.next();
-        EXPECT_LE(length(ShortNumbers::change(change)), kMostCharacters) << change;
+        EXPECT_LE(length(ShortNumbers::change(change)), 5) << change;
     }
 }
 

@@ -1,17 +1,21 @@
 // SPDX-FileCopyrightText: 2026 The Quillbar developers
 // SPDX-License-Identifier: MIT
 #include "Quillbar/tray/StatusItemEnvironment.h"
-#include "QuillbarCore/runtime/ManualExecutor.h"
-#include "QuillbarCore/runtime/ManualTime.h"
+#include "tests/manual/ManualExecutor.h"
+#include "tests/manual/ManualTime.h"
+#include "tests/support/TemporaryFolder.h"
 
 #include <QCursor>
 #include <QDBusConnection>
 #include <QGuiApplication>
+#include <QIcon>
 #include <QScreen>
 
 #include <gtest/gtest.h>
 
 #include <array>
+#include <filesystem>
+#include <fstream>
 #include <string>
 #include <sys/prctl.h>
 #include <unistd.h>
@@ -45,6 +49,27 @@ TEST_F(StatusItemEnvironmentTest, knowsThePointerButDoesNotTrustIt) {
     QCursor::setPos(123, 45);
     EXPECT_EQ(environment.pointer(), QPoint(123, 45));
     EXPECT_EQ(environment.pointerPosition, PointerPosition::outdated);
+}
+
+TEST_F(StatusItemEnvironmentTest, popsMenusUpButUnderWayland) {
+    ASSERT_FALSE(QGuiApplication::platformName().startsWith(QStringLiteral("wayland")));
+    EXPECT_TRUE(environment.canPopUpMenus);
+}
+
+TEST_F(StatusItemEnvironmentTest, findsIconsOfThemesWhereTheyAreInstalled) {
+    const QStringList pathsBefore = QIcon::themeSearchPaths();
+    const QString themeBefore = QIcon::themeName();
+    const TemporaryFolder folder;
+    std::filesystem::create_directories(folder.path() / "hicolor/16x16/apps");
+    std::ofstream(folder.path() / "hicolor/index.theme")
+        << "[Icon Theme]\nName=hicolor\nDirectories=16x16/apps\n[16x16/apps]\nSize=16\n";
+    std::ofstream(folder.path() / "hicolor/16x16/apps/installed.png") << "";
+    QIcon::setThemeSearchPaths({QString::fromStdString(folder.path().string())});
+    QIcon::setThemeName(QStringLiteral("hicolor"));
+    EXPECT_TRUE(environment.hasThemeIcon(QStringLiteral("installed")));
+    EXPECT_FALSE(environment.hasThemeIcon(QStringLiteral("not-installed")));
+    QIcon::setThemeSearchPaths(pathsBefore);
+    QIcon::setThemeName(themeBefore);
 }
 
 TEST_F(StatusItemEnvironmentTest, takesReportedPositionsAsTheyAre) {

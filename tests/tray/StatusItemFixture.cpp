@@ -40,14 +40,16 @@ void StatusItemFixture::start(const std::optional<QDBusConnection>& connection) 
                     return hostProcess;
                 },
             .pointer = [this] { return pointer; },
-            .pointerPosition = PointerPosition::current,
+            .pointerPosition = pointerPosition,
             .logicalPosition =
                 [this](QPoint reported) { return logicalPosition(reported, QPoint(), pixelRatio); },
             .isInBar = [](QPoint position) { return position.y() < 30; },
+            .hasThemeIcon = [this](const QString& /*name*/) { return hasThemeIcon; },
+            .canPopUpMenus = canPopUpMenus,
         },
         StatusItem::Handlers{
             .onActivate =
-                [this](QPoint anchor, ActivationSource source) {
+                [this](std::optional<QPoint> anchor, ActivationSource source) {
                     activations.emplace_back(anchor, source);
                 },
             .onMenuShown = [this] { onMenuShown(); },
@@ -85,6 +87,8 @@ void StatusItemFixture::settle() {
 LabelFace StatusItemFixture::face(const QString& text) {
     LabelFace result;
     result.text = text;
+    // Behind the coin and the price.
+    result.change = text.section(u' ', 2);
     result.symbol = QStringLiteral("BTC");
     result.shortPrice = QStringLiteral("67.2k");
     result.shortChange = QStringLiteral("+1.2%");

@@ -3,8 +3,8 @@
 #pragma once
 
 #include "Quillbar/tray/StatusItem.h"
-#include "QuillbarCore/runtime/ManualExecutor.h"
-#include "QuillbarCore/runtime/ManualTime.h"
+#include "tests/manual/ManualExecutor.h"
+#include "tests/manual/ManualTime.h"
 #include "tests/qtsupport/PrivateBus.h"
 #include "tests/support/CapturedLog.h"
 #include "tests/tray/fakehost/FakeTrayHost.h"
@@ -58,8 +58,11 @@ struct StatusItemFixture : ::testing::Test {
     bool hasOlderTray = false;
     int olderTrayQuestions = 0;
     QPoint pointer{1000, 10};
+    PointerPosition pointerPosition = PointerPosition::current;
     double pixelRatio = 1;
-    std::vector<std::pair<QPoint, ActivationSource>> activations;
+    bool hasThemeIcon = true;
+    bool canPopUpMenus = true;
+    std::vector<std::pair<std::optional<QPoint>, ActivationSource>> activations;
     std::vector<int> chosen;
     /// Called when the menu is about to be shown.
     std::function<void()> onMenuShown = [] {};

@@ -166,8 +166,11 @@ TEST_F(StatusItemHostsTest, waitsTenSecondsForAHostBeforeItUsesTheOlderTray) {
     ASSERT_NE(olderIcon(), nullptr);
     EXPECT_TRUE(olderIcon()->isVisible());
     EXPECT_EQ(olderIcon()->toolTip(), face().text + QStringLiteral("\n刚刚更新\n已连接"));
-    EXPECT_EQ(olderIcon()->icon().pixmap(QSize(22, 22), 1).toImage(),
-              LabelPicture::of(face(), LabelForm::square, BarShade::unknown).drawn(22));
+    for (const int height : {22, 24, 32, 48}) {
+        EXPECT_EQ(olderIcon()->icon().pixmap(QSize(height, height), 1).toImage(),
+                  LabelPicture::of(face(), LabelForm::square, PictureGround::own).drawn(height))
+            << height;
+    }
     EXPECT_EQ(noTray, 0);
 }
 

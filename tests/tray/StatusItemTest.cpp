@@ -3,17 +3,18 @@
 #include "tests/qtsupport/SpinUntil.h"
 #include "tests/tray/StatusItemFixture.h"
 
-#include <QAction>
-#include <QApplication>
+#include <QCoreApplication>
 #include <QDBusObjectPath>
 
 #include <gmock/gmock.h>
+
+#include <array>
+#include <cstddef>
 
 namespace quillbar {
 
 namespace {
 
-using namespace std::chrono_literals;
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 using ::testing::Pair;
@@ -46,6 +47,30 @@ TEST_F(StatusItemTest, saysThatThereIsNoBarToOfferTheItemTo) {
     start();
     EXPECT_TRUE(spinUntil([this] { return offered == 1; }));
     EXPECT_EQ(noTray, 0) << "one may still come";
+}
+
+TEST_F(StatusItemTest, isOfferedWhileABarMayShowIt) {
+    start();
+    EXPECT_FALSE(item->isOffered());
+    host->beWatcher();
+    ASSERT_TRUE(seesRegistrations(*host, 1));
+    EXPECT_TRUE(item->isOffered());
+    host->resign();
+    EXPECT_TRUE(spinUntil([this] { return !item->isOffered(); }));
+}
+
+TEST_F(StatusItemTest, isNotOfferedToABarThatRefusesIt) {
+    host->refuses = true;
+    startAt("some-panel");
+    EXPECT_TRUE(spinUntil([this] { return !item->isOffered(); }));
+}
+
+TEST_F(StatusItemTest, isOfferedInAnOlderTray) {
+    hasOlderTray = true;
+    start();
+    EXPECT_FALSE(item->isOffered());
+    pass(StatusItem::kPatience);
+    EXPECT_TRUE(item->isOffered());
 }
 
 TEST_F(StatusItemTest, asksWhichProcessTheHostIs) {
@@ -93,16 +118,17 @@ TEST_F(StatusItemTest, hasEveryPropertyThatHostsRead) {
 TEST_F(StatusItemTest, isGivenToAnUnknownHostAsASquareAndALabel) {
     startAt("some-panel");
     const StatusImages icon = host->icon();
-    ASSERT_EQ(icon.size(), 2);
-    EXPECT_EQ(QSize(icon[0].width, icon[0].height), QSize(22, 22));
-    EXPECT_EQ(QSize(icon[1].width, icon[1].height), QSize(44, 44));
-    EXPECT_EQ(icon[1].data.size(), 44 * 44 * 4);
-    EXPECT_EQ(
-        icon[0],
-        StatusImage::of(LabelPicture::of(face(), LabelForm::square, BarShade::unknown).drawn(22)));
+    ASSERT_EQ(icon.size(), 5);
+    const LabelPicture square = LabelPicture::of(face(), LabelForm::square, PictureGround::own);
+    for (qsizetype i = 0; i < icon.size(); ++i) {
+        const int height = std::array{22, 24, 32, 44, 48}.at(static_cast<std::size_t>(i));
+        EXPECT_EQ(QSize(icon[i].width, icon[i].height), QSize(height, height));
+        EXPECT_EQ(icon[i].data.size(), height * height * 4);
+        EXPECT_EQ(icon[i], StatusImage::of(square.drawn(height)));
+    }
     EXPECT_EQ(host->property(kLabel).toString(), face().text);
     EXPECT_EQ(host->property(QStringLiteral("XAyatanaLabelGuide")).toString(),
-              QStringLiteral("BTC 88,888.88 ▲ 8.88%"));
+              QStringLiteral("BTC 88,888.88 ▲88.88%"));
 }
 
 TEST_F(StatusItemTest, isGivenToWaybarAsTheWholeTextInOnePicture) {
@@ -118,7 +144,7 @@ TEST_F(StatusItemTest, isGivenToXfceInPixelsThatStaySharpWhenHalved) {
     startAt("panel-7-systray");
     const StatusImages icon = host->icon();
     ASSERT_EQ(icon.size(), 2);
-    const QImage small = LabelPicture::of(face(), LabelForm::square, BarShade::unknown).drawn(22);
+    const QImage small = LabelPicture::of(face(), LabelForm::square, PictureGround::own).drawn(22);
     EXPECT_EQ(icon[0], StatusImage::of(small));
     EXPECT_EQ(icon[1], StatusImage::of(small.scaled(44, 44)));
 }
@@ -127,7 +153,8 @@ TEST_F(StatusItemTest, isGivenToGnomeAsALabelBesideTheMark) {
     startAt("gnome-shell");
     EXPECT_EQ(host->property(kLabel).toString(), face().text);
     EXPECT_EQ(host->icon()[0],
-              StatusImage::of(LabelPicture::of(face(), LabelForm::text, BarShade::dark).drawn(22)));
+              StatusImage::of(
+                  LabelPicture::of(face(), LabelForm::text, PictureGround::darkBar).drawn(22)));
 }
 
 TEST_F(StatusItemTest, isGivenToAyatanaAsALabelBesideAnIconOfTheTheme) {
@@ -138,6 +165,22 @@ TEST_F(StatusItemTest, isGivenToAyatanaAsALabelBesideAnIconOfTheTheme) {
     EXPECT_THAT(host->icon(), IsEmpty());
 }
 
+TEST_F(StatusItemTest, hasAnIconOfEveryThemeBesideItsLabelWhileItsOwnIsNotInstalled) {
+    hasThemeIcon = false;
+    startAt("ayatana-indicat");
+    const auto iconName = [this] { return host->property(QStringLiteral("IconName")).toString(); };
+    EXPECT_EQ(iconName(), QStringLiteral("x-office-spreadsheet"));
+    hasThemeIcon = true;
+    host->resign();
+    EXPECT_TRUE(spinUntil([this] {
+        executor.run();
+        return time.sleepingCount() > 0;
+    }));
+    host->beWatcher();
+    ASSERT_TRUE(seesRegistrations(*host, 2));
+    EXPECT_EQ(iconName(), QStringLiteral("io.github.quillbar.Quillbar"));
+}
+
 TEST_F(StatusItemTest, neverHasAnEmptyLabel) {
     startAt("notification-ar");
     item->show(LabelFace{});
@@ -145,28 +188,6 @@ TEST_F(StatusItemTest, neverHasAnEmptyLabel) {
     EXPECT_EQ(host->property(kLabel).toString(), QStringLiteral("Quillbar"));
     EXPECT_FALSE(host->property(QStringLiteral("XAyatanaLabelGuide")).toString().isEmpty());
     EXPECT_EQ(host->labels.count(QString()), 0);
-}
-
-TEST_F(StatusItemTest, saysMoreInItsTooltip) {
-    startAt("some-panel");
-    EXPECT_EQ(host->tooltip().title, face().text);
-    EXPECT_EQ(host->tooltip().text, QStringLiteral("刚刚更新\n已连接"));
-}
-
-TEST_F(StatusItemTest, saysItAllInTheTitleWhereOnlyThatIsShown) {
-    startAt("lxqt-panel");
-    EXPECT_EQ(host->tooltip().title, face().text + QStringLiteral("\n刚刚更新\n已连接"));
-    EXPECT_EQ(host->tooltip().text, QString());
-}
-
-TEST_F(StatusItemTest, escapesItsTooltip) {
-    startAt("some-panel");
-    LabelFace odd = face(QStringLiteral("A&B<C>"));
-    odd.details = QStringLiteral("<br>");
-    item->show(odd);
-    settle();
-    EXPECT_EQ(host->tooltip().title, QStringLiteral("A&amp;B&lt;C&gt;"));
-    EXPECT_EQ(host->tooltip().text, QStringLiteral("&lt;br&gt;"));
 }
 
 // What is sent.
@@ -181,6 +202,21 @@ TEST_F(StatusItemTest, sendsNothingForTheSameFace) {
     }
     settle();
     EXPECT_THAT(host->signalled, IsEmpty());
+}
+
+TEST_F(StatusItemTest, doesNothingForTheSameFace) {
+    hasOlderTray = true;
+    start();
+    pass(StatusItem::kPatience);
+    ASSERT_NE(olderIcon(), nullptr);
+    // Work for a face would put the tooltip right.
+    const QString mark = QStringLiteral("untouched");
+    olderIcon()->setToolTip(mark);
+    item->show(face());
+    EXPECT_EQ(olderIcon()->toolTip(), mark);
+    const LabelFace other = face(QStringLiteral("BTC 67,234.51 ▲ 1.23%"));
+    item->show(other);
+    EXPECT_EQ(olderIcon()->toolTip(), other.text + u'\n' + other.details);
 }
 
 TEST_F(StatusItemTest, sendsNoPictureForAChangeThatASquareDoesNotShow) {
@@ -242,18 +278,6 @@ TEST_F(StatusItemTest, isActivatedWhereThePointerIsByAHostThatCannotTell) {
     EXPECT_THAT(activations, ElementsAre(Pair(QPoint(1000, 10), ActivationSource::click)));
 }
 
-TEST_F(StatusItemTest, showsItsMenuItselfForAHostWithoutMenus) {
-    startAt("swaybar");
-    host->callItem(QStringLiteral("ContextMenu"), {1000, 10});
-    auto* const menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
-    ASSERT_NE(menu, nullptr);
-    pointer = QPoint(980, 60);
-    menu->actions().first()->trigger();
-    EXPECT_TRUE(spinUntil([this] { return !activations.empty(); }));
-    EXPECT_THAT(activations, ElementsAre(Pair(QPoint(1000, 10), ActivationSource::menu)));
-    menu->close();
-}
-
 TEST_F(StatusItemTest, isActivatedByTheKeyboardWhereTheHostSays) {
     startAt("some-panel");
     pointer = QPoint(300, 700);
@@ -294,82 +318,6 @@ TEST_F(StatusItemTest, ignoresTheWheel) {
         host->callItem(QStringLiteral("Scroll"), {120, QStringLiteral("vertical")});
     EXPECT_EQ(reply.type(), QDBusMessage::ReplyMessage);
     EXPECT_THAT(activations, IsEmpty());
-}
-
-// The menu.
-
-TEST_F(StatusItemTest, opensThePanelWhereThePointerWasWhenTheMenuCame) {
-    startAt("some-panel");
-    host->callMenu(QStringLiteral("AboutToShow"), {0});
-    pointer = QPoint(980, 60);
-    const QVariant nothing = QVariant::fromValue(QDBusVariant(0));
-    host->callMenu(QStringLiteral("Event"),
-                   {StatusItem::kOpenPanel, QStringLiteral("clicked"), nothing, 0U});
-    EXPECT_THAT(activations, ElementsAre(Pair(QPoint(1000, 10), ActivationSource::menu)));
-    EXPECT_THAT(chosen, IsEmpty());
-}
-
-TEST_F(StatusItemTest, opensThePanelAtThePointerForAHostThatSaysNothingOfItsMenu) {
-    startAt("some-panel");
-    const QVariant nothing = QVariant::fromValue(QDBusVariant(0));
-    host->callMenu(QStringLiteral("Event"),
-                   {StatusItem::kOpenPanel, QStringLiteral("clicked"), nothing, 0U});
-    EXPECT_THAT(activations, ElementsAre(Pair(QPoint(1000, 10), ActivationSource::menu)));
-}
-
-TEST_F(StatusItemTest, reportsEveryOtherChoice) {
-    startAt("some-panel");
-    item->setMenu({MenuEntry{.id = 10, .label = QStringLiteral("设置")}});
-    const QVariant nothing = QVariant::fromValue(QDBusVariant(0));
-    for (const int id : {10, StatusItem::kQuit}) {
-        host->callMenu(QStringLiteral("Event"), {id, QStringLiteral("clicked"), nothing, 0U});
-    }
-    EXPECT_THAT(chosen, ElementsAre(10, StatusItem::kQuit));
-}
-
-TEST_F(StatusItemTest, hasAMenuThatBeginsWithThePanelAndEndsWithQuit) {
-    startAt("some-panel");
-    item->setMenu({MenuEntry{.id = 10, .label = QStringLiteral("设置")}});
-    const QDBusMessage reply =
-        host->callMenu(QStringLiteral("GetLayout"), {0, -1, QStringList{QStringLiteral("label")}});
-    const auto layout = qdbus_cast<MenuLayout>(reply.arguments().at(1));
-    QStringList labels;
-    for (const QDBusVariant& child : layout.children) {
-        labels << qdbus_cast<MenuLayout>(child.variant())
-                      .properties.value(QStringLiteral("label"))
-                      .toString();
-    }
-    EXPECT_EQ(labels,
-              QStringList({QStringLiteral("打开面板"),
-                           QString(),
-                           QStringLiteral("设置"),
-                           QString(),
-                           QStringLiteral("退出 Quillbar")}));
-}
-
-TEST_F(StatusItemTest, itsMenuMayBeSetWhenItIsAboutToBeShown) {
-    onMenuShown = [this] { item->setMenu({MenuEntry{.id = 10, .label = QStringLiteral("设置")}}); };
-    startAt("some-panel");
-    const auto asked = [this] {
-        return host->callMenu(QStringLiteral("AboutToShow"), {0}).arguments().value(0).toBool();
-    };
-    EXPECT_TRUE(asked());
-    EXPECT_FALSE(asked());
-    item->setMenu({});
-    const QDBusMessage group = host->callMenu(QStringLiteral("AboutToShowGroup"),
-                                              {QVariant::fromValue(QList<int>{DBusMenu::kRoot})});
-    EXPECT_EQ(qdbus_cast<QList<int>>(group.arguments().value(0)), QList<int>{DBusMenu::kRoot});
-}
-
-TEST_F(StatusItemTest, itsOwnMenuMayBeSetWhenItIsAboutToBeShown) {
-    onMenuShown = [this] { item->setMenu({MenuEntry{.id = 10, .label = QStringLiteral("设置")}}); };
-    startAt("swaybar");
-    host->callItem(QStringLiteral("ContextMenu"), {10, 10});
-    auto* const menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
-    ASSERT_NE(menu, nullptr);
-    EXPECT_EQ(menu->actions().at(2)->text(), QStringLiteral("设置"));
-    EXPECT_TRUE(menu->rect().contains(menu->actionGeometry(menu->actions().last())));
-    menu->close();
 }
 
 }  // namespace

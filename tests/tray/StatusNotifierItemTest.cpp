@@ -5,6 +5,10 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <limits>
+#include <optional>
+#include <vector>
+
 namespace quillbar {
 
 namespace {
@@ -63,6 +67,28 @@ TEST_F(StatusNotifierItemTest, tellsOfAThemeIconOnce) {
     item.setThemeIcon(QStringLiteral("coin"));
     item.setThemeIcon(QStringLiteral("coin"));
     EXPECT_EQ(signalled, 1);
+}
+
+TEST(StatusNotifierItemPositionTest, handsNoPositionOnThatIsOutsideOfEveryScreen) {
+    constexpr int kLowest = std::numeric_limits<int>::min();
+    constexpr int kHighest = std::numeric_limits<int>::max();
+    std::vector<QPoint> positions;
+    const auto note = [&positions](std::optional<QPoint> reported) {
+        positions.push_back(reported.value_or(QPoint()));
+    };
+    StatusNotifierItem item{
+        QStringLiteral("/Menu"),
+        {.activate = note, .secondaryActivate = note, .contextMenu = note, .activationToken = {}}};
+    item.Activate(kLowest, kHighest);
+    item.SecondaryActivate(kHighest, kLowest);
+    item.ContextMenu(kLowest, kLowest);
+    item.Activate(1900, -20);
+    constexpr int kFarthest = StatusNotifierItem::kFarthest;
+    EXPECT_THAT(positions,
+                ElementsAre(QPoint(-kFarthest, kFarthest),
+                            QPoint(kFarthest, -kFarthest),
+                            QPoint(-kFarthest, -kFarthest),
+                            QPoint(1900, -20)));
 }
 
 }  // namespace

@@ -48,7 +48,7 @@ TEST(TrayHost, knowsTheOddOnes) {
     EXPECT_EQ(TrayHost::ofProcess("lxqt-panel").tooltip, TrayHost::Tooltip::titleAlone);
     EXPECT_EQ(TrayHost::ofProcess("ayatana-indicat").icon, TrayHost::Icon::themeName);
     EXPECT_EQ(TrayHost::ofProcess("panel-7-systray").picks, TrayHost::Picks::largest);
-    EXPECT_EQ(TrayHost::ofProcess("gnome-shell").bar, TrayHost::Bar::alwaysDark);
+    EXPECT_EQ(TrayHost::ofProcess("gnome-shell").bar, TrayHost::Bar::dark);
 }
 
 }  // namespace

@@ -40,6 +40,15 @@ QString FakeSway::path() const {
 
 void FakeSway::mapWindow(const std::string& change) {
     isMapped = true;
+    tell(change);
+}
+
+void FakeSway::closeWindow() {
+    isMapped = false;
+    tell("close");
+}
+
+void FakeSway::tell(const std::string& change) {
     send({.type = SwayMessage::Type::windowEvent,
           .payload = QByteArray::fromStdString(R"({"change":")" + change + R"(","container":)"
                                                + windowNode().toStdString() + "}")});

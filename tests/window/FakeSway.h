@@ -32,6 +32,8 @@ public:
 
     /// Maps the window, and tells it with an event of that change.
     void mapWindow(const std::string& change = "new");
+    /// Closes the window, and tells it with an event that says where the window was.
+    void closeWindow();
     /// Sends these bytes as they are.
     void sendRaw(const QByteArray& bytes);
     /// Closes the connection.
@@ -65,6 +67,7 @@ public:
 private:
     void accept();
     void answer(const SwayMessage& request);
+    void tell(const std::string& change);
     void send(const SwayMessage& message);
 
     TemporaryFolder m_folder;

@@ -1,13 +1,14 @@
 // SPDX-FileCopyrightText: 2026 The Quillbar developers
 // SPDX-License-Identifier: MIT
-#include "Quillbar/Theme.h"
+#include "Quillbar/widgets/Theme.h"
 #include "Quillbar/window/PanelWindow.h"
 #include "tests/qtsupport/Ink.h"
 #include "tests/qtsupport/SpinUntil.h"
 #include "tests/support/TemporaryEnvironment.h"
-#include "tests/window/FakeSway.h"
+#include "tests/window/PanelContent.h"
 
 #include <QApplication>
+#include <QEnterEvent>
 #include <QMenu>
 #include <QPainter>
 #include <QPen>
@@ -19,35 +20,22 @@
 
 #include <gtest/gtest.h>
 
+#include <chrono>
+#include <optional>
+#include <string>
+#include <vector>
+
 namespace quillbar {
 
 namespace {
 
 using namespace std::chrono_literals;
-
-/// Content of a size that the test sets.
-class Content final : public QWidget {
-public:
-    explicit Content(QSize size)
-        : m_size(size) {
-        setFocusPolicy(Qt::StrongFocus);
-    }
-
-    [[nodiscard]] QSize sizeHint() const override { return m_size; }
-
-    void grow(QSize size) {
-        m_size = size;
-        updateGeometry();
-    }
-
-private:
-    QSize m_size;
-};
+using AskedBy = PanelWindow::AskedBy;
 
 class PanelWindowTest : public ::testing::Test {
 protected:
     void clickItem() {
-        m_window.toggle(QPoint{300, 0});
+        m_window.toggle(AskedBy::pointer, QPoint{300, 0});
         m_elapsed += 1s;
     }
 
@@ -64,6 +52,28 @@ protected:
         QCoreApplication::sendEvent(&m_window, &deactivated);
     }
 
+    /// Runs while the window waits for the focus to come back.
+    [[nodiscard]] QTimer& focusWait() const {
+        return *m_window.findChild<QTimer*>(QStringLiteral("focus"));
+    }
+    /// The window has waited long enough.
+    void endFocusWait() {
+        focusWait().stop();
+        QMetaObject::invokeMethod(&focusWait(), "timeout");
+    }
+
+    void movePointerInside() {
+        QEnterEvent entered({50, 50}, {50, 50}, {350, 50});
+        QCoreApplication::sendEvent(&m_window, &entered);
+    }
+
+    /// The window manager moves the window, and tells it.
+    void moveByWindowManager(QPoint by) {
+        QWindow& native = *m_window.windowHandle();
+        native.setPosition(native.position() + by);
+        spinUntilIdle();
+    }
+
     /// The window manager makes an icon of the window, or shows it again.
     void becomes(Qt::WindowStates states) {
         QWindow& native = *m_window.windowHandle();
@@ -76,9 +86,20 @@ protected:
     // Its absence: these tests may themselves run in a session of sway.
     TemporaryEnvironment m_swaySocket{"SWAYSOCK", std::nullopt};
     std::chrono::milliseconds m_elapsed{0};
-    Content* m_content = new Content({400, 300});
+    PanelContent* m_content = new PanelContent({400, 300});
     PanelWindow m_window{m_content, [this] { return m_elapsed; }};
 };
+
+TEST_F(PanelWindowTest, handsATokenToTheCompositorUnlessItIsLongerThanAnyDesktops) {
+    const TemporaryEnvironment handed("XDG_ACTIVATION_TOKEN", std::nullopt);
+    const std::string longest(1024, 't');
+    m_window.setActivationToken(QString::fromStdString(longest));
+    EXPECT_EQ(handed.value(), longest);
+    m_window.setActivationToken(QString::fromStdString(longest + "t"));
+    EXPECT_EQ(handed.value(), "");
+    m_window.setActivationToken(QStringLiteral("kwin-5"));
+    EXPECT_EQ(handed.value(), "kwin-5");
+}
 
 TEST_F(PanelWindowTest, opensAtTheSizeOfItsContentAndClosesAtTheSecondClick) {
     clickItem();
@@ -92,22 +113,70 @@ TEST_F(PanelWindowTest, opensAtTheSizeOfItsContentAndClosesAtTheSecondClick) {
     EXPECT_TRUE(m_window.isVisible());
 }
 
+TEST_F(PanelWindowTest, withAnItemGoesBackToItWhereverItIs) {
+    clickItem();
+    const QPoint beside = m_window.pos();
+    m_window.move(beside + QPoint(20, 20));
+    m_content->grow({400, 350});
+    ASSERT_TRUE(spinUntil([this] { return m_window.height() == 350; }));
+    EXPECT_EQ(m_window.pos(), beside);
+}
+
+TEST_F(PanelWindowTest, tellsWhenItOpensAndCloses) {
+    std::vector<std::string> told;
+    m_window.onOpened = [&] { told.emplace_back("opened"); };
+    m_window.onClosed = [&] { told.emplace_back("closed"); };
+    clickItem();
+    m_window.open(PanelWindow::AskedBy::command);
+    clickItem();
+    EXPECT_EQ(told, (std::vector<std::string>{"opened", "closed"}));
+    m_window.onOpened = nullptr;
+    m_window.onClosed = nullptr;
+}
+
 TEST_F(PanelWindowTest, takesTheFocusAndClosesAtEscape) {
     clickItem();
     EXPECT_TRUE(spinUntil([this] { return m_content->hasFocus(); }));
     QTest::keyClick(m_content, Qt::Key_Escape);
     EXPECT_FALSE(m_window.isVisible());
-    m_window.toggle(QPoint{300, 0});
+    m_window.toggle(AskedBy::pointer, QPoint{300, 0});
     EXPECT_TRUE(m_window.isVisible()) << "the keyboard's closing must not hold the item back";
 }
 
 TEST_F(PanelWindowTest, aCommandTogglesItToo) {
-    m_window.toggle(std::nullopt);
+    m_window.toggle(AskedBy::command);
     EXPECT_TRUE(m_window.isVisible());
-    m_window.toggle(std::nullopt);
+    m_window.toggle(AskedBy::command);
     EXPECT_FALSE(m_window.isVisible());
-    m_window.toggle(std::nullopt);
+    m_window.toggle(AskedBy::command);
     EXPECT_TRUE(m_window.isVisible()) << "a key is not held back as a click would be";
+}
+
+TEST_F(PanelWindowTest, tellsWhenItOpensAndNotWhenItIsRaised) {
+    int openings = 0;
+    m_window.onOpened = [&openings] { ++openings; };
+    m_window.open(AskedBy::command);
+    m_window.open(AskedBy::command);
+    EXPECT_EQ(openings, 1);
+    m_window.toggle(AskedBy::command);
+    m_window.open(AskedBy::command);
+    EXPECT_EQ(openings, 2);
+}
+
+TEST_F(PanelWindowTest, aClickWithoutAPlaceOpensItWhereTheItemWasLast) {
+    m_window.open(AskedBy::pointer, QPoint{300, 0});
+    const QRect beside = m_window.geometry();
+    m_window.dismiss();
+    m_window.toggle(AskedBy::pointer);
+    EXPECT_TRUE(m_window.isVisible());
+    EXPECT_EQ(m_window.geometry(), beside);
+}
+
+TEST_F(PanelWindowTest, theSecondClickOfADoubleClickWithoutAPlaceLeavesItOpen) {
+    m_window.toggle(AskedBy::pointer);
+    m_elapsed += 200ms;
+    m_window.toggle(AskedBy::pointer);
+    EXPECT_TRUE(m_window.isVisible());
 }
 
 TEST_F(PanelWindowTest, otherKeysLeaveItOpen) {
@@ -131,18 +200,38 @@ TEST_F(PanelWindowTest, shrinksContentThatTheScreenCannotHold) {
 }
 
 TEST_F(PanelWindowTest, opensInTheMiddleWhenThereIsNoItem) {
-    m_window.open(std::nullopt);
+    m_window.open(AskedBy::command);
     const QRect workArea = QGuiApplication::primaryScreen()->availableGeometry();
     EXPECT_EQ(m_window.geometry().center(), QRect(workArea).center());
 }
 
 TEST_F(PanelWindowTest, goesWhereAnItemWouldBeWhenTheScreenOfTheItemIsGone) {
-    m_window.open(std::nullopt);
+    m_window.open(AskedBy::command);
     const QRect withoutItem = m_window.geometry();
-    m_window.open(QPoint{300, 0});
+    m_window.open(AskedBy::pointer, QPoint{300, 0});
     EXPECT_NE(m_window.geometry(), withoutItem);
-    m_window.open(QPoint{30'000, 0});
+    m_window.open(AskedBy::pointer, QPoint{30'000, 0});
     EXPECT_EQ(m_window.geometry(), withoutItem);
+}
+
+TEST_F(PanelWindowTest, goesToItsPlaceOnceMoreWhenAWindowManagerMovesItAsItOpens) {
+    m_window.open(AskedBy::pointer, QPoint{300, 0});
+    const QRect wanted = m_window.geometry();
+    moveByWindowManager({2, 20});
+    EXPECT_EQ(m_window.geometry(), wanted);
+    moveByWindowManager({2, 20});
+    EXPECT_EQ(m_window.geometry(), wanted.translated(2, 20)) << "who insists is right";
+    m_window.dismiss();
+    m_window.open(AskedBy::pointer, QPoint{300, 0});
+    moveByWindowManager({2, 20});
+    EXPECT_EQ(m_window.geometry(), wanted);
+}
+
+TEST_F(PanelWindowTest, staysWhereTheUserMovesIt) {
+    clickItem();
+    const QRect before = m_window.geometry();
+    moveByWindowManager({2, 20});
+    EXPECT_EQ(m_window.geometry(), before.translated(2, 20));
 }
 
 TEST_F(PanelWindowTest, itsOwnMenuDoesNotCloseIt) {
@@ -160,17 +249,53 @@ TEST_F(PanelWindowTest, itsOwnMenuDoesNotCloseIt) {
 
 TEST_F(PanelWindowTest, closesWhenTheFocusGoesToAnotherProgram) {
     clickItem();
+    movePointerInside();
     loseFocus();
-    EXPECT_TRUE(spinUntil([this] { return !m_window.isVisible(); }));
+    EXPECT_TRUE(focusWait().isActive());
+    EXPECT_TRUE(focusWait().isSingleShot());
+    EXPECT_EQ(focusWait().intervalAsDuration(), 60ms);
+    EXPECT_TRUE(m_window.isVisible());
+    endFocusWait();
+    EXPECT_FALSE(m_window.isVisible());
+}
+
+TEST_F(PanelWindowTest, waitsLongerForAPointerThatHasNotBeenInside) {
+    clickItem();
+    loseFocus();
+    EXPECT_TRUE(focusWait().isActive());
+    EXPECT_EQ(focusWait().intervalAsDuration(), 500ms);
+    endFocusWait();
+    EXPECT_FALSE(m_window.isVisible());
+}
+
+TEST_F(PanelWindowTest, waitsForThePointerAnewEachTimeItOpens) {
+    clickItem();
+    movePointerInside();
+    m_window.dismiss();
+    EXPECT_FALSE(focusWait().isActive());
+    clickItem();
+    loseFocus();
+    EXPECT_EQ(focusWait().intervalAsDuration(), 500ms);
+}
+
+TEST_F(PanelWindowTest, staysWhenThePointerBringsTheFocusBackInTime) {
+    clickItem();
+    loseFocus();
+    ASSERT_TRUE(focusWait().isActive());
+    // However slow the machine is.
+    focusWait().stop();
+    movePointerInside();
+    m_window.activateWindow();
+    ASSERT_TRUE(spinUntil([this] { return m_window.isActiveWindow(); }));
+    endFocusWait();
+    EXPECT_TRUE(m_window.isVisible());
 }
 
 TEST_F(PanelWindowTest, staysWhereItIsToldThatElsewhereIsNothing) {
     m_window.setElsewhere(PanelWindow::Elsewhere::changesNothing);
     clickItem();
     loseFocus();
-    bool isOver = false;
-    QTimer::singleShot(200ms, &m_window, [&isOver] { isOver = true; });
-    EXPECT_TRUE(spinUntil([&isOver] { return isOver; }));
+    endFocusWait();
     EXPECT_TRUE(m_window.isVisible());
     QTest::keyClick(m_content, Qt::Key_Escape);
     EXPECT_FALSE(m_window.isVisible());
@@ -224,7 +349,7 @@ TEST_F(PanelWindowTest, itsMenusCloseWithIt) {
     menu.popup({310, 50});
     below->popup({320, 60});
     ASSERT_EQ(QApplication::activePopupWidget(), below);
-    m_window.toggle(std::nullopt);
+    m_window.toggle(AskedBy::command);
     EXPECT_FALSE(m_window.isVisible());
     EXPECT_FALSE(menu.isVisible());
     EXPECT_FALSE(below->isVisible());
@@ -272,57 +397,6 @@ TEST_F(PanelWindowTest, fillsItsCornersWhereTheyAreCut) {
     const QImage picture = m_window.grab().toImage();
     EXPECT_EQ(picture.pixelColor(0, 0), ThemeColors::dark().surface);
     EXPECT_EQ(picture.pixelColor(399, 299), ThemeColors::dark().surface);
-}
-
-class PanelWindowInSwayTest : public ::testing::Test {
-protected:
-    PanelWindowInSwayTest() {
-        m_sway.pid = QCoreApplication::applicationPid();
-        m_sway.workspace = {0, 0, 1280, 770};
-        m_sway.window = {700, 320, 400, 480};
-    }
-
-    void waitForRequests(std::size_t count) {
-        EXPECT_TRUE(spinUntil([this, count] { return m_sway.requests.size() >= count; }));
-        spinUntilIdle();
-    }
-
-    FakeSway m_sway;
-    TemporaryEnvironment m_socket{"SWAYSOCK", m_sway.path().toStdString()};
-    Content* m_content = new Content({400, 480});
-    PanelWindow m_window{m_content, [] { return 0ms; }};
-};
-
-TEST_F(PanelWindowInSwayTest, isPlacedWhenItOpens) {
-    m_window.open(QPoint(1, 2));
-    waitForRequests(5);
-    EXPECT_EQ(m_sway.requests[2],
-              "[con_id=8] floating enable, border none, sticky enable, move position cursor");
-    EXPECT_EQ(m_sway.requests[4], "[con_id=8] move absolute position 700 px 286 px");
-    m_window.dismiss();
-    EXPECT_TRUE(spinUntil([this] { return !m_sway.isConnected(); }));
-}
-
-TEST_F(PanelWindowInSwayTest, isPlacedWithoutThePointerWhenNobodyClicked) {
-    m_window.open(std::nullopt);
-    waitForRequests(5);
-    EXPECT_EQ(m_sway.requests[2], "[con_id=8] floating enable, border none, sticky enable");
-}
-
-TEST_F(PanelWindowInSwayTest, isMovedWhenItGrows) {
-    m_window.open(QPoint(1, 2));
-    waitForRequests(5);
-    m_content->grow({400, 500});
-    waitForRequests(6);
-    EXPECT_EQ(m_sway.requests.back(), "[con_id=8] move absolute position 700 px 266 px");
-}
-
-TEST_F(PanelWindowInSwayTest, hasNoOtherSizeSoThatItIsNotTiled) {
-    m_window.open(QPoint(1, 2));
-    EXPECT_EQ(m_window.minimumSize(), QSize(400, 480));
-    EXPECT_EQ(m_window.maximumSize(), QSize(400, 480));
-    m_content->grow({400, 500});
-    EXPECT_TRUE(spinUntil([this] { return m_window.height() == 500; }));
 }
 
 }  // namespace

@@ -62,7 +62,7 @@ TEST_F(SwayPlacementTest, hangsTheWindowFromABarAtTheTop) {
                      "getTree",
                      kFloatAtPointer,
                      "getTree",
-                     "[con_id=8] move absolute position 440 px 34 px"}));
+                     "[con_id=8] move absolute position 440 px 30 px"}));
     EXPECT_EQ(log(), Lines{});
 }
 
@@ -70,13 +70,13 @@ TEST_F(SwayPlacementTest, standsTheWindowOnABarAtTheBottom) {
     m_sway.workspace = {0, 0, 1280, 770};
     m_sway.window.moveTo(700, 320);
     EXPECT_EQ(requestsAfter(OpenedBy::pointer).back(),
-              "[con_id=8] move absolute position 700 px 286 px");
+              "[con_id=8] move absolute position 700 px 290 px");
 }
 
 TEST_F(SwayPlacementTest, keepsTheGapToTheScreensEdge) {
     m_sway.window.moveTo(880, 0);
     EXPECT_EQ(requestsAfter(OpenedBy::pointer).back(),
-              "[con_id=8] move absolute position 876 px 34 px");
+              "[con_id=8] move absolute position 876 px 30 px");
 }
 
 TEST_F(SwayPlacementTest, placesItOnTheScreenOfThePointer) {
@@ -84,7 +84,7 @@ TEST_F(SwayPlacementTest, placesItOnTheScreenOfThePointer) {
     m_sway.workspace = {-1920, 30, 1920, 1050};
     m_sway.window.moveTo(-1900, 0);
     EXPECT_EQ(requestsAfter(OpenedBy::pointer).back(),
-              "[con_id=8] move absolute position -1900 px 34 px");
+              "[con_id=8] move absolute position -1900 px 30 px");
 }
 
 TEST_F(SwayPlacementTest, waitsForTheWindowToAppear) {
@@ -94,7 +94,7 @@ TEST_F(SwayPlacementTest, waitsForTheWindowToAppear) {
     waitForRequests(3);
     EXPECT_EQ(
         m_sway.requests,
-        (Lines{kFloatAtPointer, "getTree", "[con_id=8] move absolute position 440 px 34 px"}));
+        (Lines{kFloatAtPointer, "getTree", "[con_id=8] move absolute position 440 px 30 px"}));
 }
 
 TEST_F(SwayPlacementTest, leavesOtherWindowsAlone) {
@@ -127,7 +127,7 @@ TEST_F(SwayPlacementTest, floatsItOnceThoughTheEventAndTheTreeBothTellOfIt) {
     m_sway.mapWindow("title");
     spinUntilIdle();
     EXPECT_EQ(std::count(m_sway.requests.begin(), m_sway.requests.end(), kFloatAtPointer), 1);
-    EXPECT_EQ(m_sway.requests.back(), "[con_id=8] move absolute position 440 px 34 px");
+    EXPECT_EQ(m_sway.requests.back(), "[con_id=8] move absolute position 440 px 30 px");
 }
 
 TEST_F(SwayPlacementTest, withoutAClickItGoesToTheEndOfTheBar) {
@@ -136,7 +136,7 @@ TEST_F(SwayPlacementTest, withoutAClickItGoesToTheEndOfTheBar) {
                      "getTree",
                      kFloat,
                      "getTree",
-                     "[con_id=8] move absolute position 876 px 34 px"}));
+                     "[con_id=8] move absolute position 876 px 30 px"}));
 }
 
 TEST_F(SwayPlacementTest, withoutAClickItGoesWhereTheLastClickWas) {
@@ -145,13 +145,13 @@ TEST_F(SwayPlacementTest, withoutAClickItGoesWhereTheLastClickWas) {
     EXPECT_TRUE(spinUntil([this] { return !m_sway.isConnected(); }));
     m_sway.window.moveTo(600, 300);
     EXPECT_EQ(requestsAfter(OpenedBy::other).back(),
-              "[con_id=8] move absolute position 440 px 34 px");
+              "[con_id=8] move absolute position 440 px 30 px");
     m_placement.hidden();
     EXPECT_TRUE(spinUntil([this] { return !m_sway.isConnected(); }));
     m_sway.output.moveLeft(2000);
     m_sway.workspace.moveLeft(2000);
     EXPECT_EQ(requestsAfter(OpenedBy::other).back(),
-              "[con_id=8] move absolute position 2876 px 34 px")
+              "[con_id=8] move absolute position 2876 px 30 px")
         << "that screen is not this one";
 }
 
@@ -168,7 +168,7 @@ TEST_F(SwayPlacementTest, movesAWindowThatGrowsOnABarAtTheBottom) {
     requestsAfter(OpenedBy::pointer);
     m_placement.resized({400, 600});
     waitForRequests(1);
-    EXPECT_EQ(m_sway.requests, Lines{"[con_id=8] move absolute position 700 px 166 px"});
+    EXPECT_EQ(m_sway.requests, Lines{"[con_id=8] move absolute position 700 px 170 px"});
 }
 
 TEST_F(SwayPlacementTest, leavesAWindowThatGrowsBelowABar) {
@@ -184,13 +184,13 @@ TEST_F(SwayPlacementTest, heedsASizeThatComesBeforeThePlace) {
     m_placement.shown(OpenedBy::pointer);
     m_placement.resized({400, 600});
     waitForRequests(5);
-    EXPECT_EQ(m_sway.requests.back(), "[con_id=8] move absolute position 700 px 166 px");
+    EXPECT_EQ(m_sway.requests.back(), "[con_id=8] move absolute position 700 px 170 px");
 }
 
 TEST_F(SwayPlacementTest, understandsAnswersThatComeInPieces) {
     m_sway.isSlow = true;
     EXPECT_EQ(requestsAfter(OpenedBy::pointer).back(),
-              "[con_id=8] move absolute position 440 px 34 px");
+              "[con_id=8] move absolute position 440 px 30 px");
 }
 
 TEST_F(SwayPlacementTest, ignoresMessagesOfOtherTypes) {
@@ -306,7 +306,7 @@ TEST_F(SwayPlacementTest, ofASessionPlacesThisProgramsWindow) {
     const auto placement = SwayPlacement::ofSession(QStringLiteral("Quillbar"));
     placement->shown(OpenedBy::pointer);
     waitForRequests(5);
-    EXPECT_EQ(m_sway.requests.back(), "[con_id=8] move absolute position 440 px 34 px");
+    EXPECT_EQ(m_sway.requests.back(), "[con_id=8] move absolute position 440 px 30 px");
 }
 
 QPoint anchorOf(QRect window, QRect workspace = {0, 30, 1280, 770}) {

@@ -32,11 +32,14 @@ TEST_F(ToggleGuardTest, aClickOpensAndAnotherCloses) {
 }
 
 TEST_F(ToggleGuardTest, theSecondHalfOfADoubleClickLeavesThePanelOpen) {
+    EXPECT_FALSE(m_guard.hasJustOpened());
     m_guard.shown();
     after(399ms);
+    EXPECT_TRUE(m_guard.hasJustOpened());
     EXPECT_FALSE(m_guard.closesAtPress());
     EXPECT_EQ(m_guard.clicked(), Action::nothing);
     after(1ms);
+    EXPECT_FALSE(m_guard.hasJustOpened());
     EXPECT_TRUE(m_guard.closesAtPress());
     EXPECT_EQ(m_guard.clicked(), Action::close);
 }

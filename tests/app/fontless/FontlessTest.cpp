@@ -2,9 +2,9 @@
 // SPDX-License-Identifier: MIT
 #include "Quillbar/QuillbarApp.h"
 #include "Quillbar/text/ChineseFont.h"
+#include "tests/qtsupport/Widgets.h"
 #include "tests/support/CapturedLog.h"
 #include "tests/support/TemporaryFolder.h"
-#include "tests/views/Widgets.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

@@ -12,6 +12,8 @@
 
 #include <gtest/gtest.h>
 
+#include <utility>
+
 namespace quillbar {
 
 namespace {
@@ -127,6 +129,9 @@ int FakeTrayHost::shownId(const QString& label) const {
 void FakeTrayHost::RegisterStatusNotifierItem(const QString& service) {
     registered << service;
     m_item = service;
+    if (const auto call = std::exchange(onRegistration, nullptr)) {
+        call();
+    }
     if (refuses) {
         sendErrorReply(refusal, QStringLiteral("no room"));
     }

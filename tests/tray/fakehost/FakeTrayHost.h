@@ -17,6 +17,8 @@
 #include <QVariantList>
 #include <QVariantMap>
 
+#include <functional>
+
 namespace quillbar {
 
 /// A tray host that is its own StatusNotifierWatcher: it records what it is told, and asks what it
@@ -70,6 +72,8 @@ public:
     QList<uint> revisions;
     /// For each signal that told of changed properties: the ids that they were of, and the names.
     QList<QMap<int, QStringList>> propertyChanges;
+    /// Called once, by the next registration, before that is answered.
+    std::function<void()> onRegistration;
     /// Answers registrations with an error.
     bool refuses = false;
     /// Which one.

@@ -1,0 +1,24 @@
+// SPDX-FileCopyrightText: 2026 The Quillbar developers
+// SPDX-License-Identifier: MIT
+#include "Quillbar/boards/SecondaryColumn.h"
+
+#include "QuillbarCore/model/MarketCapFormatter.h"
+#include "QuillbarCore/model/VolumeFormatter.h"
+
+namespace quillbar {
+
+SecondaryColumn secondaryColumnOf(RankingBoard board) {
+    return board == RankingBoard::marketCap ? SecondaryColumn::marketCap : SecondaryColumn::volume;
+}
+
+QString columnTitle(SecondaryColumn column) {
+    return column == SecondaryColumn::marketCap ? QStringLiteral("市值") : QStringLiteral("成交额");
+}
+
+QString columnText(SecondaryColumn column, const RankedCoin& entry) {
+    return QString::fromStdString(column == SecondaryColumn::marketCap
+                                      ? MarketCapFormatter::compact(entry.marketCap)
+                                      : VolumeFormatter::compact(entry.ticker.quoteVolume24h));
+}
+
+}  // namespace quillbar

@@ -1,0 +1,91 @@
+// SPDX-FileCopyrightText: 2026 The Quillbar developers
+// SPDX-License-Identifier: MIT
+#include "Quillbar/chart/RangeSelector.h"
+
+#include "Quillbar/text/SystemFont.h"
+#include "Quillbar/widgets/PlainButton.h"
+#include "Quillbar/widgets/Theme.h"
+
+#include <QHBoxLayout>
+#include <QPainter>
+
+namespace quillbar {
+
+namespace {
+
+constexpr int kSegmentWidth = 36;
+constexpr int kSpacing = 2;
+constexpr double kFontSize = 10.5;
+constexpr double kRadius = 4;
+constexpr float kChosenOpacity = 0.16F;
+
+}  // namespace
+
+class RangeSelector::Segment final : public PlainButton {
+public:
+    Segment(ChartRange range, QWidget* parent)
+        : PlainButton(parent) {
+        setText(QString::fromUtf8(displayName(range)));
+        setAccessibleName(QStringLiteral("走势范围: ") + nameOf(range));
+        setCheckable(true);
+        setAutoExclusive(true);
+        setFixedSize(kSegmentWidth, kHeight);
+    }
+
+protected:
+    void drawContent(QPainter& painter) override {
+        const ThemeColors::Resolved& colors = ThemeKey::value(*this).colors;
+        painter.setRenderHint(QPainter::Antialiasing);
+        painter.setPen(Qt::NoPen);
+        if (isChecked()) {
+            QColor background = colors.accent;
+            background.setAlphaF(kChosenOpacity);
+            painter.setBrush(background);
+            painter.drawRoundedRect(rect(), kRadius, kRadius);
+        } else if (isHovered()) {
+            painter.setBrush(colors.rowHover);
+            painter.drawRoundedRect(rect(), kRadius, kRadius);
+        }
+        painter.setFont(systemFont(kFontSize, isChecked() ? QFont::DemiBold : QFont::Normal));
+        painter.setPen(isChecked() ? colors.accent : colors.secondaryText);
+        painter.drawText(rect(), Qt::AlignCenter, text());
+    }
+};
+
+QString RangeSelector::nameOf(ChartRange range) {
+    switch (range) {
+    case ChartRange::day:
+        return QStringLiteral("一天");
+    case ChartRange::week:
+        return QStringLiteral("一周");
+    case ChartRange::month:
+        break;
+    }
+    return QStringLiteral("一个月");
+}
+
+RangeSelector::RangeSelector(QWidget* parent)
+    : QWidget(parent) {
+    auto* const row = new QHBoxLayout(this);
+    row->setContentsMargins(0, 0, 0, 0);
+    row->setSpacing(kSpacing);
+    for (const ChartRange range : kChartRanges) {
+        auto* const segment = new Segment(range, this);
+        segment->setChecked(range == m_range);
+        connect(segment, &QAbstractButton::clicked, this, [this, range] { choose(range); });
+        row->addWidget(segment);
+    }
+    setFixedSize(row->sizeHint());
+}
+
+void RangeSelector::choose(ChartRange range) {
+    if (range == m_range) {
+        return;
+    }
+    m_range = range;
+    if (onChoose) {
+        onChoose(range);
+    }
+}
+
+}  // namespace quillbar

@@ -1,0 +1,93 @@
+// SPDX-FileCopyrightText: 2026 The Quillbar developers
+// SPDX-License-Identifier: MIT
+#include "Quillbar/list/ColumnHeader.h"
+
+#include "Quillbar/list/SortableHeader.h"
+#include "Quillbar/list/TableRow.h"
+#include "Quillbar/text/SystemFont.h"
+#include "Quillbar/widgets/Theme.h"
+
+#include <QHBoxLayout>
+#include <QPainter>
+#include <QPaintEvent>
+
+namespace quillbar {
+
+namespace {
+
+constexpr double kTitleSize = 9.5;
+// Half of what is between two columns.
+constexpr double kRingRoom = TableRow::kSpacing / 2.0;
+
+/// A title that cannot be clicked.
+class Title final : public QWidget {
+public:
+    Title(QString text, Qt::Alignment alignment, QWidget* parent)
+        : QWidget(parent)
+        , m_text(std::move(text))
+        , m_alignment(alignment) {
+        setAccessibleName(m_text);
+        setAttribute(Qt::WA_TransparentForMouseEvents);
+    }
+
+protected:
+    void paintEvent(QPaintEvent* /*event*/) override {
+        QPainter painter(this);
+        painter.setFont(ColumnHeader::titleFont());
+        painter.setPen(ThemeKey::value(*this).colors.secondaryText);
+        painter.drawText(rect(), static_cast<int>(m_alignment | Qt::AlignVCenter), m_text);
+    }
+
+private:
+    QString m_text;
+    Qt::Alignment m_alignment;
+};
+
+}  // namespace
+
+ColumnHeader::ColumnHeader(QWidget* parent)
+    : QWidget(parent)
+    , m_layout(new QHBoxLayout(this)) {
+    setFixedHeight(kHeight);
+    m_layout->setContentsMargins(TableRow::kPadding, 0, TableRow::kPadding, 0);
+    m_layout->setSpacing(TableRow::kSpacing);
+}
+
+void ColumnHeader::addFlexibleTitle(const QString& title) {
+    m_layout->addWidget(new Title(title, Qt::AlignLeft, this), 1);
+}
+
+void ColumnHeader::addTitle(const QString& title, int width) {
+    auto* const column = new Title(title, Qt::AlignRight, this);
+    column->setFixedWidth(width);
+    m_layout->addWidget(column);
+}
+
+SortableHeader* ColumnHeader::addSortable(const QString& title, int width) {
+    auto* const column = new SortableHeader(title, width, this);
+    m_layout->addWidget(column);
+    m_sortable.push_back(column);
+    return column;
+}
+
+void ColumnHeader::addGap(int width) {
+    // A widget, because a layout keeps no spacing beside a spacer.
+    auto* const gap = new QWidget(this);
+    gap->setFixedWidth(width);
+    gap->setAttribute(Qt::WA_TransparentForMouseEvents);
+    m_layout->addWidget(gap);
+}
+
+QFont ColumnHeader::titleFont() {
+    return systemFont(kTitleSize, QFont::DemiBold);
+}
+
+void ColumnHeader::paintEvent(QPaintEvent* /*event*/) {
+    QPainter painter(this);
+    painter.fillRect(0, height() - 1, width(), 1, ThemeKey::value(*this).colors.separator);
+    for (const SortableHeader* const column : m_sortable) {
+        column->drawRing(painter, QRectF(column->geometry()).adjusted(-kRingRoom, 0, kRingRoom, 0));
+    }
+}
+
+}  // namespace quillbar

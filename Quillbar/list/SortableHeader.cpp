@@ -1,0 +1,67 @@
+// SPDX-FileCopyrightText: 2026 The Quillbar developers
+// SPDX-License-Identifier: MIT
+#include "Quillbar/list/SortableHeader.h"
+
+#include "Quillbar/list/ColumnHeader.h"
+#include "Quillbar/widgets/Glyphs.h"
+#include "Quillbar/widgets/Theme.h"
+
+#include <QPainter>
+#include <QRect>
+#include <QRectF>
+
+namespace quillbar {
+
+namespace {
+
+// The width of the arrow as it is drawn. It is narrower than its slot, and does not touch the
+// title.
+constexpr double kArrowSize = 9;
+
+QString spoken(const QString& title, std::optional<SortDirection> direction) {
+    if (!direction) {
+        return title;
+    }
+    return title
+           + (direction == SortDirection::descending ? QStringLiteral(",降序")
+                                                     : QStringLiteral(",升序"));
+}
+
+}  // namespace
+
+SortableHeader::SortableHeader(const QString& title, int width, QWidget* parent)
+    : PlainButton(parent, RingBy::parent) {
+    setText(title);
+    setAccessibleName(title);
+    setToolTip(QStringLiteral("点击排序:降序 → 升序 → 手动顺序"));
+    setAccessibleDescription(toolTip());
+    setFixedSize(width, ColumnHeader::kHeight - 1);
+}
+
+void SortableHeader::setDirection(std::optional<SortDirection> direction) {
+    if (direction != m_direction) {
+        m_direction = direction;
+        setAccessibleName(spoken(text(), direction));
+        update();
+    }
+}
+
+void SortableHeader::drawContent(QPainter& painter) {
+    const ThemeColors::Resolved& colors = ThemeKey::value(*this).colors;
+    painter.setFont(ColumnHeader::titleFont());
+    painter.setPen(isHovered() || m_direction ? colors.primaryText : colors.secondaryText);
+    painter.drawText(rect().adjusted(0, 0, -kSortIndicatorWidth, 0),
+                     static_cast<int>(Qt::AlignRight | Qt::AlignVCenter),
+                     text());
+    if (m_direction) {
+        QRectF arrow(0, 0, kArrowSize, kArrowSize);
+        arrow.moveCenter(
+            QRectF(width() - kSortIndicatorWidth, 0, kSortIndicatorWidth, height()).center());
+        drawGlyph(painter,
+                  *m_direction == SortDirection::descending ? Glyph::chevronDown : Glyph::chevronUp,
+                  arrow,
+                  colors.accent);
+    }
+}
+
+}  // namespace quillbar

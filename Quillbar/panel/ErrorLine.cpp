@@ -1,0 +1,58 @@
+// SPDX-FileCopyrightText: 2026 The Quillbar developers
+// SPDX-License-Identifier: MIT
+#include "Quillbar/panel/ErrorLine.h"
+
+#include "Quillbar/text/SystemFont.h"
+#include "Quillbar/widgets/Announcement.h"
+
+#include <optional>
+
+namespace quillbar {
+
+namespace {
+
+constexpr double kFontSize = 10.5;
+constexpr int kHorizontalPadding = 12;
+constexpr int kVerticalPadding = 4;
+
+bool isOutsideRegion(const std::optional<ConnectionFailure>& failure) {
+    return failure && failure->kind == ConnectionFailure::Kind::notServedHere;
+}
+
+}  // namespace
+
+ErrorLine::ErrorLine(const AppState& state, QWidget* parent)
+    : ThemedLabel(systemFont(kFontSize), &ThemeColors::Resolved::down, parent)
+    , m_state(state) {
+    const auto changed = [this](const auto& /*value*/) { refresh(); };
+    m_observations.push_back(state.lastError().observe(changed));
+    m_observations.push_back(state.connectionFailure().observe(changed));
+    m_observations.push_back(state.watchlist().observe(changed));
+    Announcement::mark(*this);
+    setWordWrap(true);
+    setContentsMargins(kHorizontalPadding, kVerticalPadding, kHorizontalPadding, kVerticalPadding);
+    setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+    hide();
+    refresh();
+}
+
+void ErrorLine::refresh() {
+    QString line;
+    if (const auto& error = *m_state.lastError()) {
+        line = QString::fromStdString(*error);
+    } else if (isOutsideRegion(*m_state.connectionFailure())) {
+        line = QString::fromStdString(displayName(**m_state.connectionFailure()));
+    } else if (m_state.watchlist()->coins.size() > Watchlist::kMaximumFollowed) {
+        line = QStringLiteral("自选列表过长,只更新前 %1 个币种").arg(Watchlist::kMaximumFollowed);
+    }
+    if (line == text()) {
+        return;
+    }
+    // Hidden also between two texts, because screen readers read only what appears.
+    hide();
+    setText(line);
+    setAccessibleName(line);
+    setVisible(!line.isEmpty());
+}
+
+}  // namespace quillbar

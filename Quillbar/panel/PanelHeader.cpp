@@ -1,0 +1,92 @@
+// SPDX-FileCopyrightText: 2026 The Quillbar developers
+// SPDX-License-Identifier: MIT
+#include "Quillbar/panel/PanelHeader.h"
+
+#include "Quillbar/panel/SettingsButton.h"
+#include "Quillbar/text/SystemFont.h"
+#include "Quillbar/watchlist/AddCoinButton.h"
+#include "Quillbar/widgets/GlyphButton.h"
+#include "Quillbar/widgets/ThemedLabel.h"
+
+#include <QHBoxLayout>
+#include <QMouseEvent>
+#include <QSize>
+#include <QWindow>
+
+#include <utility>
+
+namespace quillbar {
+
+namespace {
+
+constexpr int kHorizontalPadding = 12;
+constexpr int kVerticalPadding = 8;
+constexpr int kSpacing = 4;
+constexpr double kTitleFontSize = 13;
+constexpr double kCloseGlyphSize = 11;
+constexpr int kCloseSize = 24;
+
+}  // namespace
+
+PanelHeader::PanelHeader(const ViewEnvironment& environment,
+                         SettingsMenu& settings,
+                         std::function<void()> quit,
+                         QWidget* parent)
+    : QWidget(parent) {
+    setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
+    auto* const title = new ThemedLabel(
+        systemFont(kTitleFontSize, QFont::DemiBold), &ThemeColors::Resolved::primaryText, this);
+    title->setText(QStringLiteral("Quillbar"));
+    auto* const plus = new AddCoinButton(environment, this);
+    plus->onAdded = [this](const std::string& symbol, Qt::FocusReason reason) {
+        if (onCoinAdded) {
+            onCoinAdded(symbol, reason);
+        }
+    };
+    auto* const gear = new SettingsButton(settings, std::move(quit), this);
+    m_close = new GlyphButton(Glyph::xmark, kCloseGlyphSize, QSize(kCloseSize, kCloseSize), this);
+    m_close->setAccessibleName(QStringLiteral("关闭面板"));
+    m_close->setToolTip(QStringLiteral("关闭面板"));
+    m_close->hide();
+    connect(m_close, &QAbstractButton::clicked, this, [this] { onClose(); });
+
+    auto* const layout = new QHBoxLayout(this);
+    layout->setContentsMargins(
+        kHorizontalPadding, kVerticalPadding, kHorizontalPadding, kVerticalPadding);
+    layout->setSpacing(kSpacing);
+    layout->addWidget(title);
+    layout->addStretch();
+    layout->addWidget(plus);
+    layout->addWidget(gear);
+    layout->addWidget(m_close);
+}
+
+void PanelHeader::setStandalone(bool isStandalone) {
+    m_isStandalone = isStandalone;
+    m_close->setVisible(isStandalone);
+}
+
+void PanelHeader::mousePressEvent(QMouseEvent* event) {
+    if (!m_isStandalone || event->button() != Qt::LeftButton) {
+        QWidget::mousePressEvent(event);
+        return;
+    }
+    if (!window()->windowHandle()->startSystemMove()) {
+        m_grip = event->globalPosition().toPoint() - window()->pos();
+    }
+}
+
+void PanelHeader::mouseMoveEvent(QMouseEvent* event) {
+    if (m_grip) {
+        window()->move(event->globalPosition().toPoint() - *m_grip);
+    } else {
+        QWidget::mouseMoveEvent(event);
+    }
+}
+
+void PanelHeader::mouseReleaseEvent(QMouseEvent* event) {
+    m_grip.reset();
+    QWidget::mouseReleaseEvent(event);
+}
+
+}  // namespace quillbar

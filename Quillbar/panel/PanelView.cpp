@@ -1,0 +1,199 @@
+// SPDX-FileCopyrightText: 2026 The Quillbar developers
+// SPDX-License-Identifier: MIT
+#include "Quillbar/panel/PanelView.h"
+
+#include "Quillbar/boards/MarketBoardView.h"
+#include "Quillbar/chart/CoinDetailView.h"
+#include "Quillbar/panel/AgeLine.h"
+#include "Quillbar/panel/ConnectionBanner.h"
+#include "Quillbar/panel/ErrorLine.h"
+#include "Quillbar/panel/NoticeLines.h"
+#include "Quillbar/panel/PanelHeader.h"
+#include "Quillbar/panel/UnderlineTabs.h"
+#include "Quillbar/panel/UndoLine.h"
+#include "Quillbar/text/PinHint.h"
+#include "Quillbar/watchlist/CoinListView.h"
+#include "Quillbar/widgets/CenteredText.h"
+
+#include <QVBoxLayout>
+
+#include <algorithm>
+#include <utility>
+
+namespace quillbar {
+
+namespace {
+
+constexpr int kSpacing = 8;
+constexpr int kTabsPadding = 8;
+constexpr double kUnderlineHeight = 1.5;
+constexpr int kHintPadding = 8;
+
+/// Whether the item shows a coin of the list.
+bool isPinned(const Watchlist& watchlist) {
+    return watchlist.pinnedSymbol && watchlist.contains(*watchlist.pinnedSymbol);
+}
+
+}  // namespace
+
+PanelView::PanelView(const ViewEnvironment& environment,
+                     const Observed<ColorScheme>& systemScheme,
+                     SettingsMenu& settings,
+                     std::function<void()> quit,
+                     QWidget* parent)
+    : QWidget(parent)
+    , m_environment(environment)
+    , m_systemScheme(systemScheme) {
+    setFixedWidth(kWidth);
+    applyTheme();
+    auto* const stack = new QVBoxLayout(this);
+    stack->setContentsMargins(0, 0, 0, 0);
+    stack->setSpacing(kSpacing);
+    buildHeader(*stack, settings, std::move(quit));
+    buildTabs(*stack);
+    stack->addWidget(new ErrorLine(environment.appState, this));
+    stack->addWidget(new NoticeLines(environment.notices, this));
+    stack->addWidget(new ConnectionBanner(environment.appState, this));
+    // Made before the list of coins, as `UndoLine` requires.
+    m_undo = new UndoLine(environment, m_expandedSymbol, this);
+    m_undo->onBack = [this](const std::string& symbol, Qt::FocusReason reason) {
+        if (!m_tab.board()) {
+            m_list->focusCoin(symbol, reason);
+        }
+    };
+    buildList();
+    stack->addWidget(new AgeLine(environment.appState, environment.now, *m_list, this));
+    stack->addWidget(m_list);
+    m_pinHint = new CenteredText(pinHint(), kHintPadding, this);
+    stack->addWidget(m_pinHint);
+    stack->addWidget(m_undo);
+    m_undo->moveToEndOfTabOrder();
+    restoreTab();
+
+    m_observations.push_back(environment.appState.settings().observe(
+        [this](const AppSettings& /*settings*/) { applyTheme(); }));
+    m_observations.push_back(environment.appState.watchlist().observe(
+        [this](const Watchlist& /*watchlist*/) { updatePinHint(); }));
+    m_observations.push_back(
+        systemScheme.observe([this](ColorScheme /*scheme*/) { applyTheme(); }));
+}
+
+PanelView::~PanelView() = default;
+
+QSize PanelView::sizeHint() const {
+    // The layout depends on the width only while the line that may wrap is shown.
+    const QLayout& stack = *layout();
+    return {
+        kWidth,
+        stack.hasHeightForWidth() ? stack.totalHeightForWidth(kWidth) : stack.sizeHint().height()};
+}
+
+bool PanelView::focusNextPrevChild(bool next) {
+    // Charts that have been opened since come after it in the order of the Tab key.
+    m_undo->moveToEndOfTabOrder();
+    return QWidget::focusNextPrevChild(next);
+}
+
+void PanelView::buildHeader(QVBoxLayout& stack,
+                            SettingsMenu& settings,
+                            std::function<void()> quit) {
+    m_header = new PanelHeader(m_environment, settings, std::move(quit), this);
+    m_header->onCoinAdded = [this](const std::string& symbol, Qt::FocusReason reason) {
+        onCoinAdded(symbol, reason);
+    };
+    m_header->onClose = [this] {
+        if (onClose) {
+            onClose();
+        }
+    };
+    stack.addWidget(m_header);
+}
+
+void PanelView::setStandalone(bool isStandalone) {
+    m_header->setStandalone(isStandalone);
+}
+
+void PanelView::buildTabs(QVBoxLayout& stack) {
+    std::vector<QString> titles;
+    titles.reserve(m_offered.size());
+    for (const PanelTab tab : m_offered) {
+        titles.push_back(tab.title());
+    }
+    m_tabs = new UnderlineTabs(titles, kTabsPadding, kUnderlineHeight, this);
+    m_tabs->onSelect = [this](std::size_t index) {
+        m_tab = m_offered[index];
+        showTab();
+        m_environment.appState.setLastBoard(m_tab.board());
+    };
+    stack.addWidget(m_tabs);
+}
+
+void PanelView::buildList() {
+    m_list = new CoinListView(
+        m_environment,
+        m_expandedSymbol,
+        [this](const Coin& coin, QWidget* parent) { return makeDetail(coin, parent); },
+        this);
+}
+
+QWidget* PanelView::makeDetail(const Coin& coin, QWidget* parent) const {
+    return new CoinDetailView(m_environment, coin, parent);
+}
+
+void PanelView::applyTheme() {
+    const ColorScheme scheme =
+        resolvedScheme(m_environment.appState.settings()->appearance, *m_systemScheme);
+    ThemeKey::set(*this, {.colors = ThemeColors::of(scheme)});
+}
+
+void PanelView::restoreTab() {
+    m_tab = PanelTab(m_environment.appState.settings()->lastBoard);
+    const auto found = std::find(m_offered.begin(), m_offered.end(), m_tab);
+    m_tabs->setSelection(static_cast<std::size_t>(found - m_offered.begin()));
+    showTab();
+}
+
+void PanelView::showTab() {
+    // Hide the old content first, so that the panel never asks for the height of both.
+    m_pinHint->hide();
+    if (const auto board = m_tab.board()) {
+        m_list->hide();
+        showBoard(*board);
+    } else {
+        if (m_board != nullptr) {
+            m_board->hide();
+        }
+        m_list->show();
+    }
+    updatePinHint();
+}
+
+void PanelView::updatePinHint() {
+    const Watchlist& watchlist = *m_environment.appState.watchlist();
+    // It speaks of a row.
+    m_pinHint->setVisible(!m_tab.board() && !watchlist.coins.empty() && !isPinned(watchlist));
+}
+
+void PanelView::onCoinAdded(const std::string& symbol, Qt::FocusReason reason) {
+    // The menu key opens the menu of the row with the focus, from which the user pins the coin.
+    if (!m_tab.board() && !isPinned(*m_environment.appState.watchlist())) {
+        m_list->focusCoin(symbol, reason);
+    }
+}
+
+void PanelView::showBoard(RankingBoard board) {
+    if (m_board == nullptr) {
+        m_board = new MarketBoardView(
+            m_environment,
+            board,
+            [this](const Coin& coin, QWidget* parent) { return makeDetail(coin, parent); },
+            this);
+        auto& stack = dynamic_cast<QVBoxLayout&>(*layout());
+        stack.insertWidget(stack.indexOf(m_list) + 1, m_board);
+        m_undo->moveToEndOfTabOrder();
+    }
+    m_board->setBoard(board);
+    m_board->show();
+}
+
+}  // namespace quillbar

@@ -1,0 +1,94 @@
+// SPDX-FileCopyrightText: 2026 The Quillbar developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "Quillbar/panel/PanelTab.h"
+#include "Quillbar/widgets/Theme.h"
+#include "Quillbar/widgets/ViewEnvironment.h"
+#include "QuillbarCore/runtime/Observed.h"
+
+#include <QWidget>
+
+#include <functional>
+#include <optional>
+#include <string>
+#include <vector>
+
+class QVBoxLayout;
+
+namespace quillbar {
+
+class CoinListView;
+class MarketBoardView;
+class PanelHeader;
+class SettingsMenu;
+class UnderlineTabs;
+class UndoLine;
+
+/// The content of the panel: the header, the tabs, the lines about what went wrong, and the content
+/// of the selected tab. It sets the theme of all widgets in it. Its size hint is the size that it
+/// wants; with less height, its list shrinks.
+class PanelView final : public QWidget {
+public:
+    static constexpr int kWidth = 400;
+
+    /// `systemScheme` is the desktop's colour scheme. It, the settings and the environment outlive
+    /// the view. `quit` ends the application; it must not destroy the view before it returns. The
+    /// view opens on the tab that was selected last.
+    PanelView(const ViewEnvironment& environment,
+              const Observed<ColorScheme>& systemScheme,
+              SettingsMenu& settings,
+              std::function<void()> quit,
+              QWidget* parent = nullptr);
+    PanelView(const PanelView&) = delete;
+    PanelView& operator=(const PanelView&) = delete;
+    PanelView(PanelView&&) = delete;
+    PanelView& operator=(PanelView&&) = delete;
+    ~PanelView() override;
+
+    [[nodiscard]] PanelTab tab() const { return m_tab; }
+
+    /// The symbol of the watchlist row whose chart is open.
+    [[nodiscard]] const Observed<std::optional<std::string>>& expandedSymbol() const noexcept {
+        return m_expandedSymbol;
+    }
+
+    /// Whether the panel is a window by itself, because there is no item. Its header then drags it
+    /// and has a mark that closes it. The default is that it is not.
+    void setStandalone(bool isStandalone);
+    /// Called when that mark is clicked.
+    std::function<void()> onClose;
+
+    [[nodiscard]] QSize sizeHint() const override;
+
+protected:
+    bool focusNextPrevChild(bool next) override;
+
+private:
+    void buildHeader(QVBoxLayout& stack, SettingsMenu& settings, std::function<void()> quit);
+    void buildTabs(QVBoxLayout& stack);
+    void buildList();
+    [[nodiscard]] QWidget* makeDetail(const Coin& coin, QWidget* parent) const;
+    void applyTheme();
+    void restoreTab();
+    void showTab();
+    void showBoard(RankingBoard board);
+    void updatePinHint();
+    void onCoinAdded(const std::string& symbol, Qt::FocusReason reason);
+
+    const ViewEnvironment& m_environment;
+    const Observed<ColorScheme>& m_systemScheme;
+    std::vector<PanelTab> m_offered = PanelTab::allCases();
+    PanelTab m_tab = PanelTab::watchlist();
+    Observed<std::optional<std::string>> m_expandedSymbol;
+    // Children, owned by Qt. One view shows all boards; it is made when the first board is opened.
+    PanelHeader* m_header = nullptr;
+    UnderlineTabs* m_tabs = nullptr;
+    CoinListView* m_list = nullptr;
+    MarketBoardView* m_board = nullptr;
+    QWidget* m_pinHint = nullptr;
+    UndoLine* m_undo = nullptr;
+    std::vector<Observation> m_observations;
+};
+
+}  // namespace quillbar

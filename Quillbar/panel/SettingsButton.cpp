@@ -1,0 +1,113 @@
+// SPDX-FileCopyrightText: 2026 The Quillbar developers
+// SPDX-License-Identifier: MIT
+#include "Quillbar/panel/SettingsButton.h"
+
+#include "Quillbar/widgets/EntryMenu.h"
+#include "Quillbar/widgets/PanelMenu.h"
+
+#include <QAccessible>
+#include <QAccessibleWidget>
+#include <QKeyEvent>
+#include <QMetaObject>
+#include <QSize>
+#include <QStringList>
+
+#include <utility>
+#include <vector>
+
+namespace quillbar {
+
+namespace {
+
+constexpr double kGlyphSize = 15;
+constexpr QSize kSize(24, 24);
+
+constexpr int kAboveQuit = SettingsMenu::kLastId + 1;
+constexpr int kQuit = SettingsMenu::kLastId + 2;
+
+/// The button as screen readers see it. Qt would call it a plain button.
+class AccessibleMenuButton final : public QAccessibleWidget {
+public:
+    explicit AccessibleMenuButton(SettingsButton& button)
+        : QAccessibleWidget(&button, QAccessible::ButtonMenu)
+        , m_button(button) {}
+
+    [[nodiscard]] QAccessible::State state() const override {
+        QAccessible::State told = QAccessibleWidget::state();
+        told.hasPopup = true;
+        return told;
+    }
+    [[nodiscard]] QStringList actionNames() const override {
+        return QStringList{showMenuAction(), pressAction()} + QAccessibleWidget::actionNames();
+    }
+    void doAction(const QString& name) override {
+        if (name == showMenuAction() || name == pressAction()) {
+            m_button.click();
+        } else {
+            QAccessibleWidget::doAction(name);
+        }
+    }
+
+private:
+    // Outlives this.
+    SettingsButton& m_button;
+};
+
+// The caller owns what is made; null leaves the object to Qt.
+QAccessibleInterface* makeAccessible(const QString& /*className*/, QObject* object) {
+    auto* const button = dynamic_cast<SettingsButton*>(object);
+    return button == nullptr ? nullptr : new AccessibleMenuButton(*button);
+}
+
+}  // namespace
+
+SettingsButton::SettingsButton(SettingsMenu& settings, std::function<void()> quit, QWidget* parent)
+    : GlyphButton(Glyph::gear, kGlyphSize, kSize, parent)
+    , m_settings(settings)
+    , m_quit(std::move(quit))
+    , m_menu(new PanelMenu(this)) {
+    // Installing it again changes nothing.
+    QAccessible::installFactory(makeAccessible);
+    setAccessibleName(QStringLiteral("设置"));
+    setToolTip(QStringLiteral("设置"));
+    m_menu->setAccessibleName(QStringLiteral("设置"));
+    QObject::connect(this, &QAbstractButton::clicked, this, [this] { openMenu(); });
+}
+
+void SettingsButton::keyPressEvent(QKeyEvent* event) {
+    if (event->key() == Qt::Key_Down) {
+        openMenu();
+    } else {
+        GlyphButton::keyPressEvent(event);
+    }
+}
+
+void SettingsButton::openMenu() {
+    m_settings.refresh();
+    // The menu is filled each time it opens, so that no entry changes under the pointer or while it
+    // is chosen.
+    std::vector<MenuEntry> entries = *m_settings.entries();
+    entries.push_back(MenuEntry{.id = kAboveQuit, .kind = MenuEntry::Kind::separator});
+    entries.push_back(MenuEntry{.id = kQuit, .label = QStringLiteral("退出 Quillbar")});
+    fillMenu(*m_menu, entries, [this](int id) { choose(id); });
+    m_menu->openBelow(*this);
+}
+
+void SettingsButton::choose(int id) {
+    if (id == kQuit) {
+        m_quit();
+    } else if (m_settings.choose(id) == SettingsMenu::Choice::failed) {
+        // Opened later, because opening the menu deletes the entry that was chosen. The panel may
+        // have been closed by then.
+        QMetaObject::invokeMethod(
+            this,
+            [this] {
+                if (isVisible()) {
+                    openMenu();
+                }
+            },
+            Qt::QueuedConnection);
+    }
+}
+
+}  // namespace quillbar

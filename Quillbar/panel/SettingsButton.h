@@ -1,0 +1,36 @@
+// SPDX-FileCopyrightText: 2026 The Quillbar developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "Quillbar/panel/SettingsMenu.h"
+#include "Quillbar/widgets/GlyphButton.h"
+
+#include <functional>
+
+namespace quillbar {
+
+class PanelMenu;
+
+/// The gear at the right end of the panel's header. A click opens the menu of settings below it;
+/// with the focus, Space, Enter and the arrow down do so too. A click while the menu is open closes
+/// it. The menu shows the settings as they are when it opens. If a choice fails, the menu opens
+/// again, because it shows the reason. For screen readers it is a button with a menu.
+class SettingsButton final : public GlyphButton {
+public:
+    /// The settings outlive the button. `quit` ends the application; it may destroy the button only
+    /// later, from the event loop.
+    SettingsButton(SettingsMenu& settings, std::function<void()> quit, QWidget* parent = nullptr);
+
+protected:
+    void keyPressEvent(QKeyEvent* event) override;
+
+private:
+    void openMenu();
+    void choose(int id);
+
+    SettingsMenu& m_settings;
+    std::function<void()> m_quit;
+    PanelMenu* m_menu;
+};
+
+}  // namespace quillbar

@@ -1,0 +1,127 @@
+// SPDX-FileCopyrightText: 2026 The Quillbar developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "Quillbar/widgets/ViewEnvironment.h"
+#include "QuillbarCore/model/Coin.h"
+#include "QuillbarCore/runtime/Observed.h"
+#include "QuillbarCore/runtime/Task.h"
+#include "QuillbarCore/runtime/TaskScope.h"
+#include "QuillbarCore/runtime/Time.h"
+
+#include <QPointer>
+#include <QString>
+#include <QWidget>
+
+#include <cstddef>
+#include <cstdint>
+#include <functional>
+#include <optional>
+#include <set>
+#include <string>
+#include <vector>
+
+class QStackedLayout;
+
+namespace quillbar {
+
+class RowList;
+class SearchField;
+
+/// The search for a coin to add, for a popover: a field, and below it the coins that match its
+/// text, a moment after the last keystroke. Picking a coin adds it to the watchlist and then closes
+/// the popover, unless the user has typed something else meanwhile.
+///
+/// By the keyboard: Enter in the field picks the first match, and waits for it if the search is
+/// still running. The arrow down goes to the matches. There Enter picks a coin, and letters that
+/// are typed go to the field.
+class AddCoinView final : public QWidget {
+public:
+    static constexpr int kPopoverWidth = 280;
+    static constexpr int kResultListHeight = 200;
+    /// How long after the last keystroke a search begins.
+    static constexpr Seconds kDebounce{0.3};
+
+    /// What is shown below the field.
+    enum class ResultArea {
+        error,
+        hint,
+        /// The search for the text in the field has not ended yet.
+        searching,
+        noMatches,
+        results,
+    };
+
+    /// The environment, which has a sleeper, outlives the view. `dismiss` closes the popover that
+    /// the view is in; it gets the symbol of the coin that was added. It is called from the
+    /// executor's queue, and never after the view was destroyed.
+    AddCoinView(const ViewEnvironment& environment,
+                std::function<void(const std::string& symbol)> dismiss,
+                QWidget* parent = nullptr);
+
+    /// The text in the field, as it was typed.
+    [[nodiscard]] QString query() const;
+    /// The latest matches, the best first. They stay until another search has ended.
+    [[nodiscard]] const std::vector<Coin>& results() const noexcept { return m_results; }
+    /// Why the latest search failed; absent once something else is typed.
+    [[nodiscard]] const std::optional<QString>& errorMessage() const noexcept {
+        return m_errorMessage;
+    }
+    [[nodiscard]] ResultArea resultArea() const;
+
+    [[nodiscard]] QSize sizeHint() const override;
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+
+private:
+    /// What is done with what a search finds.
+    enum class Purpose { show, showAndPickFirst };
+
+    void makeArea();
+    [[nodiscard]] RowList* makeRows();
+    void updateArea();
+
+    void startSearch(Purpose purpose);
+    Task<void> search(std::string query, Purpose purpose);
+    void showMatches(std::vector<Coin> matches);
+    void showFailure();
+
+    void pickFirst();
+    void pick(const Coin& coin);
+    // The edit goes on without the view, which may be destroyed before the coin is added.
+    static Task<void> addAndDismiss(AppState& state,
+                                    Coin coin,
+                                    QPointer<AddCoinView> view,
+                                    std::uint64_t changes);
+    // `changes` is how often the text had changed when the coin was picked.
+    void onAdded(const std::string& symbol, std::uint64_t changes);
+
+    void onQueryChange();
+    void onEnter();
+    bool onKeyInRows(QKeyEvent& event);
+    void focusFirstRow();
+
+    const ViewEnvironment& m_environment;
+    std::function<void(const std::string& symbol)> m_dismiss;
+    std::vector<Coin> m_results;
+    std::optional<QString> m_errorMessage;
+    // Whether the latest search has not ended yet.
+    bool m_isSearching = false;
+    // The symbols for which an edit is under way.
+    std::set<std::string> m_picked;
+    // How often the text in the field has changed.
+    std::uint64_t m_changes = 0;
+
+    SearchField* m_field;
+    QStackedLayout* m_area = nullptr;
+    RowList* m_rows = nullptr;
+    Observation m_watchlistObservation;
+
+    TaskScope::Handle m_search;
+    // Last: its tasks use `this`.
+    TaskScope m_scope;
+};
+
+}  // namespace quillbar

@@ -1,0 +1,45 @@
+// SPDX-FileCopyrightText: 2026 The Quillbar developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "Quillbar/widgets/ColorRole.h"
+#include "Quillbar/widgets/Glyphs.h"
+#include "Quillbar/widgets/PlainButton.h"
+
+#include <QSize>
+
+namespace quillbar {
+
+/// A plain button that shows one glyph in its middle.
+class GlyphButton : public PlainButton {
+public:
+    /// `size` is the size of the whole button, `glyphSize` that of the glyph in it; both are in
+    /// points.
+    GlyphButton(Glyph glyph, double glyphSize, const QSize& size, QWidget* parent = nullptr);
+
+    /// Repaints only for another glyph.
+    void setGlyph(Glyph glyph);
+    [[nodiscard]] Glyph glyph() const noexcept { return m_glyph; }
+
+    /// The glyph's colour: `role`, or `hoverRole` while the pointer is over the button. The
+    /// defaults are secondaryText and primaryText.
+    void setColors(ColorRole role, ColorRole hoverRole);
+
+    /// How opaque the glyph is while the pointer is not over the button. The default is fully
+    /// opaque.
+    void setRestingOpacity(double opacity);
+    /// How opaque it is now.
+    [[nodiscard]] double glyphOpacity() const { return isHovered() ? 1 : m_restingOpacity; }
+
+protected:
+    void drawContent(QPainter& painter) override;
+
+private:
+    Glyph m_glyph;
+    double m_glyphSize;
+    double m_restingOpacity = 1;
+    ColorRole m_role = &ThemeColors::Resolved::secondaryText;
+    ColorRole m_hoverRole = &ThemeColors::Resolved::primaryText;
+};
+
+}  // namespace quillbar

@@ -1,0 +1,27 @@
+// SPDX-FileCopyrightText: 2026 The Quillbar developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "Quillbar/widgets/ColorRole.h"
+
+#include <QFont>
+#include <QLabel>
+
+namespace quillbar {
+
+/// A label of plain text whose colour follows the theme.
+class ThemedLabel : public QLabel {
+public:
+    /// Makes a label without text. `role` is the text's colour.
+    ThemedLabel(const QFont& font, ColorRole role, QWidget* parent = nullptr);
+
+protected:
+    bool event(QEvent* event) override;
+
+private:
+    void applyTheme();
+
+    ColorRole m_role;
+};
+
+}  // namespace quillbar

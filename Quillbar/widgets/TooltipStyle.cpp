@@ -1,0 +1,76 @@
+// SPDX-FileCopyrightText: 2026 The Quillbar developers
+// SPDX-License-Identifier: MIT
+#include "Quillbar/widgets/TooltipStyle.h"
+
+#include "Quillbar/widgets/LiftedSurface.h"
+#include "Quillbar/widgets/Theme.h"
+
+#include <QApplication>
+#include <QPainter>
+#include <QPalette>
+#include <QWidget>
+
+namespace quillbar {
+
+namespace {
+
+// Qt adds two points before the text.
+constexpr int kPadding = 5;
+constexpr int kOpaque = 255;
+
+/// Qt's own window of tooltips, which has the widget for its parent.
+bool isTooltip(const QWidget* widget) {
+    return widget != nullptr && widget->parentWidget() != nullptr && widget->inherits("QTipLabel");
+}
+
+}  // namespace
+
+TooltipStyle::TooltipStyle()
+    : QProxyStyle(QApplication::style()->name()) {}
+
+void TooltipStyle::polish(QWidget* widget) {
+    QProxyStyle::polish(widget);
+    if (!isTooltip(widget)) {
+        return;
+    }
+    LiftedSurface::lift(*widget);
+    QPalette colors = widget->palette();
+    colors.setColor(QPalette::ToolTipText, ThemeKey::value(*widget).colors.primaryText);
+    widget->setPalette(colors);
+}
+
+void TooltipStyle::drawPrimitive(PrimitiveElement element,
+                                 const QStyleOption* option,
+                                 QPainter* painter,
+                                 const QWidget* widget) const {
+    if (element == PE_PanelTipLabel && isTooltip(widget)) {
+        LiftedSurface::paint(*painter, *widget);
+    } else {
+        QProxyStyle::drawPrimitive(element, option, painter, widget);
+    }
+}
+
+int TooltipStyle::pixelMetric(PixelMetric metric,
+                              const QStyleOption* option,
+                              const QWidget* widget) const {
+    return metric == PM_ToolTipLabelFrameWidth && isTooltip(widget)
+               ? kPadding
+               : QProxyStyle::pixelMetric(metric, option, widget);
+}
+
+int TooltipStyle::styleHint(StyleHint hint,
+                            const QStyleOption* option,
+                            const QWidget* widget,
+                            QStyleHintReturn* result) const {
+    if (isTooltip(widget)) {
+        if (hint == SH_ToolTip_Mask) {
+            return 0;
+        }
+        if (hint == SH_ToolTipLabel_Opacity) {
+            return kOpaque;
+        }
+    }
+    return QProxyStyle::styleHint(hint, option, widget, result);
+}
+
+}  // namespace quillbar

@@ -1,0 +1,25 @@
+// SPDX-FileCopyrightText: 2026 The Quillbar developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <algorithm>
+#include <string>
+
+/// Upper and lower case of the letters A to Z alone, whatever the locale. Every other byte stays as it
+/// is. Pure; for any thread.
+namespace quillbar::AsciiCase {
+
+[[nodiscard]] constexpr char lower(char byte) noexcept {
+    return byte >= 'A' && byte <= 'Z' ? static_cast<char>(byte - 'A' + 'a') : byte;
+}
+
+[[nodiscard]] constexpr char upper(char byte) noexcept {
+    return byte >= 'a' && byte <= 'z' ? static_cast<char>(byte - 'a' + 'A') : byte;
+}
+
+[[nodiscard]] inline std::string lowerCased(std::string text) {
+    std::transform(text.begin(), text.end(), text.begin(), lower);
+    return text;
+}
+
+}  // namespace quillbar::AsciiCase
