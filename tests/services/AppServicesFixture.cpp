@@ -41,7 +41,9 @@ std::string authorityFile() {
 
 AppServicesFixture::AppServicesFixture()
     : m_executor(makeQtExecutor())
-    , m_worker(makeQtWorker()) {}
+    , m_worker(makeQtWorker())
+    , m_bootBegin(bootClock()())
+    , m_wallBegin(systemClock()()) {}
 
 void AppServicesFixture::TearDown() {
     m_services.reset();
@@ -78,7 +80,7 @@ void AppServicesFixture::start(const std::vector<simulator::Simulator*>& exchang
     }
     endpoints.marketCap = exchanges.front()->marketCapBase();
     endpoints.icon = exchanges.front()->iconBase();
-    const MonotonicClock monotonic = [this, begin = bootClock()()] { return begin + m_passed; };
+    const MonotonicClock monotonic = [this] { return m_bootBegin + m_passed; };
     m_services = std::make_unique<AppServices>(ServicePlatform{.executor = *m_executor,
                                                                .worker = *m_worker,
                                                                .clock = wallClock(),
@@ -92,7 +94,7 @@ void AppServicesFixture::start(const std::vector<simulator::Simulator*>& exchang
 }
 
 Clock AppServicesFixture::wallClock() const {
-    return [this, begin = systemClock()()] { return begin + m_passed - m_setBack; };
+    return [this] { return m_wallBegin + m_passed - m_setBack; };
 }
 
 bool AppServicesFixture::wakeWatchdog() {

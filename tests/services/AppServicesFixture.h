@@ -69,6 +69,9 @@ protected:
     std::unique_ptr<Executor> m_executor;
     std::unique_ptr<Worker> m_worker;
     HeldSleeper m_sleeper;
+    // One beginning for all services of a test, so that the time between two starts does not count.
+    Seconds m_bootBegin;
+    TimePoint m_wallBegin;
     Seconds m_passed{};
     Seconds m_setBack{};
     std::vector<std::unique_ptr<simulator::Simulator>> m_exchanges;
