@@ -69,13 +69,20 @@ public:
         setText(title);
         setAccessibleName(title);
         setCheckable(true);
-        // Installing it again changes nothing.
-        QAccessible::installFactory(makeAccessible);
         const QFontMetricsF selected(tabFont(true));
         // As wide as when it is selected, so that the other tabs do not move.
         setFixedSize(
             static_cast<int>(std::ceil(selected.horizontalAdvance(title))) + 2 * kHorizontalPadding,
             static_cast<int>(std::ceil(selected.height())) + kTopPadding + kBottomPadding);
+    }
+
+    // For QAccessible. The caller owns what is made; null leaves the object to Qt.
+    static QAccessibleInterface* makeAccessible(const QString& /*className*/, QObject* object) {
+        if (auto* const tab = dynamic_cast<Tab*>(object)) {
+            return new AccessibleTab(*tab);
+        }
+        auto* const strip = dynamic_cast<UnderlineTabs*>(object);
+        return strip == nullptr ? nullptr : new QAccessibleWidget(strip, QAccessible::PageTabList);
     }
 
 protected:
@@ -105,15 +112,6 @@ protected:
     }
 
 private:
-    // The caller owns what is made; null leaves the object to Qt.
-    static QAccessibleInterface* makeAccessible(const QString& /*className*/, QObject* object) {
-        if (auto* const tab = dynamic_cast<Tab*>(object)) {
-            return new AccessibleTab(*tab);
-        }
-        auto* const strip = dynamic_cast<UnderlineTabs*>(object);
-        return strip == nullptr ? nullptr : new QAccessibleWidget(strip, QAccessible::PageTabList);
-    }
-
     double m_underlineHeight;
 };
 
@@ -122,6 +120,9 @@ UnderlineTabs::UnderlineTabs(const std::vector<QString>& titles,
                              double underlineHeight,
                              QWidget* parent)
     : QWidget(parent) {
+    // Before the first tab gets its name: Qt asks for the interface then, and keeps it. Installing
+    // it again changes nothing.
+    QAccessible::installFactory(Tab::makeAccessible);
     auto* const row = new QHBoxLayout(this);
     row->setContentsMargins(outerPadding, 0, outerPadding, 0);
     row->setSpacing(kSpacing);

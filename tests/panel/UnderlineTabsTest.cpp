@@ -4,13 +4,18 @@
 #include "Quillbar/widgets/Theme.h"
 
 #include <QAbstractButton>
+#include <QAccessible>
+#include <QAccessibleInterface>
 #include <QImage>
 #include <QTest>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <cstdlib>
+#include <iostream>
 #include <stdexcept>
+#include <string>
 #include <vector>
 
 namespace quillbar {
@@ -19,6 +24,11 @@ namespace {
 
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
+
+/// What screen readers take a widget for.
+std::string roleOf(QWidget& widget) {
+    return qAccessibleRoleString(QAccessible::queryAccessibleInterface(&widget)->role());
+}
 
 class UnderlineTabsTest : public ::testing::Test {
 protected:
@@ -112,6 +122,26 @@ TEST_F(UnderlineTabsTest, tabsAreEightPointsApartAndKeepTheirWidth) {
     EXPECT_EQ(second.left() - (first.right() + 1), 8);
     m_tabs.setSelection(2);
     EXPECT_EQ(tab(QStringLiteral("自选")).geometry(), first);
+}
+
+// Qt keeps the interface that it made of an object first.
+TEST(UnderlineTabsDeathTest, theFirstTabsOfAProcessAreTabsToScreenReaders) {
+    // This style runs the test alone, in a process of its own.
+    GTEST_FLAG_SET(death_test_style, "threadsafe");
+    const auto roles = [] {
+        UnderlineTabs tabs({QStringLiteral("自选"), QStringLiteral("涨幅")}, 8, 1.5);
+        std::cerr << "strip " << roleOf(tabs);
+        for (auto* const tab : tabs.findChildren<QAbstractButton*>()) {
+            std::cerr << ", tab " << roleOf(*tab);
+        }
+    };
+    EXPECT_EXIT(
+        {
+            roles();
+            std::exit(0);
+        },
+        ::testing::ExitedWithCode(0),
+        "strip PageTabList, tab PageTab, tab PageTab");
 }
 
 }  // namespace
