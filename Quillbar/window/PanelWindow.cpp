@@ -77,7 +77,7 @@ PanelWindow::PanelWindow(QWidget* content,
             waitForFocus();
         }
     });
-    connect(qGuiApp, &QGuiApplication::screenRemoved, this, [this] { replace(); });
+    connect(qGuiApp, &QGuiApplication::screenRemoved, this, &PanelWindow::handleScreenChange);
     connect(qGuiApp, &QGuiApplication::screenAdded, this, [this](const QScreen* screen) {
         follow(screen);
     });
@@ -116,6 +116,7 @@ void PanelWindow::open(AskedBy askedBy, std::optional<QPoint> anchor) {
     }
     // Window managers read properties of the native window before it is mapped.
     winId();
+    findBar();
     m_isMasked = !m_isTranslucent || (X11Session::isX11() && !X11Session::isComposited());
     place();
     applyShape();
@@ -258,8 +259,20 @@ void PanelWindow::hideEvent(QHideEvent* event) {
 }
 
 void PanelWindow::follow(const QScreen* screen) {
-    connect(screen, &QScreen::geometryChanged, this, [this] { replace(); });
-    connect(screen, &QScreen::availableGeometryChanged, this, [this] { replace(); });
+    connect(screen, &QScreen::geometryChanged, this, &PanelWindow::handleScreenChange);
+    connect(screen, &QScreen::availableGeometryChanged, this, &PanelWindow::handleScreenChange);
+}
+
+void PanelWindow::handleScreenChange() {
+    if (isVisible()) {
+        findBar();
+        place();
+    }
+}
+
+void PanelWindow::findBar() {
+    const QScreen* const anchored = m_anchor ? screenWith(*m_anchor) : nullptr;
+    m_bar = anchored != nullptr ? barInWorkArea(*m_anchor, *anchored) : std::nullopt;
 }
 
 void PanelWindow::replace() {
@@ -294,8 +307,7 @@ void PanelWindow::place() {
     if (screen == nullptr) {
         return;
     }
-    const QRect workArea =
-        anchored != nullptr ? workAreaBeside(*m_anchor, *screen) : screen->availableGeometry();
+    const QRect workArea = workAreaWithout(m_bar, *screen);
     const QSize wanted = m_content->sizeHint();
     const QRect area = screen->geometry();
     const QRect rectangle = anchored != nullptr

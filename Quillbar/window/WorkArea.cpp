@@ -9,21 +9,23 @@
 
 namespace quillbar {
 
-QRect workAreaBeside(QPoint anchor, const QScreen& screen) {
-    const QRect area = screen.geometry();
-    const QRect workArea = screen.availableGeometry();
-    if (!workArea.contains(anchor)) {
-        return workArea;
+std::optional<QRect> barInWorkArea(QPoint anchor, const QScreen& screen) {
+    if (!screen.availableGeometry().contains(anchor)) {
+        return std::nullopt;
     }
     // Qt scales a screen, and what is on it, from the screen's own corner.
     const qreal ratio = screen.devicePixelRatio();
-    const QPoint corner = area.topLeft();
+    const QPoint corner = screen.geometry().topLeft();
     const auto dock = X11Session::dockAt(corner + (anchor - corner) * ratio);
     if (!dock) {
-        return workArea;
+        return std::nullopt;
     }
-    const QRect bar(corner + (dock->topLeft() - corner) / ratio, dock->size() / ratio);
-    return PanelPlacement::withoutBar(workArea, area, bar);
+    return QRect(corner + (dock->topLeft() - corner) / ratio, dock->size() / ratio);
+}
+
+QRect workAreaWithout(const std::optional<QRect>& bar, const QScreen& screen) {
+    const QRect workArea = screen.availableGeometry();
+    return bar ? PanelPlacement::withoutBar(workArea, screen.geometry(), *bar) : workArea;
 }
 
 }  // namespace quillbar

@@ -5,12 +5,18 @@
 #include <QPoint>
 #include <QRect>
 
+#include <optional>
+
 class QScreen;
 
 namespace quillbar {
 
-/// What bars leave free of the screen that the item at `anchor` is on, in logical pixels. Window
-/// managers tell it; i3 does not, so there the bar's window is looked for at the anchor. Main thread.
-[[nodiscard]] QRect workAreaBeside(QPoint anchor, const QScreen& screen);
+/// The bar that the item at `anchor` lies in, in logical pixels, where it takes nothing from the
+/// work area: i3 tells nobody of its bar, so the bar's window is looked for at the anchor. Asks the
+/// X server and waits for its answers. None where the window manager tells of the bar. Main thread.
+[[nodiscard]] std::optional<QRect> barInWorkArea(QPoint anchor, const QScreen& screen);
+
+/// What bars leave free of the screen, in logical pixels; `bar` is one that is in the work area.
+[[nodiscard]] QRect workAreaWithout(const std::optional<QRect>& bar, const QScreen& screen);
 
 }  // namespace quillbar
