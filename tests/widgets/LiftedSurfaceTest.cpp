@@ -113,6 +113,24 @@ TEST_P(LiftedSurfaceTest, isNotCutWhereWindowsAreBlended) {
     menu.close();
 }
 
+TEST_P(LiftedSurfaceTest, isCutAtEachSize) {
+    showActive(panel);
+    Popover& popover = openPopover();
+    for (const QSize size : {QSize(120, 90), QSize(300, 240)}) {
+        popover.setFixedSize(size);
+        EXPECT_EQ(popover.mask().boundingRect(), QRect(QPoint(), size));
+        EXPECT_FALSE(popover.mask().contains(popover.rect().bottomRight()));
+    }
+    popover.close();
+}
+
+TEST_P(LiftedSurfaceTest, aTooltipHidesWhatIsBelowIt) {
+    showActive(panel);
+    QWidget* const tooltip = showTooltip();
+    ASSERT_NE(tooltip, nullptr);
+    EXPECT_EQ(tooltip->style()->styleHint(QStyle::SH_ToolTipLabel_Opacity, nullptr, tooltip), 255);
+}
+
 TEST_P(LiftedSurfaceTest, hasItsRightEdgeOnThatOfThePanel) {
     showActive(panel);
     Popover& popover = openPopover();
