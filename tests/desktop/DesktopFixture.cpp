@@ -3,6 +3,7 @@
 #include "tests/desktop/DesktopFixture.h"
 
 #include "Quillbar/panel/FirstStart.h"
+#include "tests/desktop/PanelPixels.h"
 #include "tests/support/Files.h"
 
 #include <QDBusArgument>
@@ -10,10 +11,8 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 
-#include <algorithm>
 #include <array>
 #include <cstddef>
-#include <cstdlib>
 #include <string_view>
 
 namespace quillbar {
@@ -48,34 +47,6 @@ constexpr int kChangeBand = 4;
 constexpr int kBareX = 310;
 // Wider than the dashes that stand for no price, narrower than "0.00%".
 constexpr int kWidthOfPrice = 20;
-constexpr int kVisibleDifference = 40;
-constexpr int kStrongColor = 100;
-
-bool hasStrongColor(const QImage& image) {
-    for (int x = 0; x < image.width(); ++x) {
-        for (int y = 0; y < image.height(); ++y) {
-            if (image.pixelColor(x, y).hsvSaturation() > kStrongColor) {
-                return true;
-            }
-        }
-    }
-    return false;
-}
-
-// How wide what is written in the area is; its colour may be any.
-int writtenWidth(const QImage& image, const QRect& area, int bare) {
-    int first = area.right() + 1;
-    int last = area.left() - 1;
-    for (int x = area.left(); x <= area.right(); ++x) {
-        for (int y = area.top(); y <= area.bottom(); ++y) {
-            if (std::abs(image.pixelColor(x, y).lightness() - bare) > kVisibleDifference) {
-                first = std::min(first, x);
-                last = x;
-            }
-        }
-    }
-    return last - first + 1;
-}
 
 QString textOfTooltip(const QVariant& tooltip) {
     const auto argument = tooltip.value<QDBusArgument>();

@@ -1,22 +1,13 @@
 // SPDX-FileCopyrightText: 2026 The Quillbar developers
 // SPDX-License-Identifier: MIT
-#include "Quillbar/widgets/Theme.h"
 #include "Quillbar/window/PanelWindow.h"
-#include "tests/qtsupport/Ink.h"
 #include "tests/qtsupport/SpinUntil.h"
 #include "tests/support/TemporaryEnvironment.h"
-#include "tests/window/PanelContent.h"
+#include "tests/window/PanelWindowFixture.h"
 
 #include <QApplication>
-#include <QEnterEvent>
 #include <QMenu>
-#include <QPainter>
-#include <QPen>
-#include <QScreen>
 #include <QTest>
-#include <QTimer>
-#include <QWindow>
-#include <QWindowStateChangeEvent>
 
 #include <gtest/gtest.h>
 
@@ -32,63 +23,7 @@ namespace {
 using namespace std::chrono_literals;
 using AskedBy = PanelWindow::AskedBy;
 
-class PanelWindowTest : public ::testing::Test {
-protected:
-    void clickItem() {
-        m_window.toggle(AskedBy::pointer, QPoint{300, 0});
-        m_elapsed += 1s;
-    }
-
-    /// The focus goes where no window of the program is.
-    void loseFocus() {
-        {
-            QWidget other;
-            other.show();
-            other.activateWindow();
-            EXPECT_TRUE(spinUntil([&other] { return other.isActiveWindow(); }));
-        }
-        ASSERT_EQ(QGuiApplication::focusWindow(), nullptr);
-        QEvent deactivated(QEvent::WindowDeactivate);
-        QCoreApplication::sendEvent(&m_window, &deactivated);
-    }
-
-    /// Runs while the window waits for the focus to come back.
-    [[nodiscard]] QTimer& focusWait() const {
-        return *m_window.findChild<QTimer*>(QStringLiteral("focus"));
-    }
-    /// The window has waited long enough.
-    void endFocusWait() {
-        focusWait().stop();
-        QMetaObject::invokeMethod(&focusWait(), "timeout");
-    }
-
-    void movePointerInside() {
-        QEnterEvent entered({50, 50}, {50, 50}, {350, 50});
-        QCoreApplication::sendEvent(&m_window, &entered);
-    }
-
-    /// The window manager moves the window, and tells it.
-    void moveByWindowManager(QPoint by) {
-        QWindow& native = *m_window.windowHandle();
-        native.setPosition(native.position() + by);
-        spinUntilIdle();
-    }
-
-    /// The window manager makes an icon of the window, or shows it again.
-    void becomes(Qt::WindowStates states) {
-        QWindow& native = *m_window.windowHandle();
-        const Qt::WindowStates before = native.windowStates();
-        native.setWindowStates(states);
-        QWindowStateChangeEvent changed(before);
-        QCoreApplication::sendEvent(&native, &changed);
-    }
-
-    // Its absence: these tests may themselves run in a session of sway.
-    TemporaryEnvironment m_swaySocket{"SWAYSOCK", std::nullopt};
-    std::chrono::milliseconds m_elapsed{0};
-    PanelContent* m_content = new PanelContent({400, 300});
-    PanelWindow m_window{m_content, [this] { return m_elapsed; }};
-};
+using PanelWindowTest = PanelWindowFixture;
 
 TEST_F(PanelWindowTest, handsATokenToTheCompositorUnlessItIsLongerThanAnyDesktops) {
     const TemporaryEnvironment handed("XDG_ACTIVATION_TOKEN", std::nullopt);
@@ -364,39 +299,6 @@ TEST_F(PanelWindowTest, aMenuThatIsNotItsOwnStays) {
     m_window.dismiss();
     EXPECT_FALSE(m_window.isVisible());
     EXPECT_TRUE(menu.isVisible());
-}
-
-TEST_F(PanelWindowTest, isDrawnInTheContentsTheme) {
-    ThemeKey::set(*m_content, {.colors = ThemeColors::light()});
-    clickItem();
-    const QImage picture = m_window.grab().toImage();
-    EXPECT_EQ(picture.pixelColor(200, 150), ThemeColors::light().surface);
-}
-
-TEST_F(PanelWindowTest, hasCornersRoundByTenPointsAndAnEdgeOfOne) {
-    clickItem();
-    const ThemeColors::Resolved& colors = ThemeColors::dark();
-    QImage expected(400, 300, QImage::Format_ARGB32_Premultiplied);
-    expected.fill(Qt::transparent);
-    {
-        QPainter painter(&expected);
-        painter.setRenderHint(QPainter::Antialiasing);
-        painter.setPen(Qt::NoPen);
-        painter.setBrush(colors.surface);
-        painter.drawRoundedRect(QRectF(0, 0, 400, 300), 10, 10);
-        painter.setPen(QPen(colors.separator, 1));
-        painter.setBrush(Qt::NoBrush);
-        painter.drawRoundedRect(QRectF(0.5, 0.5, 399, 299), 9.5, 9.5);
-    }
-    EXPECT_LE(difference(m_window.grab().toImage(), expected), 2);
-}
-
-TEST_F(PanelWindowTest, fillsItsCornersWhereTheyAreCut) {
-    clickItem();
-    m_window.setMask(m_window.rect());
-    const QImage picture = m_window.grab().toImage();
-    EXPECT_EQ(picture.pixelColor(0, 0), ThemeColors::dark().surface);
-    EXPECT_EQ(picture.pixelColor(399, 299), ThemeColors::dark().surface);
 }
 
 }  // namespace
