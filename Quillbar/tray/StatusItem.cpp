@@ -20,9 +20,6 @@ const QString kThemeIcon = QStringLiteral("io.github.quillbar.Quillbar");
 // MATE and Plasma; the monitors and charts of other names are not in all of them.
 const QString kStockIcon = QStringLiteral("x-office-spreadsheet");
 
-// The smallest tooltip that has a text, for hosts that read it as Pango markup.
-const QString kBlankTooltip = QStringLiteral("<span size=\"1\"> </span>");
-
 PictureGround groundOf(const TrayHost& host) {
     return host.bar == TrayHost::Bar::dark ? PictureGround::darkBar : PictureGround::own;
 }
@@ -193,15 +190,25 @@ void StatusItem::refreshItem() {
 }
 
 void StatusItem::refreshTooltip() {
-    if (m_tooltipPause.isPaused()) {
-        const bool isTaken = m_host.emptyTooltip == TrayHost::EmptyTooltip::taken;
-        m_item.setTooltip(isTaken ? QString() : kBlankTooltip, {});
-        return;
-    }
+    const bool isPaused = m_tooltipPause.isPaused();
+    const bool hasNames = !isPaused || m_host.emptyTooltip == TrayHost::EmptyTooltip::nothing;
+    m_item.setDescription(hasNames ? m_face->text : QString());
+
     const QString title = m_face->text.toHtmlEscaped();
     const QString details = m_face->details.toHtmlEscaped();
-    if (m_host.tooltip == TrayHost::Tooltip::titleAlone) {
-        m_item.setTooltip(title + u'\n' + details, QString());
+    if (m_host.tooltip == TrayHost::Tooltip::itemTitle) {
+        m_item.setTooltip({}, {});
+        m_item.setTitle(isPaused
+                            ? QString()
+                            : QStringLiteral("<b>") + title + QStringLiteral("</b>\n") + details);
+        return;
+    }
+    // Plasma sorts the items by their titles, so the title never changes there.
+    m_item.setTitle(hasNames ? StatusNotifierItem::kTitle : QString());
+    if (isPaused) {
+        m_item.setTooltip({}, {});
+    } else if (m_host.tooltip == TrayHost::Tooltip::titleAlone) {
+        m_item.setTooltip(title + u'\n' + details, {});
     } else {
         m_item.setTooltip(title, details);
     }

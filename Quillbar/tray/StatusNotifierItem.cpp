@@ -51,6 +51,14 @@ StatusImages StatusNotifierItem::iconPixmap() {
     return m_iconPixmap;
 }
 
+void StatusNotifierItem::setTitle(const QString& title) {
+    if (title == m_title) {
+        return;
+    }
+    m_title = title;
+    Q_EMIT NewTitle();
+}
+
 void StatusNotifierItem::setTooltip(const QString& title, const QString& text) {
     const StatusTooltip tooltip{.title = title, .text = text};
     if (tooltip == m_tooltip) {

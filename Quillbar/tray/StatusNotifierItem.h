@@ -30,7 +30,7 @@ class StatusNotifierItem final : public QObject {
     Q_PROPERTY(QString IconName READ iconName)
     Q_PROPERTY(QString IconThemePath READ empty)
     Q_PROPERTY(quillbar::StatusImages IconPixmap READ iconPixmap)
-    Q_PROPERTY(QString IconAccessibleDesc READ label)
+    Q_PROPERTY(QString IconAccessibleDesc READ description)
     Q_PROPERTY(QString OverlayIconName READ empty)
     Q_PROPERTY(quillbar::StatusImages OverlayIconPixmap READ noPixmap)
     Q_PROPERTY(QString AttentionIconName READ empty)
@@ -64,6 +64,7 @@ public:
     enum class Announcement { sent, omitted };
 
     static inline const QString kPath = QStringLiteral("/StatusNotifierItem");
+    static inline const QString kTitle = QStringLiteral("Quillbar");
 
     /// `menu` is the path of the item's menu on the same connection.
     StatusNotifierItem(QString menu, Handlers handlers);
@@ -76,6 +77,11 @@ public:
     /// Sets pictures, and signals to the hosts. They are drawn when the first host reads them:
     /// hosts that show only the label never do.
     void setPictures(Draw draw);
+    /// The item's name, `kTitle` at first. It is markup where the host shows it as the tooltip.
+    void setTitle(const QString& title);
+    /// What stands for the pictures where they cannot be seen. The protocol has no signal for it, so
+    /// set it before what changes together with it.
+    void setDescription(const QString& description) { m_description = description; }
     /// Both texts are markup.
     void setTooltip(const QString& title, const QString& text);
     /// Neither text may be empty, as MATE's panel then shows an item without a width. The guide is
@@ -84,12 +90,12 @@ public:
 
     [[nodiscard]] QString category() const { return QStringLiteral("ApplicationStatus"); }
     [[nodiscard]] QString id() const { return QStringLiteral("io.github.quillbar.Quillbar"); }
-    /// Never changes, because Plasma sorts the items by it.
-    [[nodiscard]] QString title() const { return QStringLiteral("Quillbar"); }
+    [[nodiscard]] QString title() const { return m_title; }
     [[nodiscard]] QString status() const { return QStringLiteral("Active"); }
     [[nodiscard]] int windowId() const { return 0; }
     [[nodiscard]] QString iconName() const { return m_iconName; }
     [[nodiscard]] StatusImages iconPixmap();
+    [[nodiscard]] QString description() const { return m_description; }
     [[nodiscard]] StatusTooltip tooltip() const { return m_tooltip; }
     [[nodiscard]] bool itemIsMenu() const { return false; }
     [[nodiscard]] QDBusObjectPath menu() const { return QDBusObjectPath(m_menu); }
@@ -124,9 +130,11 @@ private:
     StatusImages m_iconPixmap;
     // Set until the pictures are drawn.
     Draw m_draw;
+    QString m_title = kTitle;
+    QString m_description = kTitle;
     StatusTooltip m_tooltip;
-    QString m_label = QStringLiteral("Quillbar");
-    QString m_labelGuide = QStringLiteral("Quillbar");
+    QString m_label = kTitle;
+    QString m_labelGuide = kTitle;
 };
 
 }  // namespace quillbar

@@ -18,11 +18,13 @@ TrayHost TrayHost::ofProcess(std::string_view comm) {
         host.form = LabelForm::text;
         host.clickPosition = ClickPosition::unusable;
     } else if (comm == "waybar") {
-        // waybar 0.9 counts from the item's corner.
+        // waybar 0.9 counts from the item's corner. It goes on showing the last tooltip in place of
+        // an empty one, but shows the title of an item without a tooltip, and nothing for an empty
+        // title.
         host.form = LabelForm::widePicture;
         host.label = Label::ignored;
         host.clickPosition = ClickPosition::unusable;
-        host.emptyTooltip = EmptyTooltip::ignored;
+        host.tooltip = Tooltip::itemTitle;
     } else if (comm == "swaybar") {
         // swaybar 1.7 counts from the output's corner, and shows an error for a wide picture.
         host.label = Label::ignored;
@@ -37,6 +39,7 @@ TrayHost TrayHost::ofProcess(std::string_view comm) {
         // Xfce 4.18.
         host.label = Label::ignored;
         host.picks = Picks::largest;
+        host.emptyTooltip = EmptyTooltip::names;
     }
     return host;
 }

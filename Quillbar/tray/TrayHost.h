@@ -27,10 +27,12 @@ struct TrayHost final {
     enum class Picks { fitting, largest } picks = Picks::fitting;
     /// Whether the host reports clicks in coordinates of the screen.
     enum class ClickPosition { onScreen, unusable } clickPosition = ClickPosition::onScreen;
-    /// Which of a tooltip's two texts are shown.
-    enum class Tooltip { titleAndText, titleAlone } tooltip = Tooltip::titleAndText;
-    /// Whether a tooltip without a text takes the last one away, or the host goes on showing that.
-    enum class EmptyTooltip { taken, ignored } emptyTooltip = EmptyTooltip::taken;
+    /// What the host shows under the pointer: both texts of the item's tooltip, one of them, or the
+    /// title of an item that has no tooltip.
+    enum class Tooltip { titleAndText, titleAlone, itemTitle } tooltip = Tooltip::titleAndText;
+    /// What the host shows for an empty tooltip: nothing, or one that it makes of the item's title
+    /// and description.
+    enum class EmptyTooltip { nothing, names } emptyTooltip = EmptyTooltip::nothing;
     /// Whether the bar is known to be dark.
     enum class Bar { unknown, dark } bar = Bar::unknown;
 

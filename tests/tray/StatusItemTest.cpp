@@ -254,7 +254,7 @@ TEST_F(StatusItemTest, sendsNoPictureWhereTheLabelIsText) {
 }
 
 TEST_F(StatusItemTest, sendsTheTooltipAloneWhenThatAloneChanges) {
-    startAt("waybar");
+    startAt("some-panel");
     settle();
     host->signalled.clear();
     LabelFace older = face();

@@ -22,6 +22,7 @@ struct StatusItemTooltipTest : StatusItemFixture {
             QStringLiteral("Event"),
             {DBusMenu::kRoot, QString::fromLatin1(what), QVariant::fromValue(QDBusVariant(0)), 0U});
     }
+    [[nodiscard]] QString itemTitle() { return host->property(QStringLiteral("Title")).toString(); }
     /// The title of the tooltip so much later.
     [[nodiscard]] QString titleAfter(Seconds span) {
         pass(span);
@@ -90,15 +91,47 @@ TEST_F(StatusItemTooltipTest, hasNoTooltipForAMomentAfterAClick) {
     EXPECT_EQ(host->tooltip().title, face().text);
 }
 
-TEST_F(StatusItemTooltipTest, hasABlankOneWhereTheHostGoesOnShowingTheLastInPlaceOfNone) {
+TEST_F(StatusItemTooltipTest, isTheItemsTitleWhereAnEmptyTooltipLeavesTheLastOneOnTheScreen) {
     startAt("waybar");
-    EXPECT_EQ(host->tooltip().title, face().text);
+    const QString title =
+        QStringLiteral("<b>") + face().text + QStringLiteral("</b>\n刚刚更新\n已连接");
+    EXPECT_EQ(itemTitle(), title);
+    EXPECT_EQ(host->tooltip(), StatusTooltip{});
     item->setPanelOpen(true);
     settle();
-    EXPECT_EQ(host->tooltip().title, QStringLiteral("<span size=\"1\"> </span>"));
-    EXPECT_EQ(host->tooltip().text, QString());
+    EXPECT_EQ(itemTitle(), QString());
+    EXPECT_EQ(host->signalled.last(), QStringLiteral("NewTitle"));
     item->setPanelOpen(false);
-    EXPECT_EQ(titleAfter(TooltipPause::kAfterClick), face().text);
+    pass(TooltipPause::kAfterClick);
+    settle();
+    EXPECT_EQ(itemTitle(), title);
+    EXPECT_EQ(host->signalled.count(QStringLiteral("NewToolTip")), 0);
+}
+
+TEST_F(StatusItemTooltipTest, leavesNoNamesToAHostThatMakesATooltipOfThem) {
+    startAt("panel-7-systray");
+    const auto description = [this] {
+        return host->property(QStringLiteral("IconAccessibleDesc")).toString();
+    };
+    EXPECT_EQ(itemTitle(), QStringLiteral("Quillbar"));
+    EXPECT_EQ(description(), face().text);
+    item->setPanelOpen(true);
+    EXPECT_EQ(itemTitle(), QString());
+    EXPECT_EQ(description(), QString());
+    EXPECT_EQ(host->tooltip(), StatusTooltip{});
+    item->show(face(QStringLiteral("BTC 67,235.00 ▲ 1.24%")));
+    EXPECT_EQ(description(), QString());
+    item->setPanelOpen(false);
+    pass(TooltipPause::kAfterClick);
+    EXPECT_EQ(itemTitle(), QStringLiteral("Quillbar"));
+    EXPECT_EQ(description(), QStringLiteral("BTC 67,235.00 ▲ 1.24%"));
+}
+
+TEST_F(StatusItemTooltipTest, keepsItsNamesAtOtherHosts) {
+    startAt("some-panel");
+    item->setPanelOpen(true);
+    EXPECT_EQ(itemTitle(), QStringLiteral("Quillbar"));
+    EXPECT_EQ(host->property(QStringLiteral("IconAccessibleDesc")).toString(), face().text);
 }
 
 TEST_F(StatusItemTooltipTest, hasNoTooltipWhileTheHostsMenuIsOpen) {

@@ -46,6 +46,8 @@ TEST(TrayHost, knowsWhoseClicksCannotBePlaced) {
 
 TEST(TrayHost, knowsTheOddOnes) {
     EXPECT_EQ(TrayHost::ofProcess("lxqt-panel").tooltip, TrayHost::Tooltip::titleAlone);
+    EXPECT_EQ(TrayHost::ofProcess("waybar").tooltip, TrayHost::Tooltip::itemTitle);
+    EXPECT_EQ(TrayHost::ofProcess("panel-7-systray").emptyTooltip, TrayHost::EmptyTooltip::names);
     EXPECT_EQ(TrayHost::ofProcess("ayatana-indicat").icon, TrayHost::Icon::themeName);
     EXPECT_EQ(TrayHost::ofProcess("panel-7-systray").picks, TrayHost::Picks::largest);
     EXPECT_EQ(TrayHost::ofProcess("gnome-shell").bar, TrayHost::Bar::dark);
