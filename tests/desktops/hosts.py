@@ -27,6 +27,10 @@ def sway_windows(session):
     return sorted(leaves(json.loads(session.text("swaymsg", "-t", "get_tree") or "{}")))
 
 
+def show_sway_workspace(session, name):
+    session.call("swaymsg", "workspace", name)
+
+
 @dataclasses.dataclass(frozen=True)
 class Host:
     """A program that shows the item, in the session that it belongs to."""
@@ -51,8 +55,8 @@ class Host:
     is_older: bool = False
     # Whether a right click shows a menu, and not the panel in the place of one.
     has_menu: bool = True
-    # Whether a press on the bare desktop is heard of.
-    hears_desktop: bool = True
+    # Shows a workspace by its name, where windows are tiled and cover the desktop.
+    show_workspace: typing.Callable = lambda session, name: None
     # Whether it may die and come back while the application lives.
     may_die: bool = True
     # The greatest part of a processor, in percent, that the updates may cost the painter.
@@ -197,7 +201,7 @@ HOSTS = (
     Host("gnome", GNOME_PACKAGES, prepare_gnome, show_gnome, begin=leave_overview, painter="shell",
          opens_by="double", variables={**GNOME_VARIABLES, "XDG_SESSION_TYPE": "x11"}, cost=4),
     Host("gnome-wayland", (*GNOME_PACKAGES, "xwayland"), prepare_gnome, show_gnome_wayland,
-         begin=leave_overview, painter="compositor", opens_by="menu", hears_desktop=False,
+         begin=leave_overview, painter="compositor", opens_by="menu",
          may_die=False, cost=4,
          variables={**GNOME_VARIABLES, "XDG_SESSION_TYPE": "wayland",
                     "MUTTER_DEBUG_DUMMY_MODE_SPECS": "1280x800"}),
@@ -207,13 +211,13 @@ HOSTS = (
          prepare_plasma_wayland, show_plasma, bar="bottom", comes_late=True, cost=4,
          variables={**PLASMA_VARIABLES, "XDG_SESSION_TYPE": "wayland", "KWIN_COMPOSE": "Q"}),
     Host("waybar", ("sway", "waybar", "xwayland", "qt6-wayland"), prepare_sway, show_waybar,
-         variables={"XDG_CURRENT_DESKTOP": "sway"}, hears_desktop=False, plain_user=True,
-         windows=sway_windows),
+         variables={"XDG_CURRENT_DESKTOP": "sway"}, plain_user=True, windows=sway_windows,
+         show_workspace=show_sway_workspace),
     Host("swaybar", ("sway", "xwayland", "qt6-wayland"),
          lambda session: prepare_sway(session, configurations.SWAYBAR),
          lambda session: session.call("swaymsg", "reload"), painter="compositor",
-         variables={"XDG_CURRENT_DESKTOP": "sway"}, hears_desktop=False, may_die=False,
-         has_menu=False, plain_user=True, windows=sway_windows),
+         variables={"XDG_CURRENT_DESKTOP": "sway"}, may_die=False, has_menu=False, plain_user=True,
+         windows=sway_windows, show_workspace=show_sway_workspace),
     Host("mate", MATE_PACKAGES,
          lambda session: prepare_mate(session, "NotificationAreaAppletFactory::NotificationArea"),
          show_mate, variables=MATE, applets=("notification-area-applet",)),
@@ -232,6 +236,7 @@ HOSTS = (
          variables={"XDG_CURRENT_DESKTOP": "X-Cinnamon", "DESKTOP_SESSION": "cinnamon",
                     "GSETTINGS_BACKEND": "dconf", "LIBGL_ALWAYS_SOFTWARE": "1"}),
     Host("i3", ("i3-wm",), prepare_i3, lambda session: session.spawn("bar", "i3"), is_older=True,
-         may_die=False, variables={"XDG_CURRENT_DESKTOP": "i3"}),
+         may_die=False, variables={"XDG_CURRENT_DESKTOP": "i3"},
+         show_workspace=lambda session, name: session.call("i3-msg", "workspace", name)),
     Host("trayer", ("trayer", "openbox"), openbox, show_trayer, is_older=True),
 )

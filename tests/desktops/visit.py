@@ -3,13 +3,14 @@
 """A visit to one host: starts it, uses the item as a person would, and looks at the screen.
 
 Each check is a method that returns nothing when all is well, and otherwise says what was seen. What
-a host makes impossible is not tried.
+makes no sense at a host is not tried.
 """
 import collections
 import re
 import signal
 import time
 
+from results import NotTried, Results
 from screen import PIXEL, SCREEN, Area, Screen, around, contrast, menu_in, window_in
 from session import HEIGHT, WIDTH, Failure, Session, wait_for
 
@@ -27,12 +28,9 @@ MOVES = 3
 OPENS_WITHIN = 4
 CLOSES_WITHIN = 2
 RETURNS_WITHIN = 15
+TOOLTIP_COMES_WITHIN = 3
 TOOLTIP_ENDS_WITHIN = 2
 MEASURED = 15
-
-
-class NotTried(Exception):
-    """A check makes no sense at this host; the text says why."""
 
 
 def without_numbers(line):
@@ -224,6 +222,22 @@ class Visit:
         best = max(contrast(ground, colour) for colour in colours)
         return None if best >= LEAST_CONTRAST else f"contrast {best:.1f}"
 
+    def shows_a_tooltip(self):
+        """The pointer on the item for some seconds, a text of some length is beside the bar."""
+        self._screen.move(*ASIDE)
+        time.sleep(0.7)
+        before = self._screen.picture()
+        self._screen.move(*self._item.middle)
+        time.sleep(TOOLTIP_COMES_WITHIN)
+        changed = [(x, y) for x, y in self._screen.picture().changed(before)
+                   if y not in self._bar.rows()]
+        self._screen.move(*ASIDE)
+        time.sleep(TOOLTIP_ENDS_WITHIN)
+        if not changed:
+            return "nothing"
+        size = around(*zip(*changed)).size
+        return None if size[0] >= 60 and size[1] >= 10 else f"{size[0]} by {size[1]} pixels"
+
     def opens_beside_its_item(self):
         self._open()
         panel, item = self._panel, self._item
@@ -266,9 +280,11 @@ class Visit:
         return "it stays" if self._is_open_after_press(ON_WINDOW) else None
 
     def closes_at_a_press_on_the_desktop(self):
-        if not self._host.hears_desktop:
-            raise NotTried("nobody is told of it")
-        return "it stays" if self._is_open_after_press(ON_DESKTOP) else None
+        self._host.show_workspace(self._session, "bare")
+        try:
+            return "it stays" if self._is_open_after_press(ON_DESKTOP) else None
+        finally:
+            self._host.show_workspace(self._session, "1")
 
     def waits_for_a_slow_pointer(self):
         def cross():
@@ -341,39 +357,16 @@ class Visit:
 
 
 CHECKS = (Visit.is_registered, Visit.is_drawn, Visit.can_be_read, Visit.stays_in_its_place,
-          Visit.opens_beside_its_item, Visit.is_not_covered, Visit.closes_at_escape,
-          Visit.closes_at_a_second_click, Visit.closes_at_a_press_on_a_window,
-          Visit.closes_at_a_press_on_the_desktop, Visit.waits_for_a_slow_pointer,
-          Visit.menu_is_no_window, Visit.obeys_commands, Visit.comes_back,
-          Visit.costs_its_host_little, Visit.fills_no_log)
-
-
-class Results:
-    """What came of each check, by its name in words."""
-
-    def __init__(self):
-        self.held = []
-        self.wrong = {}
-        self.not_tried = {}
-
-    def add(self, check, guest):
-        name = check.__name__.replace("_", " ")
-        try:
-            text = check(guest)
-        except NotTried as reason:
-            self.not_tried[name] = str(reason)
-            return
-        except (Failure, OSError) as failure:
-            text = str(failure)
-        if text is None:
-            self.held.append(name)
-        else:
-            self.wrong[name] = text
+          Visit.shows_a_tooltip, Visit.opens_beside_its_item, Visit.is_not_covered,
+          Visit.closes_at_escape, Visit.closes_at_a_second_click,
+          Visit.closes_at_a_press_on_a_window, Visit.closes_at_a_press_on_the_desktop,
+          Visit.waits_for_a_slow_pointer, Visit.menu_is_no_window, Visit.obeys_commands,
+          Visit.comes_back, Visit.costs_its_host_little, Visit.fills_no_log)
 
 
 def visit(host, programs, pictures):
     """Does all checks at one host; the pictures' folder may be None."""
-    results = Results()
+    results = Results(host.name)
     try:
         visit_into(results, host, programs, pictures)
     except OSError as failure:
@@ -389,9 +382,9 @@ def visit_into(results, host, programs, pictures):
             if pictures:
                 session.keep_picture(pictures / f"{host.name}.png", guest.part_with_item())
             for check in CHECKS:
-                failures = len(results.wrong)
+                faults = len(results.wrong) + len(results.limited)
                 results.add(check, guest)
-                if pictures and len(results.wrong) > failures:
+                if pictures and len(results.wrong) + len(results.limited) > faults:
                     session.keep_picture(pictures / f"{host.name}-{check.__name__}.png")
         if pictures:
             session.keep_picture(pictures / f"{host.name}-screen.png")

@@ -1,19 +1,21 @@
 # SPDX-FileCopyrightText: 2026 The Quillbar developers
 # SPDX-License-Identifier: MIT
 """What the checks of a host say, at a desktop that the test draws."""
+import contextlib
 import dataclasses
-import importlib.machinery
+import io
 import pathlib
 import subprocess
 import tempfile
 import time
-import types
 import unittest
 from unittest import mock
 
+import matrix
 import visit
 from drawn import DARK, WHITE, screen
 from hosts import HOSTS
+from results import Results
 from screen import SCREEN, Area
 from session import Session, files_in
 
@@ -119,6 +121,31 @@ class VisitTest(unittest.TestCase):
         guest.opens_beside_its_item()
         self.assertIn("pixels", guest.is_not_covered() or "")
 
+    def test_a_tooltip_is_seen_beside_the_bar(self):
+        self.assertIsNone(self.guest(Desktop(has_tooltip=True)).shows_a_tooltip())
+
+    def test_what_changes_in_the_bar_is_no_tooltip(self):
+        desktop = Desktop()
+        guest = self.guest(desktop)
+        desktop.move = lambda column, row: setattr(
+            desktop, "shown", ((ITEM, DARK),) if (column, row) == ITEM.middle else ())
+        self.assertEqual(guest.shows_a_tooltip(), "nothing")
+
+    def test_a_few_pixels_are_no_tooltip(self):
+        desktop = Desktop()
+        guest = self.guest(desktop)
+        desktop.move = lambda column, row: setattr(
+            desktop, "shown",
+            ((Area(1200, 40, 1228, 69), DARK),) if (column, row) == ITEM.middle else ())
+        self.assertEqual(guest.shows_a_tooltip(), "28 by 21 pixels")
+
+    def test_the_desktop_is_pressed_where_no_window_covers_it(self):
+        seen = []
+        guest = self.guest(show_workspace=lambda _, name: seen.append(name))
+        guest._is_open_after_press = lambda position: seen.append(position) or True
+        self.assertEqual(guest.closes_at_a_press_on_the_desktop(), "it stays")
+        self.assertEqual(seen, ["bare", visit.ON_DESKTOP, "1"])
+
     def test_a_menu_is_no_window(self):
         self.assertIsNone(self.guest().menu_is_no_window())
 
@@ -164,17 +191,34 @@ class VisitTest(unittest.TestCase):
         self.assertIn("/nowhere", results.wrong["visit"])
 
 
-class RunTest(unittest.TestCase):
+class MatrixTest(unittest.TestCase):
     def test_packages_that_cannot_be_installed_end_that_visit_alone(self):
-        loader = importlib.machinery.SourceFileLoader(
-            "run", str(pathlib.Path(__file__).with_name("run")))
-        run = types.ModuleType("run")
-        run.__file__ = loader.path
-        loader.exec_module(run)
         for failure in (subprocess.CalledProcessError(100, "apt-get"), FileNotFoundError("sudo")):
-            with mock.patch.object(run, "install", side_effect=failure):
-                results = run.tried(host(), mock.Mock(no_setup=False))
+            with mock.patch.object(matrix, "install", side_effect=failure):
+                results = matrix.tried(host(), mock.Mock(no_setup=False), None)
                 self.assertEqual(results.wrong, {"packages": str(failure)})
+
+    def test_what_the_host_makes_impossible_is_neither_green_nor_wrong(self):
+        results = Results()
+        results.held.append("is drawn")
+        results.not_tried["comes back"] = "a reason"
+        self.assertEqual(self.reported(results), [
+            "xfce (xfce4-panel 1.0): green, 1 of 1 hold", "    not tried: comes back: a reason"])
+        results.limited["shows a tooltip"] = "nothing: it has none"
+        self.assertEqual(self.reported(results)[:2], [
+            "xfce (xfce4-panel 1.0): host, 1 of 2 hold",
+            "    host: shows a tooltip: nothing: it has none"])
+        results.wrong["is not covered"] = "800 pixels"
+        self.assertEqual(self.reported(results)[:2], [
+            "xfce (xfce4-panel 1.0): wrong, 1 of 3 hold", "    is not covered: 800 pixels"])
+
+    @staticmethod
+    def reported(results):
+        printed = io.StringIO()
+        with mock.patch.object(matrix, "version", return_value="1.0"), \
+                contextlib.redirect_stdout(printed):
+            matrix.report(host(), results)
+        return printed.getvalue().splitlines()
 
 
 class FilesTest(unittest.TestCase):
