@@ -364,24 +364,24 @@ CHECKS = (Visit.is_registered, Visit.is_drawn, Visit.can_be_read, Visit.stays_in
           Visit.comes_back, Visit.costs_its_host_little, Visit.fills_no_log)
 
 
-def visit(host, programs, pictures):
-    """Does all checks at one host; the pictures' folder may be None."""
+def visit(host, programs, pictures, kind=Visit, checks=CHECKS):
+    """Does the checks of a kind of visit at one host; the pictures' folder may be None."""
     results = Results(host.name)
     try:
-        visit_into(results, host, programs, pictures)
+        visit_into(results, host, programs, pictures, kind, checks)
     except OSError as failure:
         results.wrong["visit"] = str(failure)
     return results
 
 
-def visit_into(results, host, programs, pictures):
+def visit_into(results, host, programs, pictures, kind, checks):
     with Session(programs, plain_user=host.plain_user) as session:
-        guest = Visit(host, session, pictures)
-        results.add(Visit.start, guest)
+        guest = kind(host, session, pictures)
+        results.add(kind.start, guest)
         if not results.wrong:
             if pictures:
                 session.keep_picture(pictures / f"{host.name}.png", guest.part_with_item())
-            for check in CHECKS:
+            for check in checks:
                 faults = len(results.wrong) + len(results.limited)
                 results.add(check, guest)
                 if pictures and len(results.wrong) + len(results.limited) > faults:
