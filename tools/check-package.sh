@@ -2,7 +2,7 @@
 # SPDX-FileCopyrightText: 2026 The Quillbar developers
 # SPDX-License-Identifier: MIT
 #
-# Usage: tools/check-package.sh data|lintian|hardening|reproducible|purge...
+# Usage: tools/check-package.sh data|lintian|hardening|paths|reproducible|purge...
 #
 # Each word is a check, and all that are given are made:
 #
@@ -11,6 +11,8 @@
 #   lintian       the packages that ./package has left, as Debian judges packages
 #   hardening     that each program of the packages is protected as it can be, and that each source
 #                 was compiled so
+#   paths         that neither the programs nor what debuggers read of them names the folder that
+#                 they were built in, as then no two of them are the same; takes seconds
 #   reproducible  that building the packages again, in another folder, zone and language, makes the
 #                 same ones
 #   purge         that the packages can be installed on a bare Debian of this release, and leave
@@ -157,6 +159,29 @@ check_hardening() {
     return $failures
 }
 
+check_paths() {
+    local built package program failures=0
+    need_packages
+    built=$(sed -nE '/ -ffile-prefix-map=/{s/.* -ffile-prefix-map=([^ ]+)=\. .*/\1/p;q}' \
+        build/packages/build.log)
+    if [ -z "$built" ]; then
+        say 'build/packages/build.log does not tell where it was built'
+        return 1
+    fi
+    for package in "${packages[@]}" build/packages/*-dbgsym_*.deb; do
+        dpkg-deb -x "$package" "$folder/with-symbols"
+    done
+    while read -r program; do
+        objcopy --decompress-debug-sections "$program" "$folder/plain"
+        strings "$folder/plain" >"$folder/texts"
+        if grep -F -m 3 -- "$built" "$folder/texts"; then
+            say "${program#"$folder/with-symbols/"} names the folder that it was built in"
+            failures=1
+        fi
+    done < <(find "$folder/with-symbols" \( -path '*/bin/*' -o -name '*.debug' \) -type f)
+    return $failures
+}
+
 check_reproducible() {
     need_packages
     local sources=$folder/a-folder-of-another-name/quillbar package made failures=0
@@ -196,7 +221,7 @@ check_purge() {
 [ $# -gt 0 ] || set -- none
 for check in "$@"; do
     case $check in
-    data | lintian | hardening | reproducible | purge) ;;
+    data | lintian | hardening | paths | reproducible | purge) ;;
     *)
         say 'tell what to check; see the head of tools/check-package.sh'
         exit 2
