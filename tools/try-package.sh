@@ -4,10 +4,11 @@
 #
 # Usage: tools/try-package.sh --on-this-machine
 #
-# Does with the packages of build/packages what a person does over the years: installs them over a
-# version before, uses the application and the label on a desktop with a simulated exchange, and
-# removes them. Fails when something is left behind that is not the user's. It installs and removes
-# packages, so run it on a machine that may be thrown away, as tools/bare.sh does.
+# Does with the packages of build/packages what a person does over the years: uses the application
+# and the label on a desktop with a simulated exchange, upgrades them from a version before
+# meanwhile, and removes them. Fails when the user loses something, or when something is left behind
+# that is not the user's. It installs and removes packages, so run it on a machine that may be
+# thrown away, as tools/bare.sh does.
 set -euo pipefail
 cd "$(dirname "$(readlink -f "$0")")/.."
 . tools/build.sh
@@ -19,9 +20,7 @@ if [ "${1:-}" != --on-this-machine ]; then
 fi
 as_root=()
 [ "$(id -u)" -eq 0 ] || as_root=(sudo)
-apt() {
-    "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get -q -y -o Dpkg::Use-Pty=0 "$@"
-}
+apt=("${as_root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get -q -y -o Dpkg::Use-Pty=0)
 
 folder=$(mktemp -d "${TMPDIR:-/tmp}/try.XXXXXX")
 simulator=
@@ -76,8 +75,8 @@ start_simulator() {
 mapfile -t needed < <(sed -nE '/^Depends:/,/^Restrictions:/s/^ ([a-z0-9-]+),$/\1/p' \
     debian/tests/control | grep -v '^quillbar')
 # Most times ./package has asked a minute ago what there is.
-install_needed() { apt install --no-install-recommends "${needed[@]}"; }
-{ install_needed || { apt update && install_needed; }; } >"$folder/apt.log" 2>&1 || {
+install_needed() { "${apt[@]}" install --no-install-recommends "${needed[@]}"; }
+{ install_needed || { "${apt[@]}" update && install_needed; }; } >"$folder/apt.log" 2>&1 || {
     tail -n 5 "$folder/apt.log"
     exit 75
 }
@@ -90,12 +89,13 @@ build "$preset" quillbar-simulator >"$folder/build.log" 2>&1 || {
 }
 traces >"$folder/before"
 
-say 'installing a version before, and upgrading it'
+say 'using a version before, and upgrading it meanwhile'
 for name in "${names[@]}"; do
     make_older "$name"
 done
-apt install "$folder"/*.deb
-apt install "${packages[@]}"
+"${apt[@]}" install "$folder"/*.deb
+start_simulator
+tools/try-upgrade.py "${apt[@]}" install "${packages[@]}"
 for name in "${names[@]}"; do
     [ "$(dpkg-query -W -f '${Version}' "$name")" = "$version" ]
 done
@@ -105,11 +105,10 @@ debian/tests/label
 # What the user has lies in the home folder; removing the packages leaves it.
 mkdir -p "$HOME/.local/share/Quillbar"
 printf '{}' >"$HOME/.local/share/Quillbar/kept-by-try-package"
-start_simulator
 debian/tests/desktop
 
 say 'removing and purging'
-apt remove "${names[@]}"
+"${apt[@]}" remove "${names[@]}"
 "${as_root[@]}" dpkg --purge "${names[@]}"
 traces >"$folder/after"
 if ! diff "$folder/before" "$folder/after"; then

@@ -5,7 +5,8 @@ from Lint import lint
 
 HEAD = ("SPDX-FileCopyrightText: 2026 The Quillbar developers", "SPDX-License-Identifier: MIT")
 SCRIPTS = ("run", "test", "package", ".ci/run", "tools/setup.sh", "CMakeLists.txt",
-           "debian/relative-paths", "debian/rules", "debian/tests/desktop", "debian/tests/label")
+           "debian/relative-paths", "debian/rules", "debian/tests/desktop", "debian/tests/label",
+           "debian/tests/session.py")
 
 
 def files(tree):

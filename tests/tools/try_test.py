@@ -34,6 +34,8 @@ class Try(unittest.TestCase):
         for name in ("label", "desktop"):
             self.program(f"debian/tests/{name}",
                          f"echo {name} $QUILLBAR_REST_ENDPOINTS >>{self.folder}/calls")
+        self.program("tools/try-upgrade.py",
+                     f'echo upgrade $QUILLBAR_REST_ENDPOINTS >>{self.folder}/calls; "$@"')
         self.program("../programs/apt-get", f'echo "apt-get $*" >>{self.folder}/calls')
         self.program("../programs/cmake", CMAKE.format(folder=self.folder))
         self.program("../programs/dpkg", "echo all")
@@ -68,8 +70,22 @@ class Try(unittest.TestCase):
         done = self.use("--on-this-machine")
         self.assertEqual(done.returncode, 0, done.stdout)
         self.assertIn("cmake --build build/release --target=quillbar-simulator", self.calls())
-        self.assertIn("label", self.calls())
+        self.assertIn("label http://of.release", self.calls())
         self.assertIn("desktop http://of.release", self.calls())
+        self.assertEqual(list((self.folder / "tmp").iterdir()), [])
+
+    def test_upgrades_while_the_version_before_is_used(self):
+        done = self.use("--on-this-machine")
+        self.assertEqual(done.returncode, 0, done.stdout)
+        calls = self.calls()
+        used = calls.index("upgrade http://of.release")
+        self.assertIn(f"{self.folder}/tmp/", calls[used - 1])
+        self.assertTrue(calls[used + 1].endswith(" install ./build/packages/quillbar_1.0_all.deb "
+                                                 "./build/packages/quillbar-label_1.0_all.deb"))
+
+    def test_fails_where_an_upgrade_loses_something(self):
+        self.program("tools/try-upgrade.py", "exit 1")
+        self.assertEqual(self.use("--on-this-machine").returncode, 1)
         self.assertEqual(list((self.folder / "tmp").iterdir()), [])
 
     def test_takes_the_simulator_of_the_tests_where_those_were_built(self):
