@@ -182,7 +182,7 @@ prove_packages() {
     part package ./package || return 1
     # What is wrong with a package does not hide how it is used, nor the other way round.
     part check bash -c \
-        'tools/setup.sh check && tools/check-package.sh data lintian hardening' || true
+        'tools/setup.sh check && tools/check-package.sh data lintian hardening paths' || true
     part try tools/try-package.sh --on-this-machine
 }
 

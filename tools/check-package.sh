@@ -207,11 +207,12 @@ check_reproducible() {
 
 check_purge() {
     need_packages
-    local base=$folder/base.tar.gz source suite
+    local base=$folder/base.tar.gz source suite as_root=()
+    [ "$(id -u)" -eq 0 ] || as_root=(sudo)
     source=$(source_of_packages)
     suite=$(. /etc/os-release && printf '%s' "$VERSION_CODENAME")
-    mmdebstrap --quiet --variant=minbase "$suite" "$base" "$source"
-    piuparts --basetgz "$base" --distribution "$suite" --mirror "$source main" --no-eatmydata \
+    "${as_root[@]}" mmdebstrap --quiet --variant=minbase "$suite" "$base" "$source"
+    "${as_root[@]}" piuparts --basetgz "$base" --distribution "$suite" --mirror "$source main" --no-eatmydata \
         "${packages[@]}" >"$folder/purge.log" 2>&1 || {
         grep -E 'ERROR|FAIL' "$folder/purge.log" || tail -n 20 "$folder/purge.log"
         return 1

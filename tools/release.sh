@@ -34,7 +34,7 @@ mkdir -p "$made"
 git archive --format=tar --prefix="quillbar-$version/" HEAD | xz -9 >"$made/quillbar-$version.tar.xz"
 tools/setup.sh check
 ./package
-tools/check-package.sh data lintian hardening reproducible
+tools/check-package.sh data lintian hardening paths reproducible purge
 cp build/packages/quillbar{,-label}_"$version"_*.deb "$made/"
 (cd "$made" && sha256sum -- * >SHA256SUMS)
 mv "$made" "$folder"

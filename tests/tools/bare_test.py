@@ -87,7 +87,7 @@ class Bare(unittest.TestCase):
         self.assertEqual((self.folder / "tries").read_text(), "made\n")
         test, package, check, used = self.calls()
         self.assertEqual((test, package), ("./test", "./package"))
-        for word in ("tools/check-package.sh", "data", "lintian", "hardening"):
+        for word in ("tools/check-package.sh", "data", "lintian", "hardening", "paths"):
             self.assertIn(word, check)
         self.assertIn("tools/try-package.sh", used)
 

@@ -85,7 +85,7 @@ class Release(unittest.TestCase):
             self.assertEqual(sums[name], hashlib.sha256((made / name).read_bytes()).hexdigest())
         self.assertEqual((self.folder / "tagged").read_text(), "tag -a v0.2.0 -m Quillbar 0.2.0\n")
         self.assertEqual((self.folder / "checked").read_text(),
-                         "data lintian hardening reproducible\n")
+                         "data lintian hardening paths reproducible purge\n")
 
     def test_refuses_what_is_not_committed(self):
         self.write("dirty", " M run\n")
