@@ -167,4 +167,8 @@ double requiredNumber(const ordered_json& object, const char* key) {
     return member.get<double>();
 }
 
+void refuseRawText(const char* key, std::string_view rawText) {
+    throw DocumentError(fmt::format(R"("{}" cannot be "{}")", key, rawText));
+}
+
 }  // namespace quillbar::JSONDocument

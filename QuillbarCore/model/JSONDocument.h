@@ -6,6 +6,7 @@
 
 #include <cstdint>
 #include <nlohmann/json_fwd.hpp>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -47,5 +48,22 @@ inline constexpr int kMaximumValues = 1'000'000;
 
 /// The number of that key. Throws DocumentError when it is absent or no number.
 [[nodiscard]] double requiredNumber(const nlohmann::ordered_json& object, const char* key);
+
+/// Throws the DocumentError of a key whose string stands for nothing.
+[[noreturn]] void refuseRawText(const char* key, std::string_view rawText);
+
+/// The value that the string of that key stands for, as `fromRawValue` has it. Throws DocumentError
+/// when the key is absent or no string, or when its string stands for nothing.
+template <class Value>
+[[nodiscard]] Value requiredValue(const nlohmann::ordered_json& object,
+                                  const char* key,
+                                  std::optional<Value> (*fromRawValue)(std::string_view)) {
+    const std::string rawText = requiredString(object, key);
+    const std::optional<Value> value = fromRawValue(rawText);
+    if (!value) {
+        refuseRawText(key, rawText);
+    }
+    return *value;
+}
 
 }  // namespace quillbar::JSONDocument

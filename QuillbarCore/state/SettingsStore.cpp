@@ -4,11 +4,7 @@
 
 #include "QuillbarCore/model/JSONDocument.h"
 
-#include <fmt/format.h>
-
 #include <nlohmann/json.hpp>
-#include <optional>
-#include <string>
 
 namespace quillbar {
 
@@ -21,19 +17,6 @@ constexpr const char* kChangeBasis = "changeBasis";
 constexpr const char* kAppearance = "appearance";
 constexpr const char* kLastBoard = "lastBoard";
 
-/// What the raw text of that required key stands for.
-template <class Value>
-Value fromRawText(const ordered_json& object,
-                  const char* key,
-                  std::optional<Value> (*fromRawValue)(std::string_view)) {
-    const std::string rawText = JSONDocument::requiredString(object, key);
-    const std::optional<Value> value = fromRawValue(rawText);
-    if (!value) {
-        throw DocumentError(fmt::format(R"("{}" cannot be "{}")", key, rawText));
-    }
-    return *value;
-}
-
 }  // namespace
 
 const AppSettings& SettingsDocument::defaultDocument() {
@@ -44,12 +27,15 @@ AppSettings SettingsDocument::decode(std::string_view text) {
     const ordered_json value = JSONDocument::parse(text);
     AppSettings settings;
     settings.schemaVersion = JSONDocument::requiredInteger(value, kSchemaVersion);
-    settings.changeBasis = fromRawText(value, kChangeBasis, changeBasisFromRawValue);
+    settings.changeBasis =
+        JSONDocument::requiredValue(value, kChangeBasis, changeBasisFromRawValue);
     if (JSONDocument::optionalMember(value, kAppearance) != nullptr) {
-        settings.appearance = fromRawText(value, kAppearance, appearanceModeFromRawValue);
+        settings.appearance =
+            JSONDocument::requiredValue(value, kAppearance, appearanceModeFromRawValue);
     }
     if (JSONDocument::optionalMember(value, kLastBoard) != nullptr) {
-        settings.lastBoard = fromRawText(value, kLastBoard, rankingBoardFromRawValue);
+        settings.lastBoard =
+            JSONDocument::requiredValue(value, kLastBoard, rankingBoardFromRawValue);
     }
     return settings;
 }

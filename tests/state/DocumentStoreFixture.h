@@ -21,7 +21,7 @@ namespace quillbar {
 
 inline constexpr std::size_t kHugeSize = 50'000'000;
 
-/// A store of either kind, over a folder of the test's own.
+/// A store of any kind, over a folder of the test's own.
 template <class Store>
 struct DocumentStoreFixture : ::testing::Test {
     using Stored = StoredDocument<Store>;
@@ -51,6 +51,6 @@ struct DocumentStoreFixture : ::testing::Test {
     std::filesystem::path kept = file.string() + ".bak";
 };
 
-using Stores = ::testing::Types<WatchlistStore, SettingsStore>;
+using Stores = ::testing::Types<WatchlistStore, SettingsStore, PreferencesStore>;
 
 }  // namespace quillbar

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "QuillbarCore/state/PreferencesStore.h"
 #include "QuillbarCore/state/SettingsStore.h"
 #include "QuillbarCore/state/WatchlistStore.h"
 
@@ -9,7 +10,7 @@
 
 namespace quillbar {
 
-/// What a test of both stores knows of each.
+/// What a test of all stores knows of each.
 template <class Store>
 struct StoredDocument;
 
@@ -55,6 +56,23 @@ struct StoredDocument<SettingsStore> {
         return R"({"schemaVersion":2,"changeBasis":"today","appearance":"light"})";
     }
     static const AppSettings& defaultDocument() { return AppSettings::defaultSettings(); }
+};
+
+template <>
+struct StoredDocument<PreferencesStore> {
+    static constexpr const char* kName = "preferences.json";
+    static constexpr const char* kUnreadable = "PreferencesStore|default|load preferences failed (";
+    static constexpr const char* kLaterVersionLine =
+        "PreferencesStore|error|unknown preferences schema version 2, using default";
+
+    static Preferences some() { return {1, ChangeColors::redUp}; }
+    static std::string someText() { return R"({"schemaVersion":1,"changeColors":"redUp"})"; }
+    static Preferences other() { return {1, ChangeColors::blueUp}; }
+    static std::string otherText() { return R"({"schemaVersion":1,"changeColors":"blueUp"})"; }
+    static std::string laterVersionText() {
+        return R"({"schemaVersion":2,"changeColors":"redUp"})";
+    }
+    static const Preferences& defaultDocument() { return Preferences::defaultPreferences(); }
 };
 
 }  // namespace quillbar

@@ -1,0 +1,40 @@
+// SPDX-FileCopyrightText: 2026 The Quillbar developers
+// SPDX-License-Identifier: MIT
+#include "QuillbarCore/state/ChangeColors.h"
+
+namespace quillbar {
+
+std::string_view rawValue(ChangeColors colors) {
+    switch (colors) {
+    case ChangeColors::greenUp:
+        return "greenUp";
+    case ChangeColors::redUp:
+        return "redUp";
+    case ChangeColors::blueUp:
+        break;
+    }
+    return "blueUp";
+}
+
+std::optional<ChangeColors> changeColorsFromRawValue(std::string_view rawText) {
+    for (const ChangeColors colors : kAllChangeColors) {
+        if (rawValue(colors) == rawText) {
+            return colors;
+        }
+    }
+    return std::nullopt;
+}
+
+std::string_view displayName(ChangeColors colors) {
+    switch (colors) {
+    case ChangeColors::greenUp:
+        return "绿涨红跌";
+    case ChangeColors::redUp:
+        return "红涨绿跌";
+    case ChangeColors::blueUp:
+        break;
+    }
+    return "蓝涨橙跌";
+}
+
+}  // namespace quillbar

@@ -1,0 +1,18 @@
+// SPDX-FileCopyrightText: 2026 The Quillbar developers
+// SPDX-License-Identifier: MIT
+#include "QuillbarCore/state/Preferences.h"
+
+namespace quillbar {
+
+const Preferences& Preferences::defaultPreferences() {
+    static const Preferences preferences;
+    return preferences;
+}
+
+Preferences Preferences::settingChangeColors(ChangeColors colors) const {
+    Preferences result = *this;
+    result.changeColors = colors;
+    return result;
+}
+
+}  // namespace quillbar

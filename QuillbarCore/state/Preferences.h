@@ -1,0 +1,31 @@
+// SPDX-FileCopyrightText: 2026 The Quillbar developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "QuillbarCore/state/ChangeColors.h"
+
+#include <cstdint>
+
+namespace quillbar {
+
+/// What the user has chosen on the page of preferences. A plain value: an edit leaves the receiver
+/// untouched and returns another one; copy it freely between threads. Equality compares all fields.
+struct Preferences final {
+    /// The version of the stored document that this program writes and understands.
+    static constexpr std::int64_t kCurrentSchemaVersion = 1;
+
+    /// Version of the stored document; kept by every edit.
+    std::int64_t schemaVersion = kCurrentSchemaVersion;
+    ChangeColors changeColors = ChangeColors::greenUp;
+
+    /// The preferences of a first start: green for rising prices. The reference stays valid for the
+    /// life of the process.
+    [[nodiscard]] static const Preferences& defaultPreferences();
+
+    /// The preferences with this one field replaced.
+    [[nodiscard]] Preferences settingChangeColors(ChangeColors colors) const;
+
+    [[nodiscard]] bool operator==(const Preferences&) const = default;
+};
+
+}  // namespace quillbar

@@ -1,0 +1,32 @@
+// SPDX-FileCopyrightText: 2026 The Quillbar developers
+// SPDX-License-Identifier: MIT
+#include "QuillbarCore/state/PreferencesState.h"
+
+#include <exception>
+#include <utility>
+
+namespace quillbar {
+
+PreferencesState::PreferencesState(PreferencesStore store)
+    : m_store(std::move(store))
+    , m_preferences(m_store.load()) {}
+
+void PreferencesState::setChangeColors(ChangeColors colors) {
+    apply(m_preferences->settingChangeColors(colors));
+}
+
+void PreferencesState::apply(const Preferences& preferences) {
+    if (preferences == *m_preferences) {
+        return;
+    }
+    m_preferences.set(preferences);
+    try {
+        m_store.save(*m_preferences);
+        m_lastError.set(std::nullopt);
+    } catch (const std::exception& error) {
+        m_logger.error("failed to persist preferences: {}", error.what());
+        m_lastError.set("偏好设置未能保存到磁盘");
+    }
+}
+
+}  // namespace quillbar

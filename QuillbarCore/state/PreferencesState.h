@@ -1,0 +1,47 @@
+// SPDX-FileCopyrightText: 2026 The Quillbar developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "QuillbarCore/runtime/Logger.h"
+#include "QuillbarCore/runtime/Observed.h"
+#include "QuillbarCore/state/ChangeColors.h"
+#include "QuillbarCore/state/Preferences.h"
+#include "QuillbarCore/state/PreferencesStore.h"
+
+#include <optional>
+#include <string>
+
+namespace quillbar {
+
+/// The observable model of the user's preferences, which it saves at each edit. For the main thread,
+/// which it blocks while it reads or writes the file.
+class PreferencesState final {
+public:
+    /// Loads the stored preferences, or the default ones as `PreferencesStore::load` does.
+    explicit PreferencesState(PreferencesStore store);
+
+    // What is observed. The references are valid for the life of this object.
+
+    /// The user's preferences.
+    [[nodiscard]] const Observed<Preferences>& preferences() const noexcept {
+        return m_preferences;
+    }
+    /// What the user should know of the last edit, if it was not saved; absent after one that was.
+    [[nodiscard]] const Observed<std::optional<std::string>>& lastError() const noexcept {
+        return m_lastError;
+    }
+
+    /// Shows changes in these colours, and saves that. Does nothing for the colours that are set. A
+    /// save that fails is logged, keeps the edit in memory and sets `lastError`.
+    void setChangeColors(ChangeColors colors);
+
+private:
+    void apply(const Preferences& preferences);
+
+    PreferencesStore m_store;
+    Logger m_logger{"PreferencesState"};
+    Observed<Preferences> m_preferences;
+    Observed<std::optional<std::string>> m_lastError;
+};
+
+}  // namespace quillbar

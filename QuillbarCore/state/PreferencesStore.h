@@ -1,0 +1,36 @@
+// SPDX-FileCopyrightText: 2026 The Quillbar developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "QuillbarCore/runtime/Logger.h"
+#include "QuillbarCore/state/DocumentStore.h"
+#include "QuillbarCore/state/Preferences.h"
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+namespace quillbar {
+
+/// What is peculiar to the stored preferences, "preferences.json":
+///
+///     {"schemaVersion":1,"changeColors":"redUp"}
+///
+/// The version alone is required; what is absent has its default. A raw text that stands for nothing
+/// fails the whole document.
+struct PreferencesDocument final {
+    using Document = Preferences;
+    static constexpr std::string_view kFileName = "preferences.json";
+    static constexpr std::string_view kLogCategory = "PreferencesStore";
+
+    [[nodiscard]] static const Preferences& defaultDocument();
+    [[nodiscard]] static Preferences decode(std::string_view text);
+    [[nodiscard]] static std::string encode(const Preferences& preferences);
+    static void logUnreadable(const Logger& logger, std::string_view reason);
+    static void logUnknownVersion(const Logger& logger, std::int64_t version);
+};
+
+/// Keeps the user's preferences.
+using PreferencesStore = DocumentStore<PreferencesDocument>;
+
+}  // namespace quillbar

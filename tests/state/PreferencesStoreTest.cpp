@@ -1,0 +1,82 @@
+// SPDX-FileCopyrightText: 2026 The Quillbar developers
+// SPDX-License-Identifier: MIT
+#include "QuillbarCore/state/PreferencesStore.h"
+#include "tests/support/CapturedLog.h"
+#include "tests/support/Files.h"
+#include "tests/support/TemporaryFolder.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <string_view>
+
+namespace quillbar {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+struct PreferencesStoreTest : testing::Test {
+    Preferences load(std::string_view text) {
+        writeContents(folder.path() / "preferences.json", text);
+        return PreferencesStore(folder.path()).load();
+    }
+
+    CapturedLog log;
+    TemporaryFolder folder;
+};
+
+TEST_F(PreferencesStoreTest, takesTheDefaultForWhatIsAbsent) {
+    EXPECT_EQ(load(R"({"schemaVersion":1})"), Preferences::defaultPreferences());
+    EXPECT_EQ(load(R"({"schemaVersion":1,"changeColors":null})"),
+              Preferences::defaultPreferences());
+    EXPECT_THAT(log.lines(), IsEmpty());
+}
+
+TEST_F(PreferencesStoreTest, ignoresKeysItDoesNotKnow) {
+    EXPECT_EQ(load(R"({"future":[],"changeColors":"redUp","schemaVersion":1})").changeColors,
+              ChangeColors::redUp);
+    EXPECT_THAT(log.lines(), IsEmpty());
+}
+
+TEST_F(PreferencesStoreTest, loadsEveryValueItCanHold) {
+    for (const ChangeColors colors : kAllChangeColors) {
+        const Preferences preferences{1, colors};
+        PreferencesStore(folder.path()).save(preferences);
+        EXPECT_EQ(PreferencesStore(folder.path()).load(), preferences);
+    }
+}
+
+TEST_F(PreferencesStoreTest, loadsTheWholeDefaultForUnknownColors) {
+    EXPECT_EQ(load(R"({"schemaVersion":1,"changeColors":"pinkUp"})"),
+              Preferences::defaultPreferences());
+    EXPECT_THAT(log.lines(),
+                ElementsAre("PreferencesStore|default|load preferences failed "
+                            R"(("changeColors" cannot be "pinkUp"), using default)"));
+}
+
+TEST_F(PreferencesStoreTest, loadsTheWholeDefaultForValuesOfAnotherType) {
+    for (const std::string_view text : {R"({"schemaVersion":"1","changeColors":"redUp"})",
+                                        R"({"schemaVersion":true,"changeColors":"redUp"})",
+                                        R"({"changeColors":"redUp"})",
+                                        R"({"schemaVersion":1,"changeColors":1})",
+                                        R"({"schemaVersion":1,"changeColors":["redUp"]})",
+                                        R"({"schemaVersion":1,"changeColors":{}})",
+                                        R"(["redUp"])"}) {
+        SCOPED_TRACE(text);
+        log.clear();
+        EXPECT_EQ(load(text), Preferences::defaultPreferences());
+        EXPECT_EQ(log.lines().size(), 1U);
+    }
+}
+
+TEST_F(PreferencesStoreTest, loadsTheDefaultForEveryOtherVersion) {
+    EXPECT_EQ(load(R"({"schemaVersion":0,"changeColors":"redUp"})"),
+              Preferences::defaultPreferences());
+    EXPECT_THAT(
+        log.lines(),
+        ElementsAre("PreferencesStore|error|unknown preferences schema version 0, using default"));
+}
+
+}  // namespace
+}  // namespace quillbar

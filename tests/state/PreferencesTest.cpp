@@ -1,0 +1,31 @@
+// SPDX-FileCopyrightText: 2026 The Quillbar developers
+// SPDX-License-Identifier: MIT
+#include "QuillbarCore/state/Preferences.h"
+
+#include <gtest/gtest.h>
+
+namespace quillbar {
+namespace {
+
+TEST(Preferences, ofAFirstStartAreGreenForRising) {
+    const Preferences& preferences = Preferences::defaultPreferences();
+    EXPECT_EQ(preferences.schemaVersion, 1);
+    EXPECT_EQ(preferences.changeColors, ChangeColors::greenUp);
+}
+
+TEST(Preferences, anEditReplacesItsFieldAlone) {
+    const Preferences before{7, ChangeColors::greenUp};
+    EXPECT_EQ(before.settingChangeColors(ChangeColors::blueUp),
+              (Preferences{7, ChangeColors::blueUp}));
+    EXPECT_EQ(before.changeColors, ChangeColors::greenUp);
+}
+
+TEST(Preferences, areEqualWhenEveryFieldIs) {
+    const Preferences preferences{1, ChangeColors::redUp};
+    EXPECT_EQ(preferences, (Preferences{1, ChangeColors::redUp}));
+    EXPECT_NE(preferences, (Preferences{2, ChangeColors::redUp}));
+    EXPECT_NE(preferences, (Preferences{1, ChangeColors::blueUp}));
+}
+
+}  // namespace
+}  // namespace quillbar
