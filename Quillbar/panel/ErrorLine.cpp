@@ -22,7 +22,7 @@ bool isOutsideRegion(const std::optional<ConnectionFailure>& failure) {
 }  // namespace
 
 ErrorLine::ErrorLine(const AppState& state, QWidget* parent)
-    : ThemedLabel(systemFont(kFontSize), &ThemeColors::Resolved::down, parent)
+    : ThemedLabel(systemFont(kFontSize), &ThemeColors::Resolved::danger, parent)
     , m_state(state) {
     const auto changed = [this](const auto& /*value*/) { refresh(); };
     m_observations.push_back(state.lastError().observe(changed));

@@ -93,8 +93,9 @@ QString detailsOf(const LabelSnapshot& snapshot, TimePoint now) {
 
 }  // namespace
 
-LabelFace LabelFace::of(const LabelSnapshot& snapshot, TimePoint now) {
+LabelFace LabelFace::of(const LabelSnapshot& snapshot, TimePoint now, ChangeColors changeColors) {
     LabelFace face;
+    face.changeColors = changeColors;
     // Some hosts hide an item whose label is empty.
     if (const QString text = shortened(OneLineText::of(snapshot.text)); !text.trimmed().isEmpty()) {
         face.text = text;

@@ -4,6 +4,7 @@
 
 #include "Quillbar/labelstate/LabelSnapshot.h"
 #include "QuillbarCore/runtime/Time.h"
+#include "QuillbarCore/state/ChangeColors.h"
 
 #include <QString>
 
@@ -24,6 +25,8 @@ struct LabelFace final {
     /// The change in at most five characters, "+1.2%"; empty when none is known, or no price shown.
     QString shortChange;
     LabelDirection direction = LabelDirection::stale;
+    /// The colours of a rising and of a falling change, where the item draws them.
+    ChangeColors changeColors = ChangeColors::greenUp;
     /// The lines of a tooltip below the text: how to pin a coin if none is pinned, how old the data
     /// are, the state of the connection and why it is down, and other errors.
     QString details;
@@ -34,13 +37,15 @@ struct LabelFace final {
     /// the change stays below 100 percent. For hosts that reserve this width.
     [[nodiscard]] QString guide() const;
 
-    /// The face of `snapshot` at the instant `now`. Pure, but for the time zone of the update's
+    /// The face of `snapshot` at the instant `now`, in the colours of the user's choice. Pure, but for the time zone of the update's
     /// time of day.
     ///
     /// The age of the data is in minutes, then hours, then days, so the tooltip does not change
     /// each second. If a face is made at each change of the snapshot and once a minute, it is never
     /// wrong for longer than a minute.
-    [[nodiscard]] static LabelFace of(const LabelSnapshot& snapshot, TimePoint now);
+    [[nodiscard]] static LabelFace of(const LabelSnapshot& snapshot,
+                                      TimePoint now,
+                                      ChangeColors changeColors = ChangeColors::greenUp);
 };
 
 }  // namespace quillbar

@@ -4,6 +4,7 @@
 
 #include "Quillbar/text/TabularText.h"
 #include "Quillbar/tray/PixelText.h"
+#include "Quillbar/widgets/ChangePalette.h"
 
 #include <QColor>
 #include <QFont>
@@ -27,17 +28,16 @@ constexpr QChar kFlatMark(u'·');
 /// The height in pixels that the measures of this file are for.
 constexpr double kDesignHeight = 22;
 
-// Stronger than the colours of the panel, because a line of a few pixels is mostly edges.
 constexpr QColor kTextColor(255, 255, 255);
-constexpr QColor kUpColor(84, 230, 160);
-constexpr QColor kDownColor(255, 128, 128);
 
-QColor changeColor(LabelDirection direction) {
-    switch (direction) {
+QColor changeColor(const LabelPicture& picture) {
+    const ChangePalette palette =
+        ChangePalette::of(picture.changeColors, ChangePalette::Ground::statusArea);
+    switch (picture.direction) {
     case LabelDirection::up:
-        return kUpColor;
+        return palette.up;
     case LabelDirection::down:
-        return kDownColor;
+        return palette.down;
     case LabelDirection::flat:
     case LabelDirection::stale:
         break;
@@ -131,7 +131,7 @@ QImage drawnWide(const LabelPicture& picture, int height) {
     };
     painter.setPen(kTextColor);
     draw(text.lead, Qt::AlignLeft, TabularText::width(text.lead, font));
-    painter.setPen(changeColor(picture.direction));
+    painter.setPen(changeColor(picture));
     draw(text.mark, Qt::AlignHCenter, text.markSlot(font));
     draw(text.change, Qt::AlignRight, text.changeSlot(font));
     return image;
@@ -213,7 +213,7 @@ QImage drawnSquare(const LabelPicture& picture, int height) {
     painter.setOpacity(opacityOf(picture.direction));
     painter.setPen(kTextColor);
     drawLine(painter, picture.upper, kUpperBaseline, height);
-    painter.setPen(changeColor(picture.direction));
+    painter.setPen(changeColor(picture));
     drawLine(painter, picture.lower, kLowerBaseline, height);
     return image;
 }
@@ -266,6 +266,7 @@ LabelPicture LabelPicture::of(const LabelFace& face,
         break;
     }
     picture.direction = face.direction;
+    picture.changeColors = face.changeColors;
     return picture;
 }
 

@@ -4,6 +4,7 @@
 
 #include "Quillbar/tray/LabelFace.h"
 #include "Quillbar/tray/TrayHost.h"
+#include "QuillbarCore/state/ChangeColors.h"
 
 #include <QImage>
 #include <QString>
@@ -40,6 +41,7 @@ struct LabelPicture final {
     /// The lower line of a square, or the change at the end of the whole text.
     QString lower = {};
     LabelDirection direction = LabelDirection::stale;
+    ChangeColors changeColors = ChangeColors::greenUp;
 
     [[nodiscard]] bool operator==(const LabelPicture&) const = default;
 

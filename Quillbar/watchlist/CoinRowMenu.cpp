@@ -83,7 +83,7 @@ QIcon trashIcon(const QWidget& view) {
               Glyph::trash,
               QRectF(0, 0, kIconSize, kIconSize)
                   .adjusted(kGlyphMargin, kGlyphMargin, -kGlyphMargin, -kGlyphMargin),
-              ThemeKey::value(view).colors.down);
+              ThemeKey::value(view).colors.danger);
     return {pixmap};
 }
 

@@ -77,11 +77,11 @@ void PanelMenu::initStyleOption(QStyleOptionMenuItem* option, const QAction* act
         break;
     case MenuEntry::Kind::notice:
         option->font = systemFont(kSmallFontSize);
-        text = colors.down;
+        text = colors.danger;
         break;
     case MenuEntry::Kind::action:
         if (action->isEnabled() && action->property(kDestructiveProperty).toBool()) {
-            text = colors.down;
+            text = colors.danger;
         }
         break;
     case MenuEntry::Kind::separator:

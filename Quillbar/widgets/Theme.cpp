@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "Quillbar/widgets/Theme.h"
 
+#include "Quillbar/widgets/ChangePalette.h"
+
 #include <QCoreApplication>
 #include <QObject>
 #include <QWidget>
@@ -18,6 +20,12 @@ QColor white(double opacity) {
 
 QColor black(double opacity) {
     return QColor::fromRgbF(0, 0, 0, static_cast<float>(opacity));
+}
+
+ChangePalette changesOn(ColorScheme scheme, ChangeColors colors) {
+    return ChangePalette::of(colors,
+                             scheme == ColorScheme::dark ? ChangePalette::Ground::darkPanel
+                                                         : ChangePalette::Ground::lightPanel);
 }
 
 const Theme& darkTheme() {
@@ -45,9 +53,10 @@ ThemeHolder* holder(const QWidget& root) {
 }  // namespace
 
 const ThemeColors::Resolved& ThemeColors::dark() {
+    const ChangePalette changes = changesOn(ColorScheme::dark, ChangeColors::greenUp);
     static const Resolved colors{
-        .up = QColor(62, 207, 142),
-        .down = QColor(255, 92, 92),
+        .up = changes.up,
+        .down = changes.down,
         .primaryText = QColor(232, 232, 234),
         .secondaryText = QColor(154, 154, 160),
         .tertiaryText = QColor(99, 99, 107),
@@ -57,14 +66,16 @@ const ThemeColors::Resolved& ThemeColors::dark() {
         .accent = QColor(77, 141, 250),
         .warning = QColor(217, 131, 36),
         .surface = QColor(23, 23, 26),
+        .danger = QColor(255, 92, 92),
     };
     return colors;
 }
 
 const ThemeColors::Resolved& ThemeColors::light() {
+    const ChangePalette changes = changesOn(ColorScheme::light, ChangeColors::greenUp);
     static const Resolved colors{
-        .up = QColor(26, 138, 84),
-        .down = QColor(207, 58, 58),
+        .up = changes.up,
+        .down = changes.down,
         .primaryText = QColor(29, 29, 31),
         .secondaryText = QColor(134, 134, 139),
         .tertiaryText = QColor(154, 154, 160),
@@ -74,12 +85,21 @@ const ThemeColors::Resolved& ThemeColors::light() {
         .accent = QColor(47, 111, 208),
         .warning = QColor(185, 106, 16),
         .surface = QColor(252, 252, 253),
+        .danger = QColor(207, 58, 58),
     };
     return colors;
 }
 
 const ThemeColors::Resolved& ThemeColors::of(ColorScheme scheme) {
     return scheme == ColorScheme::dark ? dark() : light();
+}
+
+ThemeColors::Resolved ThemeColors::of(ColorScheme scheme, ChangeColors changeColors) {
+    Resolved colors = of(scheme);
+    const ChangePalette changes = changesOn(scheme, changeColors);
+    colors.up = changes.up;
+    colors.down = changes.down;
+    return colors;
 }
 
 ColorScheme resolvedScheme(AppearanceMode mode, ColorScheme system) {

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "QuillbarCore/state/AppearanceMode.h"
+#include "QuillbarCore/state/ChangeColors.h"
 
 #include <QColor>
 #include <QEvent>
@@ -15,7 +16,7 @@ namespace quillbar {
 enum class ColorScheme { dark, light };
 
 /// The colours of the panel when it is dark and when it is light. In both, gains are green and
-/// losses red.
+/// losses red unless the user has chosen other colours for them.
 struct ThemeColors final {
     ThemeColors() = delete;
 
@@ -33,6 +34,8 @@ struct ThemeColors final {
         QColor accent;
         QColor warning;
         QColor surface;
+        /// What failed, and what cannot be taken back: red, whatever colour losses have.
+        QColor danger;
 
         [[nodiscard]] bool operator==(const Resolved&) const = default;
     };
@@ -41,6 +44,9 @@ struct ThemeColors final {
     [[nodiscard]] static const Resolved& dark();
     [[nodiscard]] static const Resolved& light();
     [[nodiscard]] static const Resolved& of(ColorScheme scheme);
+
+    /// The scheme's colours with gains and losses in those that the user has chosen. Pure.
+    [[nodiscard]] static Resolved of(ColorScheme scheme, ChangeColors changeColors);
 };
 
 /// The colours and the scheme that views draw with.

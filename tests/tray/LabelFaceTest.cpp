@@ -235,6 +235,14 @@ TEST_F(LabelFaceTest, doesNotCallAConnectionMadeThatHasDeliveredNothingSinceAFai
     EXPECT_EQ(after(1s, snapshot).details, QStringLiteral("刚刚更新\n已连接"));
 }
 
+TEST_F(LabelFaceTest, theColorsOfChangesAreTheUsersAndChangeNothingElse) {
+    LabelFace face = LabelFace::of(bitcoin(), kUpdate, ChangeColors::redUp);
+    EXPECT_EQ(face.changeColors, ChangeColors::redUp);
+    EXPECT_NE(face, after(0s));
+    face.changeColors = ChangeColors::greenUp;
+    EXPECT_EQ(face, after(0s));
+}
+
 TEST_F(LabelFaceTest, keepsAFailureOnItsLine) {
     LabelSnapshot snapshot = bitcoin();
     snapshot.failure = "A\nB\tC";

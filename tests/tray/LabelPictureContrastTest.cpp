@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Quillbar developers
 // SPDX-License-Identifier: MIT
 #include "Quillbar/tray/LabelPicture.h"
+#include "tests/qtsupport/Contrast.h"
 
 #include <QColor>
 #include <QPainter>
@@ -9,8 +10,6 @@
 
 #include <algorithm>
 #include <array>
-#include <cmath>
-#include <cstddef>
 #include <string>
 #include <vector>
 
@@ -22,25 +21,6 @@ constexpr double kReadable = 3;
 
 /// The heights of bars, at scale 1 and 2.
 constexpr std::array kHeights{16, 18, 20, 22, 24, 28, 32, 36, 40, 44, 48};
-
-/// The relative luminance of an opaque colour, from 0 to 1.
-double luminanceOf(QRgb color) {
-    static const std::vector<double> linear = [] {
-        std::vector<double> parts;
-        for (int value = 0; value < 256; ++value) {
-            const double part = value / 255.0;
-            parts.push_back(part <= 0.04045 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4));
-        }
-        return parts;
-    }();
-    const auto part = [](int value) { return linear[static_cast<std::size_t>(value)]; };
-    return 0.2126 * part(qRed(color)) + 0.7152 * part(qGreen(color)) + 0.0722 * part(qBlue(color));
-}
-
-double contrastOf(QRgb one, QRgb other) {
-    const auto [dark, light] = std::minmax({luminanceOf(one), luminanceOf(other)});
-    return (light + 0.05) / (dark + 0.05);
-}
 
 /// The picture as it is seen on a bar of this colour.
 QImage seenOn(const QColor& bar, const QImage& picture) {

@@ -184,6 +184,27 @@ TEST(LabelPictureDrawnTest, aSquareHasTheColoursOfItsDirection) {
     EXPECT_EQ(colorsOf(LabelDirection::flat, kLowerLine), Colors{text});
 }
 
+TEST(LabelPictureDrawnTest, changesAreInTheColoursThatTheUserHasChosen) {
+    const auto changeColors = [](ChangeColors chosen, LabelDirection direction) {
+        LabelPicture square = squareOf(QStringLiteral("67.2k"), QStringLiteral("+1.2%"), direction);
+        square.changeColors = chosen;
+        return colorsIn(square.drawn(22), kLowerLine);
+    };
+    using Colors = std::vector<QColor>;
+    EXPECT_EQ(changeColors(ChangeColors::redUp, LabelDirection::up), Colors{QColor(255, 128, 128)});
+    EXPECT_EQ(changeColors(ChangeColors::redUp, LabelDirection::down),
+              Colors{QColor(84, 230, 160)});
+    EXPECT_EQ(changeColors(ChangeColors::redUp, LabelDirection::flat),
+              Colors{QColor(255, 255, 255)});
+    EXPECT_EQ(changeColors(ChangeColors::blueUp, LabelDirection::up),
+              Colors{QColor(124, 192, 255)});
+    LabelPicture wide = wideOf(QStringLiteral("BTC 1 "), QStringLiteral("▲ 1.23%"), {});
+    wide.direction = LabelDirection::up;
+    const QImage before = wide.drawn(22);
+    wide.changeColors = ChangeColors::redUp;
+    EXPECT_NE(wide.drawn(22), before);
+}
+
 TEST(LabelPictureDrawnTest, whatIsNotLiveIsPalerAndOtherwiseTheSame) {
     const auto drawnIn = [](LabelDirection direction) {
         return squareOf(QStringLiteral("67.2k"), QStringLiteral("+1.2%"), direction).drawn(22);

@@ -96,6 +96,15 @@ TEST(LabelPicture, goesWithItsFormItsGroundAndItsDirection) {
     EXPECT_EQ(picture.upper, falling.text);
 }
 
+TEST(LabelPicture, goesWithTheColorsOfChanges) {
+    LabelFace chosen = face(QStringLiteral("BTC 67,234.50 ▲ 1.23%"));
+    chosen.changeColors = ChangeColors::redUp;
+    const LabelPicture picture =
+        LabelPicture::of(chosen, LabelForm::square, PictureGround::darkBar);
+    EXPECT_EQ(picture.changeColors, ChangeColors::redUp);
+    EXPECT_NE(picture, square());
+}
+
 TEST(LabelPicture, ofTheWholeTextKnowsWhereTheChangeBegins) {
     EXPECT_EQ(wide(QStringLiteral("BTC 67,234.50 ▲ 1.23%")).lower, QStringLiteral("▲ 1.23%"));
     EXPECT_EQ(wide(QStringLiteral("BTC")).lower, QString());

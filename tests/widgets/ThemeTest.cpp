@@ -66,6 +66,7 @@ TEST(ThemeTest, theOpaqueRolesAreTheseColours) {
         Row{"accent", &Roles::accent, {77, 141, 250}, {47, 111, 208}},
         Row{"warning", &Roles::warning, {217, 131, 36}, {185, 106, 16}},
         Row{"surface", &Roles::surface, {23, 23, 26}, {252, 252, 253}},
+        Row{"danger", &Roles::danger, {255, 92, 92}, {207, 58, 58}},
     };
     for (const Row& row : rows) {
         EXPECT_EQ(ThemeColors::dark().*row.role, row.dark) << row.name;
