@@ -66,6 +66,7 @@ QuillbarApp::QuillbarApp(const std::optional<QDBusConnection>& bus,
     , m_loginItem(LoginSession::ofProcess(processEnvironment()))
     , m_launchAtLogin(m_loginItem)
     , m_settings(m_services.appState(), m_launchAtLogin)
+    , m_preferences(PreferencesStore(folder))
     , m_environment{.executor = *m_executor,
                     .now = systemClock(),
                     .calendar = Calendar::autoupdatingCurrent(),
@@ -86,7 +87,7 @@ QuillbarApp::QuillbarApp(const std::optional<QDBusConnection>& bus,
           {.onActivate = [this](std::optional<QPoint> anchor,
                                 ActivationSource source) { activate(anchor, source); },
            .onMenuShown = [this] { m_settings.refresh(); },
-           .onMenu = [this](int id) { chooseFromMenu(id); },
+           .onMenu = [this](int id, std::optional<QPoint> anchor) { chooseFromMenu(id, anchor); },
            .onActivationToken = [this](const QString& token) { panel().setActivationToken(token); },
            .onNoTray = [this] { goWithoutTray(); },
            .onTray = [this] { dropFromTray(); },
@@ -98,6 +99,8 @@ QuillbarApp::QuillbarApp(const std::optional<QDBusConnection>& bus,
     m_item.setMenu(*m_settings.entries());
     m_observations.push_back(m_settings.entries().observe(
         [this](const std::vector<MenuEntry>& entries) { m_item.setMenu(entries); }));
+    m_observations.push_back(m_preferences.preferences().observe(
+        [this](const Preferences& /*preferences*/) { refreshFace(); }));
     if (!m_hasBus) {
         Logger("QuillbarApp").error("no session bus: no item in the status area");
         m_notices.add(Notice::noSessionBus);
@@ -138,8 +141,16 @@ void QuillbarApp::showPanel(const QString& token) {
     window.open(PanelWindow::AskedBy::command);
 }
 
+void QuillbarApp::showPreferences(const QString& token) {
+    PanelWindow& window = panelAskedFor();
+    window.setActivationToken(token);
+    m_panelView->showPreferences();
+    window.open(PanelWindow::AskedBy::command);
+}
+
 void QuillbarApp::refreshFace() {
-    m_item.show(LabelFace::of(m_faceSource.snapshot(), systemClock()()));
+    m_item.show(LabelFace::of(
+        m_faceSource.snapshot(), systemClock()(), m_preferences.preferences()->changeColors));
 }
 
 Task<void> QuillbarApp::refreshFaceEachMinute() {
@@ -164,11 +175,13 @@ void QuillbarApp::activate(std::optional<QPoint> anchor, ActivationSource source
     }
 }
 
-void QuillbarApp::chooseFromMenu(int id) {
+void QuillbarApp::chooseFromMenu(int id, std::optional<QPoint> anchor) {
     if (id == StatusItem::kQuit) {
         QCoreApplication::quit();
-    } else {
-        m_settings.choose(id);
+    } else if (m_settings.choose(id) == SettingsMenu::Choice::wantsPreferences) {
+        PanelWindow& window = panelAskedFor();
+        m_panelView->showPreferences();
+        window.open(PanelWindow::AskedBy::pointer, anchor);
     }
 }
 
@@ -207,8 +220,11 @@ PanelWindow& QuillbarApp::panel() {
         }
         QApplication::setStyle(new TooltipStyle);
         QToolTip::setFont(withChineseFamilies(QToolTip::font()));
-        m_panelView = new PanelView(
-            m_environment, m_systemScheme.scheme(), m_settings, &QCoreApplication::quit);
+        m_panelView = new PanelView(m_environment,
+                                    m_systemScheme.scheme(),
+                                    m_settings,
+                                    m_preferences,
+                                    &QCoreApplication::quit);
         m_panel = std::make_unique<PanelWindow>(m_panelView, elapsed());
         m_panelView->onClose = [this] { m_panel->dismiss(); };
         setStandalone(m_isStandalone);
@@ -250,6 +266,8 @@ void QuillbarApp::setStandalone(bool isStandalone) {
 
 void QuillbarApp::onPanelClosed() {
     m_item.setPanelOpen(false);
+    // The panel opens with the prices that the user clicks the item for.
+    m_panelView->closePreferences();
     if (m_endsWithPanel) {
         QCoreApplication::quit();
     }

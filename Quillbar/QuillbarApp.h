@@ -21,6 +21,7 @@
 #include "QuillbarCore/runtime/TaskScope.h"
 #include "QuillbarCore/runtime/Time.h"
 #include "QuillbarCore/runtime/Worker.h"
+#include "QuillbarCore/state/PreferencesState.h"
 
 #include <QDBusConnection>
 #include <QPoint>
@@ -74,6 +75,8 @@ public:
     void togglePanel(const QString& token);
     /// Shows the panel, whether or not it is shown.
     void showPanel(const QString& token);
+    /// Shows the panel with its page of preferences.
+    void showPreferences(const QString& token);
 
     /// The label, for programs that pass it on. Lives as long as this object.
     [[nodiscard]] LabelSource& labelSource() noexcept { return m_labelSource; }
@@ -85,7 +88,7 @@ private:
     void startServices();
     Task<void> keepHeapSmall();
     void activate(std::optional<QPoint> anchor, ActivationSource source);
-    void chooseFromMenu(int id);
+    void chooseFromMenu(int id, std::optional<QPoint> anchor);
     void goWithoutTray();
     void dropFromTray();
     PanelWindow& panel();
@@ -112,6 +115,7 @@ private:
     AutostartEntry m_loginItem;
     LaunchAtLogin m_launchAtLogin;
     SettingsMenu m_settings;
+    PreferencesState m_preferences;
     ViewEnvironment m_environment;
     std::unique_ptr<PanelWindow> m_panel;
     // The panel's content, which it owns.

@@ -25,6 +25,12 @@ constexpr int kSpacing = 4;
 constexpr double kTitleFontSize = 13;
 constexpr double kCloseGlyphSize = 11;
 constexpr int kCloseSize = 24;
+constexpr double kBackGlyphSize = 12;
+constexpr int kBackSize = 24;
+
+QString productName() {
+    return QStringLiteral("Quillbar");
+}
 
 }  // namespace
 
@@ -32,19 +38,30 @@ PanelHeader::PanelHeader(const ViewEnvironment& environment,
                          SettingsMenu& settings,
                          std::function<void()> quit,
                          QWidget* parent)
-    : QWidget(parent) {
+    : QWidget(parent)
+    , m_back(new GlyphButton(Glyph::chevronLeft, kBackGlyphSize, QSize(kBackSize, kBackSize), this))
+    , m_title(new ThemedLabel(systemFont(kTitleFontSize, QFont::DemiBold),
+                              &ThemeColors::Resolved::primaryText,
+                              this))
+    , m_plus(new AddCoinButton(environment, this))
+    , m_gear(new SettingsButton(settings, std::move(quit), this))
+    , m_close(new GlyphButton(Glyph::xmark, kCloseGlyphSize, QSize(kCloseSize, kCloseSize), this)) {
     setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
-    auto* const title = new ThemedLabel(
-        systemFont(kTitleFontSize, QFont::DemiBold), &ThemeColors::Resolved::primaryText, this);
-    title->setText(QStringLiteral("Quillbar"));
-    auto* const plus = new AddCoinButton(environment, this);
-    plus->onAdded = [this](const std::string& symbol, Qt::FocusReason reason) {
+    m_back->setAccessibleName(QStringLiteral("返回"));
+    m_back->setToolTip(QStringLiteral("返回"));
+    m_back->hide();
+    connect(m_back, &QAbstractButton::clicked, this, [this] { onBack(); });
+    m_title->setText(productName());
+    m_plus->onAdded = [this](const std::string& symbol, Qt::FocusReason reason) {
         if (onCoinAdded) {
             onCoinAdded(symbol, reason);
         }
     };
-    auto* const gear = new SettingsButton(settings, std::move(quit), this);
-    m_close = new GlyphButton(Glyph::xmark, kCloseGlyphSize, QSize(kCloseSize, kCloseSize), this);
+    m_gear->onPreferences = [this](Qt::FocusReason reason) {
+        if (onPreferences) {
+            onPreferences(reason);
+        }
+    };
     m_close->setAccessibleName(QStringLiteral("关闭面板"));
     m_close->setToolTip(QStringLiteral("关闭面板"));
     m_close->hide();
@@ -54,16 +71,25 @@ PanelHeader::PanelHeader(const ViewEnvironment& environment,
     layout->setContentsMargins(
         kHorizontalPadding, kVerticalPadding, kHorizontalPadding, kVerticalPadding);
     layout->setSpacing(kSpacing);
-    layout->addWidget(title);
+    layout->addWidget(m_back);
+    layout->addWidget(m_title);
     layout->addStretch();
-    layout->addWidget(plus);
-    layout->addWidget(gear);
+    layout->addWidget(m_plus);
+    layout->addWidget(m_gear);
     layout->addWidget(m_close);
 }
 
 void PanelHeader::setStandalone(bool isStandalone) {
     m_isStandalone = isStandalone;
     m_close->setVisible(isStandalone);
+}
+
+void PanelHeader::setPage(const QString& title) {
+    const bool isPage = !title.isEmpty();
+    m_title->setText(isPage ? title : productName());
+    m_back->setVisible(isPage);
+    m_plus->setVisible(!isPage);
+    m_gear->setVisible(!isPage);
 }
 
 void PanelHeader::mousePressEvent(QMouseEvent* event) {

@@ -9,12 +9,15 @@
 #include "Quillbar/panel/ErrorLine.h"
 #include "Quillbar/panel/NoticeLines.h"
 #include "Quillbar/panel/PanelHeader.h"
+#include "Quillbar/panel/PreferencesView.h"
 #include "Quillbar/panel/UnderlineTabs.h"
 #include "Quillbar/panel/UndoLine.h"
 #include "Quillbar/text/PinHint.h"
 #include "Quillbar/watchlist/CoinListView.h"
 #include "Quillbar/widgets/CenteredText.h"
 
+#include <QApplication>
+#include <QKeyEvent>
 #include <QVBoxLayout>
 
 #include <algorithm>
@@ -34,37 +37,54 @@ bool isPinned(const Watchlist& watchlist) {
     return watchlist.pinnedSymbol && watchlist.contains(*watchlist.pinnedSymbol);
 }
 
+QVBoxLayout* makeStack(QWidget& owner) {
+    auto* const stack = new QVBoxLayout(&owner);
+    stack->setContentsMargins(0, 0, 0, 0);
+    stack->setSpacing(kSpacing);
+    return stack;
+}
+
+/// The height that the layout wants in the panel. It depends on the width only while a line that
+/// may wrap is shown.
+int heightOf(const QLayout& layout) {
+    return layout.hasHeightForWidth() ? layout.totalHeightForWidth(PanelView::kWidth)
+                                      : layout.sizeHint().height();
+}
+
 }  // namespace
 
 PanelView::PanelView(const ViewEnvironment& environment,
                      const Observed<ColorScheme>& systemScheme,
                      SettingsMenu& settings,
+                     PreferencesState& preferences,
                      std::function<void()> quit,
                      QWidget* parent)
     : QWidget(parent)
     , m_environment(environment)
-    , m_systemScheme(systemScheme) {
+    , m_systemScheme(systemScheme)
+    , m_preferences(preferences) {
     setFixedWidth(kWidth);
     applyTheme();
-    auto* const stack = new QVBoxLayout(this);
-    stack->setContentsMargins(0, 0, 0, 0);
-    stack->setSpacing(kSpacing);
-    buildHeader(*stack, settings, std::move(quit));
+    auto* const pages = makeStack(*this);
+    buildHeader(*pages, settings, std::move(quit));
+    m_main = new QWidget(this);
+    pages->addWidget(m_main);
+    auto* const stack = makeStack(*m_main);
     buildTabs(*stack);
-    stack->addWidget(new ErrorLine(environment.appState, this));
-    stack->addWidget(new NoticeLines(environment.notices, this));
-    stack->addWidget(new ConnectionBanner(environment.appState, this));
+    stack->addWidget(new ErrorLine(environment.appState, m_main));
+    stack->addWidget(new NoticeLines(environment.notices, m_main));
+    stack->addWidget(new ConnectionBanner(environment.appState, m_main));
     // Made before the list of coins, as `UndoLine` requires.
-    m_undo = new UndoLine(environment, m_expandedSymbol, this);
+    m_undo = new UndoLine(environment, m_expandedSymbol, m_main);
     m_undo->onBack = [this](const std::string& symbol, Qt::FocusReason reason) {
         if (!m_tab.board()) {
             m_list->focusCoin(symbol, reason);
         }
     };
     buildList();
-    stack->addWidget(new AgeLine(environment.appState, environment.now, *m_list, this));
+    stack->addWidget(new AgeLine(environment.appState, environment.now, *m_list, m_main));
     stack->addWidget(m_list);
-    m_pinHint = new CenteredText(pinHint(), kHintPadding, this);
+    m_pinHint = new CenteredText(pinHint(), kHintPadding, m_main);
     stack->addWidget(m_pinHint);
     stack->addWidget(m_undo);
     m_undo->moveToEndOfTabOrder();
@@ -72,6 +92,8 @@ PanelView::PanelView(const ViewEnvironment& environment,
 
     m_observations.push_back(environment.appState.settings().observe(
         [this](const AppSettings& /*settings*/) { applyTheme(); }));
+    m_observations.push_back(preferences.preferences().observe(
+        [this](const Preferences& /*preferences*/) { applyTheme(); }));
     m_observations.push_back(environment.appState.watchlist().observe(
         [this](const Watchlist& /*watchlist*/) { updatePinHint(); }));
     m_observations.push_back(
@@ -81,17 +103,65 @@ PanelView::PanelView(const ViewEnvironment& environment,
 PanelView::~PanelView() = default;
 
 QSize PanelView::sizeHint() const {
-    // The layout depends on the width only while the line that may wrap is shown.
-    const QLayout& stack = *layout();
-    return {
-        kWidth,
-        stack.hasHeightForWidth() ? stack.totalHeightForWidth(kWidth) : stack.sizeHint().height()};
+    int height = heightOf(*m_main->layout());
+    if (isShowingPreferences()) {
+        height = std::max(height, heightOf(*m_preferencesView->layout()));
+    }
+    return {kWidth, m_header->sizeHint().height() + kSpacing + height};
 }
 
 bool PanelView::focusNextPrevChild(bool next) {
     // Charts that have been opened since come after it in the order of the Tab key.
     m_undo->moveToEndOfTabOrder();
     return QWidget::focusNextPrevChild(next);
+}
+
+void PanelView::keyPressEvent(QKeyEvent* event) {
+    if (event->key() == Qt::Key_Escape && isShowingPreferences()) {
+        closePreferences();
+    } else {
+        QWidget::keyPressEvent(event);
+    }
+}
+
+void PanelView::showPreferences(Qt::FocusReason reason) {
+    if (isShowingPreferences()) {
+        return;
+    }
+    if (m_preferencesView == nullptr) {
+        m_preferencesView = new PreferencesView(
+            m_preferences, [this] { return scheme(); }, this);
+        layout()->addWidget(m_preferencesView);
+    }
+    // A menu would stay open over what is hidden, and act on it.
+    if (QWidget* const popup = QApplication::activePopupWidget()) {
+        popup->close();
+    }
+    m_focusBefore = window()->focusWidget();
+    // What is hidden with the focus would pass it on to whatever comes next.
+    setFocus(Qt::PopupFocusReason);
+    // Hide the old content first, so that the layout never has to find room for both.
+    m_main->hide();
+    m_header->setPage(PreferencesView::title());
+    m_preferencesView->show();
+    m_preferencesView->takeFocus(reason);
+}
+
+void PanelView::closePreferences() {
+    if (!isShowingPreferences()) {
+        return;
+    }
+    setFocus(Qt::PopupFocusReason);
+    m_preferencesView->hide();
+    m_header->setPage(QString());
+    m_main->show();
+    if (m_focusBefore != nullptr) {
+        m_focusBefore->setFocus(Qt::PopupFocusReason);
+    }
+}
+
+bool PanelView::isShowingPreferences() const {
+    return m_preferencesView != nullptr && !m_preferencesView->isHidden();
 }
 
 void PanelView::buildHeader(QVBoxLayout& stack,
@@ -101,6 +171,8 @@ void PanelView::buildHeader(QVBoxLayout& stack,
     m_header->onCoinAdded = [this](const std::string& symbol, Qt::FocusReason reason) {
         onCoinAdded(symbol, reason);
     };
+    m_header->onPreferences = [this](Qt::FocusReason reason) { showPreferences(reason); };
+    m_header->onBack = [this] { closePreferences(); };
     m_header->onClose = [this] {
         if (onClose) {
             onClose();
@@ -119,7 +191,7 @@ void PanelView::buildTabs(QVBoxLayout& stack) {
     for (const PanelTab tab : m_offered) {
         titles.push_back(tab.title());
     }
-    m_tabs = new UnderlineTabs(titles, kTabsPadding, kUnderlineHeight, this);
+    m_tabs = new UnderlineTabs(titles, kTabsPadding, kUnderlineHeight, m_main);
     m_tabs->onSelect = [this](std::size_t index) {
         m_tab = m_offered[index];
         showTab();
@@ -133,17 +205,20 @@ void PanelView::buildList() {
         m_environment,
         m_expandedSymbol,
         [this](const Coin& coin, QWidget* parent) { return makeDetail(coin, parent); },
-        this);
+        m_main);
 }
 
 QWidget* PanelView::makeDetail(const Coin& coin, QWidget* parent) const {
     return new CoinDetailView(m_environment, coin, parent);
 }
 
+ColorScheme PanelView::scheme() const {
+    return resolvedScheme(m_environment.appState.settings()->appearance, *m_systemScheme);
+}
+
 void PanelView::applyTheme() {
-    const ColorScheme scheme =
-        resolvedScheme(m_environment.appState.settings()->appearance, *m_systemScheme);
-    ThemeKey::set(*this, {.colors = ThemeColors::of(scheme)});
+    ThemeKey::set(*this,
+                  {.colors = ThemeColors::of(scheme(), m_preferences.preferences()->changeColors)});
 }
 
 void PanelView::restoreTab() {
@@ -187,8 +262,8 @@ void PanelView::showBoard(RankingBoard board) {
             m_environment,
             board,
             [this](const Coin& coin, QWidget* parent) { return makeDetail(coin, parent); },
-            this);
-        auto& stack = dynamic_cast<QVBoxLayout&>(*layout());
+            m_main);
+        auto& stack = dynamic_cast<QVBoxLayout&>(*m_main->layout());
         stack.insertWidget(stack.indexOf(m_list) + 1, m_board);
         m_undo->moveToEndOfTabOrder();
     }

@@ -6,7 +6,9 @@
 #include "Quillbar/widgets/Theme.h"
 #include "Quillbar/widgets/ViewEnvironment.h"
 #include "QuillbarCore/runtime/Observed.h"
+#include "QuillbarCore/state/PreferencesState.h"
 
+#include <QPointer>
 #include <QWidget>
 
 #include <functional>
@@ -21,23 +23,26 @@ namespace quillbar {
 class CoinListView;
 class MarketBoardView;
 class PanelHeader;
+class PreferencesView;
 class SettingsMenu;
 class UnderlineTabs;
 class UndoLine;
 
 /// The content of the panel: the header, the tabs, the lines about what went wrong, and the content
-/// of the selected tab. It sets the theme of all widgets in it. Its size hint is the size that it
-/// wants; with less height, its list shrinks.
+/// of the selected tab; or, below the header, the page of preferences in the place of the rest. It
+/// sets the theme of all widgets in it. Its size hint is the size that it wants; with less height,
+/// its list shrinks. The page leaves the size as it is, unless it needs more itself.
 class PanelView final : public QWidget {
 public:
     static constexpr int kWidth = 400;
 
-    /// `systemScheme` is the desktop's colour scheme. It, the settings and the environment outlive
-    /// the view. `quit` ends the application; it must not destroy the view before it returns. The
+    /// `systemScheme` is the desktop's colour scheme. It, the settings, the preferences and the
+    /// environment outlive the view. `quit` ends the application; it must not destroy the view before it returns. The
     /// view opens on the tab that was selected last.
     PanelView(const ViewEnvironment& environment,
               const Observed<ColorScheme>& systemScheme,
               SettingsMenu& settings,
+              PreferencesState& preferences,
               std::function<void()> quit,
               QWidget* parent = nullptr);
     PanelView(const PanelView&) = delete;
@@ -53,6 +58,12 @@ public:
         return m_expandedSymbol;
     }
 
+    /// Shows the page of preferences, and gives it the focus. `reason` is by what the user asked for
+    /// it, as far as a ring tells. Does nothing while the page is shown.
+    void showPreferences(Qt::FocusReason reason = Qt::OtherFocusReason);
+    /// Shows the tabs again, and gives the focus back. Does nothing while they are shown.
+    void closePreferences();
+
     /// Whether the panel is a window by itself, because there is no item. Its header then drags it
     /// and has a mark that closes it. The default is that it is not.
     void setStandalone(bool isStandalone);
@@ -63,12 +74,15 @@ public:
 
 protected:
     bool focusNextPrevChild(bool next) override;
+    void keyPressEvent(QKeyEvent* event) override;
 
 private:
     void buildHeader(QVBoxLayout& stack, SettingsMenu& settings, std::function<void()> quit);
     void buildTabs(QVBoxLayout& stack);
     void buildList();
     [[nodiscard]] QWidget* makeDetail(const Coin& coin, QWidget* parent) const;
+    [[nodiscard]] ColorScheme scheme() const;
+    [[nodiscard]] bool isShowingPreferences() const;
     void applyTheme();
     void restoreTab();
     void showTab();
@@ -78,11 +92,17 @@ private:
 
     const ViewEnvironment& m_environment;
     const Observed<ColorScheme>& m_systemScheme;
+    PreferencesState& m_preferences;
     std::vector<PanelTab> m_offered = PanelTab::allCases();
     PanelTab m_tab = PanelTab::watchlist();
     Observed<std::optional<std::string>> m_expandedSymbol;
     // Children, owned by Qt. One view shows all boards; it is made when the first board is opened.
     PanelHeader* m_header = nullptr;
+    // All below the header but the page of preferences.
+    QWidget* m_main = nullptr;
+    PreferencesView* m_preferencesView = nullptr;
+    // What had the focus when the page of preferences opened.
+    QPointer<QWidget> m_focusBefore;
     UnderlineTabs* m_tabs = nullptr;
     CoinListView* m_list = nullptr;
     MarketBoardView* m_board = nullptr;

@@ -83,6 +83,7 @@ void SettingsButton::keyPressEvent(QKeyEvent* event) {
 }
 
 void SettingsButton::openMenu() {
+    m_reason = focusReason();
     m_settings.refresh();
     // The menu is filled each time it opens, so that no entry changes under the pointer or while it
     // is chosen.
@@ -96,7 +97,17 @@ void SettingsButton::openMenu() {
 void SettingsButton::choose(int id) {
     if (id == kQuit) {
         m_quit();
-    } else if (m_settings.choose(id) == SettingsMenu::Choice::failed) {
+        return;
+    }
+    switch (m_settings.choose(id)) {
+    case SettingsMenu::Choice::done:
+        break;
+    case SettingsMenu::Choice::wantsPreferences:
+        if (onPreferences) {
+            onPreferences(m_reason);
+        }
+        break;
+    case SettingsMenu::Choice::failed:
         // Opened later, because opening the menu deletes the entry that was chosen. The panel may
         // have been closed by then.
         QMetaObject::invokeMethod(
@@ -107,6 +118,7 @@ void SettingsButton::choose(int id) {
                 }
             },
             Qt::QueuedConnection);
+        break;
     }
 }
 

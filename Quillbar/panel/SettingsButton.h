@@ -21,6 +21,10 @@ public:
     /// later, from the event loop.
     SettingsButton(SettingsMenu& settings, std::function<void()> quit, QWidget* parent = nullptr);
 
+    /// Called when the user chooses the page of preferences. `reason` is by what the button had the
+    /// focus, as `focusReason` tells.
+    std::function<void(Qt::FocusReason reason)> onPreferences;
+
 protected:
     void keyPressEvent(QKeyEvent* event) override;
 
@@ -31,6 +35,8 @@ private:
     SettingsMenu& m_settings;
     std::function<void()> m_quit;
     PanelMenu* m_menu;
+    // By what the button had the focus when the menu opened. An open menu may take the focus.
+    Qt::FocusReason m_reason = Qt::OtherFocusReason;
 };
 
 }  // namespace quillbar

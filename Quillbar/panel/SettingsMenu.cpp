@@ -21,9 +21,10 @@ enum Id : int {
     aboveLaunch = 30,
     launch,
     launchError,
+    preferences,
 };
 
-static_assert(launchError <= SettingsMenu::kLastId);
+static_assert(preferences <= SettingsMenu::kLastId);
 static_assert(firstBasis + int{kAllChangeBases.size()} <= appearanceHeader);
 static_assert(firstAppearance + int{kAllAppearanceModes.size()} <= aboveLaunch);
 
@@ -74,6 +75,9 @@ SettingsMenu::Choice SettingsMenu::choose(int id) {
         setLaunchAtLogin(!*m_isLaunched);
         return *m_launchError ? Choice::failed : Choice::done;
     }
+    if (id == preferences) {
+        return Choice::wantsPreferences;
+    }
     if (const auto basis = valueOf(kAllChangeBases, firstBasis, id)) {
         m_appState.setChangeBasis(*basis);
     } else if (const auto mode = valueOf(kAllAppearanceModes, firstAppearance, id)) {
@@ -116,6 +120,7 @@ void SettingsMenu::updateEntries() {
         entries.push_back(
             MenuEntry{.id = launchError, .label = *error, .kind = MenuEntry::Kind::notice});
     }
+    entries.push_back(MenuEntry{.id = preferences, .label = QStringLiteral("偏好设置…")});
     m_entries.set(std::move(entries));
 }
 

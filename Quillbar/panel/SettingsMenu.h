@@ -49,6 +49,8 @@ public:
         done,
         /// The choice could not be carried out; the entries say why.
         failed,
+        /// The user wants the page of preferences, which the caller opens.
+        wantsPreferences,
     };
 
     /// Does what the entry of this id says. Does nothing for any other id.

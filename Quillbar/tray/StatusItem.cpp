@@ -240,10 +240,11 @@ void StatusItem::menuShown() {
 
 void StatusItem::menuClicked(int id) {
     const auto shownAt = std::exchange(m_menuAnchor, std::nullopt);
+    const std::optional<QPoint> anchor = shownAt ? shownAt : unreportedAnchor();
     if (id == kOpenPanel) {
-        m_handlers.onActivate(shownAt ? shownAt : unreportedAnchor(), ActivationSource::menu);
+        m_handlers.onActivate(anchor, ActivationSource::menu);
     } else {
-        m_handlers.onMenu(id);
+        m_handlers.onMenu(id, anchor);
     }
 }
 

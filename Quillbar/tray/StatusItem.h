@@ -64,7 +64,8 @@ public:
         /// times.
         std::function<void()> onMenuShown = nullptr;
         /// The user chose an entry of the menu: `kQuit` or one of those given, never `kOpenPanel`.
-        std::function<void(int id)> onMenu;
+        /// The anchor is that of `onActivate`.
+        std::function<void(int id, std::optional<QPoint> anchor)> onMenu;
         /// Called before an activation. With this token the next window that is shown may take the
         /// focus.
         std::function<void(const QString& token)> onActivationToken;

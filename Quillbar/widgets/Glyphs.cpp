@@ -113,6 +113,9 @@ void stroke(QPainter& painter, const QPainterPath& path, const QColor& color, do
 
 void drawInUnits(QPainter& painter, Glyph glyph, const QColor& color) {
     switch (glyph) {
+    case Glyph::chevronLeft:
+        stroke(painter, polyline({{6.7, 1.2}, {2.9, 5}, {6.7, 8.8}}), color, kStroke);
+        break;
     case Glyph::chevronRight:
         stroke(painter, polyline({{3.3, 1.2}, {7.1, 5}, {3.3, 8.8}}), color, kStroke);
         break;

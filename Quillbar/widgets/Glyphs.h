@@ -11,6 +11,7 @@ namespace quillbar {
 /// The pictures on buttons and rows. They are drawn as paths, so they need no icon theme and no
 /// font.
 enum class Glyph {
+    chevronLeft,
     chevronRight,
     chevronDown,
     chevronUp,

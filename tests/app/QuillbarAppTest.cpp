@@ -158,6 +158,43 @@ TEST_F(QuillbarAppTest, theMenuSaysWhyStartingAtLoginCouldNotBeSwitched) {
     EXPECT_FALSE(shows(kNotOn));
 }
 
+TEST_F(QuillbarAppTest, theMenuOpensThePanelAtThePreferences) {
+    startInTray();
+    choose("偏好设置…");
+    ASSERT_NE(panel(), nullptr);
+    EXPECT_NE(named(*panel(), QStringLiteral("颜色")), nullptr);
+}
+
+TEST_F(QuillbarAppTest, aCommandOpensThePreferencesWhetherOrNotThePanelIsOpen) {
+    startInTray();
+    app->showPreferences(QString());
+    ASSERT_NE(panel(), nullptr);
+    EXPECT_NE(named(*panel(), QStringLiteral("颜色")), nullptr);
+    app->togglePanel(QString());
+    ASSERT_EQ(panel(), nullptr);
+    app->showPanel(QString());
+    ASSERT_NE(panel(), nullptr);
+    EXPECT_EQ(named(*panel(), QStringLiteral("颜色")), nullptr) << "it opens with the prices";
+    app->showPreferences(QString());
+    EXPECT_NE(named(*panel(), QStringLiteral("颜色")), nullptr);
+}
+
+TEST_F(QuillbarAppTest, theColorsOfChangesReachTheItemAndTheFileAtOnce) {
+    startInTray();
+    ASSERT_TRUE(spinUntil([this] {
+        exchange.tick();
+        endPatience();
+        return !host.labels.isEmpty() && host.labels.constLast().contains(u'%');
+    }));
+    app->showPreferences(QString());
+    const StatusImages before = host.icon();
+    QTest::mouseClick(named(*panel(), QStringLiteral("蓝涨橙跌")), Qt::LeftButton);
+    EXPECT_TRUE(spinUntil([&] { return host.icon() != before; }));
+    EXPECT_EQ(contentsOf(folder.path() / "preferences.json"),
+              R"({"schemaVersion":1,"changeColors":"blueUp"})");
+    EXPECT_FALSE(std::filesystem::exists(folder.path() / "settings.json"));
+}
+
 TEST_F(QuillbarAppTest, theMenuQuits) {
     startInTray();
     EXPECT_EQ(statusAfter([this] { choose(StatusItem::kQuit); }), kQuit);

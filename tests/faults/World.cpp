@@ -143,7 +143,8 @@ void World::start() {
 }
 
 void World::showPanel() {
-    m_panel = std::make_unique<PanelView>(*m_environment, m_scheme, *m_settings, [] {});
+    m_panel =
+        std::make_unique<PanelView>(*m_environment, m_scheme, *m_settings, m_preferences, [] {});
     m_panel->resize(m_panel->sizeHint());
     showActive(*m_panel);
 }

@@ -10,6 +10,7 @@
 #include "Quillbar/widgets/ViewEnvironment.h"
 #include "QuillbarCore/runtime/Executor.h"
 #include "QuillbarCore/runtime/Worker.h"
+#include "QuillbarCore/state/PreferencesState.h"
 #include "simulator/Simulator.h"
 #include "tests/faults/ProcessTime.h"
 #include "tests/support/CapturedLog.h"
@@ -95,6 +96,7 @@ private:
     Observed<ColorScheme> m_scheme{ColorScheme::light};
     std::unique_ptr<TaskScope> m_edits;
     std::optional<SettingsMenu> m_settings;
+    PreferencesState m_preferences{PreferencesStore(m_folder.path())};
     std::optional<ViewEnvironment> m_environment;
     std::unique_ptr<PanelView> m_panel;
 };

@@ -239,6 +239,20 @@ TEST_F(PanelAccessibilityTest, everyEntryOfTheSettingsSaysWhatItIs) {
     EXPECT_THAT(seen.controls, Contains("MenuItem '今日'"));
 }
 
+TEST_F(PanelAccessibilityTest, everyControlOfThePreferencesSaysWhatItIs) {
+    open();
+    panel->showPreferences();
+    spinUntilIdle();
+    const Walk seen = walk(*panel);
+    EXPECT_THAT(seen.faults, IsEmpty());
+    EXPECT_THAT(seen.controls,
+                ElementsAre("Button '返回'",
+                            "Grouping '颜色'",
+                            "RadioButton '绿涨红跌'*",
+                            "RadioButton '红涨绿跌'",
+                            "RadioButton '蓝涨橙跌'"));
+}
+
 TEST_F(PanelAccessibilityTest, aScreenReaderChoosesATab) {
     open();
     QAccessibleActionInterface* const actions =

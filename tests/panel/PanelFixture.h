@@ -7,6 +7,7 @@
 #include "Quillbar/panel/PanelView.h"
 #include "Quillbar/panel/SettingsMenu.h"
 #include "Quillbar/panel/UnderlineTabs.h"
+#include "QuillbarCore/state/PreferencesState.h"
 #include "tests/qtsupport/SpinUntil.h"
 #include "tests/qtsupport/ViewFixture.h"
 #include "tests/qtsupport/Widgets.h"
@@ -31,7 +32,7 @@ struct PanelFixture : ViewFixture {
             settings.emplace(*state, launchAtLogin);
         }
         panel = std::make_unique<PanelView>(
-            environment(), systemScheme, *settings, [this] { ++quits; });
+            environment(), systemScheme, *settings, preferences, [this] { ++quits; });
         panel->resize(panel->sizeHint());
         panel->show();
         spinUntilIdle();
@@ -101,6 +102,7 @@ struct PanelFixture : ViewFixture {
     FakeLoginItem loginItem;
     LaunchAtLogin launchAtLogin{loginItem};
     std::optional<SettingsMenu> settings;
+    PreferencesState preferences{PreferencesStore(folder.path(), files)};
     int quits = 0;
     std::unique_ptr<PanelView> panel;
 };

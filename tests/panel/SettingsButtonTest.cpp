@@ -35,6 +35,7 @@ const std::vector<std::string> kItems{"(涨跌幅基准)",
                                       "跟随系统",
                                       "-",
                                       "开机自启",
+                                      "偏好设置…",
                                       "-",
                                       "退出 Quillbar"};
 
@@ -186,14 +187,20 @@ TEST_F(SettingsButtonTest, choosesWithTheKeyboard) {
     show();
     open();
     std::vector<std::string> passed;
-    for (int index = 0; index < 8; ++index) {
+    for (int index = 0; index < 9; ++index) {
         press(Qt::Key_Down);
         passed.push_back(current());
     }
-    EXPECT_THAT(
-        passed,
-        ElementsAre(
-            "24 小时", "今日", "深色", "浅色", "跟随系统", "开机自启", "退出 Quillbar", "24 小时"));
+    EXPECT_THAT(passed,
+                ElementsAre("24 小时",
+                            "今日",
+                            "深色",
+                            "浅色",
+                            "跟随系统",
+                            "开机自启",
+                            "偏好设置…",
+                            "退出 Quillbar",
+                            "24 小时"));
     press(Qt::Key_Down);
     press(Qt::Key_Return);
     EXPECT_EQ(menu(), nullptr);
@@ -271,6 +278,24 @@ TEST_F(SettingsButtonTest, showsTheSwitchAsTheDesktopHasIt) {
     EXPECT_THAT(item.calls, ElementsAre("unregister"));
     open();
     EXPECT_FALSE(action("开机自启")->isChecked());
+}
+
+TEST_F(SettingsButtonTest, asksForThePreferencesAndSaysByWhatItHadTheFocus) {
+    show();
+    std::vector<Qt::FocusReason> asked;
+    button->onPreferences = [&asked](Qt::FocusReason reason) { asked.push_back(reason); };
+    open();
+    click("偏好设置…");
+    EXPECT_EQ(menu(), nullptr);
+    showActive(*window);
+    // It may have the focus as the only one that can.
+    button->clearFocus();
+    button->setFocus(Qt::TabFocusReason);
+    QTest::keyClick(button, Qt::Key_Down);
+    ASSERT_NE(menu(), nullptr);
+    click("偏好设置…");
+    EXPECT_THAT(asked, ElementsAre(Qt::OtherFocusReason, Qt::TabFocusReason));
+    EXPECT_EQ(quits, 0);
 }
 
 TEST_F(SettingsButtonTest, quits) {

@@ -32,7 +32,8 @@ TEST_F(SettingsMenuTest, showsEverySettingOfAFirstStart) {
                             "浅色",
                             "跟随系统",
                             "-",
-                            "开机自启"));
+                            "开机自启",
+                            "偏好设置…"));
 }
 
 TEST_F(SettingsMenuTest, marksWhatIsStored) {
@@ -50,7 +51,8 @@ TEST_F(SettingsMenuTest, marksWhatIsStored) {
                             "浅色",
                             "跟随系统*",
                             "-",
-                            "开机自启*"));
+                            "开机自启*",
+                            "偏好设置…"));
 }
 
 TEST_F(SettingsMenuTest, headersAndNoticesCannotBeChosenAndAllElseCan) {
@@ -80,7 +82,7 @@ TEST_F(SettingsMenuTest, itsIdsAreUniqueAndApartFromTheItemsOwn) {
         EXPECT_LE(entry.id, SettingsMenu::kLastId);
         EXPECT_TRUE(ids.insert(entry.id).second) << entry.id;
     }
-    EXPECT_EQ(ids.size(), 10U);
+    EXPECT_EQ(ids.size(), 11U);
 }
 
 TEST_F(SettingsMenuTest, choosesTheBasis) {
@@ -105,6 +107,15 @@ TEST_F(SettingsMenuTest, choosesTheAppearance) {
         EXPECT_EQ(storedSettings().appearance, mode);
         EXPECT_THAT(entries(), Contains(label + "*"));
     }
+}
+
+TEST_F(SettingsMenuTest, leavesThePageOfPreferencesToWhoShowsTheMenu) {
+    makeSettings();
+    const AppSettings before = *state->settings();
+    EXPECT_EQ(settings->choose(settings->entries()->back().id),
+              SettingsMenu::Choice::wantsPreferences);
+    EXPECT_EQ(*state->settings(), before);
+    EXPECT_THAT(item.calls, IsEmpty());
 }
 
 TEST_F(SettingsMenuTest, followsSettingsThatAreChangedElsewhere) {
@@ -156,7 +167,8 @@ TEST_F(SettingsMenuTest, theSwitchReturnsWhenTheSystemRefuses) {
     const auto all = entries();
     EXPECT_EQ(all.at(8), "开机自启");
     EXPECT_EQ(all.at(9), "<" + kCannotRegister.toStdString() + ">");
-    EXPECT_EQ(all.size(), 10U);
+    EXPECT_EQ(all.at(10), "偏好设置…");
+    EXPECT_EQ(all.size(), 11U);
 }
 
 TEST_F(SettingsMenuTest, theSwitchReturnsWhenTheSystemWantsApproval) {
@@ -196,7 +208,7 @@ TEST_F(SettingsMenuTest, theErrorStaysUntilASwitchThatSucceeds) {
     item.afterRegister = LoginItemStatus::enabled;
     choose("开机自启");
     EXPECT_EQ(*settings->launchAtLoginError(), nullopt);
-    EXPECT_EQ(entries().size(), 9U);
+    EXPECT_EQ(entries().size(), 10U);
 }
 
 TEST_F(SettingsMenuTest, settingsMadeAnewHaveNoError) {

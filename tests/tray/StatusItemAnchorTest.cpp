@@ -24,11 +24,11 @@ struct StatusItemAnchorTest : StatusItemFixture {
         pointerPosition = PointerPosition::outdated;
     }
 
-    void choosePanelInMenu() {
+    void choosePanelInMenu() { chooseInMenu(StatusItem::kOpenPanel); }
+    void chooseInMenu(int id) {
         const QVariant nothing = QVariant::fromValue(QDBusVariant(0));
         host->callMenu(QStringLiteral("AboutToShow"), {0});
-        host->callMenu(QStringLiteral("Event"),
-                       {StatusItem::kOpenPanel, QStringLiteral("clicked"), nothing, 0U});
+        host->callMenu(QStringLiteral("Event"), {id, QStringLiteral("clicked"), nothing, 0U});
     }
     void click(QPoint reported) {
         host->callItem(QStringLiteral("Activate"), {reported.x(), reported.y()});
@@ -55,6 +55,16 @@ TEST_F(StatusItemAnchorTest, theLastClickInABarIsTheAnchorOfWhatTellsNoPosition)
     EXPECT_THAT(
         activations,
         ElementsAre(Pair(kInBar, ActivationSource::menu), Pair(kInBar, ActivationSource::click)));
+}
+
+TEST_F(StatusItemAnchorTest, otherEntriesOfTheMenuHaveTheSameAnchor) {
+    startAt("gnome-shell");
+    item->setMenu({MenuEntry{.id = 10, .label = QStringLiteral("设置")}});
+    chooseInMenu(10);
+    click(kInBar);
+    chooseInMenu(10);
+    EXPECT_THAT(chosen, ElementsAre(10, 10));
+    EXPECT_THAT(menuAnchors, ElementsAre(std::nullopt, kInBar));
 }
 
 TEST_F(StatusItemAnchorTest, aClickOutOfAnyBarIsTheAnchorOfItselfAlone) {

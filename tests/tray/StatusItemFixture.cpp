@@ -53,7 +53,11 @@ void StatusItemFixture::start(const std::optional<QDBusConnection>& connection) 
                     activations.emplace_back(anchor, source);
                 },
             .onMenuShown = [this] { onMenuShown(); },
-            .onMenu = [this](int id) { chosen.push_back(id); },
+            .onMenu =
+                [this](int id, std::optional<QPoint> anchor) {
+                    chosen.push_back(id);
+                    menuAnchors.push_back(anchor);
+                },
             .onActivationToken = [this](const QString& token) { tokens.push_back(token); },
             .onNoTray = [this] { ++noTray; },
             .onTray = [this] { ++tray; },

@@ -64,6 +64,7 @@ struct StatusItemFixture : ::testing::Test {
     bool canPopUpMenus = true;
     std::vector<std::pair<std::optional<QPoint>, ActivationSource>> activations;
     std::vector<int> chosen;
+    std::vector<std::optional<QPoint>> menuAnchors;
     /// Called when the menu is about to be shown.
     std::function<void()> onMenuShown = [] {};
     std::vector<QString> tokens;
