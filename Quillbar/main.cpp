@@ -67,7 +67,7 @@ public:
                              ? QuillbarApp::WithoutTray::waits
                              : QuillbarApp::WithoutTray::opensPanel);
             if (options.action) {
-                m_app->showPanel(tokenOf(tokens));
+                show(*options.action, tokenOf(tokens));
             }
         });
     }
@@ -85,9 +85,21 @@ private:
         case ApplicationAction::showPanel:
             m_app->showPanel(token);
             break;
+        case ApplicationAction::showPreferences:
+            m_app->showPreferences(token);
+            break;
         case ApplicationAction::quit:
             QCoreApplication::quit();
             break;
+        }
+    }
+
+    /// What the first start does for an action that shows something.
+    void show(ApplicationAction action, const QString& token) {
+        if (action == ApplicationAction::showPreferences) {
+            m_app->showPreferences(token);
+        } else {
+            m_app->showPanel(token);
         }
     }
 

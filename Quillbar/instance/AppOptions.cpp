@@ -18,6 +18,7 @@ constexpr std::string_view kHelp = R"(用法:quillbar [选项]
 选项:
   --show           显示面板
   --toggle         显示或隐藏面板,适合绑定快捷键
+  --preferences    显示偏好设置
   --quit           退出正在运行的程序
   --background     在后台启动,不打开面板,适合开机自启;已在运行时什么也不做
   --help           显示本说明
@@ -40,6 +41,9 @@ std::optional<AppOptions> requestOf(std::string_view option) {
     }
     if (option == "--toggle") {
         return AppOptions{.action = ApplicationAction::togglePanel};
+    }
+    if (option == "--preferences") {
+        return AppOptions{.action = ApplicationAction::showPreferences};
     }
     if (option == "--quit") {
         return AppOptions{.action = ApplicationAction::quit};
@@ -67,7 +71,8 @@ std::variant<AppOptions, AppInformation, AppUsageError> parseAppOptions(
             return AppUsageError{fmt::format("未知的参数「{}」,请看 --help", argument)};
         }
         if (options != AppOptions{} && options != *request) {
-            return AppUsageError{"--show、--toggle、--quit 与 --background 只能使用其一"};
+            return AppUsageError{
+                "--show、--toggle、--preferences、--quit 与 --background 只能使用其一"};
         }
         options = *request;
     }

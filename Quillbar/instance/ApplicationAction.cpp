@@ -10,6 +10,8 @@ std::string_view actionName(ApplicationAction action) {
         return "toggle-panel";
     case ApplicationAction::showPanel:
         return "show-panel";
+    case ApplicationAction::showPreferences:
+        return "show-preferences";
     case ApplicationAction::quit:
         return "quit";
     }
@@ -17,8 +19,10 @@ std::string_view actionName(ApplicationAction action) {
 }
 
 std::optional<ApplicationAction> actionNamed(std::string_view name) {
-    for (const auto action :
-         {ApplicationAction::togglePanel, ApplicationAction::showPanel, ApplicationAction::quit}) {
+    for (const auto action : {ApplicationAction::togglePanel,
+                              ApplicationAction::showPanel,
+                              ApplicationAction::showPreferences,
+                              ApplicationAction::quit}) {
         if (name == actionName(action)) {
             return action;
         }

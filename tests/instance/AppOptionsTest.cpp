@@ -31,6 +31,7 @@ TEST(AppOptionsTest, aPlainStartAsksForNothing) {
 TEST(AppOptionsTest, eachActionHasItsOption) {
     EXPECT_EQ(optionsOf({"--show"}).action, ApplicationAction::showPanel);
     EXPECT_EQ(optionsOf({"--toggle"}).action, ApplicationAction::togglePanel);
+    EXPECT_EQ(optionsOf({"--preferences"}).action, ApplicationAction::showPreferences);
     EXPECT_EQ(optionsOf({"--quit"}).action, ApplicationAction::quit);
 }
 
@@ -44,7 +45,9 @@ TEST(AppOptionsTest, aStartInTheBackgroundAsksForNothingEither) {
 TEST(AppOptionsTest, anActionMayBeRepeatedButNotContradicted) {
     EXPECT_EQ(optionsOf({"--show", "--show"}).action, ApplicationAction::showPanel);
     EXPECT_EQ(optionsOf({"--background", "--background"}).manner, StartManner::background);
-    const std::string contradiction = "--show、--toggle、--quit 与 --background 只能使用其一";
+    const std::string contradiction =
+        "--show、--toggle、--preferences、--quit 与 --background 只能使用其一";
+    EXPECT_EQ(errorOf({"--preferences", "--toggle"}), contradiction);
     EXPECT_EQ(errorOf({"--show", "--quit"}), contradiction);
     EXPECT_EQ(errorOf({"--background", "--show"}), contradiction);
     EXPECT_EQ(errorOf({"--toggle", "--background"}), contradiction);
@@ -55,6 +58,7 @@ TEST(AppOptionsTest, theHelpNamesEveryOptionAndVariable) {
     EXPECT_EQ(informationOf({"-h"}), informationOf({"--help"}));
     for (const char* const name : {"--show",
                                    "--toggle",
+                                   "--preferences",
                                    "--quit",
                                    "--background",
                                    "--version",

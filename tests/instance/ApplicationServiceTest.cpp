@@ -152,11 +152,13 @@ TEST_F(ApplicationServiceTest, everyActionHasItsName) {
     ASSERT_EQ(application.claimed(), Claim::claimed);
     act("toggle-panel");
     act("show-panel");
+    act("show-preferences");
     act("quit");
-    EXPECT_THAT(
-        application.actions,
-        ElementsAre(
-            ApplicationAction::togglePanel, ApplicationAction::showPanel, ApplicationAction::quit));
+    EXPECT_THAT(application.actions,
+                ElementsAre(ApplicationAction::togglePanel,
+                            ApplicationAction::showPanel,
+                            ApplicationAction::showPreferences,
+                            ApplicationAction::quit));
 }
 
 TEST_F(ApplicationServiceTest, openingFilesShowsThePanel) {
