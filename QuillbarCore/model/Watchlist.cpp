@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <iterator>
+#include <unordered_set>
 
 namespace quillbar {
 
@@ -43,10 +44,21 @@ std::vector<std::string> Watchlist::followedSymbols() const {
 }
 
 Watchlist Watchlist::adding(const Coin& coin) const {
+    return addingAll({coin});
+}
+
+Watchlist Watchlist::addingAll(const std::vector<Coin>& added) const {
     Watchlist result = *this;
-    if (!contains(coin.symbol)) {
-        result.coins.push_back(coin);
+    // The texts of the receiver and of the argument, because those of the result move as it grows.
+    std::unordered_set<std::string_view> symbols;
+    symbols.reserve(coins.size() + added.size());
+    for (const Coin& coin : coins) {
+        symbols.insert(coin.symbol);
     }
+    std::copy_if(
+        added.begin(), added.end(), std::back_inserter(result.coins), [&symbols](const Coin& coin) {
+            return symbols.insert(coin.symbol).second;
+        });
     return result;
 }
 

@@ -29,7 +29,7 @@ struct Watchlist final {
 
     /// Version of the stored document; kept by every edit.
     std::int64_t schemaVersion = kCurrentSchemaVersion;
-    /// The coins in the user's order. adding() keeps their symbols unique.
+    /// The coins in the user's order. adding() and addingAll() keep their symbols unique.
     std::vector<Coin> coins;
     /// Symbol of the coin that the menu bar shows; absent when none is pinned. A stored document
     /// may name a coin that is not on the list.
@@ -54,6 +54,8 @@ struct Watchlist final {
     /// The list with the coin at its end. Unchanged when the symbol is already there: the stored
     /// coin keeps its base asset. Never pins.
     [[nodiscard]] Watchlist adding(const Coin& coin) const;
+    /// The same for each of the coins in turn. Of several with one symbol only the first is added.
+    [[nodiscard]] Watchlist addingAll(const std::vector<Coin>& added) const;
 
     /// The list without the coins of this symbol, the rest in their order. A pin that named it
     /// moves to the first coin left, or goes when none is left. Unchanged for a symbol that is not

@@ -305,8 +305,8 @@ void AppState::applyWatchlist(Watchlist watchlist) {
     updateLabel();
 }
 
-Task<void> AppState::add(Coin coin) {
-    Watchlist edited = m_watchlist->adding(coin);
+Task<void> AppState::addAll(std::vector<Coin> coins) {
+    Watchlist edited = m_watchlist->addingAll(coins);
     if (edited == *m_watchlist) {
         co_return;
     }

@@ -34,6 +34,7 @@
 #include <string>
 #include <string_view>
 #include <unordered_map>
+#include <utility>
 #include <vector>
 
 namespace quillbar {
@@ -159,7 +160,10 @@ public:
 
     /// Appends a coin, subscribes the stream to it and fetches its price and open. Does nothing when
     /// its symbol is on the list.
-    Task<void> add(Coin coin);
+    Task<void> add(Coin coin) { return addAll({std::move(coin)}); }
+    /// The same for several coins at once, in their order: one save, one subscription, one request for
+    /// their prices. Coins whose symbol is on the list are left out.
+    Task<void> addAll(std::vector<Coin> coins);
     /// Removes a coin with its prices and subscribes the stream to the rest. Does nothing when the
     /// symbol is not on the list.
     Task<void> remove(std::string symbol);

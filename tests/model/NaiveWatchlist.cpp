@@ -3,7 +3,6 @@
 #include "tests/model/NaiveWatchlist.h"
 
 #include <cstddef>
-#include <vector>
 
 namespace quillbar::NaiveWatchlist {
 
@@ -26,6 +25,13 @@ bool has(const Watchlist& list, const std::string& symbol) {
 Watchlist adding(Watchlist list, const Coin& coin) {
     if (!has(list, coin.symbol)) {
         list.coins.push_back(coin);
+    }
+    return list;
+}
+
+Watchlist addingAll(Watchlist list, const std::vector<Coin>& coins) {
+    for (const Coin& coin : coins) {
+        list = adding(list, coin);
     }
     return list;
 }

@@ -7,12 +7,14 @@
 #include <cstddef>
 #include <set>
 #include <string>
+#include <vector>
 
 /// The watchlist's edits, each written step by step as its contract tells it and with no thought of
 /// speed: the judge of the real ones.
 namespace quillbar::NaiveWatchlist {
 
 [[nodiscard]] Watchlist adding(Watchlist list, const Coin& coin);
+[[nodiscard]] Watchlist addingAll(Watchlist list, const std::vector<Coin>& coins);
 [[nodiscard]] Watchlist removing(Watchlist list, const std::string& symbol);
 [[nodiscard]] Watchlist moving(Watchlist list,
                                const std::set<std::size_t>& fromOffsets,

@@ -34,6 +34,15 @@ Watchlist listOf(const std::vector<std::string>& bases,
     return list;
 }
 
+/// "C0", "C1" and so on.
+std::vector<std::string> numbered(std::size_t count) {
+    std::vector<std::string> bases;
+    for (std::size_t index = 0; index < count; ++index) {
+        bases.push_back("C" + std::to_string(index));
+    }
+    return bases;
+}
+
 std::vector<std::string> basesOf(const Watchlist& list) {
     std::vector<std::string> bases;
     for (const Coin& coin : list.coins) {
@@ -50,10 +59,7 @@ TEST(Watchlist, startsWithFourCoinsAndBitcoinPinned) {
 }
 
 TEST(Watchlist, followsThePinnedCoinOfAListThatIsTooLong) {
-    std::vector<std::string> bases;
-    for (std::size_t coin = 0; coin < Watchlist::kMaximumFollowed + 2; ++coin) {
-        bases.push_back("C" + std::to_string(coin));
-    }
+    const std::vector<std::string> bases = numbered(Watchlist::kMaximumFollowed + 2);
     const std::vector<std::string> first = listOf(bases).followedSymbols();
     ASSERT_EQ(first.size(), Watchlist::kMaximumFollowed);
     EXPECT_EQ(first.front(), "C0USDT");
@@ -85,6 +91,24 @@ TEST(Watchlist, addsACoinAtTheEndWithoutPinningIt) {
 TEST(Watchlist, addingASymbolOfTheListChangesNothingEvenWithAnotherBaseAsset) {
     const Watchlist list = listOf({"BTC", "ETH"}, "ETH");
     EXPECT_EQ(list.adding({"BTCUSDT", "XBT"}), list);
+}
+
+TEST(Watchlist, addsSeveralCoinsInTheirOrderAndEachOnce) {
+    const Watchlist list = listOf({"BTC", "ETH"}, "BTC");
+    EXPECT_EQ(list.addingAll({{"SOLUSDT", "SOL"},
+                              {"ETHUSDT", "OTHER"},
+                              {"ADAUSDT", "ADA"},
+                              {"SOLUSDT", "AGAIN"},
+                              {"BNBUSDT", "BNB"}}),
+              listOf({"BTC", "ETH", "SOL", "ADA", "BNB"}, "BTC"));
+    EXPECT_EQ(list.addingAll({}), list);
+}
+
+TEST(Watchlist, addsMoreCoinsThanGetPrices) {
+    const std::vector<std::string> many = numbered(Watchlist::kMaximumFollowed + 2);
+    const Watchlist list = listOf({"BTC"}, "BTC").addingAll(listOf(many).coins);
+    EXPECT_EQ(list.coins.size(), Watchlist::kMaximumFollowed + 3);
+    EXPECT_EQ(list.followedSymbols().size(), Watchlist::kMaximumFollowed);
 }
 
 TEST(Watchlist, tellsSymbolsApartByCaseAndSpaces) {
@@ -179,6 +203,7 @@ TEST(Watchlist, everyEditKeepsTheSchemaVersionAndLeavesTheReceiver) {
     list.schemaVersion = 7;
     const Watchlist before = list;
     EXPECT_EQ(list.adding({"BNBUSDT", "BNB"}).schemaVersion, 7);
+    EXPECT_EQ(list.addingAll({{"BNBUSDT", "BNB"}}).schemaVersion, 7);
     EXPECT_EQ(list.removing("BTCUSDT").schemaVersion, 7);
     EXPECT_EQ(list.moving({0}, 2).schemaVersion, 7);
     EXPECT_EQ(list.pinning("ETHUSDT").schemaVersion, 7);
@@ -192,9 +217,13 @@ public:
     std::pair<Watchlist, Watchlist> edit(const Watchlist& list) {
         const std::string base(1, static_cast<char>('A' + below(8)));
         const std::string symbol = base + "USDT";
-        switch (below(4)) {
+        switch (below(5)) {
         case 0:
             return {list.adding({symbol, base}), NaiveWatchlist::adding(list, {symbol, base})};
+        case 3: {
+            const std::vector<Coin> coins = {{symbol, base}, {"ZUSDT", "Z"}, {symbol, "AGAIN"}};
+            return {list.addingAll(coins), NaiveWatchlist::addingAll(list, coins)};
+        }
         case 1:
             return {list.removing(symbol), NaiveWatchlist::removing(list, symbol)};
         case 2:

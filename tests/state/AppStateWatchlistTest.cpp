@@ -6,6 +6,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cstddef>
 #include <optional>
 #include <string>
@@ -32,6 +33,12 @@ struct AppStateWatchlistTest : AppStateFixture {
     }
 
     [[nodiscard]] bool hasSaved() const { return !files.calls.empty(); }
+    /// How often a file was put in its place.
+    [[nodiscard]] std::ptrdiff_t saves() const {
+        return std::count_if(files.calls.begin(), files.calls.end(), [](const std::string& call) {
+            return call.starts_with("rename ");
+        });
+    }
 };
 
 TEST_F(AppStateWatchlistTest, addsACoinSavesSubscribesAndFetchesItsPriceAndOpen) {
@@ -58,6 +65,33 @@ TEST_F(AppStateWatchlistTest, savesAnAddedCoinBeforeAnythingIsFetched) {
     run(state->add(coinOf("ETH")));
     EXPECT_FALSE(snapshot.isSettled());
     EXPECT_EQ(storedList(), listOf({"BTC", "ETH"}));
+}
+
+TEST_F(AppStateWatchlistTest, addsSeveralCoinsWithOneSaveAndOneSubscription) {
+    theBasisIsToday();
+    theOpenIs(100);
+    startConnected(listOf({"BTC"}));
+    time.advance(Seconds(60));
+    forget();
+    const Notes<Watchlist> lists(state->watchlist());
+    run(state->addAll({coinOf("ETH"), coinOf("BTC"), coinOf("SOL"), coinOf("ETH")}));
+    const Watchlist expected = listOf({"BTC", "ETH", "SOL"});
+    EXPECT_THAT(lists.values, ElementsAre(expected));
+    EXPECT_EQ(storedList(), expected);
+    EXPECT_EQ(saves(), 1);
+    EXPECT_THAT(stream.symbolLists, ElementsAre(Symbols{"BTCUSDT", "ETHUSDT", "SOLUSDT"}));
+    EXPECT_THAT(api.ticker24hRequests, ElementsAre(Symbols{"BTCUSDT", "ETHUSDT", "SOLUSDT"}));
+    EXPECT_EQ(opensAskedFor(), (Symbols{"ETHUSDT", "SOLUSDT"}));
+}
+
+TEST_F(AppStateWatchlistTest, doesNothingAtAllForCoinsThatAreAllListed) {
+    startConnected(listOf({"BTC", "ETH"}));
+    forget();
+    run(state->addAll({coinOf("ETH"), coinOf("BTC")}));
+    run(state->addAll({}));
+    EXPECT_FALSE(hasSaved());
+    EXPECT_THAT(stream.symbolLists, IsEmpty());
+    EXPECT_THAT(api.ticker24hRequests, IsEmpty());
 }
 
 TEST_F(AppStateWatchlistTest, doesNothingAtAllForACoinThatIsListed) {
