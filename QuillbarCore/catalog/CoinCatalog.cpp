@@ -74,6 +74,11 @@ Task<std::vector<Coin>> CoinCatalog::search(std::string query) {
     co_return matches(*coins, wanted);
 }
 
+Task<CoinNames::Found> CoinCatalog::find(std::vector<std::string> names) {
+    const Coins coins = co_await loaded();
+    co_return CoinNames::find(names, *coins);
+}
+
 Task<CoinCatalog::Coins> CoinCatalog::loaded() {
     if (m_memory) {
         co_return m_memory;

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "QuillbarCore/catalog/CoinNames.h"
 #include "QuillbarCore/exchange/BinanceAPI.h"
 #include "QuillbarCore/model/Coin.h"
 #include "QuillbarCore/runtime/Executor.h"
@@ -52,6 +53,9 @@ public:
     /// order. White space around the query and the case of letters do not matter; an empty query
     /// matches nothing and loads nothing. Throws what `allCoins` throws.
     Task<std::vector<Coin>> search(std::string query);
+
+    /// Looks up the names of coins, as `CoinNames::find` does. Throws what `allCoins` throws.
+    Task<CoinNames::Found> find(std::vector<std::string> names);
 
 private:
     using Coins = std::shared_ptr<const std::vector<Coin>>;

@@ -25,6 +25,20 @@ std::string encoded(const icu::UnicodeString& text) {
     return bytes;
 }
 
+// All of them lie in the first plane, one unit each.
+bool isSeparator(char16_t unit) {
+    switch (unit) {
+    case u',':
+    case u';':
+    case u'、':
+    case u'，':
+    case u'；':
+        return true;
+    default:
+        return u_isUWhiteSpace(unit) != 0;
+    }
+}
+
 bool isAscii(char byte) {
     return static_cast<unsigned char>(byte) < 0x80;
 }
@@ -43,6 +57,22 @@ std::string trimmed(std::string_view text) {
         --end;
     }
     return encoded(characters.tempSubStringBetween(begin, end));
+}
+
+std::vector<std::string> words(std::string_view text) {
+    const icu::UnicodeString characters = decoded(text);
+    std::vector<std::string> found;
+    std::int32_t begin = 0;
+    for (std::int32_t end = 0; end <= characters.length(); ++end) {
+        if (end < characters.length() && !isSeparator(characters.charAt(end))) {
+            continue;
+        }
+        if (end > begin) {
+            found.push_back(encoded(characters.tempSubStringBetween(begin, end)));
+        }
+        begin = end + 1;
+    }
+    return found;
 }
 
 std::string upperCased(std::string_view text) {

@@ -347,6 +347,21 @@ TEST_F(CoinCatalogTest, findsExactlyTwentyWhenTwentyMatch) {
     EXPECT_EQ(found("x"), listed);
 }
 
+TEST_F(CoinCatalogTest, looksUpNamesInTheWholeCatalog) {
+    theExchangeLists({"WBTC", "BTC", "ETH"});
+    auto outcome = spawnRecorded(scope, catalog->find({"ETH/USDT", "FOO", "BTC"}));
+    executor.run();
+    EXPECT_EQ(outcome->value,
+              (CoinNames::Found{.coins = coins({"ETH", "BTC"}), .unknown = {"FOO"}}));
+}
+
+TEST_F(CoinCatalogTest, lookingUpFailsAsTheLoadDoes) {
+    api.exchangeInfoAnswers.error(BinanceError(418));
+    auto outcome = spawnRecorded(scope, catalog->find({"BTC"}));
+    executor.run();
+    EXPECT_EQ(outcome->error, BinanceError(418).what());
+}
+
 TEST_F(CoinCatalogTest, searchFailsAsTheLoadDoes) {
     api.exchangeInfoAnswers.error(BinanceError(418));
     const CoinsOutcome outcome = spawnRecorded(scope, catalog->search("btc"));

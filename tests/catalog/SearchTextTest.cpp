@@ -2,10 +2,14 @@
 // SPDX-License-Identifier: MIT
 #include "QuillbarCore/catalog/SearchText.h"
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 namespace quillbar {
 namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
 
 TEST(SearchText, trimsWhiteSpaceAndLineEndsAtBothEnds) {
     EXPECT_EQ(SearchText::trimmed(" \t\r\n btc \v\f\n"), "btc");
@@ -28,6 +32,24 @@ TEST(SearchText, keepsWhatOnlyLooksLikeWhiteSpace) {
     EXPECT_EQ(SearchText::trimmed("\u200Bbtc"), "\u200Bbtc");
 }
 
+TEST(SearchText, wordsStandBetweenWhiteSpaceCommasAndSemicolons) {
+    EXPECT_THAT(SearchText::words("BTC, eth;SOL\tADA\r\nBNB"),
+                ElementsAre("BTC", "eth", "SOL", "ADA", "BNB"));
+    EXPECT_THAT(SearchText::words("BTC"), ElementsAre("BTC"));
+    EXPECT_THAT(SearchText::words("SOL/USDT a.b:c|d"), ElementsAre("SOL/USDT", "a.b:c|d"));
+}
+
+TEST(SearchText, wordsStandBetweenFullWidthSeparatorsToo) {
+    EXPECT_THAT(SearchText::words("BTC、ETH，SOL；ADA\u3000币安人生\u00A0BNB"),
+                ElementsAre("BTC", "ETH", "SOL", "ADA", "币安人生", "BNB"));
+}
+
+TEST(SearchText, noWordIsEmpty) {
+    EXPECT_THAT(SearchText::words(",, BTC ,；;ETH,\n"), ElementsAre("BTC", "ETH"));
+    EXPECT_THAT(SearchText::words(" ,、\n"), IsEmpty());
+    EXPECT_THAT(SearchText::words(""), IsEmpty());
+}
+
 TEST(SearchText, upperCasesAsciiLetters) {
     EXPECT_EQ(SearchText::upperCased("1inch"), "1INCH");
     EXPECT_EQ(SearchText::upperCased("@`{azAZ[/09"), "@`{AZAZ[/09");
@@ -44,6 +66,7 @@ TEST(SearchText, upperCasesByUnicodesFullMapping) {
 TEST(SearchText, survivesBytesThatAreNotUtf8) {
     EXPECT_EQ(SearchText::upperCased("a\xFF"), "A\uFFFD");
     EXPECT_EQ(SearchText::trimmed(" \xFF "), "\uFFFD");
+    EXPECT_THAT(SearchText::words("a\xFF,\xEF\xBC"), ElementsAre("a\uFFFD", "\uFFFD"));
 }
 
 }  // namespace
