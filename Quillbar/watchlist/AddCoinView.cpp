@@ -4,11 +4,11 @@
 
 #include "Quillbar/list/RowIds.h"
 #include "Quillbar/list/RowList.h"
+#include "Quillbar/watchlist/ListOfferView.h"
 #include "Quillbar/watchlist/SearchField.h"
 #include "Quillbar/watchlist/SearchResultRow.h"
 #include "Quillbar/widgets/CenteredText.h"
 #include "QuillbarCore/exchange/URLError.h"
-#include "QuillbarCore/model/Watchlist.h"
 
 #include <QApplication>
 #include <QEvent>
@@ -77,7 +77,7 @@ AddCoinView::AddCoinView(const ViewEnvironment& environment,
     stack->addLayout(area);
 
     m_watchlistObservation = environment.appState.watchlist().observe(
-        [this](const Watchlist& /*watchlist*/) { m_rows->refreshAll(); });
+        [this](const Watchlist& watchlist) { onWatchlistChange(watchlist); });
     updateArea();
 }
 
@@ -91,6 +91,9 @@ AddCoinView::ResultArea AddCoinView::resultArea() const {
     }
     if (query().trimmed().isEmpty()) {
         return ResultArea::hint;
+    }
+    if (m_offer) {
+        return ResultArea::list;
     }
     if (!m_results.empty()) {
         return ResultArea::results;
@@ -113,6 +116,9 @@ void AddCoinView::makeArea() {
     }
     m_rows = makeRows();
     m_area->addWidget(m_rows);
+    m_offerView = new ListOfferView([this] { pickFirst(); }, this);
+    m_offerView->rows().installEventFilter(this);
+    m_area->addWidget(m_offerView);
 }
 
 RowList* AddCoinView::makeRows() {
@@ -124,13 +130,13 @@ RowList* AddCoinView::makeRows() {
                         m_environment,
                         [this](std::size_t index) -> const Coin& { return m_results[index]; },
                         parent);
-                    row->onPick = [this](const Coin& coin) { pick(coin); };
+                    row->onPick = [this](const Coin& coin) { pick({coin}); };
                     return row;
                 },
             .activate =
                 [this](const std::string& id) {
                     if (const Coin* const coin = RowIds::find(m_results, id)) {
-                        pick(Coin(*coin));
+                        pick({*coin});
                     }
                 },
         },
@@ -145,11 +151,24 @@ RowList* AddCoinView::makeRows() {
 
 void AddCoinView::updateArea() {
     const ResultArea area = resultArea();
-    if (area != ResultArea::results && m_rows->isAncestorOf(window()->focusWidget())) {
-        m_field->setFocus(Qt::OtherFocusReason);
+    for (const RowList* const rows : {m_rows, &m_offerView->rows()}) {
+        if (rows != shownRows() && rows->isAncestorOf(window()->focusWidget())) {
+            m_field->setFocus(Qt::OtherFocusReason);
+        }
+    }
+    if (m_offer) {
+        m_offerView->present(*m_offer);
     }
     m_area->setCurrentIndex(static_cast<int>(area));
     m_rows->refreshAll();
+}
+
+RowList* AddCoinView::shownRows() const {
+    const ResultArea area = resultArea();
+    if (area == ResultArea::list && !m_offer->fresh.empty()) {
+        return &m_offerView->rows();
+    }
+    return area == ResultArea::results ? m_rows : nullptr;
 }
 
 // Searching
@@ -163,13 +182,23 @@ void AddCoinView::startSearch(Purpose purpose) {
 Task<void> AddCoinView::search(std::string query, Purpose purpose) {
     enum class Outcome { matches, failure, cancelled };
     Outcome outcome = Outcome::matches;
+    CoinNames::List list;
+    CoinNames::Found found;
     std::vector<Coin> matches;
     try {
         if (purpose == Purpose::show) {
             Task<void> pause = m_environment.sleeper(kDebounce);
             co_await std::move(pause);
         }
-        matches = co_await m_environment.appState.catalog().search(std::move(query));
+        CoinCatalog& catalog = m_environment.appState.catalog();
+        list = CoinNames::parse(query);
+        if (list.names.size() > 1) {
+            std::vector<std::string> names = list.names;
+            found = co_await catalog.find(std::move(names));
+        } else {
+            std::string name = list.names.empty() ? std::string() : list.names.front();
+            matches = co_await catalog.search(std::move(name));
+        }
     } catch (const URLError& error) {
         outcome = error.code() == URLError::Code::cancelled ? Outcome::cancelled : Outcome::failure;
     } catch (const std::exception&) {
@@ -188,7 +217,11 @@ Task<void> AddCoinView::search(std::string query, Purpose purpose) {
         updateArea();
         co_return;
     }
-    showMatches(std::move(matches));
+    if (list.names.size() > 1) {
+        showOffer(std::move(list), std::move(found));
+    } else {
+        showMatches(std::move(matches));
+    }
     if (purpose == Purpose::showAndPickFirst) {
         pickFirst();
     }
@@ -196,11 +229,28 @@ Task<void> AddCoinView::search(std::string query, Purpose purpose) {
 
 void AddCoinView::showMatches(std::vector<Coin> matches) {
     RowIds::dropRepeated(matches);
+    show(std::move(matches), std::nullopt);
+}
+
+void AddCoinView::showOffer(CoinNames::List list, CoinNames::Found found) {
+    const Watchlist& watchlist = *m_environment.appState.watchlist();
+    show({}, ListOffer::of(std::move(list), std::move(found), watchlist));
+}
+
+void AddCoinView::show(std::vector<Coin> matches, std::optional<ListOffer> offer) {
     m_results = std::move(matches);
+    m_offer = std::move(offer);
     m_errorMessage.reset();
     m_rows->setIds(RowIds::of(m_results));
     if (!m_rows->isAncestorOf(window()->focusWidget())) {
         m_rows->scrollTo(0);
+    }
+    updateArea();
+}
+
+void AddCoinView::onWatchlistChange(const Watchlist& watchlist) {
+    if (m_offer) {
+        m_offer = ListOffer::of(std::move(m_offer->list), std::move(m_offer->found), watchlist);
     }
     updateArea();
 }
@@ -232,51 +282,63 @@ void AddCoinView::onEnter() {
 }
 
 void AddCoinView::pickFirst() {
-    if (!m_results.empty()) {
-        pick(Coin(m_results.front()));
+    if (m_offer) {
+        pick(std::vector<Coin>(m_offer->fresh));
+    } else if (!m_results.empty()) {
+        pick({m_results.front()});
     }
 }
 
-void AddCoinView::pick(const Coin& coin) {
+void AddCoinView::pick(const std::vector<Coin>& coins) {
     AppState& state = m_environment.appState;
-    if (state.watchlist()->contains(coin.symbol) || !m_picked.insert(coin.symbol).second) {
-        return;
+    std::vector<Coin> picked;
+    for (const Coin& coin : coins) {
+        if (!state.watchlist()->contains(coin.symbol) && m_picked.insert(coin.symbol).second) {
+            picked.push_back(coin);
+        }
     }
-    m_environment.edits.spawn(addAndDismiss(state, coin, QPointer(this), m_changes));
+    if (!picked.empty()) {
+        m_environment.edits.spawn(
+            addAndDismiss(state, std::move(picked), QPointer(this), m_changes));
+    }
 }
 
 Task<void> AddCoinView::addAndDismiss(AppState& state,
-                                      Coin coin,
+                                      std::vector<Coin> coins,
                                       QPointer<AddCoinView> view,
                                       std::uint64_t changes) {
-    const std::string symbol = coin.symbol;
-    Task<void> adding = state.add(std::move(coin));
+    Task<void> adding = state.addAll(coins);
     co_await std::move(adding);
     if (!view.isNull()) {
-        view->onAdded(symbol, changes);
+        view->onAdded(coins, changes);
     }
 }
 
-void AddCoinView::onAdded(const std::string& symbol, std::uint64_t changes) {
-    m_picked.erase(symbol);
+void AddCoinView::onAdded(const std::vector<Coin>& coins, std::uint64_t changes) {
+    for (const Coin& coin : coins) {
+        m_picked.erase(coin.symbol);
+    }
     // On a slow connection the user may be typing the next code already.
     if (changes == m_changes && !m_field->isComposing()) {
         // A copy, because the call may delete the view.
         const std::function<void(const std::string&)> dismiss = m_dismiss;
-        dismiss(symbol);
+        dismiss(coins.front().symbol);
     }
 }
 
 bool AddCoinView::eventFilter(QObject* watched, QEvent* event) {
-    if (watched == m_rows && event->type() == QEvent::KeyPress
-        && onKeyInRows(static_cast<QKeyEvent&>(*event))) {
-        return true;
+    if (event->type() == QEvent::KeyPress) {
+        for (const RowList* const rows : {m_rows, &m_offerView->rows()}) {
+            if (watched == rows && onKeyInRows(*rows, static_cast<QKeyEvent&>(*event))) {
+                return true;
+            }
+        }
     }
     return QWidget::eventFilter(watched, event);
 }
 
-bool AddCoinView::onKeyInRows(QKeyEvent& event) {
-    const bool isOnFirst = !m_results.empty() && m_rows->current() == m_results.front().symbol;
+bool AddCoinView::onKeyInRows(const RowList& rows, QKeyEvent& event) {
+    const bool isOnFirst = !rows.ids().empty() && rows.current() == rows.ids().front();
     if (event.key() == Qt::Key_Up && isOnFirst) {
         m_field->setFocus(Qt::OtherFocusReason);
         return true;
@@ -290,17 +352,17 @@ bool AddCoinView::onKeyInRows(QKeyEvent& event) {
 }
 
 void AddCoinView::keyPressEvent(QKeyEvent* event) {
-    if (event->key() == Qt::Key_Down && m_field->hasFocus()
-        && resultArea() == ResultArea::results) {
-        focusFirstRow();
+    RowList* const rows = shownRows();
+    if (event->key() == Qt::Key_Down && m_field->hasFocus() && rows != nullptr) {
+        focusFirst(*rows);
     } else {
         QWidget::keyPressEvent(event);
     }
 }
 
-void AddCoinView::focusFirstRow() {
-    m_rows->scrollTo(0);
-    if (ListRow* const row = m_rows->row(m_results.front().symbol)) {
+void AddCoinView::focusFirst(RowList& rows) {
+    rows.scrollTo(0);
+    if (ListRow* const row = rows.row(rows.ids().front())) {
         // For this reason the row shows its ring.
         row->setFocus(Qt::TabFocusReason);
     }

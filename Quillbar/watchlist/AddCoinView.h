@@ -2,8 +2,11 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "Quillbar/watchlist/ListOffer.h"
 #include "Quillbar/widgets/ViewEnvironment.h"
+#include "QuillbarCore/catalog/CoinNames.h"
 #include "QuillbarCore/model/Coin.h"
+#include "QuillbarCore/model/Watchlist.h"
 #include "QuillbarCore/runtime/Observed.h"
 #include "QuillbarCore/runtime/Task.h"
 #include "QuillbarCore/runtime/TaskScope.h"
@@ -25,12 +28,16 @@ class QStackedLayout;
 
 namespace quillbar {
 
+class ListOfferView;
 class RowList;
 class SearchField;
 
 /// The search for a coin to add, for a popover: a field, and below it the coins that match its
 /// text, a moment after the last keystroke. Picking a coin adds it to the watchlist and then closes
 /// the popover, unless the user has typed something else meanwhile.
+///
+/// For a text of two names or more, such as "BTC, ETH", there is one row instead, which adds all coins
+/// of the list that are not watched yet (`CoinNames` tells how a list is read).
 ///
 /// By the keyboard: Enter in the field picks the first match, and waits for it if the search is
 /// still running. The arrow down goes to the matches. There Enter picks a coin, and letters that
@@ -50,11 +57,13 @@ public:
         searching,
         noMatches,
         results,
+        /// What of a list of names can be added.
+        list,
     };
 
     /// The environment, which has a sleeper, outlives the view. `dismiss` closes the popover that
-    /// the view is in; it gets the symbol of the coin that was added. It is called from the
-    /// executor's queue, and never after the view was destroyed.
+    /// the view is in; it gets the symbol of the coin that was added, of several the first one. It is
+    /// called from the executor's queue, and never after the view was destroyed.
     AddCoinView(const ViewEnvironment& environment,
                 std::function<void(const std::string& symbol)> dismiss,
                 QWidget* parent = nullptr);
@@ -63,6 +72,9 @@ public:
     [[nodiscard]] QString query() const;
     /// The latest matches, the best first. They stay until another search has ended.
     [[nodiscard]] const std::vector<Coin>& results() const noexcept { return m_results; }
+    /// What is offered for the list of names in the field; absent unless the latest search was for
+    /// one.
+    [[nodiscard]] const std::optional<ListOffer>& offer() const noexcept { return m_offer; }
     /// Why the latest search failed; absent once something else is typed.
     [[nodiscard]] const std::optional<QString>& errorMessage() const noexcept {
         return m_errorMessage;
@@ -86,26 +98,33 @@ private:
     void startSearch(Purpose purpose);
     Task<void> search(std::string query, Purpose purpose);
     void showMatches(std::vector<Coin> matches);
+    void showOffer(CoinNames::List list, CoinNames::Found found);
+    void show(std::vector<Coin> matches, std::optional<ListOffer> offer);
     void showFailure();
 
     void pickFirst();
-    void pick(const Coin& coin);
-    // The edit goes on without the view, which may be destroyed before the coin is added.
+    // Picks those of the coins that are not watched.
+    void pick(const std::vector<Coin>& coins);
+    // The edit goes on without the view, which may be destroyed before the coins are added.
     static Task<void> addAndDismiss(AppState& state,
-                                    Coin coin,
+                                    std::vector<Coin> coins,
                                     QPointer<AddCoinView> view,
                                     std::uint64_t changes);
-    // `changes` is how often the text had changed when the coin was picked.
-    void onAdded(const std::string& symbol, std::uint64_t changes);
+    // `changes` is how often the text had changed when the coins were picked.
+    void onAdded(const std::vector<Coin>& coins, std::uint64_t changes);
+    void onWatchlistChange(const Watchlist& watchlist);
 
     void onQueryChange();
     void onEnter();
-    bool onKeyInRows(QKeyEvent& event);
-    void focusFirstRow();
+    bool onKeyInRows(const RowList& rows, QKeyEvent& event);
+    // The rows that are shown; null while there are none.
+    [[nodiscard]] RowList* shownRows() const;
+    static void focusFirst(RowList& rows);
 
     const ViewEnvironment& m_environment;
     std::function<void(const std::string& symbol)> m_dismiss;
     std::vector<Coin> m_results;
+    std::optional<ListOffer> m_offer;
     std::optional<QString> m_errorMessage;
     // Whether the latest search has not ended yet.
     bool m_isSearching = false;
@@ -117,6 +136,7 @@ private:
     SearchField* m_field;
     QStackedLayout* m_area = nullptr;
     RowList* m_rows = nullptr;
+    ListOfferView* m_offerView = nullptr;
     Observation m_watchlistObservation;
 
     TaskScope::Handle m_search;

@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "QuillbarCore/catalog/CoinNames.h"
+
 #include <QLineEdit>
 #include <QString>
 
@@ -17,8 +19,9 @@ public:
     static constexpr double kCornerRadius = 6;
     static constexpr int kHorizontalPadding = 8;
     static constexpr int kVerticalPadding = 6;
-    /// The greatest number of characters.
-    static constexpr int kMaximumLength = 32;
+    /// The greatest number of characters: one more than the bytes that are read of a list, so that
+    /// the reader sees when a list was cut here.
+    static constexpr int kMaximumLength = int{CoinNames::kMaximumBytes} + 1;
 
     explicit SearchField(const QString& placeholder, QWidget* parent = nullptr);
 

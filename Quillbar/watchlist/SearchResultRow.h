@@ -2,13 +2,15 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "Quillbar/list/ListRow.h"
+#include "Quillbar/watchlist/SearchRow.h"
 #include "Quillbar/widgets/ViewEnvironment.h"
 #include "QuillbarCore/model/Coin.h"
 
 #include <QString>
 
+#include <cstddef>
 #include <functional>
+#include <string>
 
 namespace quillbar {
 
@@ -18,12 +20,9 @@ class CoinIconView;
 enum class Watched { no, yes };
 
 /// A row of the search's results: the coin's icon, its base asset and its pair. The row of a
-/// watched coin ends with "已添加", cannot be clicked, and has no highlight under the pointer. A click
-/// does not move the focus.
-class SearchResultRow final : public ListRow {
+/// watched coin ends with "已添加" and cannot be picked.
+class SearchResultRow final : public SearchRow {
 public:
-    static constexpr int kIconSize = 16;
-
     /// Returns the coin at that place of the list.
     using Content = std::function<const Coin&(std::size_t index)>;
 
@@ -42,10 +41,8 @@ public:
     std::function<void(const Coin& coin)> onPick;
 
 protected:
-    void paintEvent(QPaintEvent* event) override;
+    void onClick() override { onPick(Coin(m_coin)); }
     void resizeEvent(QResizeEvent* event) override;
-    void mousePressEvent(QMouseEvent* event) override;
-    void mouseReleaseEvent(QMouseEvent* event) override;
 
 private:
     AppState& m_appState;

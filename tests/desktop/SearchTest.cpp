@@ -46,6 +46,18 @@ TEST_F(SearchTest, theArrowGoesDownToTheMatches) {
     EXPECT_TRUE(eventually([this] { return !isSearchOpen(); }));
 }
 
+TEST_F(SearchTest, severalCoinsAreTypedAndAddedByEnter) {
+    startApplication();
+    openPanel();
+    openSearch();
+    screen().type("xrp doge btc");
+    screen().key(Screen::kReturn);
+    EXPECT_TRUE(eventually([this] { return keptSymbols().size() == 6; }));
+    EXPECT_THAT(keptSymbols(),
+                ElementsAre("BTCUSDT", "ETHUSDT", "SOLUSDT", "BNBUSDT", "XRPUSDT", "DOGEUSDT"));
+    EXPECT_TRUE(eventually([this] { return !isSearchOpen(); }));
+}
+
 TEST_F(SearchTest, escapeClosesTheSearchAlone) {
     startApplication();
     openPanel();

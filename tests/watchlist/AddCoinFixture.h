@@ -3,6 +3,7 @@
 #pragma once
 
 #include "Quillbar/list/RowList.h"
+#include "Quillbar/watchlist/ListOfferView.h"
 #include "Quillbar/watchlist/SearchField.h"
 #include "Quillbar/watchlist/SearchResultRow.h"
 #include "Quillbar/widgets/CenteredText.h"
@@ -54,7 +55,14 @@ struct AddCoinFixture : ViewFixture {
     [[nodiscard]] virtual QWidget& root() const = 0;
 
     [[nodiscard]] SearchField& field() const { return *widgetsOf<SearchField>(root()).front(); }
-    [[nodiscard]] RowList& rows() const { return *widgetsOf<RowList>(root()).front(); }
+    /// The matches.
+    [[nodiscard]] RowList& rows() const {
+        std::vector<RowList*> lists = widgetsOf<RowList>(root());
+        std::erase_if(lists, [](const RowList* list) {
+            return dynamic_cast<const ListOfferView*>(list->parentWidget()) != nullptr;
+        });
+        return *lists.front();
+    }
     [[nodiscard]] SearchResultRow* row(const std::string& baseAsset) const {
         auto* const found = dynamic_cast<SearchResultRow*>(rows().row(symbolOf(baseAsset)));
         EXPECT_NE(found, nullptr) << baseAsset;

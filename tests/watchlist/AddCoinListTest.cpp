@@ -1,0 +1,450 @@
+// SPDX-FileCopyrightText: 2026 The Quillbar developers
+// SPDX-License-Identifier: MIT
+#include "Quillbar/watchlist/AddCoinView.h"
+#include "Quillbar/watchlist/ListOfferRow.h"
+#include "Quillbar/watchlist/ListOfferView.h"
+#include "Quillbar/widgets/ThemedLabel.h"
+#include "QuillbarCore/exchange/URLError.h"
+#include "tests/watchlist/AddCoinFixture.h"
+
+#include <QAccessible>
+#include <QAccessibleInterface>
+#include <QClipboard>
+#include <QGuiApplication>
+
+#include <gmock/gmock.h>
+
+#include <algorithm>
+#include <exception>
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace quillbar {
+namespace {
+
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+using ResultArea = AddCoinView::ResultArea;
+
+/// The search, with a list of coins in its field.
+struct AddCoinListTest : AddCoinFixture {
+    void show(const std::vector<std::string>& watched = {"BTC"}) {
+        startConnected(listOf(watched));
+        theExchangeTrades({"SOLV", "BTC", "SOL", "WSOL", "ETH", "1000SATS"});
+        view = std::make_unique<AddCoinView>(environment(), [this](const std::string& symbol) {
+            ++dismissals;
+            added = symbol;
+        });
+        showActive(*view);
+        view->setFocus(Qt::PopupFocusReason);
+    }
+
+    /// Pastes into the field, in place of what is there, as the keyboard does.
+    void paste(const QString& text) {
+        QGuiApplication::clipboard()->setText(text);
+        field().selectAll();
+        QTest::keyClick(&field(), Qt::Key_V, Qt::ControlModifier);
+        executor.run();
+    }
+    /// Pastes and waits until the list has been read.
+    void read(const QString& text) {
+        paste(text);
+        time.advance(Seconds{0.3});
+    }
+    void clickOffer() {
+        QTest::mouseClick(offerRow(), Qt::LeftButton);
+        executor.run();
+    }
+
+    [[nodiscard]] QWidget& root() const override { return *view; }
+    [[nodiscard]] ListOfferView& offerView() const {
+        return *widgetsOf<ListOfferView>(*view).front();
+    }
+    /// The row that adds the list; null while none is shown.
+    [[nodiscard]] ListOfferRow* offerRow() const {
+        for (ListOfferRow* const row : widgetsOf<ListOfferRow>(*view)) {
+            if (row->isVisible()) {
+                return row;
+            }
+        }
+        return nullptr;
+    }
+    /// What stands below the field for a list, from above.
+    [[nodiscard]] std::vector<std::string> offered() const {
+        std::vector<std::string> lines;
+        if (const ListOfferRow* const row = offerRow()) {
+            lines.push_back(row->accessibleName().toStdString());
+        }
+        for (const ThemedLabel* const label : widgetsOf<ThemedLabel>(*view)) {
+            if (label->isVisible()) {
+                for (const QString& line : label->text().split(u'\n', Qt::SkipEmptyParts)) {
+                    lines.push_back(line.toStdString());
+                }
+            }
+        }
+        return lines;
+    }
+
+    int dismissals = 0;
+    // The coin that the last dismissal was told of.
+    std::string added;
+    std::unique_ptr<AddCoinView> view;
+};
+
+// What is offered
+
+TEST_F(AddCoinListTest, aPastedListIsOfferedInOneRow) {
+    show();
+    read(QStringLiteral("eth; SOL/USDT 1000SATS，FOO、btc,ETHUSDT BAR"));
+    EXPECT_EQ(view->resultArea(), ResultArea::list);
+    EXPECT_THAT(offered(),
+                ElementsAre("添加 3 个币种, ETH、SOL、1000SATS", "未找到 FOO、BAR", "已添加 BTC"));
+    EXPECT_THAT(area(), IsEmpty()) << "neither a text nor a match";
+    EXPECT_EQ(*state->watchlist(), listOf({"BTC"})) << "nothing is added before it is picked";
+}
+
+TEST_F(AddCoinListTest, aListMayStandInLines) {
+    show();
+    read(QStringLiteral("SOL\nETH\r\nFOO\n"));
+    EXPECT_THAT(offered(), ElementsAre("添加 2 个币种, SOL、ETH", "未找到 FOO"));
+}
+
+TEST_F(AddCoinListTest, aListCanBeTyped) {
+    show();
+    searchFor(QStringLiteral("sol"));
+    EXPECT_THAT(area(), ElementsAre("SOL, SOL/USDT", "SOLV, SOLV/USDT", "WSOL, WSOL/USDT"));
+    type(QStringLiteral(", eth"));
+    EXPECT_THAT(area(), ElementsAre("SOL, SOL/USDT", "SOLV, SOLV/USDT", "WSOL, WSOL/USDT"))
+        << "until the list has been read";
+    time.advance(Seconds{0.3});
+    EXPECT_THAT(offered(), ElementsAre("添加 2 个币种, SOL、ETH"));
+    EXPECT_THAT(view->results(), IsEmpty());
+}
+
+TEST_F(AddCoinListTest, oneNameIsSearchedForAsEver) {
+    show();
+    const std::vector<std::string> matches{"SOL, SOL/USDT", "SOLV, SOLV/USDT", "WSOL, WSOL/USDT"};
+    for (const char16_t* const one : {u" sol ", u"sol,", u"SOL sol"}) {
+        read(QString::fromUtf16(one));
+        EXPECT_EQ(area(), matches) << QString::fromUtf16(one).toStdString();
+        EXPECT_THAT(offered(), IsEmpty());
+    }
+    read(QStringLiteral("SOL/USDT"));
+    EXPECT_THAT(area(), ElementsAre("无匹配结果"));
+}
+
+TEST_F(AddCoinListTest, oneNameAfterAListIsSearchedForAgain) {
+    show();
+    read(QStringLiteral("SOL ETH"));
+    ASSERT_EQ(view->resultArea(), ResultArea::list);
+    read(QStringLiteral("SOLV"));
+    EXPECT_THAT(area(), ElementsAre("SOLV, SOLV/USDT"));
+    EXPECT_THAT(offered(), IsEmpty());
+    field().clear();
+    executor.run();
+    EXPECT_THAT(area(), ElementsAre("输入币种代号开始搜索"));
+}
+
+TEST_F(AddCoinListTest, noRowIsOfferedWhenNothingCanBeAdded) {
+    show({"BTC", "SOL"});
+    read(QStringLiteral("SOL FOO BTC"));
+    EXPECT_THAT(offered(), ElementsAre("未找到 FOO", "已添加 SOL、BTC"));
+    press(Qt::Key_Down);
+    EXPECT_TRUE(field().hasFocus());
+    press(Qt::Key_Return);
+    EXPECT_EQ(*state->watchlist(), listOf({"BTC", "SOL"}));
+    EXPECT_EQ(dismissals, 0);
+}
+
+TEST_F(AddCoinListTest, aMegabyteIsReadAtItsBeginning) {
+    show();
+    read(QStringLiteral("ETH SOLV ").repeated(131'072));
+    EXPECT_EQ(view->query().size(), SearchField::kMaximumLength);
+    EXPECT_THAT(offered(), ElementsAre("添加 2 个币种, ETH、SOLV", "内容太长,只读了前面 2 个"));
+}
+
+TEST_F(AddCoinListTest, aLongListIsReadWhole) {
+    show();
+    std::vector<std::string> traded;
+    QString pasted;
+    for (int number = 1000; number < 2024; ++number) {
+        traded.push_back("COIN" + std::to_string(number));
+        pasted += QString::fromStdString(traded.back()) + QStringLiteral("/USDT\n");
+    }
+    theExchangeTrades(traded);
+    read(pasted);
+    EXPECT_EQ(view->offer()->fresh.size(), 1024U);
+    EXPECT_FALSE(view->offer()->list.isCut);
+    press(Qt::Key_Return);
+    EXPECT_EQ(state->watchlist()->coins.size(), 1025U);
+    EXPECT_EQ(stream.symbolLists.back().size(), Watchlist::kMaximumFollowed);
+}
+
+TEST_F(AddCoinListTest, theOfferFollowsTheWatchlist) {
+    show();
+    read(QStringLiteral("SOL ETH"));
+    run(state->add(coinOf("ETH")));
+    EXPECT_THAT(offered(), ElementsAre("添加 1 个币种, SOL", "已添加 ETH"));
+    press(Qt::Key_Down);
+    ASSERT_TRUE(offerRow()->hasFocus());
+    run(state->add(coinOf("SOL")));
+    EXPECT_THAT(offered(), ElementsAre("已添加 SOL、ETH"));
+    EXPECT_TRUE(field().hasFocus());
+    run(state->remove(symbolOf("ETH")));
+    EXPECT_THAT(offered(), ElementsAre("添加 1 个币种, ETH", "已添加 SOL"));
+    EXPECT_EQ(dismissals, 0);
+}
+
+// Failures
+
+TEST_F(AddCoinListTest, aFailureIsTriedAgainByEnterWhichAdds) {
+    show();
+    api.exchangeInfoAnswers.error(URLError(URLError::Code::timedOut, "the test says so"));
+    read(QStringLiteral("SOL ETH"));
+    EXPECT_THAT(area(), ElementsAre("搜索失败,请检查网络后重试"));
+    EXPECT_THAT(offered(), IsEmpty());
+    press(Qt::Key_Return);
+    EXPECT_EQ(*state->watchlist(), listOf({"BTC", "SOL", "ETH"}));
+}
+
+TEST_F(AddCoinListTest, aFailureTakesTheOfferAway) {
+    show();
+    // The catalog that is loaded stays, so the first list has to fail as well.
+    auto catalog = api.exchangeInfoAnswers.held();
+    read(QStringLiteral("SOL ETH"));
+    EXPECT_THAT(area(), ElementsAre("搜索中…"));
+    catalog.setError(
+        std::make_exception_ptr(URLError(URLError::Code::cannotConnect, "the test says so")));
+    executor.run();
+    EXPECT_THAT(area(), ElementsAre("搜索失败,请检查网络后重试"));
+    type(QStringLiteral(" "));
+    time.advance(Seconds{0.3});
+    EXPECT_THAT(offered(), ElementsAre("添加 2 个币种, SOL、ETH"));
+}
+
+// Adding
+
+TEST_F(AddCoinListTest, enterAddsAllInTheirOrderAtOnce) {
+    show();
+    read(QStringLiteral("SOL FOO 1000SATS BTC ETH"));
+    stream.symbolLists.clear();
+    api.ticker24hRequests.clear();
+    files.calls.clear();
+    press(Qt::Key_Return);
+    const Watchlist expected = listOf({"BTC", "SOL", "1000SATS", "ETH"});
+    EXPECT_EQ(*state->watchlist(), expected);
+    EXPECT_EQ(storedList(), expected);
+    EXPECT_EQ(stream.symbolLists.size(), 1U);
+    EXPECT_EQ(api.ticker24hRequests.size(), 1U);
+    EXPECT_EQ(std::count_if(files.calls.begin(),
+                            files.calls.end(),
+                            [](const std::string& call) { return call.starts_with("rename "); }),
+              1);
+    EXPECT_EQ(dismissals, 1);
+    EXPECT_EQ(added, symbolOf("SOL")) << "the first of them";
+}
+
+TEST_F(AddCoinListTest, enterRightAfterThePasteReadsAndAdds) {
+    show();
+    paste(QStringLiteral("SOL ETH"));
+    press(Qt::Key_Enter);
+    EXPECT_EQ(*state->watchlist(), listOf({"BTC", "SOL", "ETH"}));
+    EXPECT_EQ(dismissals, 1);
+}
+
+TEST_F(AddCoinListTest, aClickAddsAllAndLeavesTheFocusInTheField) {
+    show();
+    read(QStringLiteral("SOL ETH"));
+    auto prices = api.ticker24hAnswers.held();
+    clickOffer();
+    EXPECT_EQ(*state->watchlist(), listOf({"BTC", "SOL", "ETH"}));
+    EXPECT_THAT(offered(), ElementsAre("已添加 SOL、ETH"));
+    EXPECT_TRUE(field().hasFocus());
+    EXPECT_EQ(dismissals, 0) << "their prices are still being fetched";
+    prices.setValue({});
+    executor.run();
+    EXPECT_EQ(dismissals, 1);
+}
+
+TEST_F(AddCoinListTest, aPressThatIsLetGoElsewhereOrOfAnotherButtonAddsNothing) {
+    show();
+    read(QStringLiteral("SOL ETH"));
+    QTest::mousePress(offerRow(), Qt::LeftButton);
+    QTest::mouseRelease(offerRow(), Qt::LeftButton, {}, QPoint(10, 40));
+    QTest::mouseClick(offerRow(), Qt::RightButton);
+    executor.run();
+    EXPECT_EQ(*state->watchlist(), listOf({"BTC"}));
+}
+
+TEST_F(AddCoinListTest, twoPicksAddOnce) {
+    show();
+    read(QStringLiteral("SOL ETH"));
+    api.ticker24hRequests.clear();
+    QTest::mouseClick(offerRow(), Qt::LeftButton);
+    QTest::keyClick(&field(), Qt::Key_Return);
+    executor.run();
+    EXPECT_EQ(api.ticker24hRequests.size(), 1U);
+    EXPECT_EQ(dismissals, 1);
+}
+
+TEST_F(AddCoinListTest, staysOpenForTheTextThatIsTypedWhileTheListIsAdded) {
+    show();
+    read(QStringLiteral("SOL ETH"));
+    auto prices = api.ticker24hAnswers.held();
+    clickOffer();
+    type(QStringLiteral(" 1000SATS"));
+    prices.setValue({});
+    executor.run();
+    EXPECT_EQ(dismissals, 0);
+    time.advance(Seconds{0.3});
+    EXPECT_THAT(offered(), ElementsAre("添加 1 个币种, 1000SATS", "已添加 SOL、ETH"));
+    press(Qt::Key_Return);
+    EXPECT_EQ(dismissals, 1);
+    EXPECT_EQ(added, symbolOf("1000SATS"));
+}
+
+TEST_F(AddCoinListTest, coinsThatHaveGoneAgainAreAddedAgain) {
+    show();
+    read(QStringLiteral("SOL ETH"));
+    clickOffer();
+    run(state->remove(symbolOf("SOL")));
+    EXPECT_THAT(offered(), ElementsAre("添加 1 个币种, SOL", "已添加 ETH"));
+    clickOffer();
+    EXPECT_TRUE(isWatched("SOL"));
+}
+
+TEST_F(AddCoinListTest, addsThoughTheViewHasGone) {
+    show();
+    read(QStringLiteral("SOL ETH"));
+    QTest::mouseClick(offerRow(), Qt::LeftButton);
+    view.reset();
+    executor.run();
+    EXPECT_EQ(*state->watchlist(), listOf({"BTC", "SOL", "ETH"}));
+    EXPECT_EQ(dismissals, 0);
+}
+
+// The keyboard and screen readers
+
+TEST_F(AddCoinListTest, theArrowDownGoesToTheRowAndUpBackToTheField) {
+    show();
+    read(QStringLiteral("SOL ETH"));
+    const QImage before = pictureOf(*offerRow());
+    press(Qt::Key_Down);
+    EXPECT_TRUE(offerRow()->hasFocus());
+    EXPECT_NE(pictureOf(*offerRow()), before) << "it shows its ring";
+    press(Qt::Key_Down);
+    EXPECT_TRUE(offerRow()->hasFocus());
+    press(Qt::Key_Up);
+    EXPECT_TRUE(field().hasFocus());
+}
+
+TEST_F(AddCoinListTest, enterOnTheRowAddsAll) {
+    show();
+    read(QStringLiteral("SOL ETH"));
+    press(Qt::Key_Down);
+    press(Qt::Key_Return);
+    EXPECT_EQ(*state->watchlist(), listOf({"BTC", "SOL", "ETH"}));
+    EXPECT_EQ(dismissals, 1);
+}
+
+TEST_F(AddCoinListTest, typingOnTheRowGoesOnInTheField) {
+    show();
+    read(QStringLiteral("ETH SOL"));
+    press(Qt::Key_Down);
+    type(QStringLiteral("V"));
+    EXPECT_TRUE(field().hasFocus());
+    EXPECT_EQ(view->query(), QStringLiteral("ETH SOLV"));
+}
+
+TEST_F(AddCoinListTest, theFocusReturnsToTheFieldWhenTheRowGoes) {
+    show();
+    read(QStringLiteral("SOL ETH"));
+    press(Qt::Key_Down);
+    field().setText(QStringLiteral("SOL"));
+    time.advance(Seconds{0.3});
+    EXPECT_TRUE(row("SOL")->isVisible());
+    EXPECT_TRUE(field().hasFocus());
+}
+
+TEST_F(AddCoinListTest, isReadAloudWhenItAppears) {
+    show();
+    read(QStringLiteral("SOL FOO ETH BTC"));
+    QAccessibleInterface* const told = QAccessible::queryAccessibleInterface(&offerView());
+    EXPECT_EQ(told->role(), QAccessible::Notification);
+    EXPECT_FALSE(told->state().invisible);
+    EXPECT_EQ(told->text(QAccessible::Name),
+              QStringLiteral("添加 2 个币种, SOL、ETH, 未找到 FOO, 已添加 BTC"));
+}
+
+TEST_F(AddCoinListTest, theRowTakesTheFocusForAScreenReader) {
+    show();
+    read(QStringLiteral("SOL ETH"));
+    QAccessibleInterface* const told = QAccessible::queryAccessibleInterface(offerRow());
+    EXPECT_EQ(told->role(), QAccessible::ListItem);
+    EXPECT_TRUE(told->state().focusable);
+    EXPECT_EQ(told->text(QAccessible::Name), QStringLiteral("添加 2 个币种, SOL、ETH"));
+    told->actionInterface()->doAction(QAccessibleActionInterface::setFocusAction());
+    EXPECT_TRUE(offerRow()->hasFocus());
+}
+
+// Look
+
+TEST_F(AddCoinListTest, standsInThePlaceOfTheMatches) {
+    show();
+    read(QStringLiteral("SOL FOO ETH BTC"));
+    const int belowTheField = 8 + field().height() + 6;
+    EXPECT_EQ(offerView().geometry(), QRect(4, belowTheField, 280 - 2 * 4, 200));
+    EXPECT_EQ(offerRow()->mapTo(view.get(), QPoint()), QPoint(4, belowTheField));
+    EXPECT_EQ(offerRow()->size(), QSize(280 - 2 * 4, 28));
+    EXPECT_EQ(view->height(), belowTheField + 200 + 4);
+}
+
+TEST_F(AddCoinListTest, theNotesStandBelowTheRowAndInItsPlaceWhenItGoes) {
+    show();
+    read(QStringLiteral("SOL FOO ETH"));
+    const ThemedLabel* const notes = widgetsOf<ThemedLabel>(*view).front();
+    EXPECT_EQ(notes->geometry().topLeft(), QPoint(0, 28));
+    const int height = notes->height();
+    EXPECT_EQ(height, notes->heightForWidth(notes->width()));
+    run(state->addAll({coinOf("SOL"), coinOf("ETH")}));
+    EXPECT_EQ(notes->geometry().topLeft(), QPoint(0, 0));
+    EXPECT_GT(notes->height(), height) << "it says one thing more";
+    run(state->remove(symbolOf("SOL")));
+    EXPECT_EQ(notes->geometry().topLeft(), QPoint(0, 28));
+}
+
+TEST_F(AddCoinListTest, everythingThatIsSaidFits) {
+    show();
+    QString pasted;
+    for (int number = 10; number < 30; ++number) {
+        pasted += QStringLiteral("WWWWWWWWWWWWWW%1 ").arg(number);
+    }
+    read(pasted.repeated(1000));
+    const ThemedLabel* const notes = widgetsOf<ThemedLabel>(*view).front();
+    EXPECT_LE(notes->geometry().bottom(), offerView().height());
+    EXPECT_GE(notes->height(), notes->heightForWidth(notes->width()));
+}
+
+TEST_F(AddCoinListTest, followsTheTheme) {
+    show();
+    read(QStringLiteral("SOL FOO ETH"));
+    ThemeKey::set(*view, {.colors = ThemeColors::light()});
+    const QImage light = pictureOf(*offerRow());
+    const ThemedLabel* const notes = widgetsOf<ThemedLabel>(*view).front();
+    EXPECT_EQ(notes->palette().color(QPalette::WindowText), ThemeColors::light().secondaryText);
+    ThemeKey::set(*view, {.colors = ThemeColors::dark()});
+    EXPECT_NE(pictureOf(*offerRow()), light);
+    EXPECT_EQ(notes->palette().color(QPalette::WindowText), ThemeColors::dark().secondaryText);
+}
+
+TEST_F(AddCoinListTest, theRowIsTintedUnderThePointer) {
+    show();
+    read(QStringLiteral("SOL ETH"));
+    const QImage before = pictureOf(*offerRow());
+    offerRow()->setHovering(true);
+    EXPECT_NE(pictureOf(*offerRow()), before);
+}
+
+}  // namespace
+}  // namespace quillbar
