@@ -44,7 +44,7 @@ PanelHeader::PanelHeader(const ViewEnvironment& environment,
                               &ThemeColors::Resolved::primaryText,
                               this))
     , m_plus(new AddCoinButton(environment, this))
-    , m_gear(new SettingsButton(settings, std::move(quit), this))
+    , m_gear(new SettingsButton(settings, environment.appState.watchlist(), std::move(quit), this))
     , m_close(new GlyphButton(Glyph::xmark, kCloseGlyphSize, QSize(kCloseSize, kCloseSize), this)) {
     setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
     m_back->setAccessibleName(QStringLiteral("返回"));

@@ -4,14 +4,18 @@
 
 #include "Quillbar/widgets/EntryMenu.h"
 #include "Quillbar/widgets/PanelMenu.h"
+#include "QuillbarCore/catalog/CoinNames.h"
 
 #include <QAccessible>
 #include <QAccessibleWidget>
+#include <QClipboard>
+#include <QGuiApplication>
 #include <QKeyEvent>
 #include <QMetaObject>
 #include <QSize>
 #include <QStringList>
 
+#include <string>
 #include <utility>
 #include <vector>
 
@@ -22,8 +26,10 @@ namespace {
 constexpr double kGlyphSize = 15;
 constexpr QSize kSize(24, 24);
 
-constexpr int kAboveQuit = SettingsMenu::kLastId + 1;
-constexpr int kQuit = SettingsMenu::kLastId + 2;
+constexpr int kAboveCopy = SettingsMenu::kLastId + 1;
+constexpr int kCopy = SettingsMenu::kLastId + 2;
+constexpr int kAboveQuit = SettingsMenu::kLastId + 3;
+constexpr int kQuit = SettingsMenu::kLastId + 4;
 
 /// The button as screen readers see it. Qt would call it a plain button.
 class AccessibleMenuButton final : public QAccessibleWidget {
@@ -61,9 +67,13 @@ QAccessibleInterface* makeAccessible(const QString& /*className*/, QObject* obje
 
 }  // namespace
 
-SettingsButton::SettingsButton(SettingsMenu& settings, std::function<void()> quit, QWidget* parent)
+SettingsButton::SettingsButton(SettingsMenu& settings,
+                               const Observed<Watchlist>& watchlist,
+                               std::function<void()> quit,
+                               QWidget* parent)
     : GlyphButton(Glyph::gear, kGlyphSize, kSize, parent)
     , m_settings(settings)
+    , m_watchlist(watchlist)
     , m_quit(std::move(quit))
     , m_menu(new PanelMenu(this)) {
     // Installing it again changes nothing.
@@ -88,6 +98,10 @@ void SettingsButton::openMenu() {
     // The menu is filled each time it opens, so that no entry changes under the pointer or while it
     // is chosen.
     std::vector<MenuEntry> entries = *m_settings.entries();
+    entries.push_back(MenuEntry{.id = kAboveCopy, .kind = MenuEntry::Kind::separator});
+    entries.push_back(MenuEntry{.id = kCopy,
+                                .label = QStringLiteral("复制自选"),
+                                .isEnabled = !m_watchlist->coins.empty()});
     entries.push_back(MenuEntry{.id = kAboveQuit, .kind = MenuEntry::Kind::separator});
     entries.push_back(MenuEntry{.id = kQuit, .label = QStringLiteral("退出 Quillbar")});
     fillMenu(*m_menu, entries, [this](int id) { choose(id); });
@@ -97,6 +111,10 @@ void SettingsButton::openMenu() {
 void SettingsButton::choose(int id) {
     if (id == kQuit) {
         m_quit();
+        return;
+    }
+    if (id == kCopy) {
+        copyWatchlist();
         return;
     }
     switch (m_settings.choose(id)) {
@@ -120,6 +138,11 @@ void SettingsButton::choose(int id) {
             Qt::QueuedConnection);
         break;
     }
+}
+
+void SettingsButton::copyWatchlist() {
+    const std::string text = CoinNames::textOf(m_watchlist->coins);
+    QGuiApplication::clipboard()->setText(QString::fromStdString(text));
 }
 
 }  // namespace quillbar

@@ -4,6 +4,8 @@
 
 #include "Quillbar/panel/SettingsMenu.h"
 #include "Quillbar/widgets/GlyphButton.h"
+#include "QuillbarCore/model/Watchlist.h"
+#include "QuillbarCore/runtime/Observed.h"
 
 #include <functional>
 
@@ -15,11 +17,18 @@ class PanelMenu;
 /// with the focus, Space, Enter and the arrow down do so too. A click while the menu is open closes
 /// it. The menu shows the settings as they are when it opens. If a choice fails, the menu opens
 /// again, because it shows the reason. For screen readers it is a button with a menu.
+///
+/// The menu also copies the watchlist to the clipboard, as a text that the search for coins reads
+/// back. The status item's menu does not: the desktop shows that one, and Wayland lets only the
+/// program that has the focus set the clipboard.
 class SettingsButton final : public GlyphButton {
 public:
-    /// The settings outlive the button. `quit` ends the application; it may destroy the button only
-    /// later, from the event loop.
-    SettingsButton(SettingsMenu& settings, std::function<void()> quit, QWidget* parent = nullptr);
+    /// The settings and the watchlist outlive the button. `quit` ends the application; it may destroy
+    /// the button only later, from the event loop.
+    SettingsButton(SettingsMenu& settings,
+                   const Observed<Watchlist>& watchlist,
+                   std::function<void()> quit,
+                   QWidget* parent = nullptr);
 
     /// Called when the user chooses the page of preferences. `reason` is by what the button had the
     /// focus, as `focusReason` tells.
@@ -31,8 +40,10 @@ protected:
 private:
     void openMenu();
     void choose(int id);
+    void copyWatchlist();
 
     SettingsMenu& m_settings;
+    const Observed<Watchlist>& m_watchlist;
     std::function<void()> m_quit;
     PanelMenu* m_menu;
     // By what the button had the focus when the menu opened. An open menu may take the focus.

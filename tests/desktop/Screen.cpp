@@ -165,6 +165,13 @@ void Screen::key(xcb_keysym_t symbol) {
     fake(XCB_KEY_RELEASE, code, {});
 }
 
+void Screen::keyWith(xcb_keysym_t held, xcb_keysym_t symbol) {
+    const std::uint8_t code = keyCode(held);
+    fake(XCB_KEY_PRESS, code, {});
+    key(symbol);
+    fake(XCB_KEY_RELEASE, code, {});
+}
+
 void Screen::finish() const {
     // An answer comes after all that was asked for before.
     const Held<xcb_get_input_focus_reply_t> reply(xcb_get_input_focus_reply(

@@ -62,6 +62,8 @@ public:
     void type(std::string_view letters);
     /// Presses and releases the key with this symbol of X11's.
     void key(xcb_keysym_t symbol);
+    /// The same while another key is held down.
+    void keyWith(xcb_keysym_t held, xcb_keysym_t symbol);
 
     /// Returns once the server has done what it was asked for, and has told the windows.
     void finish() const;
@@ -73,6 +75,7 @@ public:
     static constexpr xcb_keysym_t kTab = 0xff09;
     static constexpr xcb_keysym_t kDown = 0xff54;
     static constexpr xcb_keysym_t kMenu = 0xff67;
+    static constexpr xcb_keysym_t kControl = 0xffe3;
 
 private:
     struct Disconnect {

@@ -58,6 +58,26 @@ TEST_F(SearchTest, severalCoinsAreTypedAndAddedByEnter) {
     EXPECT_TRUE(eventually([this] { return !isSearchOpen(); }));
 }
 
+TEST_F(SearchTest, theListThatTheGearsMenuCopiesIsPastedBack) {
+    constexpr int kCopy = 7;
+    // In the menu of the last row, which cannot be moved down.
+    constexpr int kRemove = 4;
+    startApplication();
+    openPanel();
+    chooseFromGear(kCopy);
+    for (const int last : {3, 2}) {
+        chooseFromMenuOfRow(last, kRemove);
+        ASSERT_TRUE(
+            eventually([&] { return keptSymbols().size() == static_cast<std::size_t>(last); }));
+    }
+    openSearch();
+    screen().keyWith(Screen::kControl, 'v');
+    screen().key(Screen::kReturn);
+    EXPECT_TRUE(eventually([this] { return keptSymbols().size() == 4; }));
+    EXPECT_THAT(keptSymbols(), ElementsAre("BTCUSDT", "ETHUSDT", "SOLUSDT", "BNBUSDT"));
+    EXPECT_TRUE(eventually([this] { return !isSearchOpen(); }));
+}
+
 TEST_F(SearchTest, escapeClosesTheSearchAlone) {
     startApplication();
     openPanel();

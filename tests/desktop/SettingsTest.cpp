@@ -7,7 +7,7 @@ namespace quillbar {
 namespace {
 
 /// The entries of the gear's menu that the keyboard stops at.
-enum GearEntry : int { rolling = 1, today, dark, light, system, launch, preferences, quit };
+enum GearEntry : int { rolling = 1, today, dark, light, system, launch, preferences, copy, quit };
 
 const QString kBasis = QStringLiteral("changeBasis");
 const QString kAppearance = QStringLiteral("appearance");

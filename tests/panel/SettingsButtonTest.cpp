@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Quillbar developers
 // SPDX-License-Identifier: MIT
 #include "Quillbar/panel/SettingsButton.h"
+#include "QuillbarCore/catalog/CoinNames.h"
 #include "tests/panel/SettingsFixture.h"
 #include "tests/qtsupport/Widgets.h"
 
@@ -8,6 +9,8 @@
 #include <QAccessibleInterface>
 #include <QAction>
 #include <QApplication>
+#include <QClipboard>
+#include <QGuiApplication>
 #include <QMenu>
 #include <QTest>
 
@@ -37,6 +40,8 @@ const std::vector<std::string> kItems{"(涨跌幅基准)",
                                       "开机自启",
                                       "偏好设置…",
                                       "-",
+                                      "复制自选",
+                                      "-",
                                       "退出 Quillbar"};
 
 /// The button at the right end of a window of the panel's width.
@@ -53,7 +58,7 @@ struct SettingsButtonTest : SettingsFixture {
         window->setGeometry(100, 100, 400, 40);
         ThemeKey::set(*window, {.colors = ThemeColors::dark()});
         button = new SettingsButton(
-            *settings, [this] { ++quits; }, window.get());
+            *settings, state->watchlist(), [this] { ++quits; }, window.get());
         button->move(364, 8);
         showActive(*window);
     }
@@ -199,6 +204,7 @@ TEST_F(SettingsButtonTest, choosesWithTheKeyboard) {
                             "跟随系统",
                             "开机自启",
                             "偏好设置…",
+                            "复制自选",
                             "退出 Quillbar",
                             "24 小时"));
     press(Qt::Key_Down);
@@ -296,6 +302,42 @@ TEST_F(SettingsButtonTest, asksForThePreferencesAndSaysByWhatItHadTheFocus) {
     click("偏好设置…");
     EXPECT_THAT(asked, ElementsAre(Qt::OtherFocusReason, Qt::TabFocusReason));
     EXPECT_EQ(quits, 0);
+}
+
+TEST_F(SettingsButtonTest, copiesTheWatchlistAsTheSearchReadsIt) {
+    theUserHas(listOf({"ETH", "BTC", "1000SATS"}));
+    show();
+    QGuiApplication::clipboard()->setText(QStringLiteral("other"));
+    open();
+    click("复制自选");
+    EXPECT_EQ(menu(), nullptr);
+    const std::string copied = QGuiApplication::clipboard()->text().toStdString();
+    EXPECT_EQ(copied, "ETH, BTC, 1000SATS");
+    const std::vector<Coin>& watched = state->watchlist()->coins;
+    EXPECT_EQ(CoinNames::find(CoinNames::parse(copied).names, watched).coins, watched);
+}
+
+TEST_F(SettingsButtonTest, copiesTheWatchlistAsItIsByThenAndByTheKeyboard) {
+    theUserHas(listOf({"ETH"}));
+    show();
+    run(state->add(coinOf("SOL")));
+    open();
+    // The last but one, so the second from below.
+    press(Qt::Key_Up);
+    press(Qt::Key_Up);
+    ASSERT_EQ(current(), "复制自选");
+    press(Qt::Key_Return);
+    EXPECT_EQ(QGuiApplication::clipboard()->text(), QStringLiteral("ETH, SOL"));
+}
+
+TEST_F(SettingsButtonTest, anEmptyWatchlistCannotBeCopied) {
+    theUserHas(listOf({}));
+    show();
+    QGuiApplication::clipboard()->setText(QStringLiteral("other"));
+    open();
+    EXPECT_FALSE(action("复制自选")->isEnabled());
+    click("复制自选");
+    EXPECT_EQ(QGuiApplication::clipboard()->text(), QStringLiteral("other"));
 }
 
 TEST_F(SettingsButtonTest, quits) {
