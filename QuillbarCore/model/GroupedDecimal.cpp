@@ -117,12 +117,16 @@ std::string notFinite(double value) {
 }  // namespace
 
 std::string withTwoFractionDigits(double value) {
+    return withFractionDigits(value, 2);
+}
+
+std::string withFractionDigits(double value, int digits) {
     if (!std::isfinite(value)) {
         return notFinite(value);
     }
     Decimal decimal = shortestDecimal(std::fabs(value));
-    roundToDigits(decimal, decimal.point + 2);
-    return grouped(decimal, std::signbit(value), 2);
+    roundToDigits(decimal, decimal.point + digits);
+    return grouped(decimal, std::signbit(value), digits);
 }
 
 std::string withUpToFourSignificantDigits(double value) {

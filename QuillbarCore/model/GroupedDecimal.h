@@ -18,6 +18,9 @@ namespace quillbar::GroupedDecimal {
 /// With exactly two fraction digits: 67,234.50.
 [[nodiscard]] std::string withTwoFractionDigits(double value);
 
+/// With exactly that many fraction digits, none or more; without a point for none.
+[[nodiscard]] std::string withFractionDigits(double value, int digits);
+
 /// With one to four significant digits and no trailing zero after the point: 0.1235, 0.5, 0.
 [[nodiscard]] std::string withUpToFourSignificantDigits(double value);
 

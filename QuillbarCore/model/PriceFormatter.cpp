@@ -16,20 +16,34 @@ std::string price(double value) {
                                 : GroupedDecimal::withTwoFractionDigits(value);
 }
 
+std::string price(double value, int decimals) {
+    return GroupedDecimal::withFractionDigits(value, decimals);
+}
+
 std::string percent(double value) {
-    if (value == 0) {
-        return "0.00%";
+    return percent(value, 2);
+}
+
+std::string percent(double value, int decimals) {
+    return value == 0 ? magnitude(value, decimals) : fmt::format("{:+.{}f}%", value, decimals);
+}
+
+std::string magnitude(double value, int decimals) {
+    return fmt::format("{:.{}f}%", std::fabs(value), decimals);
+}
+
+std::string_view arrow(double value) {
+    if (value > 0) {
+        return "▲";
     }
-    return fmt::format("{:+.2f}%", value);
+    return value < 0 ? "▼" : "·";
 }
 
 std::string menuBarChange(std::optional<double> value) {
     if (!value) {
         return std::string(kMissingValueText);
     }
-    const char* const prefix = *value > 0 ? "▲" : *value < 0 ? "▼" : "·";
-    // fmt pads what is not finite on the right unless told otherwise.
-    return fmt::format("{}{:>5.2f}%", prefix, std::fabs(*value));
+    return fmt::format("{}{:>6}", arrow(*value), magnitude(*value, 2));
 }
 
 }  // namespace quillbar::PriceFormatter

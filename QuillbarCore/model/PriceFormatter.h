@@ -4,6 +4,7 @@
 
 #include <optional>
 #include <string>
+#include <string_view>
 
 /// The texts of prices and changes. They follow no locale. Pure; callable from any thread.
 namespace quillbar::PriceFormatter {
@@ -12,9 +13,21 @@ namespace quillbar::PriceFormatter {
 /// two decimals (67,234.50). Rounds the shortest decimal half to even.
 [[nodiscard]] std::string price(double value);
 
+/// A price with exactly that many decimals, none or more, whatever its magnitude. Rounds alike.
+[[nodiscard]] std::string price(double value, int decimals);
+
 /// A change in percent, always signed, with two decimals as printf rounds them: +1.23%, -0.50%,
 /// +0.00% for 0.001; "0.00%" for either zero.
 [[nodiscard]] std::string percent(double value);
+
+/// The same with that many decimals, none or more; "0%" for either zero without any.
+[[nodiscard]] std::string percent(double value, int decimals);
+
+/// The magnitude of a change in percent, rounded in the same way: 0.50% for -0.5 and two decimals.
+[[nodiscard]] std::string magnitude(double value, int decimals);
+
+/// Where a change points: ▲ for a rise, ▼ for a fall, · otherwise.
+[[nodiscard]] std::string_view arrow(double value);
 
 /// The change beside the price in the menu bar: ▲ for a rise, ▼ for a fall, · otherwise, then the
 /// magnitude padded to five places: "▲ 1.23%", "▼12.50%", "· 0.00%"; "—" when absent.

@@ -16,6 +16,7 @@
 namespace quillbar {
 namespace {
 
+using GroupedDecimal::withFractionDigits;
 using GroupedDecimal::withTwoFractionDigits;
 using GroupedDecimal::withUpToFourSignificantDigits;
 
@@ -76,6 +77,27 @@ TEST(GroupedDecimal, carriesThroughNines) {
     EXPECT_EQ(withTwoFractionDigits(999999.999), "1,000,000.00");
     EXPECT_EQ(withUpToFourSignificantDigits(0.99996), "1");
     EXPECT_EQ(withUpToFourSignificantDigits(0.00099996), "0.001");
+}
+
+TEST(GroupedDecimal, keepsAsManyFractionDigitsAsAsked) {
+    EXPECT_EQ(withFractionDigits(67234.5, 0), "67,234");
+    EXPECT_EQ(withFractionDigits(67235.5, 0), "67,236");
+    EXPECT_EQ(withFractionDigits(67234.5, 1), "67,234.5");
+    EXPECT_EQ(withFractionDigits(0.00001234, 8), "0.00001234");
+    EXPECT_EQ(withFractionDigits(0.00001234, 2), "0.00");
+    EXPECT_EQ(withFractionDigits(0.6, 0), "1");
+    EXPECT_EQ(withFractionDigits(kNaN, 3), "NaN");
+}
+
+TEST(GroupedDecimal, agreesWithICUAtEveryNumberOfFractionDigits) {
+    for (int digits = 0; digits <= 8; ++digits) {
+        RandomNumbers numbers(-12, 15);
+        for (int count = 0; count < 1'000; ++count) {
+            const double value = numbers.next();
+            ASSERT_EQ(withFractionDigits(value, digits), icuDecimal(value, digits))
+                << fmt::format("{} {}", value, digits);
+        }
+    }
 }
 
 TEST(GroupedDecimal, namesWhatIsNotFinite) {

@@ -14,4 +14,7 @@ enum class DigitRule : std::uint8_t { twoFractionDigits, upToFourSignificantDigi
 /// decimals.
 [[nodiscard]] std::string icuDecimal(double value, DigitRule rule);
 
+/// The same with exactly that many fraction digits.
+[[nodiscard]] std::string icuDecimal(double value, int fractionDigits);
+
 }  // namespace quillbar

@@ -81,6 +81,24 @@ TEST(PriceFormatter, percentagesReadAsPrintfWritesThem) {
     }
 }
 
+TEST(PriceFormatter, writesAsManyDecimalsAsAsked) {
+    EXPECT_EQ(PriceFormatter::price(67234.56, 0), "67,235");
+    EXPECT_EQ(PriceFormatter::price(0.00001234, 6), "0.000012");
+    EXPECT_EQ(PriceFormatter::percent(-1.26, 1), "-1.3%");
+    EXPECT_EQ(PriceFormatter::percent(12.5, 3), "+12.500%");
+    EXPECT_EQ(PriceFormatter::percent(0.4, 0), "+0%");
+    EXPECT_EQ(PriceFormatter::percent(-0.0, 0), "0%");
+    EXPECT_EQ(PriceFormatter::magnitude(-1.26, 1), "1.3%");
+    EXPECT_EQ(PriceFormatter::magnitude(-0.0, 2), "0.00%");
+}
+
+TEST(PriceFormatter, pointsAChangeUpDownOrNowhere) {
+    EXPECT_EQ(PriceFormatter::arrow(0.001), "▲");
+    EXPECT_EQ(PriceFormatter::arrow(-0.001), "▼");
+    EXPECT_EQ(PriceFormatter::arrow(-0.0), "·");
+    EXPECT_EQ(PriceFormatter::arrow(kNaN), "·");
+}
+
 TEST(PriceFormatter, pointsTheMenuBarChangeUpDownOrNowhere) {
     EXPECT_EQ(PriceFormatter::menuBarChange(1.234), "▲ 1.23%");
     EXPECT_EQ(PriceFormatter::menuBarChange(-12.5), "▼12.50%");
