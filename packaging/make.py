@@ -116,12 +116,13 @@ def words(option):
 
 def bash(program, table):
     function = "_" + program.replace("-", "_")
+    # An argument without choices is the user's own.
     choices = "".join(f"    {option['name']})\n"
-                      f"        COMPREPLY=($(compgen -W \"{' '.join(option['choices'])}\" -- "
-                      '"$word"))\n'
+                      "        COMPREPLY=($(compgen -W "
+                      f"\"{' '.join(option.get('choices', []))}\" -- \"$word\"))\n"
                       "        return\n"
                       "        ;;\n"
-                      for option in table["options"] if "choices" in option)
+                      for option in table["options"] if "argument" in option)
     if choices:
         # A value behind an equals sign comes as a word of its own.
         choices = ('    [ "$before" != = ] || before=${COMP_WORDS[COMP_CWORD - 2]}\n'
@@ -145,9 +146,10 @@ def zsh(program, table):
         text = option["short"].replace("'", "'\\''")
         if name in ("--help", "--version"):
             before = "(- *)"
-        if "choices" in option:
+        if "argument" in option:
             kind = option["argument"]["en"].lower()
-            lines.append(f"'{name}=[{text}]:{kind}:({' '.join(option['choices'])})'")
+            choices = f"({' '.join(option['choices'])})" if "choices" in option else " "
+            lines.append(f"'{name}=[{text}]:{kind}:{choices}'")
         else:
             lines += [f"'{before}{word}[{text}]'" for word in words(option)]
     return f"#compdef {program}\n\n_arguments \\\n    " + " \\\n    ".join(lines) + "\n"
@@ -159,8 +161,10 @@ def fish(program, table):
         line = f"complete -c {program} -l {option['name'][2:]}"
         if "letter" in option:
             line += f" -s {option['letter'][1:]}"
+        if "argument" in option:
+            line += " -x"
         if "choices" in option:
-            line += f" -x -a '{' '.join(option['choices'])}'"
+            line += f" -a '{' '.join(option['choices'])}'"
         text = option["short"].replace("'", "\\'")
         lines.append(f"{line} -d '{text}'")
     return "\n".join(lines) + "\n"

@@ -4,8 +4,10 @@
 
 #include <fmt/format.h>
 
+#include <cstddef>
 #include <optional>
 #include <string_view>
+#include <utility>
 
 namespace quillbar {
 
@@ -20,8 +22,13 @@ constexpr std::string_view kHelp = R"(用法:quillbar-label [选项]
   --follow         每当文字变化时输出一行
   --boards         输出涨幅、跌幅、成交额、市值四个榜单的前十名并退出
   --format 格式    text(默认)、json 或 waybar,不能与 --boards 同用
+  --template 模板  自己写文字,如 '{symbol} {price:.0} {change}',不能与 --boards 同用
   --help           显示本说明
   --version        显示版本
+
+模板里可用 {symbol}(币种)、{price}(价格)、{arrow}(箭头)和 {change}(涨跌幅,模板里没有箭头时带正负号)。
+冒号后依次可写 < 或 >(靠左或靠右)、宽度和小数位数,如 {price:>10.2};大括号本身写作 {{ 和 }}。
+没有当前价格时只输出币种名称。json 和 waybar 的 text 也按模板。
 
 退出状态:0 成功;2 参数或环境变量有误;3 未能及时得到价格;4 未能写出结果。
 
@@ -58,13 +65,72 @@ std::optional<LabelFormat> formatNamed(std::string_view name) {
     return std::nullopt;
 }
 
+constexpr std::string_view kFormatOption = "--format";
+constexpr std::string_view kTemplateOption = "--template";
+
+std::string_view valueMissing(std::string_view option) {
+    return option == kFormatOption ? "--format 需要一个格式:text、json 或 waybar"
+                                   : "--template 需要一个模板,如 '{symbol} {price}'";
+}
+
+/// What has been read so far. An option that is not given is absent.
+struct GivenOptions {
+    std::optional<LabelMode> mode;
+    std::optional<LabelFormat> format;
+    std::optional<LabelTemplate> labelTemplate;
+};
+
+// Each of these returns the error, if there is one.
+
+std::optional<LabelUsageError> takeMode(LabelMode mode, GivenOptions& given) {
+    if (given.mode && given.mode != mode) {
+        return LabelUsageError{"--once、--follow 与 --boards 只能使用其一"};
+    }
+    given.mode = mode;
+    return std::nullopt;
+}
+
+std::optional<LabelUsageError> takeFormat(const std::string& name, GivenOptions& given) {
+    given.format = formatNamed(name);
+    if (!given.format) {
+        return LabelUsageError{fmt::format("未知的格式「{}」,可用 text、json 或 waybar", name)};
+    }
+    return std::nullopt;
+}
+
+std::optional<LabelUsageError> takeTemplate(const std::string& text, GivenOptions& given) {
+    auto parsed = LabelTemplate::parse(text);
+    if (const auto* const error = std::get_if<LabelTemplateError>(&parsed)) {
+        return LabelUsageError{
+            fmt::format("--template 的第 {} 个字符:{}", error->position, error->text)};
+    }
+    given.labelTemplate = std::get<LabelTemplate>(std::move(parsed));
+    return std::nullopt;
+}
+
+std::optional<LabelUsageError> takeValue(std::string_view option,
+                                         const std::string& value,
+                                         GivenOptions& given) {
+    return option == kFormatOption ? takeFormat(value, given) : takeTemplate(value, given);
+}
+
+std::variant<LabelOptions, LabelInformation, LabelUsageError> together(GivenOptions given) {
+    if (given.mode == LabelMode::boards && given.format) {
+        return LabelUsageError{"--boards 只能输出文本,不能与 --format 同用"};
+    }
+    if (given.mode == LabelMode::boards && given.labelTemplate) {
+        return LabelUsageError{"--boards 不能与 --template 同用"};
+    }
+    return LabelOptions{.mode = given.mode.value_or(LabelMode::once),
+                        .format = given.format.value_or(LabelFormat::text),
+                        .labelTemplate = std::move(given.labelTemplate)};
+}
+
 }  // namespace
 
 std::variant<LabelOptions, LabelInformation, LabelUsageError> parseLabelOptions(
     const std::vector<std::string>& arguments) {
-    constexpr std::string_view kFormatOption = "--format";
-    std::optional<LabelMode> mode;
-    std::optional<LabelFormat> format;
+    GivenOptions given;
     for (auto argument = arguments.begin(); argument != arguments.end(); ++argument) {
         if (*argument == "--help" || *argument == "-h") {
             return LabelInformation{std::string(kHelp)};
@@ -72,33 +138,25 @@ std::variant<LabelOptions, LabelInformation, LabelUsageError> parseLabelOptions(
         if (*argument == "--version") {
             return LabelInformation{fmt::format("quillbar-label {}\n", QUILLBAR_VERSION)};
         }
-        if (const auto asked = modeNamed(*argument)) {
-            if (mode && mode != asked) {
-                return LabelUsageError{"--once、--follow 与 --boards 只能使用其一"};
-            }
-            mode = asked;
-            continue;
-        }
-        std::string name;
-        if (argument->starts_with("--format=")) {
-            name = argument->substr(kFormatOption.size() + 1);
-        } else if (*argument == kFormatOption) {
-            if (++argument == arguments.end()) {
-                return LabelUsageError{"--format 需要一个格式:text、json 或 waybar"};
-            }
-            name = *argument;
+        std::optional<LabelUsageError> error;
+        const std::size_t equals = argument->find('=');
+        const std::string option = argument->substr(0, equals);
+        if (const auto mode = modeNamed(*argument)) {
+            error = takeMode(*mode, given);
+        } else if (option != kFormatOption && option != kTemplateOption) {
+            error = LabelUsageError{fmt::format("未知的参数「{}」,请看 --help", *argument)};
+        } else if (equals != std::string::npos) {
+            error = takeValue(option, argument->substr(equals + 1), given);
+        } else if (++argument != arguments.end()) {
+            error = takeValue(option, *argument, given);
         } else {
-            return LabelUsageError{fmt::format("未知的参数「{}」,请看 --help", *argument)};
+            return LabelUsageError{std::string(valueMissing(option))};
         }
-        format = formatNamed(name);
-        if (!format) {
-            return LabelUsageError{fmt::format("未知的格式「{}」,可用 text、json 或 waybar", name)};
+        if (error) {
+            return *std::move(error);
         }
     }
-    if (mode == LabelMode::boards && format) {
-        return LabelUsageError{"--boards 只能输出文本,不能与 --format 同用"};
-    }
-    return LabelOptions{mode.value_or(LabelMode::once), format.value_or(LabelFormat::text)};
+    return together(std::move(given));
 }
 
 }  // namespace quillbar

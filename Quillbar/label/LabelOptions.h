@@ -2,6 +2,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "Quillbar/labelstate/LabelTemplate.h"
+
+#include <optional>
 #include <string>
 #include <variant>
 #include <vector>
@@ -18,6 +21,8 @@ enum class LabelMode { once, follow, boards };
 struct LabelOptions final {
     LabelMode mode = LabelMode::once;
     LabelFormat format = LabelFormat::text;
+    /// The wording of the text in each format; the label's usual one when absent.
+    std::optional<LabelTemplate> labelTemplate = std::nullopt;
 
     bool operator==(const LabelOptions&) const = default;
 };

@@ -13,7 +13,7 @@ LabelPrinter::LabelPrinter(LabelSource& source,
                            Output output)
     : m_source(source)
     , m_sleeper(std::move(sleeper))
-    , m_options(options)
+    , m_options(std::move(options))
     , m_output(std::move(output))
     , m_scope(executor) {}
 
@@ -29,15 +29,23 @@ void LabelPrinter::start() {
     update();
 }
 
+LabelSnapshot LabelPrinter::snapshot() const {
+    LabelSnapshot snapshot = m_source.snapshot();
+    if (m_options.labelTemplate) {
+        snapshot.text = m_options.labelTemplate->text(snapshot.quote);
+    }
+    return snapshot;
+}
+
 void LabelPrinter::update() {
     if (m_isFinished) {
         return;
     }
-    const LabelSnapshot snapshot = m_source.snapshot();
+    const LabelSnapshot current = snapshot();
     if (m_options.mode == LabelMode::once) {
-        updateOnce(snapshot);
+        updateOnce(current);
     } else {
-        updateFollowing(snapshot);
+        updateFollowing(current);
     }
 }
 
@@ -68,8 +76,8 @@ Task<void> LabelPrinter::giveUp() {
     if (m_isFinished) {
         co_return;
     }
-    const LabelSnapshot snapshot = m_source.snapshot();
-    printOnce(snapshot, snapshot.quote.showsPrice() ? kSuccess : kNoPrice);
+    const LabelSnapshot current = snapshot();
+    printOnce(current, current.quote.showsPrice() ? kSuccess : kNoPrice);
 }
 
 void LabelPrinter::printOnce(const LabelSnapshot& snapshot, int status) {

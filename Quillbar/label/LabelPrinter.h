@@ -53,6 +53,8 @@ public:
     void start();
 
 private:
+    /// The label in the wording of the options.
+    [[nodiscard]] LabelSnapshot snapshot() const;
     void update();
     void updateOnce(const LabelSnapshot& snapshot);
     void updateFollowing(const LabelSnapshot& snapshot);

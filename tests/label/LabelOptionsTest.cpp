@@ -47,6 +47,28 @@ TEST(LabelOptions, nameTheFormatInEitherSpelling) {
     EXPECT_EQ(optionsOf({"--format=text"}).format, LabelFormat::text);
 }
 
+TEST(LabelOptions, wordTheTextInEitherSpelling) {
+    const auto wording = std::get<LabelTemplate>(LabelTemplate::parse("{symbol}={price}"));
+    EXPECT_EQ(optionsOf({"--template", "{symbol}={price}"}).labelTemplate, wording);
+    const LabelOptions options =
+        optionsOf({"--template={symbol}={price}", "--follow", "--format=json"});
+    EXPECT_EQ(options.labelTemplate, wording);
+    EXPECT_EQ(options.mode, LabelMode::follow);
+    EXPECT_EQ(options.format, LabelFormat::json);
+    EXPECT_FALSE(optionsOf({}).labelTemplate);
+}
+
+TEST(LabelOptions, tellWhereATemplateIsWrong) {
+    EXPECT_EQ(errorOf({"--template", "币 {prize}"}),
+              "--template 的第 4 个字符:未知的字段「prize」,可用 symbol、price、arrow 或 change");
+    EXPECT_EQ(errorOf({"--template={price", "--help"}),
+              "--template 的第 1 个字符:「{」之后没有「}」,要写大括号本身请用「{{」");
+    EXPECT_EQ(errorOf({"--template="}), "--template 的第 1 个字符:模板不能为空");
+    EXPECT_EQ(errorOf({"--template"}), "--template 需要一个模板,如 '{symbol} {price}'");
+    EXPECT_EQ(errorOf({"--boards", "--template={price}"}), "--boards 不能与 --template 同用");
+    EXPECT_EQ(errorOf({"--templat={price}"}), "未知的参数「--templat={price}」,请看 --help");
+}
+
 TEST(LabelOptions, thatMakeNoSenseAreToldInOneLine) {
     EXPECT_EQ(errorOf({"--once", "--follow"}), "--once、--follow 与 --boards 只能使用其一");
     EXPECT_EQ(errorOf({"--boards", "--once"}), "--once、--follow 与 --boards 只能使用其一");
@@ -72,6 +94,11 @@ TEST(LabelOptions, helpNamesEveryOptionAndExitStatus) {
                                    "--follow",
                                    "--boards",
                                    "--format",
+                                   "--template",
+                                   "{symbol}",
+                                   "{price}",
+                                   "{arrow}",
+                                   "{change}",
                                    "json",
                                    "waybar",
                                    "--help",

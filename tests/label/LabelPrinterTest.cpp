@@ -12,6 +12,7 @@ namespace quillbar {
 namespace {
 
 using ::testing::ElementsAre;
+using ::testing::HasSubstr;
 using ::testing::IsEmpty;
 
 using Lines = std::vector<std::string>;
@@ -19,12 +20,14 @@ using Lines = std::vector<std::string>;
 class LabelPrinterTest : public AppStateFixture {
 protected:
     void printLabel(LabelOptions options) {
+        // It ends before its source does.
+        m_printer.reset();
         m_source = std::make_unique<StateLabelSource>(*state, m_isStarted);
         m_printer = std::make_unique<LabelPrinter>(
             *m_source,
             executor,
             time.sleeper(),
-            options,
+            std::move(options),
             LabelPrinter::Output{.print =
                                      [this](std::string_view line) {
                                          m_lines.emplace_back(line);
@@ -37,6 +40,9 @@ protected:
 
     void printOnce(LabelFormat format = LabelFormat::text) {
         printLabel({LabelMode::once, format});
+    }
+    void printWorded(const std::string& text, LabelMode mode, LabelFormat format) {
+        printLabel({mode, format, std::get<LabelTemplate>(LabelTemplate::parse(text))});
     }
     void follow(LabelFormat format = LabelFormat::text) { printLabel({LabelMode::follow, format}); }
 
@@ -155,6 +161,38 @@ TEST_F(LabelPrinterTest, followsThePinToAnotherCoin) {
     follow();
     state->pin("ETHUSDT");
     EXPECT_THAT(m_lines, ElementsAre("BTC", "ETH 200.00 ▲100.00%"));
+}
+
+TEST_F(LabelPrinterTest, onceWordsTheTextOfEachFormat) {
+    startConnected(listOf({"BTC"}));
+    price("BTC", 101.23);
+    printWorded("{price:.0} {symbol} <{change}>", LabelMode::once, LabelFormat::text);
+    printWorded("{price:.0} {symbol} <{change}>", LabelMode::once, LabelFormat::json);
+    printWorded("{price:.0} {symbol} <{change}>", LabelMode::once, LabelFormat::waybar);
+    ASSERT_EQ(m_lines.size(), 3U);
+    EXPECT_EQ(m_lines[0], "101 BTC <+1.23%>");
+    EXPECT_THAT(m_lines[1], HasSubstr(R"("text":"101 BTC <+1.23%>","symbol":"BTCUSDT")"));
+    EXPECT_THAT(m_lines[2], HasSubstr(R"("text":"101 BTC &lt;+1.23%&gt;")"));
+}
+
+TEST_F(LabelPrinterTest, onceWordsTheTextOnWhichItGivesUp) {
+    startConnected(listOf({"BTC"}));
+    printWorded("{symbol:>6} {price}", LabelMode::once, LabelFormat::text);
+    time.advance(Seconds(15));
+    EXPECT_THAT(m_lines, ElementsAre("BTC"));
+    EXPECT_THAT(m_statuses, ElementsAre(3));
+}
+
+TEST_F(LabelPrinterTest, followsTheWordedTextAndNothingElse) {
+    startConnected(listOf({"BTC"}));
+    printWorded("{price:.0}\n{symbol}", LabelMode::follow, LabelFormat::text);
+    price("BTC", 101);
+    time.advance(Seconds(1));
+    price("BTC", 101.2);
+    time.advance(Seconds(1));
+    price("BTC", 102);
+    time.advance(Seconds(90));
+    EXPECT_THAT(m_lines, ElementsAre("BTC", "101 BTC", "102 BTC", "BTC"));
 }
 
 TEST_F(LabelPrinterTest, onceFailsWhenItsLineCannotBeWritten) {

@@ -73,6 +73,13 @@ TEST_F(LabelProgramApplicationTest, followsTheApplication) {
     EXPECT_EQ(m_binance.streamsAccepted(), 0);
 }
 
+TEST_F(LabelProgramApplicationTest, wordsWhatTheApplicationTells) {
+    startTheApplication();
+    run({QStringLiteral("--follow"), QStringLiteral("--template={price:.1} {symbol}")});
+    ASSERT_TRUE(printsLine("101.0 BTC\n"));
+    EXPECT_EQ(m_binance.streamsAccepted(), 0);
+}
+
 TEST_F(LabelProgramApplicationTest, goesOnByItselfWhenTheApplicationQuits) {
     startTheApplication();
     run({QStringLiteral("--follow")});

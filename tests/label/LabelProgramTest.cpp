@@ -38,6 +38,12 @@ TEST_F(LabelProgramTest, printsEveryFormat) {
     EXPECT_THAT(m_output, HasSubstr(R"("tooltip":"BTCUSDT )"));
 }
 
+TEST_F(LabelProgramTest, printsAPriceInTheUsersWording) {
+    run({QStringLiteral("--template"), QStringLiteral("{{{symbol:<5}}} {price:>9.0}")});
+    EXPECT_EQ(exitStatus(), 0);
+    EXPECT_THAT(m_output, MatchesRegex("[{]BTC  [}]    67,[0-9]{3}\n"));
+}
+
 TEST_F(LabelProgramTest, tellsInItsStatusThatNoPriceCanCome) {
     theWatchlistIs(R"({"schemaVersion":1,"coins":[]})");
     run({QStringLiteral("--once")});
@@ -105,6 +111,11 @@ TEST_F(LabelProgramTest, refusesWrongOptionsInOneLine) {
     EXPECT_EQ(exitStatus(), 2);
     EXPECT_EQ(m_output, "");
     EXPECT_EQ(m_errors, "quillbar-label: 未知的参数「--loud」,请看 --help\n");
+    m_errors.clear();
+    run({QStringLiteral("--template={prize}")});
+    EXPECT_EQ(exitStatus(), 2);
+    EXPECT_EQ(m_output, "");
+    EXPECT_THAT(m_errors, StartsWith("quillbar-label: --template 的第 2 个字符:未知的字段"));
     m_errors.clear();
     run({QStringLiteral("--boards"), QStringLiteral("--format=json")});
     EXPECT_EQ(exitStatus(), 2);

@@ -57,6 +57,10 @@ class Bash(unittest.TestCase):
         self.assertEqual(self.completed("quillbar-label", "--format", "="), formats)
         self.assertEqual(self.completed("quillbar-label", "--format", "=", "w"), ["waybar"])
 
+    def test_offers_nothing_where_the_words_are_the_users_own(self):
+        self.assertEqual(self.completed("quillbar-label", "--template", ""), [])
+        self.assertEqual(self.completed("quillbar-label", "--template", "=", "--"), [])
+
 
 class OtherShells(unittest.TestCase):
     def test_zsh_is_told_every_option_and_for_which_program(self):
@@ -68,6 +72,14 @@ class OtherShells(unittest.TestCase):
 
     def test_zsh_offers_no_option_beside_one_that_excludes_it(self):
         self.assertIn("'(--once --boards)--follow[", made("completion", "quillbar-label", "zsh"))
+
+    def test_zsh_and_fish_wait_for_the_argument_of_an_option(self):
+        zsh = made("completion", "quillbar-label", "zsh")
+        self.assertIn("'--format=[how a line is written]:format:(text json waybar)'", zsh)
+        self.assertIn("'--template=[the wording of the text]:template: '", zsh)
+        fish = made("completion", "quillbar-label", "fish")
+        self.assertIn(" -l format -x -a 'text json waybar' -d ", fish)
+        self.assertIn(" -l template -x -d ", fish)
 
     def test_fish_is_told_every_option(self):
         for program in PROGRAMS:
