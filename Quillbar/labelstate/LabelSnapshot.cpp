@@ -4,11 +4,15 @@
 
 #include "QuillbarCore/state/AppState.h"
 
+#include <utility>
+
 namespace quillbar {
 
-LabelSnapshot LabelSnapshot::of(const AppState& state) {
+namespace {
+
+LabelSnapshot snapshotOf(const AppState& state, PinnedQuote quote) {
     LabelSnapshot snapshot;
-    snapshot.quote = state.pinnedQuoteNow();
+    snapshot.quote = std::move(quote);
     snapshot.text = snapshot.quote.text();
     if (const auto& failure = *state.connectionFailure()) {
         snapshot.failure = displayName(*failure);
@@ -19,6 +23,16 @@ LabelSnapshot LabelSnapshot::of(const AppState& state) {
         snapshot.coinUpdate = state.lastUpdateOf(coin->symbol);
     }
     return snapshot;
+}
+
+}  // namespace
+
+LabelSnapshot LabelSnapshot::of(const AppState& state) {
+    return snapshotOf(state, state.pinnedQuoteNow());
+}
+
+LabelSnapshot LabelSnapshot::of(const AppState& state, const Coin& coin) {
+    return snapshotOf(state, state.quoteOf(coin));
 }
 
 ConnectionState LabelSnapshot::visibleConnection() const {

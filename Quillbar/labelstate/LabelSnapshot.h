@@ -26,8 +26,11 @@ struct LabelSnapshot final {
     /// The message about an edit that was not saved.
     std::optional<std::string> lastError = std::nullopt;
 
-    /// Reads the application's state.
+    /// Reads the application's state: the label of the pinned coin.
     [[nodiscard]] static LabelSnapshot of(const AppState& state);
+
+    /// What the label would say of this coin, which is on the state's list.
+    [[nodiscard]] static LabelSnapshot of(const AppState& state, const Coin& coin);
 
     /// The connection as the user is told. After a failure, a new connection counts as being made
     /// until it has delivered something, because it may fail again.

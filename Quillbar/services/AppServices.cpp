@@ -59,7 +59,8 @@ struct AppServices::Market final {
 
 AppServices::AppServices(ServicePlatform platform,
                          const ServiceEndpoints& endpoints,
-                         const std::filesystem::path& folder)
+                         const std::filesystem::path& folder,
+                         std::optional<Watchlist> watchlist)
     : m_platform(platform)
     , m_endpoints(endpoints)
     , m_folder(folder)
@@ -83,6 +84,7 @@ AppServices::AppServices(ServicePlatform platform,
                   .api = m_pairs,
                   .stream = m_stream,
                   .store = WatchlistStore(folder),
+                  .watchlist = std::move(watchlist),
                   .settingsStore = SettingsStore(folder),
                   .catalog = m_catalog,
                   .now = platform.clock,

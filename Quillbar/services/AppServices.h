@@ -13,6 +13,7 @@
 #include "QuillbarCore/market/MarketCapState.h"
 #include "QuillbarCore/market/MarketState.h"
 #include "QuillbarCore/model/Calendar.h"
+#include "QuillbarCore/model/Watchlist.h"
 #include "QuillbarCore/runtime/Executor.h"
 #include "QuillbarCore/runtime/Observed.h"
 #include "QuillbarCore/runtime/Sleeper.h"
@@ -48,10 +49,12 @@ class AppServices final {
 public:
     /// Builds what the label needs; loads the user's watchlist and settings from `folder` and
     /// connects to nothing. Never fails: an unreadable document is logged and replaced by the
-    /// default.
+    /// default. A list that is given stands in for the user's, which is then neither read nor to be
+    /// edited.
     AppServices(ServicePlatform platform,
                 const ServiceEndpoints& endpoints,
-                const std::filesystem::path& folder);
+                const std::filesystem::path& folder,
+                std::optional<Watchlist> watchlist = std::nullopt);
     AppServices(const AppServices&) = delete;
     AppServices& operator=(const AppServices&) = delete;
     AppServices(AppServices&&) = delete;
@@ -63,6 +66,11 @@ public:
 
     /// Whether the first requests have all been answered, or have failed.
     [[nodiscard]] const Observed<bool>& isStarted() const noexcept { return m_isStarted; }
+
+    /// Whether the exchange was asked for the price of this pair and does not know it.
+    [[nodiscard]] bool isUnknown(const std::string& symbol) const {
+        return m_pairs.isUnknown(symbol);
+    }
 
     /// Begins again at once, over new connections: the machine woke up, or the network came back.
     /// Each call ends what the call before has begun.

@@ -45,6 +45,11 @@ public:
     Task<TickerMap> ticker24h(std::vector<std::string> symbols) override;
     Task<TickerMap> ticker24hAll() override;
 
+    /// Whether the exchange was asked for the pair and does not know it, as far as not forgotten.
+    [[nodiscard]] bool isUnknown(const std::string& symbol) const {
+        return m_unknown.contains(symbol);
+    }
+
     /// Asks again for the pairs that the exchange did not know: it may list them by now. A pair that
     /// has been logged is not logged again.
     void forget() { m_unknown.clear(); }

@@ -44,7 +44,7 @@ AppState::AppState(AppStateDependencies dependencies)
     , m_sleeper(std::move(dependencies.sleeper))
     , m_watchdogInterval(dependencies.watchdogInterval)
     , m_staleReconnectThreshold(dependencies.staleReconnectThreshold)
-    , m_watchlist(m_store.load())
+    , m_watchlist(dependencies.watchlist ? *std::move(dependencies.watchlist) : m_store.load())
     , m_settings(m_settingsStore.load())
     , m_todayOpens({.executor = dependencies.executor,
                     .api = m_api,
@@ -224,17 +224,18 @@ void AppState::askWhetherThisRegionIsServed() {
 // The label
 
 PinnedQuote AppState::computePinnedQuote() const {
-    PinnedQuote quote{.basis = m_settings->changeBasis, .connection = *m_connectionState};
-    const Watchlist& watchlist = *m_watchlist;
-    const std::optional<std::string>& symbol = watchlist.pinnedSymbol;
-    const auto index = symbol ? watchlist.indexOf(*symbol) : std::nullopt;
-    if (!index) {
-        return quote;
-    }
-    quote.coin = watchlist.coins[*index];
-    if (const Ticker* const ticker = m_tickers.find(*symbol)) {
+    const std::optional<std::string>& symbol = m_watchlist->pinnedSymbol;
+    const auto index = symbol ? m_watchlist->indexOf(*symbol) : std::nullopt;
+    return quoteOf(index ? std::optional(m_watchlist->coins[*index]) : std::nullopt);
+}
+
+PinnedQuote AppState::quoteOf(std::optional<Coin> coin) const {
+    PinnedQuote quote{.coin = std::move(coin),
+                      .basis = m_settings->changeBasis,
+                      .connection = *m_connectionState};
+    if (const Ticker* const ticker = quote.coin ? m_tickers.find(quote.coin->symbol) : nullptr) {
         quote.ticker = *ticker;
-        quote.changePercent = displayPercent(*symbol);
+        quote.changePercent = displayPercent(quote.coin->symbol);
         if (silence() <= kStaleDataThreshold) {
             quote.freshness = presentFreshness();
         }

@@ -46,6 +46,9 @@ struct AppStateDependencies final {
     /// Its events are consumed by the state alone.
     PriceStreaming& stream;
     WatchlistStore store;
+    /// A list in place of the stored one, which is then not read. For a state that is never edited:
+    /// an edit would save it over the user's.
+    std::optional<Watchlist> watchlist = std::nullopt;
     SettingsStore settingsStore;
     CoinCatalog& catalog;
     Clock now = systemClock();
@@ -126,6 +129,9 @@ public:
     /// The same, with the freshness of this moment: nothing is told when a price grows old between
     /// two looks at the label.
     [[nodiscard]] PinnedQuote pinnedQuoteNow() const;
+    /// What a label would say of this coin, pinned or not, at this moment; of none without a coin.
+    /// Prices come in for the coins of the list alone.
+    [[nodiscard]] PinnedQuote quoteOf(std::optional<Coin> coin) const;
     /// The text of `pinnedQuote`. It changes just after that.
     [[nodiscard]] const Observed<std::string>& menuBarText() const noexcept {
         return m_menuBarText;

@@ -123,6 +123,18 @@ TEST_F(KnownPairsTest, asksAgainForAnUnknownPairWhenToldToForget) {
     EXPECT_EQ(exchange.ticker24hAllRequests, 2);
 }
 
+TEST_F(KnownPairsTest, tellsWhichPairsTheExchangeDoesNotKnow) {
+    theExchangeRefuses();
+    exchange.ticker24hAllAnswers.value(tickersOf({"BTCUSDT"}));
+    EXPECT_FALSE(pairs.isUnknown("GONEUSDT"));
+    ask({"GONEUSDT", "BTCUSDT"});
+    EXPECT_TRUE(pairs.isUnknown("GONEUSDT"));
+    EXPECT_FALSE(pairs.isUnknown("BTCUSDT"));
+    EXPECT_FALSE(pairs.isUnknown("ETHUSDT"));
+    pairs.forget();
+    EXPECT_FALSE(pairs.isUnknown("GONEUSDT"));
+}
+
 TEST_F(KnownPairsTest, failsWhenTheExchangeKnowsNoneOfThePairs) {
     theExchangeRefuses();
     exchange.ticker24hAllAnswers.value(tickersOf({"BTCUSDT"}));

@@ -38,6 +38,20 @@ TEST_F(LabelSnapshotTest, ofALivePriceHasEverythingButAnError) {
     EXPECT_TRUE(snapshot().quote.showsPrice());
 }
 
+TEST_F(LabelSnapshotTest, canBeOfACoinThatIsNotPinned) {
+    startConnected(listOf({"BTC", "ETH"}));
+    price("ETH", 50);
+    const TimePoint own = time.now();
+    time.advance(Seconds(5));
+    price("BTC", 101);
+    const LabelSnapshot ether = LabelSnapshot::of(*state, coinOf("ETH"));
+    EXPECT_EQ(ether.text, "ETH 50.00 ▼50.00%");
+    EXPECT_EQ(ether.quote, state->quoteOf(coinOf("ETH")));
+    EXPECT_EQ(ether.coinUpdate, own);
+    EXPECT_EQ(ether.lastUpdate, time.now());
+    EXPECT_EQ(ether.failure, std::nullopt);
+}
+
 TEST_F(LabelSnapshotTest, tellsTheLastUpdateByAClockThatWasSetBackSince) {
     startConnected(listOf({"BTC"}));
     price("BTC", 101);

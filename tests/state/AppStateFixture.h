@@ -73,6 +73,7 @@ struct AppStateFixture : testing::Test {
                                  .api = api,
                                  .stream = stream,
                                  .store = WatchlistStore(folder.path(), files),
+                                 .watchlist = ownList,
                                  .settingsStore = SettingsStore(folder.path(), files),
                                  .catalog = catalog,
                                  .now = time.clock(),
@@ -151,6 +152,8 @@ struct AppStateFixture : testing::Test {
     FakeBinanceAPI api;
     FakePriceStream stream;
     CoinCatalog catalog{executor, api, folder.path() / "cache", time.clock()};
+    /// What stands in for the stored list.
+    std::optional<Watchlist> ownList;
     std::unique_ptr<AppState> state;
     // Last: its tasks use the state.
     TaskScope scope{executor};

@@ -59,6 +59,15 @@ TEST_F(AppStateWatchlistTest, addsACoinSavesSubscribesAndFetchesItsPriceAndOpen)
     EXPECT_EQ(todayOpen("ETH"), 100);
 }
 
+TEST_F(AppStateWatchlistTest, followsAListOfItsOwnInPlaceOfTheStoredOne) {
+    theUserHas(listOf({"BTC"}));
+    ownList = listOf({"SOL", "ETH"});
+    start();
+    EXPECT_EQ(*state->watchlist(), listOf({"SOL", "ETH"}));
+    EXPECT_THAT(stream.symbolLists, ElementsAre(Symbols{"SOLUSDT", "ETHUSDT"}));
+    EXPECT_EQ(storedList(), listOf({"BTC"}));
+}
+
 TEST_F(AppStateWatchlistTest, savesAnAddedCoinBeforeAnythingIsFetched) {
     startConnected(listOf({"BTC"}));
     const auto snapshot = api.ticker24hAnswers.held();

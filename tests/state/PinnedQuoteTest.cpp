@@ -179,6 +179,27 @@ TEST_F(AppStatePinnedQuoteTest, followsThePinAndTheBasisAtOnce) {
     EXPECT_EQ(quote().direction(), LabelDirection::flat);
 }
 
+TEST_F(AppStatePinnedQuoteTest, canBeHadOfACoinThatIsNotPinned) {
+    startConnected(listOf({"BTC", "ETH"}));
+    price("ETH", 50);
+    PinnedQuote ether{.coin = coinOf("ETH"),
+                      .ticker = Ticker{50, 100},
+                      .changePercent = -50,
+                      .freshness = PriceFreshness::live,
+                      .connection = ConnectionState::connected};
+    EXPECT_EQ(state->quoteOf(coinOf("ETH")), ether);
+    price("ETH", 60);
+    EXPECT_EQ(state->quoteOf(coinOf("ETH")).ticker->lastPrice, 60);
+    price("ETH", 50);
+    time.advance(Seconds(60));
+    EXPECT_EQ(state->quoteOf(coinOf("ETH")), ether);
+    time.advance(Seconds(1));
+    ether.freshness = PriceFreshness::none;
+    EXPECT_EQ(state->quoteOf(coinOf("ETH")), ether);
+    EXPECT_EQ(state->quoteOf(coinOf("SOL")),
+              (PinnedQuote{.coin = coinOf("SOL"), .connection = ConnectionState::connected}));
+}
+
 TEST_F(AppStatePinnedQuoteTest, isWhatTheTextIsMadeFrom) {
     startConnected(listOf({"BTC"}));
     const Observation observation = state->menuBarText().observe(
