@@ -22,12 +22,12 @@ struct ListOffer final {
     static constexpr std::size_t kLongestName = 16;
 
     /// What was read, and what of it the catalogue knows.
-    CoinNames::List list;
-    CoinNames::Found found;
+    CoinNames::List list = {};
+    CoinNames::Found found = {};
     /// The coins to add, in the order of the names.
-    std::vector<Coin> fresh;
+    std::vector<Coin> fresh = {};
     /// Those that are on the watchlist.
-    std::vector<Coin> watched;
+    std::vector<Coin> watched = {};
 
     /// The offer to who has this watchlist. Pure.
     [[nodiscard]] static ListOffer of(CoinNames::List list,

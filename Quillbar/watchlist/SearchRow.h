@@ -21,7 +21,7 @@ protected:
         /// Elided when it is too long.
         QString beside;
         /// May be empty.
-        QString atEnd;
+        QString atEnd = {};
 
         [[nodiscard]] bool operator==(const Texts&) const = default;
     };

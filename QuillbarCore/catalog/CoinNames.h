@@ -19,7 +19,7 @@ inline constexpr std::size_t kMaximumBytes = 16'384;
 /// The names that a text holds.
 struct List final {
     /// In upper case, each once, in the order of the text.
-    std::vector<std::string> names;
+    std::vector<std::string> names = {};
     /// Whether the text was too long, so that its end was not read.
     bool isCut = false;
 
@@ -29,9 +29,9 @@ struct List final {
 /// What of some names a catalogue knows.
 struct Found final {
     /// Each once, in the order of the names.
-    std::vector<Coin> coins;
+    std::vector<Coin> coins = {};
     /// The names of no coin, in their order.
-    std::vector<std::string> unknown;
+    std::vector<std::string> unknown = {};
 
     [[nodiscard]] bool operator==(const Found&) const = default;
 };

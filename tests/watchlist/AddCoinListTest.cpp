@@ -431,10 +431,12 @@ TEST_F(AddCoinListTest, followsTheTheme) {
     read(QStringLiteral("SOL FOO ETH"));
     ThemeKey::set(*view, {.colors = ThemeColors::light()});
     const QImage light = pictureOf(*offerRow());
+    const QPoint plus(12 + 16 / 2, 28 / 2);
+    EXPECT_EQ(light.pixelColor(plus), ThemeColors::light().accent);
     const ThemedLabel* const notes = widgetsOf<ThemedLabel>(*view).front();
     EXPECT_EQ(notes->palette().color(QPalette::WindowText), ThemeColors::light().secondaryText);
     ThemeKey::set(*view, {.colors = ThemeColors::dark()});
-    EXPECT_NE(pictureOf(*offerRow()), light);
+    EXPECT_EQ(pictureOf(*offerRow()).pixelColor(plus), ThemeColors::dark().accent);
     EXPECT_EQ(notes->palette().color(QPalette::WindowText), ThemeColors::dark().secondaryText);
 }
 
