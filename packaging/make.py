@@ -149,7 +149,8 @@ def zsh(program, table):
         if "argument" in option:
             kind = option["argument"]["en"].lower()
             choices = f"({' '.join(option['choices'])})" if "choices" in option else " "
-            lines.append(f"'{name}=[{text}]:{kind}:{choices}'")
+            again = "*" if option.get("repeats") else ""
+            lines.append(f"'{again}{name}=[{text}]:{kind}:{choices}'")
         else:
             lines += [f"'{before}{word}[{text}]'" for word in words(option)]
     return f"#compdef {program}\n\n_arguments \\\n    " + " \\\n    ".join(lines) + "\n"

@@ -11,6 +11,7 @@
 
 #include <fmt/format.h>
 
+#include <algorithm>
 #include <chrono>
 #include <nlohmann/json.hpp>
 #include <string_view>
@@ -35,7 +36,7 @@ nlohmann::ordered_json orNull(const std::optional<T>& value) {
     return value ? nlohmann::ordered_json(*value) : nlohmann::ordered_json(nullptr);
 }
 
-std::string jsonLine(const LabelSnapshot& snapshot) {
+nlohmann::ordered_json jsonObject(const LabelSnapshot& snapshot) {
     const PinnedQuote& quote = snapshot.quote;
     nlohmann::ordered_json object;
     object["text"] = OutsideText::oneLine(snapshot.text);
@@ -60,7 +61,7 @@ std::string jsonLine(const LabelSnapshot& snapshot) {
     if (snapshot.failure) {
         object["failure"] = OutsideText::oneLine(*snapshot.failure);
     }
-    return dump(object);
+    return object;
 }
 
 // The price is known but not live, although the stream is connected: nothing comes over the stream.
@@ -72,20 +73,23 @@ std::string_view connectionOf(const LabelSnapshot& snapshot) {
     return isSilent ? kSilentConnectionName : displayName(connection);
 }
 
-std::string tooltip(const LabelSnapshot& snapshot) {
-    const PinnedQuote& quote = snapshot.quote;
-    std::string text;
-    if (quote.coin && quote.ticker) {
-        const std::string change = quote.changePercent
-                                       ? PriceFormatter::percent(*quote.changePercent)
-                                       : PriceFormatter::menuBarChange(std::nullopt);
-        text += fmt::format("{} {}\n{}涨跌 {}\n成交额 {}\n",
-                            OutsideText::oneLine(quote.coin->symbol),
-                            PriceFormatter::price(quote.ticker->lastPrice),
-                            displayName(quote.basis),
-                            change,
-                            VolumeFormatter::compact(quote.ticker->quoteVolume24h));
+// Empty without a ticker, otherwise lines.
+std::string coinTooltip(const PinnedQuote& quote) {
+    if (!quote.coin || !quote.ticker) {
+        return {};
     }
+    const std::string change = quote.changePercent ? PriceFormatter::percent(*quote.changePercent)
+                                                   : PriceFormatter::menuBarChange(std::nullopt);
+    return fmt::format("{} {}\n{}涨跌 {}\n成交额 {}\n",
+                       OutsideText::oneLine(quote.coin->symbol),
+                       PriceFormatter::price(quote.ticker->lastPrice),
+                       displayName(quote.basis),
+                       change,
+                       VolumeFormatter::compact(quote.ticker->quoteVolume24h));
+}
+
+std::string connectionTooltip(const LabelSnapshot& snapshot) {
+    std::string text;
     if (snapshot.lastUpdate) {
         const QString time =
             dateTime(*snapshot.lastUpdate).toLocalTime().toString(QStringLiteral("HH:mm:ss"));
@@ -133,26 +137,86 @@ std::string escapedMarkup(std::string_view text) {
     return escaped;
 }
 
-std::string waybarLine(const LabelSnapshot& snapshot) {
+std::string waybarLine(std::string_view text, std::string_view tooltip, std::string_view kind) {
     nlohmann::ordered_json object;
-    object["text"] = escapedMarkup(OutsideText::oneLine(snapshot.text));
-    object["tooltip"] = escapedMarkup(tooltip(snapshot));
-    object["class"] = waybarClass(snapshot.quote.direction());
+    object["text"] = escapedMarkup(text);
+    object["tooltip"] = escapedMarkup(tooltip);
+    object["class"] = kind;
     return dump(object);
+}
+
+std::string joinedText(const std::vector<LabelSnapshot>& labels) {
+    std::string text;
+    for (const LabelSnapshot& label : labels) {
+        text += (text.empty() ? "" : "  ") + OutsideText::oneLine(label.text);
+    }
+    return text;
+}
+
+bool isStale(const LabelSnapshot& label) {
+    return label.quote.isStale();
+}
+
+std::string joinedJSON(const std::vector<LabelSnapshot>& labels) {
+    nlohmann::ordered_json object;
+    object["text"] = joinedText(labels);
+    object["stale"] = std::ranges::any_of(labels, isStale);
+    object["coins"] = nlohmann::ordered_json::array();
+    for (const LabelSnapshot& label : labels) {
+        object["coins"].push_back(jsonObject(label));
+    }
+    return dump(object);
+}
+
+std::string_view joinedClass(const std::vector<LabelSnapshot>& labels) {
+    const LabelDirection first = labels.front().quote.direction();
+    const bool isShared = std::ranges::all_of(
+        labels, [first](const LabelSnapshot& label) { return label.quote.direction() == first; });
+    if (isShared) {
+        return waybarClass(first);
+    }
+    return std::ranges::any_of(labels, isStale) ? waybarClass(LabelDirection::stale) : "mixed";
+}
+
+std::string joinedWaybar(const std::vector<LabelSnapshot>& labels) {
+    std::string tooltip;
+    // The connection is that of all; a coin with a price tells whether it is silent.
+    const LabelSnapshot* telling = &labels.front();
+    for (const LabelSnapshot& label : labels) {
+        const std::string coin = coinTooltip(label.quote);
+        tooltip += coin.empty() ? coin : coin + '\n';
+        telling = telling->quote.ticker ? telling : &label;
+    }
+    return waybarLine(
+        joinedText(labels), tooltip + connectionTooltip(*telling), joinedClass(labels));
 }
 
 }  // namespace
 
 std::string labelLine(const LabelSnapshot& snapshot, LabelFormat format) {
+    const std::string text = OutsideText::oneLine(snapshot.text);
     switch (format) {
     case LabelFormat::text:
-        return OutsideText::oneLine(snapshot.text);
+        break;
     case LabelFormat::json:
-        return jsonLine(snapshot);
+        return dump(jsonObject(snapshot));
     case LabelFormat::waybar:
-        return waybarLine(snapshot);
+        return waybarLine(text,
+                          coinTooltip(snapshot.quote) + connectionTooltip(snapshot),
+                          waybarClass(snapshot.quote.direction()));
     }
-    return {};
+    return text;
+}
+
+std::string labelLines(const std::vector<LabelSnapshot>& labels, LabelFormat format) {
+    if (labels.size() > 1 && format != LabelFormat::text) {
+        return format == LabelFormat::json ? joinedJSON(labels) : joinedWaybar(labels);
+    }
+    std::string lines;
+    for (const LabelSnapshot& label : labels) {
+        lines += (lines.empty() ? "" : "\n") + labelLine(label, format);
+    }
+    return lines;
 }
 
 bool differsVisibly(const LabelSnapshot& previous,

@@ -2,8 +2,11 @@
 // SPDX-License-Identifier: MIT
 #include "Quillbar/label/LabelOptions.h"
 
+#include "Quillbar/label/CoinName.h"
+
 #include <fmt/format.h>
 
+#include <algorithm>
 #include <cstddef>
 #include <optional>
 #include <string_view>
@@ -23,6 +26,7 @@ constexpr std::string_view kHelp = R"(用法:quillbar-label [选项]
   --boards         输出涨幅、跌幅、成交额、市值四个榜单的前十名并退出
   --format 格式    text(默认)、json 或 waybar,不能与 --boards 同用
   --template 模板  自己写文字,如 '{symbol} {price:.0} {change}',不能与 --boards 同用
+  --symbol 币种    输出这个币种,如 ETH 或 ETH/USDT,可多次使用,不能与 --boards 同用
   --help           显示本说明
   --version        显示版本
 
@@ -67,10 +71,18 @@ std::optional<LabelFormat> formatNamed(std::string_view name) {
 
 constexpr std::string_view kFormatOption = "--format";
 constexpr std::string_view kTemplateOption = "--template";
+constexpr std::string_view kSymbolOption = "--symbol";
+
+bool hasValue(std::string_view option) {
+    return option == kFormatOption || option == kTemplateOption || option == kSymbolOption;
+}
 
 std::string_view valueMissing(std::string_view option) {
-    return option == kFormatOption ? "--format 需要一个格式:text、json 或 waybar"
-                                   : "--template 需要一个模板,如 '{symbol} {price}'";
+    if (option == kFormatOption) {
+        return "--format 需要一个格式:text、json 或 waybar";
+    }
+    return option == kTemplateOption ? "--template 需要一个模板,如 '{symbol} {price}'"
+                                     : "--symbol 需要一个币种,如 ETH";
 }
 
 /// What has been read so far. An option that is not given is absent.
@@ -78,6 +90,7 @@ struct GivenOptions {
     std::optional<LabelMode> mode;
     std::optional<LabelFormat> format;
     std::optional<LabelTemplate> labelTemplate;
+    std::vector<Coin> coins;
 };
 
 // Each of these returns the error, if there is one.
@@ -108,10 +121,25 @@ std::optional<LabelUsageError> takeTemplate(const std::string& text, GivenOption
     return std::nullopt;
 }
 
+std::optional<LabelUsageError> takeCoin(const std::string& name, GivenOptions& given) {
+    const std::optional<Coin> coin = coinNamed(name);
+    if (!coin) {
+        return LabelUsageError{fmt::format(
+            "「{}」不是 USDT 交易对,请写 ETH 或 ETH/USDT,多个币种请多次使用 --symbol", name)};
+    }
+    if (std::ranges::find(given.coins, *coin) == given.coins.end()) {
+        given.coins.push_back(*coin);
+    }
+    return std::nullopt;
+}
+
 std::optional<LabelUsageError> takeValue(std::string_view option,
                                          const std::string& value,
                                          GivenOptions& given) {
-    return option == kFormatOption ? takeFormat(value, given) : takeTemplate(value, given);
+    if (option == kFormatOption) {
+        return takeFormat(value, given);
+    }
+    return option == kTemplateOption ? takeTemplate(value, given) : takeCoin(value, given);
 }
 
 std::variant<LabelOptions, LabelInformation, LabelUsageError> together(GivenOptions given) {
@@ -121,9 +149,13 @@ std::variant<LabelOptions, LabelInformation, LabelUsageError> together(GivenOpti
     if (given.mode == LabelMode::boards && given.labelTemplate) {
         return LabelUsageError{"--boards 不能与 --template 同用"};
     }
+    if (given.mode == LabelMode::boards && !given.coins.empty()) {
+        return LabelUsageError{"--boards 不能与 --symbol 同用"};
+    }
     return LabelOptions{.mode = given.mode.value_or(LabelMode::once),
                         .format = given.format.value_or(LabelFormat::text),
-                        .labelTemplate = std::move(given.labelTemplate)};
+                        .labelTemplate = std::move(given.labelTemplate),
+                        .coins = std::move(given.coins)};
 }
 
 }  // namespace
@@ -143,7 +175,7 @@ std::variant<LabelOptions, LabelInformation, LabelUsageError> parseLabelOptions(
         const std::string option = argument->substr(0, equals);
         if (const auto mode = modeNamed(*argument)) {
             error = takeMode(*mode, given);
-        } else if (option != kFormatOption && option != kTemplateOption) {
+        } else if (!hasValue(option)) {
             error = LabelUsageError{fmt::format("未知的参数「{}」,请看 --help", *argument)};
         } else if (equals != std::string::npos) {
             error = takeValue(option, argument->substr(equals + 1), given);

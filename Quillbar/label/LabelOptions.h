@@ -3,6 +3,7 @@
 #pragma once
 
 #include "Quillbar/labelstate/LabelTemplate.h"
+#include "QuillbarCore/model/Coin.h"
 
 #include <optional>
 #include <string>
@@ -23,6 +24,8 @@ struct LabelOptions final {
     LabelFormat format = LabelFormat::text;
     /// The wording of the text in each format; the label's usual one when absent.
     std::optional<LabelTemplate> labelTemplate = std::nullopt;
+    /// The coins whose labels are printed, none twice; without any it is the pinned one's.
+    std::vector<Coin> coins = {};
 
     bool operator==(const LabelOptions&) const = default;
 };

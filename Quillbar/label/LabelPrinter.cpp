@@ -2,71 +2,94 @@
 // SPDX-License-Identifier: MIT
 #include "Quillbar/label/LabelPrinter.h"
 
+#include <fmt/format.h>
+
+#include <algorithm>
 #include <utility>
 
 namespace quillbar {
 
-LabelPrinter::LabelPrinter(LabelSource& source,
+namespace {
+
+bool showsPrice(const LabelSnapshot& label) {
+    return label.quote.showsPrice();
+}
+
+bool isComplete(const LabelSnapshot& label) {
+    return label.quote.showsPrice() && label.quote.changePercent;
+}
+
+}  // namespace
+
+LabelPrinter::LabelPrinter(PrintedLabels& labels,
                            Executor& executor,
                            Sleeper sleeper,
                            LabelOptions options,
                            Output output)
-    : m_source(source)
+    : m_labels(labels)
     , m_sleeper(std::move(sleeper))
     , m_options(std::move(options))
     , m_output(std::move(output))
     , m_scope(executor) {}
 
 LabelPrinter::~LabelPrinter() {
-    m_source.observe({});
+    m_labels.observe({});
 }
 
 void LabelPrinter::start() {
-    m_source.observe([this] { update(); });
+    m_labels.observe([this] { update(); });
     if (m_options.mode == LabelMode::once) {
         m_scope.spawn(giveUp());
     }
     update();
 }
 
-LabelSnapshot LabelPrinter::snapshot() const {
-    LabelSnapshot snapshot = m_source.snapshot();
+LabelPrinter::Snapshots LabelPrinter::snapshots() const {
+    Snapshots labels = m_labels.snapshots();
     if (m_options.labelTemplate) {
-        snapshot.text = m_options.labelTemplate->text(snapshot.quote);
+        for (LabelSnapshot& label : labels) {
+            label.text = m_options.labelTemplate->text(label.quote);
+        }
     }
-    return snapshot;
+    return labels;
 }
 
 void LabelPrinter::update() {
     if (m_isFinished) {
         return;
     }
-    const LabelSnapshot current = snapshot();
-    if (m_options.mode == LabelMode::once) {
-        updateOnce(current);
+    const std::vector<std::string> unknown = m_labels.unknownCoins();
+    if (!unknown.empty()) {
+        rejectCoins(unknown);
+    } else if (m_options.mode == LabelMode::once) {
+        updateOnce(snapshots());
     } else {
-        updateFollowing(current);
+        updateFollowing(snapshots());
     }
 }
 
-void LabelPrinter::updateOnce(const LabelSnapshot& snapshot) {
-    if (!snapshot.quote.coin) {
+void LabelPrinter::updateOnce(const Snapshots& labels) {
+    const auto hasNoCoin = [](const LabelSnapshot& label) { return !label.quote.coin; };
+    if (std::ranges::any_of(labels, hasNoCoin)) {
         // Without a pinned coin no price can come.
-        printOnce(snapshot, kNoPrice);
+        printOnce(labels, kNoPrice);
         return;
     }
-    const bool isComplete = snapshot.quote.changePercent.has_value() || m_source.isStarted();
-    if (snapshot.quote.showsPrice() && isComplete) {
-        printOnce(snapshot, kSuccess);
+    if (std::ranges::all_of(labels, m_labels.isStarted() ? showsPrice : isComplete)) {
+        printOnce(labels, kSuccess);
     }
 }
 
-void LabelPrinter::updateFollowing(const LabelSnapshot& snapshot) {
-    if (m_printed && !differsVisibly(*m_printed, snapshot, m_options.format)) {
+void LabelPrinter::updateFollowing(const Snapshots& labels) {
+    const auto isSame = [this](const LabelSnapshot& previous, const LabelSnapshot& current) {
+        return !differsVisibly(previous, current, m_options.format);
+    };
+    if (std::ranges::equal(m_printed, labels, isSame)) {
         return;
     }
-    m_printed = snapshot;
-    if (!m_output.print(labelLine(snapshot, m_options.format))) {
+    m_printed = labels;
+    // All of them: a slow reader gets only what was printed last.
+    if (!print(labels)) {
         finish(kSuccess);
     }
 }
@@ -76,13 +99,26 @@ Task<void> LabelPrinter::giveUp() {
     if (m_isFinished) {
         co_return;
     }
-    const LabelSnapshot current = snapshot();
-    printOnce(current, current.quote.showsPrice() ? kSuccess : kNoPrice);
+    const Snapshots labels = snapshots();
+    printOnce(labels, std::ranges::all_of(labels, showsPrice) ? kSuccess : kNoPrice);
 }
 
-void LabelPrinter::printOnce(const LabelSnapshot& snapshot, int status) {
-    const bool isWritten = m_output.print(labelLine(snapshot, m_options.format));
+void LabelPrinter::printOnce(const Snapshots& labels, int status) {
+    const bool isWritten = print(labels);
     finish(isWritten ? status : kNotWritten);
+}
+
+bool LabelPrinter::print(const Snapshots& labels) {
+    return m_output.print(labelLines(labels, m_options.format));
+}
+
+void LabelPrinter::rejectCoins(const std::vector<std::string>& names) {
+    std::string list;
+    for (const std::string& name : names) {
+        list += fmt::format("{}「{}」", list.empty() ? "" : "、", name);
+    }
+    m_output.complain(fmt::format("交易所没有币种{}", list));
+    finish(kUnknownCoin);
 }
 
 void LabelPrinter::finish(int status) {

@@ -5,7 +5,9 @@
 #include "Quillbar/label/BoardsPrinter.h"
 #include "Quillbar/label/LabelOptions.h"
 #include "Quillbar/label/LabelPrinter.h"
+#include "Quillbar/label/OwnCoinLabels.h"
 #include "Quillbar/label/OwnLabel.h"
+#include "Quillbar/label/PrintedLabels.h"
 #include "Quillbar/label/SwitchingLabelSource.h"
 #include "Quillbar/platform/CertificateAuthorities.h"
 #include "Quillbar/platform/Leaving.h"
@@ -24,9 +26,11 @@
 #include <QCoreApplication>
 
 #include <filesystem>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <unistd.h>
 #include <vector>
 
@@ -39,6 +43,88 @@ constexpr int kUsageStatus = 2;
 int failAtStart(const std::string& text) {
     StandardStreams::complain("quillbar-label", text);
     return kUsageStatus;
+}
+
+/// What each way of printing works with.
+struct Session {
+    const ServicePlatform& platform;
+    const ServiceEndpoints& endpoints;
+    const LabelOptions& options;
+    LineOutput& output;
+    std::filesystem::path folder = AppDirectories::applicationSupport();
+
+    [[nodiscard]] std::function<void(int)> finish() const {
+        return [&output = output](int status) {
+            output.whenWritten([status] { QCoreApplication::exit(status); });
+        };
+    }
+    [[nodiscard]] LabelPrinter::Output labelOutput() const {
+        return {
+            .print = [&output = output](std::string_view line) { return output.print(line); },
+            .complain =
+                [](const std::string& text) { StandardStreams::complain("quillbar-label", text); },
+            .finish = finish()};
+    }
+};
+
+int printBoards(const Session& session) {
+    AppServices services(session.platform, session.endpoints, session.folder);
+    BoardsPrinter printer(services.marketState(),
+                          services.marketCapState(),
+                          session.platform.executor,
+                          session.platform.sleeper,
+                          {.print =
+                               [&output = session.output](std::string_view text) {
+                                   text.remove_suffix(1);
+                                   return output.print(text);
+                               },
+                           .finish = session.finish()});
+    printer.start();
+    return QCoreApplication::exec();
+}
+
+int printCoins(const Session& session) {
+    OwnCoinLabels labels(session.platform,
+                         session.endpoints,
+                         session.folder,
+                         session.options.mode,
+                         session.options.coins);
+    LabelPrinter printer(labels,
+                         session.platform.executor,
+                         session.platform.sleeper,
+                         session.options,
+                         session.labelOutput());
+    printer.start();
+    return QCoreApplication::exec();
+}
+
+int printPinnedCoin(const Session& session) {
+    SwitchingLabelSource source([&] {
+        return std::make_unique<OwnLabel>(
+            session.platform, session.endpoints, session.folder, session.options.mode);
+    });
+    PinnedLabel labels(source);
+    LabelPrinter printer(labels,
+                         session.platform.executor,
+                         session.platform.sleeper,
+                         session.options,
+                         session.labelOutput());
+    const auto bus = SessionBus::connect(processEnvironment());
+    std::optional<LabelWatch> application;
+    bool isPrinting = false;
+    const auto update = [&] {
+        source.applicationTells(application ? application->report() : std::nullopt);
+        if (!isPrinting) {
+            isPrinting = true;
+            printer.start();
+        }
+    };
+    if (bus) {
+        application.emplace(*bus, update);
+    } else {
+        update();
+    }
+    return QCoreApplication::exec();
 }
 
 int runLabel(const LabelOptions& options, const ServiceEndpoints& endpoints) {
@@ -57,55 +143,17 @@ int runLabel(const LabelOptions& options, const ServiceEndpoints& endpoints) {
     });
     const auto executor = makeQtExecutor();
     const auto worker = makeQtWorker();
-    const Sleeper sleeper = makeQtSleeper();
     const ServicePlatform platform{.executor = *executor,
                                    .worker = *worker,
                                    .clock = systemClock(),
-                                   .sleeper = sleeper,
+                                   .sleeper = makeQtSleeper(),
                                    .calendar = Calendar::autoupdatingCurrent()};
-    const std::filesystem::path folder = AppDirectories::applicationSupport();
-    const auto finish = [&output](int status) {
-        output.whenWritten([status] { QCoreApplication::exit(status); });
-    };
+    const Session session{
+        .platform = platform, .endpoints = endpoints, .options = options, .output = output};
     if (options.mode == LabelMode::boards) {
-        AppServices services(platform, endpoints, folder);
-        BoardsPrinter printer(services.marketState(),
-                              services.marketCapState(),
-                              *executor,
-                              sleeper,
-                              {.print =
-                                   [&output](std::string_view text) {
-                                       text.remove_suffix(1);
-                                       return output.print(text);
-                                   },
-                               .finish = finish});
-        printer.start();
-        return QCoreApplication::exec();
+        return printBoards(session);
     }
-    SwitchingLabelSource source(
-        [&] { return std::make_unique<OwnLabel>(platform, endpoints, folder, options.mode); });
-    LabelPrinter printer(source,
-                         *executor,
-                         sleeper,
-                         options,
-                         {.print = [&output](std::string_view line) { return output.print(line); },
-                          .finish = finish});
-    const auto bus = SessionBus::connect(processEnvironment());
-    std::optional<LabelWatch> application;
-    bool isPrinting = false;
-    const auto update = [&] {
-        source.applicationTells(application ? application->report() : std::nullopt);
-        if (!isPrinting) {
-            isPrinting = true;
-            printer.start();
-        }
-    };
-    if (bus) {
-        application.emplace(*bus, update);
-    } else {
-        update();
-    }
-    return QCoreApplication::exec();
+    return options.coins.empty() ? printPinnedCoin(session) : printCoins(session);
 }
 
 int run(int argc, char** argv) {

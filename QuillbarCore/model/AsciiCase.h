@@ -22,4 +22,9 @@ namespace quillbar::AsciiCase {
     return text;
 }
 
+[[nodiscard]] inline std::string upperCased(std::string text) {
+    std::transform(text.begin(), text.end(), text.begin(), upper);
+    return text;
+}
+
 }  // namespace quillbar::AsciiCase

@@ -69,6 +69,21 @@ TEST(LabelOptions, tellWhereATemplateIsWrong) {
     EXPECT_EQ(errorOf({"--templat={price}"}), "未知的参数「--templat={price}」,请看 --help");
 }
 
+TEST(LabelOptions, nameCoinsOnceEach) {
+    EXPECT_EQ(optionsOf({}).coins, std::vector<Coin>{});
+    EXPECT_EQ(optionsOf({"--symbol", "eth", "--symbol=SOL/USDT", "--symbol", "ETHUSDT"}).coins,
+              (std::vector<Coin>{{"ETHUSDT", "ETH"}, {"SOLUSDT", "SOL"}}));
+}
+
+TEST(LabelOptions, tellHowACoinIsNamed) {
+    const std::string rest = "不是 USDT 交易对,请写 ETH 或 ETH/USDT,多个币种请多次使用 --symbol";
+    EXPECT_EQ(errorOf({"--symbol", "ETH/BTC"}), "「ETH/BTC」" + rest);
+    EXPECT_EQ(errorOf({"--symbol=ETH,BTC", "--help"}), "「ETH,BTC」" + rest);
+    EXPECT_EQ(errorOf({"--symbol="}), "「」" + rest);
+    EXPECT_EQ(errorOf({"--symbol"}), "--symbol 需要一个币种,如 ETH");
+    EXPECT_EQ(errorOf({"--symbol=ETH", "--boards"}), "--boards 不能与 --symbol 同用");
+}
+
 TEST(LabelOptions, thatMakeNoSenseAreToldInOneLine) {
     EXPECT_EQ(errorOf({"--once", "--follow"}), "--once、--follow 与 --boards 只能使用其一");
     EXPECT_EQ(errorOf({"--boards", "--once"}), "--once、--follow 与 --boards 只能使用其一");
@@ -95,6 +110,7 @@ TEST(LabelOptions, helpNamesEveryOptionAndExitStatus) {
                                    "--boards",
                                    "--format",
                                    "--template",
+                                   "--symbol",
                                    "{symbol}",
                                    "{price}",
                                    "{arrow}",

@@ -20,19 +20,24 @@ using Lines = std::vector<std::string>;
 class LabelPrinterTest : public AppStateFixture {
 protected:
     void printLabel(LabelOptions options) {
-        // It ends before its source does.
+        // The printer ends before its labels do.
         m_printer.reset();
         m_source = std::make_unique<StateLabelSource>(*state, m_isStarted);
+        m_labels = std::make_unique<PinnedLabel>(*m_source);
+        print(*m_labels, std::move(options));
+    }
+    void print(PrintedLabels& labels, LabelOptions options) {
         m_printer = std::make_unique<LabelPrinter>(
-            *m_source,
+            labels,
             executor,
             time.sleeper(),
             std::move(options),
             LabelPrinter::Output{.print =
-                                     [this](std::string_view line) {
-                                         m_lines.emplace_back(line);
+                                     [this](std::string_view lines) {
+                                         m_lines.emplace_back(lines);
                                          return m_hasReader;
                                      },
+                                 .complain = [](const std::string& text) { ADD_FAILURE() << text; },
                                  .finish = [this](int status) { m_statuses.push_back(status); }});
         m_printer->start();
         executor.run();
@@ -51,6 +56,7 @@ protected:
     bool m_hasReader = true;
     Observed<bool> m_isStarted;
     std::unique_ptr<StateLabelSource> m_source;
+    std::unique_ptr<PinnedLabel> m_labels;
     std::unique_ptr<LabelPrinter> m_printer;
 };
 

@@ -80,6 +80,14 @@ TEST_F(LabelProgramApplicationTest, wordsWhatTheApplicationTells) {
     EXPECT_EQ(m_binance.streamsAccepted(), 0);
 }
 
+TEST_F(LabelProgramApplicationTest, asksTheExchangeItselfForOtherCoins) {
+    startTheApplication();
+    run({QStringLiteral("--symbol=ETH")});
+    EXPECT_EQ(exitStatus(), 0);
+    EXPECT_THAT(m_output, ::testing::StartsWith("ETH "));
+    EXPECT_FALSE(m_binance.requests().empty());
+}
+
 TEST_F(LabelProgramApplicationTest, goesOnByItselfWhenTheApplicationQuits) {
     startTheApplication();
     run({QStringLiteral("--follow")});

@@ -44,6 +44,45 @@ TEST_F(LabelProgramTest, printsAPriceInTheUsersWording) {
     EXPECT_THAT(m_output, MatchesRegex("[{]BTC  [}]    67,[0-9]{3}\n"));
 }
 
+TEST_F(LabelProgramTest, printsTheCoinsThatItIsAskedFor) {
+    theWatchlistIs(R"({"schemaVersion":1,"coins":[]})");
+    run({QStringLiteral("--symbol=sol"),
+         QStringLiteral("--symbol"),
+         QStringLiteral("ETH/USDT"),
+         QStringLiteral("--template={symbol} {price}")});
+    EXPECT_EQ(exitStatus(), 0);
+    EXPECT_THAT(m_output, MatchesRegex("SOL [0-9,.]+\nETH [0-9,.]+\n"));
+}
+
+TEST_F(LabelProgramTest, followsTheCoinsThatItIsAskedForOverOneStream) {
+    run({QStringLiteral("--follow"),
+         QStringLiteral("--format=waybar"),
+         QStringLiteral("--symbol=SOL"),
+         QStringLiteral("--symbol=ETH")});
+    ASSERT_TRUE(printsLine(R"({"text":"SOL  ETH",)"));
+    EXPECT_TRUE(printsLine(R"("tooltip":"SOLUSDT )"));
+    EXPECT_TRUE(spinUntil([&] { return m_binance.openStreams() == 1; }));
+    EXPECT_EQ(m_label.state(), QProcess::Running);
+}
+
+TEST_F(LabelProgramTest, refusesCoinsThatTheExchangeDoesNotHave) {
+    for (const char* const mode : {"--once", "--follow"}) {
+        m_errors.clear();
+        run({QString::fromLatin1(mode),
+             QStringLiteral("--symbol=ETH"),
+             QStringLiteral("--symbol=nocoin")});
+        EXPECT_EQ(exitStatus(), 2);
+        EXPECT_THAT(m_errors, HasSubstr("quillbar-label: 交易所没有币种「NOCOIN」\n"));
+    }
+}
+
+TEST_F(LabelProgramTest, refusesASingleCoinThatTheExchangeDoesNotHave) {
+    run({QStringLiteral("--symbol=nocoin")});
+    EXPECT_EQ(exitStatus(), 2);
+    EXPECT_EQ(m_output, "");
+    EXPECT_THAT(m_errors, HasSubstr("quillbar-label: 交易所没有币种「NOCOIN」\n"));
+}
+
 TEST_F(LabelProgramTest, tellsInItsStatusThatNoPriceCanCome) {
     theWatchlistIs(R"({"schemaVersion":1,"coins":[]})");
     run({QStringLiteral("--once")});

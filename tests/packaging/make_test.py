@@ -59,6 +59,7 @@ class Bash(unittest.TestCase):
 
     def test_offers_nothing_where_the_words_are_the_users_own(self):
         self.assertEqual(self.completed("quillbar-label", "--template", ""), [])
+        self.assertEqual(self.completed("quillbar-label", "--symbol", ""), [])
         self.assertEqual(self.completed("quillbar-label", "--template", "=", "--"), [])
 
 
@@ -72,6 +73,10 @@ class OtherShells(unittest.TestCase):
 
     def test_zsh_offers_no_option_beside_one_that_excludes_it(self):
         self.assertIn("'(--once --boards)--follow[", made("completion", "quillbar-label", "zsh"))
+
+    def test_zsh_offers_an_option_again_that_can_be_given_several_times(self):
+        zsh = made("completion", "quillbar-label", "zsh")
+        self.assertIn("'*--symbol=[print this coin instead of the pinned one]:coin: '", zsh)
 
     def test_zsh_and_fish_wait_for_the_argument_of_an_option(self):
         zsh = made("completion", "quillbar-label", "zsh")

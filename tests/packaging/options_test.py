@@ -58,6 +58,13 @@ class Options(unittest.TestCase):
                 with self.subTest(program, other=other):
                     self.assertEqual(run(program, first, other).returncode, 2)
 
+    def test_what_can_be_given_several_times_is_accepted_twice(self):
+        repeated = [option["name"] for option in TABLE["quillbar-label"]["options"]
+                    if option.get("repeats")]
+        self.assertEqual(repeated, ["--symbol"])
+        done = run("quillbar-label", "--symbol=A", "--symbol=B", "--help")
+        self.assertEqual(done.returncode, 0, done.stderr)
+
     def test_only_the_choices_of_the_table_are_accepted(self):
         for program in PROGRAMS:
             for option in TABLE[program]["options"]:
