@@ -192,7 +192,7 @@ TEST_F(SettingsButtonTest, choosesWithTheKeyboard) {
     show();
     open();
     std::vector<std::string> passed;
-    for (int index = 0; index < 9; ++index) {
+    for (int index = 0; index < 10; ++index) {
         press(Qt::Key_Down);
         passed.push_back(current());
     }
