@@ -25,7 +25,10 @@ class Limit:
 NO_TOOLTIPS = "it shows no tooltips"
 NO_PRESSES = "a compositor tells a program of no press outside its windows, and the focus stays"
 
+NO_MOVES = "it hands no moves of the pointer on to an icon, and a tooltip begins with them"
+
 LIMITS = (
+    Limit("cinnamon", "shows a tooltip", "nothing", NO_MOVES),
     Limit("gnome", "shows a tooltip", "nothing", NO_TOOLTIPS),
     Limit("gnome-wayland", "shows a tooltip", "nothing", NO_TOOLTIPS),
     Limit("gnome-wayland", "closes at a press on the desktop", "it stays", NO_PRESSES),

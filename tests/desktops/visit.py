@@ -21,6 +21,7 @@ ASIDE = (400, 170)
 ON_WINDOW = (200, 150)
 ON_DESKTOP = (150, 600)
 NEAR = 300
+AROUND = 150
 LEAST_CONTRAST = 3
 FRAMES = 30
 SETTLES_WITHIN = 3
@@ -229,7 +230,10 @@ class Visit:
         before = self._screen.picture()
         self._screen.move(*self._item.middle)
         time.sleep(TOOLTIP_COMES_WITHIN)
-        changed = [(x, y) for x, y in self._screen.picture().changed(before)
+        item = self._item
+        # Beside the bar and near the item; desktops show messages of their own elsewhere.
+        zone = Area(item.left - AROUND, 0, item.right + AROUND, HEIGHT)
+        changed = [(x, y) for x, y in self._screen.picture().changed(before, zone)
                    if y not in self._bar.rows()]
         self._screen.move(*ASIDE)
         time.sleep(TOOLTIP_ENDS_WITHIN)

@@ -131,6 +131,14 @@ class VisitTest(unittest.TestCase):
             desktop, "shown", ((ITEM, DARK),) if (column, row) == ITEM.middle else ())
         self.assertEqual(guest.shows_a_tooltip(), "nothing")
 
+    def test_a_message_far_from_the_item_is_no_tooltip(self):
+        desktop = Desktop()
+        guest = self.guest(desktop)
+        desktop.move = lambda column, row: setattr(
+            desktop, "shown",
+            ((Area(489, 48, 1000, 121), DARK),) if (column, row) == ITEM.middle else ())
+        self.assertEqual(guest.shows_a_tooltip(), "nothing")
+
     def test_a_few_pixels_are_no_tooltip(self):
         desktop = Desktop()
         guest = self.guest(desktop)
