@@ -53,8 +53,6 @@ class Host:
     variables: dict = dataclasses.field(default_factory=dict)
     # Of an older protocol, by which nobody registers.
     is_older: bool = False
-    # Whether a right click shows a menu, and not the panel in the place of one.
-    has_menu: bool = True
     # Shows a workspace by its name, where windows are tiled and cover the desktop.
     show_workspace: typing.Callable = lambda session, name: None
     # Whether it may die and come back while the application lives.
@@ -216,7 +214,7 @@ HOSTS = (
     Host("swaybar", ("sway", "xwayland", "qt6-wayland"),
          lambda session: prepare_sway(session, configurations.SWAYBAR),
          lambda session: session.call("swaymsg", "reload"), painter="compositor",
-         variables={"XDG_CURRENT_DESKTOP": "sway"}, may_die=False, has_menu=False, plain_user=True,
+         variables={"XDG_CURRENT_DESKTOP": "sway"}, may_die=False, plain_user=True,
          windows=sway_windows, show_workspace=show_sway_workspace),
     Host("mate", MATE_PACKAGES,
          lambda session: prepare_mate(session, "NotificationAreaAppletFactory::NotificationArea"),

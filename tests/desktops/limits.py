@@ -33,6 +33,8 @@ LIMITS = (
     Limit("gnome-wayland", "shows a tooltip", "nothing", NO_TOOLTIPS),
     Limit("gnome-wayland", "closes at a press on the desktop", "it stays", NO_PRESSES),
     Limit("mate-indicators", "shows a tooltip", "nothing", NO_TOOLTIPS),
+    Limit("swaybar", "menu is no window", "the panel instead",
+          "it shows no menus, and a menu that belongs to no window would be tiled"),
     Limit("swaybar", "shows a tooltip", "nothing", NO_TOOLTIPS),
 )
 

@@ -307,9 +307,10 @@ class Visit:
         changed = self._screen.picture().changed(self._without_panel)
         self._screen.key("Escape")
         self._close()
-        if not self._host.has_menu:
-            is_panel = window_in(changed) is not None and after == before + 1
-            return None if is_panel else "not the panel instead"
+        window = window_in(changed)
+        is_panel = window and self._panel and window.size[0] == self._panel.size[0]
+        if is_panel and after == before + 1:
+            return "the panel instead"
         if menu_in(changed) is None:
             return "no menu"
         return None if after == before else f"{after - before} more windows"

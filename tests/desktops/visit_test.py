@@ -31,6 +31,7 @@ class Desktop:
     pointer: tuple = (0, 0)
     has_item: bool = True
     has_menu: bool = True
+    menu: Area = MENU
     has_tooltip: bool = False
     shown: tuple = ()
 
@@ -50,7 +51,7 @@ class Desktop:
         if button == 1:
             self.shown = ((PANEL, WHITE),)
         elif self.has_menu:
-            self.shown = ((MENU, WHITE),)
+            self.shown = ((self.menu, WHITE),)
 
     def key(self, *_):
         self.shown = ()
@@ -58,7 +59,7 @@ class Desktop:
 
 def host(**changes):
     base = next(host for host in HOSTS if host.name == "xfce")
-    return dataclasses.replace(base, windows=lambda _: [], **changes)
+    return dataclasses.replace(base, **{"windows": lambda _: [], **changes})
 
 
 class VisitTest(unittest.TestCase):
@@ -161,6 +162,14 @@ class VisitTest(unittest.TestCase):
         for has_tooltip in (False, True):
             guest = self.guest(Desktop(has_menu=False, has_tooltip=has_tooltip))
             self.assertEqual(guest.menu_is_no_window(), "no menu")
+
+    def test_a_window_in_place_of_a_menu_is_the_panel_or_not(self):
+        wide = Area(0, 28, 1280, 800)
+        for window, text in ((PANEL, "the panel instead"), (wide, "1 more windows")):
+            counts = iter(([], ["window"]))
+            guest = self.guest(Desktop(menu=window), windows=lambda _, counts=counts: next(counts))
+            guest._panel = PANEL
+            self.assertEqual(guest.menu_is_no_window(), text)
 
     def test_the_picture_holds_the_whole_item(self):
         guest = self.guest()
