@@ -9,6 +9,7 @@
 #include "Quillbar/widgets/ThemedLabel.h"
 
 #include <QHBoxLayout>
+#include <QMargins>
 #include <QMouseEvent>
 #include <QSize>
 #include <QWindow>
@@ -27,6 +28,8 @@ constexpr double kCloseGlyphSize = 11;
 constexpr int kCloseSize = 24;
 constexpr double kBackGlyphSize = 12;
 constexpr int kBackSize = 24;
+/// The padding is measured from the arrow, not from the button around it.
+constexpr int kPaddingBeforeBack = 4;
 
 QString productName() {
     return QStringLiteral("Quillbar");
@@ -86,6 +89,9 @@ void PanelHeader::setStandalone(bool isStandalone) {
 
 void PanelHeader::setPage(const QString& title) {
     const bool isPage = !title.isEmpty();
+    QMargins margins = layout()->contentsMargins();
+    margins.setLeft(isPage ? kPaddingBeforeBack : kHorizontalPadding);
+    layout()->setContentsMargins(margins);
     m_title->setText(isPage ? title : productName());
     m_back->setVisible(isPage);
     m_plus->setVisible(!isPage);

@@ -15,6 +15,7 @@
 #include "Quillbar/text/PinHint.h"
 #include "Quillbar/watchlist/CoinListView.h"
 #include "Quillbar/widgets/CenteredText.h"
+#include "QuillbarCore/state/PreferencesState.h"
 
 #include <QApplication>
 #include <QKeyEvent>

@@ -6,7 +6,6 @@
 #include "Quillbar/widgets/Theme.h"
 #include "Quillbar/widgets/ViewEnvironment.h"
 #include "QuillbarCore/runtime/Observed.h"
-#include "QuillbarCore/state/PreferencesState.h"
 
 #include <QPointer>
 #include <QWidget>
@@ -23,6 +22,7 @@ namespace quillbar {
 class CoinListView;
 class MarketBoardView;
 class PanelHeader;
+class PreferencesState;
 class PreferencesView;
 class SettingsMenu;
 class UnderlineTabs;

@@ -8,6 +8,7 @@
 #include "Quillbar/widgets/ChoiceList.h"
 #include "Quillbar/widgets/ThemedLabel.h"
 #include "QuillbarCore/state/ChangeColors.h"
+#include "QuillbarCore/state/PreferencesState.h"
 
 #include <QPainter>
 #include <QRectF>

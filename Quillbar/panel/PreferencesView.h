@@ -4,7 +4,6 @@
 
 #include "Quillbar/widgets/Theme.h"
 #include "QuillbarCore/runtime/Observed.h"
-#include "QuillbarCore/state/PreferencesState.h"
 
 #include <QString>
 #include <QWidget>
@@ -17,6 +16,7 @@ class QVBoxLayout;
 namespace quillbar {
 
 class ChoiceList;
+class PreferencesState;
 class ThemedLabel;
 
 /// The page of the panel on which the user sets the preferences. Each choice holds at once; nothing

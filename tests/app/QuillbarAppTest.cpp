@@ -1,15 +1,21 @@
 // SPDX-FileCopyrightText: 2026 The Quillbar developers
 // SPDX-License-Identifier: MIT
 #include "Quillbar/text/SystemFont.h"
+#include "Quillbar/tray/StatusImage.h"
+#include "Quillbar/widgets/ChangePalette.h"
 #include "tests/app/QuillbarAppFixture.h"
 #include "tests/support/Files.h"
 
+#include <QByteArray>
+#include <QByteArrayView>
+#include <QImage>
 #include <QTest>
 #include <QToolTip>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <filesystem>
 #include <string>
 
@@ -21,6 +27,21 @@ using ::testing::Contains;
 using ::testing::IsEmpty;
 
 using QuillbarAppTest = QuillbarAppFixture;
+
+/// Whether one of the pictures has an opaque pixel of that colour.
+bool hasColor(const StatusImages& images, const QColor& color) {
+    QImage pixel(1, 1, QImage::Format_ARGB32);
+    pixel.fill(color);
+    const QByteArray bytes = StatusImage::of(pixel).data;
+    return std::any_of(images.begin(), images.end(), [&bytes](const StatusImage& image) {
+        for (qsizetype place = 0; place < image.data.size(); place += bytes.size()) {
+            if (QByteArrayView(image.data).sliced(place, bytes.size()) == bytes) {
+                return true;
+            }
+        }
+        return false;
+    });
+}
 
 TEST_F(QuillbarAppTest, putsItsItemIntoTheTrayAndOpensNothing) {
     startInTray();
@@ -181,15 +202,15 @@ TEST_F(QuillbarAppTest, aCommandOpensThePreferencesWhetherOrNotThePanelIsOpen) {
 
 TEST_F(QuillbarAppTest, theColorsOfChangesReachTheItemAndTheFileAtOnce) {
     startInTray();
-    ASSERT_TRUE(spinUntil([this] {
-        exchange.tick();
-        endPatience();
-        return !host.labels.isEmpty() && host.labels.constLast().contains(u'%');
-    }));
+    const auto hasColorsOf = [this](ChangeColors choice) {
+        const auto palette = ChangePalette::of(choice, ChangePalette::Ground::statusArea);
+        return hasColor(host.icon(), palette.up) || hasColor(host.icon(), palette.down);
+    };
+    ASSERT_TRUE(spinUntil([&] { return hasColorsOf(ChangeColors::greenUp); }));
     app->showPreferences(QString());
-    const StatusImages before = host.icon();
     QTest::mouseClick(named(*panel(), QStringLiteral("蓝涨橙跌")), Qt::LeftButton);
-    EXPECT_TRUE(spinUntil([&] { return host.icon() != before; }));
+    EXPECT_TRUE(spinUntil([&] { return hasColorsOf(ChangeColors::blueUp); }));
+    EXPECT_FALSE(hasColorsOf(ChangeColors::greenUp));
     EXPECT_EQ(contentsOf(folder.path() / "preferences.json"),
               R"({"schemaVersion":1,"changeColors":"blueUp"})");
     EXPECT_FALSE(std::filesystem::exists(folder.path() / "settings.json"));

@@ -154,6 +154,21 @@ TEST_P(PicturesTest, theSearchAndTheMenuOfTheGearAreDrawnInItsPalette) {
     keep(screen().picture(panelGeometry().united(gear)), QStringLiteral("gear"));
 }
 
+TEST_P(PicturesTest, thePreferencesAreDrawnInItsPalette) {
+    // Between the names of the colours and the right end: the samples, and no change of a row.
+    const QRect samples(260, 68, 60, 84);
+    startInPalette();
+    EXPECT_EQ(colorfulColumns(picture(), samples), 0);
+    const QRect place = panelGeometry();
+    EXPECT_EQ(startAgain({QStringLiteral("--preferences")}), 0);
+    screen().movePointer(kAside);
+    ASSERT_TRUE(eventually([&] { return colorfulColumns(picture(), samples) > 10; }));
+    settle();
+    judgeSurface(picture(), {200, 8});
+    EXPECT_EQ(panelGeometry(), place);
+    keep(picture(), QStringLiteral("preferences"));
+}
+
 INSTANTIATE_TEST_SUITE_P(Palettes,
                          PicturesTest,
                          testing::Values(Palette{"dark", 0, 60}, Palette{"light", 220, 255}),

@@ -83,6 +83,41 @@ TEST_F(SettingsTest, launchAtLoginIsSwitchedByEitherMenu) {
     EXPECT_TRUE(eventually([&] { return !isThere(); }));
 }
 
+TEST_F(SettingsTest, thePreferencesAreChosenByKeyboardAndLeftByEscape) {
+    startApplication();
+    openPanel();
+    EXPECT_TRUE(isTabSelected(0));
+    chooseFromGear(preferences);
+    EXPECT_TRUE(eventually([this] { return !isTabSelected(0); }));
+    screen().key(Screen::kDown);
+    EXPECT_TRUE(eventually([this] {
+        const QJsonObject document = kept(QStringLiteral("preferences.json"));
+        return document.value(QStringLiteral("changeColors")).toString() == QStringLiteral("redUp");
+    }));
+    screen().key(Screen::kEscape);
+    EXPECT_TRUE(eventually([this] { return isTabSelected(0); }));
+    EXPECT_TRUE(isPanelOpen());
+    screen().key(Screen::kEscape);
+    EXPECT_TRUE(eventually([this] { return !isPanelOpen(); }));
+}
+
+TEST_F(SettingsTest, theItemsMenuAndACommandOpenThePreferences) {
+    startApplication();
+    itemMenu().choose(QStringLiteral("偏好设置…"));
+    EXPECT_TRUE(eventually([this] { return isPanelOpen() && !isTabSelected(0); }));
+    screen().key(Screen::kEscape);
+    EXPECT_TRUE(eventually([this] { return isPanelOpen() && isTabSelected(0); }));
+    screen().key(Screen::kEscape);
+    ASSERT_TRUE(eventually([this] { return !isPanelOpen(); }));
+    EXPECT_EQ(startAgain({QStringLiteral("--preferences")}), 0);
+    EXPECT_TRUE(eventually([this] { return isPanelOpen() && !isTabSelected(0); }));
+    EXPECT_EQ(startAgain({QStringLiteral("--toggle")}), 0);
+    ASSERT_TRUE(eventually([this] { return !isPanelOpen(); }));
+    clickItem();
+    EXPECT_TRUE(eventually([this] { return isPanelOpen() && isTabSelected(0); }))
+        << "it opens with the prices";
+}
+
 TEST_F(SettingsTest, theGearsMenuEndsTheApplication) {
     startApplication();
     openPanel();

@@ -156,7 +156,7 @@ TEST_F(PanelSizesTest, theErrorIsOf10Point5InTheColourOfFalling) {
     show();
     auto& error = only<ErrorLine>();
     EXPECT_EQ(error.font(), systemFont(10.5));
-    EXPECT_EQ(error.palette().color(QPalette::WindowText), colors().down);
+    EXPECT_EQ(error.palette().color(QPalette::WindowText), colors().danger);
     // Twelve points at its sides, four above and below.
     EXPECT_EQ(error.contentsRect(), error.rect().adjusted(12, 4, -12, -4));
     QImage expected(error.size(), QImage::Format_ARGB32_Premultiplied);
@@ -164,7 +164,7 @@ TEST_F(PanelSizesTest, theErrorIsOf10Point5InTheColourOfFalling) {
     {
         QPainter painter(&expected);
         painter.setFont(systemFont(10.5));
-        painter.setPen(colors().down);
+        painter.setPen(colors().danger);
         painter.drawText(
             QRect(12, 4, 376, error.height() - 8), Qt::AlignLeft | Qt::AlignVCenter, error.text());
     }

@@ -5,18 +5,18 @@
 #include "Quillbar/widgets/ChangePalette.h"
 #include "Quillbar/widgets/ChoiceList.h"
 #include "tests/panel/PanelFixture.h"
+#include "tests/qtsupport/Ink.h"
 
 #include <QAbstractButton>
 #include <QApplication>
+#include <QLabel>
 
-#include <gmock/gmock.h>
+#include <gtest/gtest.h>
 
-#include <string>
+#include <optional>
 
 namespace quillbar {
 namespace {
-
-using ::testing::HasSubstr;
 
 const QString kGear = QStringLiteral("设置");
 const QString kBack = QStringLiteral("返回");
@@ -44,6 +44,15 @@ struct PreferencesViewTest : PanelFixture {
     }
     [[nodiscard]] bool isChosen(const QString& name) const {
         return dynamic_cast<QAbstractButton&>(*named(*panel, name)).isChecked();
+    }
+    /// Where the label of this text begins; absent while there is none.
+    [[nodiscard]] std::optional<int> leftOf(const char* text) const {
+        for (const QLabel* const label : widgetsOf<QLabel>(*panel)) {
+            if (label->isVisible() && label->text() == QString::fromUtf8(text)) {
+                return label->mapTo(panel.get(), QPoint()).x();
+            }
+        }
+        return std::nullopt;
     }
     /// Whether the widget's picture has that colour somewhere.
     [[nodiscard]] static bool shows(QWidget& widget, const QColor& color) {
@@ -84,20 +93,24 @@ TEST_F(PreferencesViewTest, takesThePlaceOfAllBelowTheHeader) {
 }
 
 TEST_F(PreferencesViewTest, theHeaderNamesThePage) {
-    const auto hasLabel = [this](const char* text) {
-        for (const QLabel* const label : widgetsOf<QLabel>(*panel)) {
-            if (label->isVisible() && label->text() == QString::fromUtf8(text)) {
-                return true;
-            }
-        }
-        return false;
-    };
     openPage();
-    EXPECT_TRUE(hasLabel("偏好设置"));
-    EXPECT_FALSE(hasLabel("Quillbar"));
+    EXPECT_TRUE(leftOf("偏好设置"));
+    EXPECT_FALSE(leftOf("Quillbar"));
     panel->closePreferences();
-    EXPECT_FALSE(hasLabel("偏好设置"));
-    EXPECT_TRUE(hasLabel("Quillbar"));
+    EXPECT_FALSE(leftOf("偏好设置"));
+    EXPECT_TRUE(leftOf("Quillbar"));
+}
+
+TEST_F(PreferencesViewTest, theArrowStandsAtTheEdgeOfTheTextsAndLeavesTheHeaderAsItWas) {
+    openPage();
+    QWidget& back = *named(*panel, kBack);
+    const QRect ink = boundsOfInk(pictureOf(back), ThemeColors::dark().surface);
+    EXPECT_NEAR(back.mapTo(panel.get(), ink.topLeft()).x(), 12, 1);
+    EXPECT_EQ(back.size(), QSize(24, 24));
+    EXPECT_EQ(back.toolTip(), kBack);
+    panel->closePreferences();
+    spinUntilIdle();
+    EXPECT_EQ(leftOf("Quillbar"), 12);
 }
 
 TEST_F(PreferencesViewTest, aPanelWithoutCoinsGrowsAsFarAsThePageNeeds) {
@@ -105,6 +118,7 @@ TEST_F(PreferencesViewTest, aPanelWithoutCoinsGrowsAsFarAsThePageNeeds) {
     showActive(show());
     const int small = panel->sizeHint().height();
     panel->showPreferences();
+    EXPECT_GT(panel->sizeHint().height(), small);
     panel->resize(panel->sizeHint());
     spinUntilIdle();
     EXPECT_GE(shown<ChoiceList>()->height(), 3 * ChoiceList::kRowHeight);

@@ -19,20 +19,24 @@ struct CoinRowMenuTest : CoinListFixture {
             menu()->close();
         }
     }
+    void showLossesInGreen() {
+        ThemeKey::set(*window, {.colors = ThemeColors::of(ColorScheme::dark, ChangeColors::redUp)});
+    }
     void chooseFor(const std::string& baseAsset, const std::string& title) {
         openMenu(baseAsset);
         choose(title);
     }
 };
 
-TEST_F(CoinRowMenuTest, theRemovalCarriesABinInTheColourOfFalling) {
+TEST_F(CoinRowMenuTest, theRemovalCarriesABinThatIsRedWhateverColourLossesHave) {
     show({"BTC"});
+    showLossesInGreen();
     openMenu("BTC");
     QImage expected(16, 16, QImage::Format_ARGB32_Premultiplied);
     expected.fill(Qt::transparent);
     {
         QPainter painter(&expected);
-        drawGlyph(painter, Glyph::trash, QRectF(2, 2, 12, 12), ThemeKey::value(*view).colors.down);
+        drawGlyph(painter, Glyph::trash, QRectF(2, 2, 12, 12), ThemeColors::dark().danger);
     }
     const QImage icon = item("删除")->icon().pixmap(16, 16).toImage();
     EXPECT_EQ(icon.size(), QSize(16, 16));
@@ -42,8 +46,9 @@ TEST_F(CoinRowMenuTest, theRemovalCarriesABinInTheColourOfFalling) {
     }
 }
 
-TEST_F(CoinRowMenuTest, theRemovalIsWrittenInTheColourOfFalling) {
+TEST_F(CoinRowMenuTest, theRemovalIsWrittenInRedWhateverColourLossesHave) {
     show({"BTC", "ETH"});
+    showLossesInGreen();
     openMenu("BTC");
     const auto hasRedText = [](const char* title) {
         // Without the column of the icons.

@@ -93,6 +93,15 @@ TEST_F(ChoiceListTest, isOneStopOfTheTabKeyAtWhatIsSelected) {
     EXPECT_EQ(window.focusWidget(), before);
 }
 
+TEST_F(ChoiceListTest, aClickMovesTheStopOfTheTabKey) {
+    QTest::mouseClick(&row(kLarge), Qt::LeftButton);
+    before->setFocus();
+    press(Qt::Key_Tab);
+    EXPECT_EQ(focused(), kLarge);
+    press(Qt::Key_Tab);
+    EXPECT_EQ(window.focusWidget(), after);
+}
+
 TEST_F(ChoiceListTest, theArrowKeysSelectAndStopAtTheEnds) {
     list->focusSelection(Qt::TabFocusReason);
     press(Qt::Key_Up);

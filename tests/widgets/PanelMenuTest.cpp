@@ -116,13 +116,15 @@ TEST_F(PanelMenuTest, marksWhatIsOnAndNothingElse) {
 }
 
 TEST_F(PanelMenuTest, drawsEachKindInItsColour) {
-    const ThemeColors::Resolved& colors = ThemeColors::dark();
+    // What went wrong is not in the colour of losses.
+    const ThemeColors::Resolved colors = ThemeColors::of(ColorScheme::dark, ChangeColors::redUp);
+    ThemeKey::set(window, {.colors = colors});
     const QString label = QStringLiteral("跟随系统");
     fill({MenuEntry{.id = 1, .label = label, .kind = MenuEntry::Kind::header},
           MenuEntry{.id = 2, .label = label, .kind = MenuEntry::Kind::notice},
           MenuEntry{.id = 3, .label = label, .isEnabled = false}});
     EXPECT_TRUE(shows(colors.secondaryText, 0));
-    EXPECT_TRUE(shows(colors.down, 1));
+    EXPECT_TRUE(shows(colors.danger, 1));
     EXPECT_TRUE(shows(colors.tertiaryText, 2));
     for (int index = 0; index < 3; ++index) {
         EXPECT_FALSE(shows(colors.primaryText, index)) << index;
