@@ -59,7 +59,7 @@ TEST_F(SearchTest, severalCoinsAreTypedAndAddedByEnter) {
 }
 
 TEST_F(SearchTest, theListThatTheGearsMenuCopiesIsPastedBack) {
-    constexpr int kCopy = 7;
+    constexpr int kCopy = 8;
     // In the menu of the last row, which cannot be moved down.
     constexpr int kRemove = 4;
     startApplication();
