@@ -113,6 +113,7 @@ void AppState::handleTicker(const TickerEvent& event) {
     noteUpdate(now);
     showPriceOfStream(now);
     m_todayOpens.check(now);
+    m_streamed.tell(&event);
 }
 
 Task<void> AppState::runWatchdog() {

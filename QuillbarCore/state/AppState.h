@@ -7,6 +7,7 @@
 #include "QuillbarCore/exchange/Candle.h"
 #include "QuillbarCore/exchange/ChartCache.h"
 #include "QuillbarCore/exchange/ChartRange.h"
+#include "QuillbarCore/exchange/PriceEvent.h"
 #include "QuillbarCore/exchange/PriceStreaming.h"
 #include "QuillbarCore/market/RankingBoard.h"
 #include "QuillbarCore/model/Calendar.h"
@@ -14,6 +15,7 @@
 #include "QuillbarCore/model/Coin.h"
 #include "QuillbarCore/model/Ticker.h"
 #include "QuillbarCore/model/Watchlist.h"
+#include "QuillbarCore/runtime/ChangeSignal.h"
 #include "QuillbarCore/runtime/Executor.h"
 #include "QuillbarCore/runtime/Logger.h"
 #include "QuillbarCore/runtime/Observed.h"
@@ -29,6 +31,7 @@
 #include "QuillbarCore/state/WatchlistStore.h"
 
 #include <cstddef>
+#include <functional>
 #include <optional>
 #include <set>
 #include <string>
@@ -100,6 +103,14 @@ public:
     /// The latest ticker of each symbol, from the stream and from snapshots.
     [[nodiscard]] const ObservedMap<std::string, Ticker>& tickers() const noexcept {
         return m_tickers;
+    }
+    /// Calls `observer` with each price that the stream tells, also with one that equals the last,
+    /// after it has been stored, until the observation is destroyed. Snapshots are not told.
+    [[nodiscard]] Observation observeStream(
+        std::function<void(const TickerEvent& event)> observer) const {
+        return m_streamed.observe([observer = std::move(observer)](const void* event) {
+            observer(*static_cast<const TickerEvent*>(event));
+        });
     }
     /// What the stream told last; `disconnected` before that.
     [[nodiscard]] const Observed<ConnectionState>& connectionState() const noexcept {
@@ -252,6 +263,7 @@ private:
 
     Observed<Watchlist> m_watchlist;
     ObservedMap<std::string, Ticker> m_tickers;
+    mutable ChangeSignal m_streamed;
     Observed<ConnectionState> m_connectionState{ConnectionState::disconnected};
     Observed<std::optional<ConnectionFailure>> m_connectionFailure;
     Observed<std::optional<TimePoint>> m_lastUpdate;

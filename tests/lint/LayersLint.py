@@ -14,6 +14,7 @@ FLOORS = {
     "QuillbarCore/catalog": 4,
     "QuillbarCore/market": 5,
     "QuillbarCore/state": 6,
+    "QuillbarCore/alerts": 7,
 }
 # The rooms of the application, each below those that it may use. All of them stand above the core.
 ROOMS = {

@@ -51,6 +51,6 @@ struct DocumentStoreFixture : ::testing::Test {
     std::filesystem::path kept = file.string() + ".bak";
 };
 
-using Stores = ::testing::Types<WatchlistStore, SettingsStore, PreferencesStore>;
+using Stores = ::testing::Types<WatchlistStore, SettingsStore, PreferencesStore, AlertStore>;
 
 }  // namespace quillbar

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "QuillbarCore/alerts/AlertStore.h"
 #include "QuillbarCore/state/PreferencesStore.h"
 #include "QuillbarCore/state/SettingsStore.h"
 #include "QuillbarCore/state/WatchlistStore.h"
@@ -73,6 +74,54 @@ struct StoredDocument<PreferencesStore> {
         return R"({"schemaVersion":2,"changeColors":"redUp"})";
     }
     static const Preferences& defaultDocument() { return Preferences::defaultPreferences(); }
+};
+
+template <>
+struct StoredDocument<AlertStore> {
+    static constexpr const char* kName = "alerts.json";
+    static constexpr const char* kUnreadable = "AlertStore|default|load alerts failed (";
+    static constexpr const char* kLaterVersionLine =
+        "AlertStore|error|unknown alerts schema version 2, using default";
+
+    static Alert alert() {
+        return {.id = 2,
+                .symbol = "ETHUSDT",
+                .baseAsset = "ETH",
+                .kind = AlertKind::changeAtMost,
+                .threshold = -5,
+                .margin = 1.5,
+                .note = "买",
+                .isArmed = true};
+    }
+    static Alerts some() {
+        return {.nextNumber = 8,
+                .alerts = {alert()},
+                .fired = {{.serial = 7,
+                           .alert = alert(),
+                           .price = 3000.5,
+                           .changePercent = -5.25,
+                           .time = 1794657600,
+                           .isMeanwhile = true}}};
+    }
+    static std::string alertText() {
+        return R"({"id":2,"symbol":"ETHUSDT","baseAsset":"ETH","kind":"changeAtMost",)"
+               R"("threshold":-5.0,"margin":1.5,"note":"买","armed":true})";
+    }
+    static std::string someText() {
+        return R"({"schemaVersion":1,"nextNumber":8,"alerts":[)" + alertText()
+               + R"(],"fired":[{"serial":7,"alert":)" + alertText()
+               + R"(,"price":3000.5,"change":-5.25,"time":1794657600,"meanwhile":true}]})";
+    }
+    static Alerts other() {
+        return {.nextNumber = 3,
+                .alerts = {{.id = 1, .symbol = "XUSDT", .baseAsset = "X", .threshold = 2}}};
+    }
+    static std::string otherText() {
+        return R"({"schemaVersion":1,"nextNumber":3,"alerts":[{"id":1,"symbol":"XUSDT",)"
+               R"("baseAsset":"X","kind":"priceAtLeast","threshold":2.0,"armed":false}],"fired":[]})";
+    }
+    static std::string laterVersionText() { return R"({"schemaVersion":2,"alerts":7})"; }
+    static const Alerts& defaultDocument() { return AlertsDocument::defaultDocument(); }
 };
 
 }  // namespace quillbar

@@ -1,0 +1,93 @@
+// SPDX-FileCopyrightText: 2026 The Quillbar developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "QuillbarCore/alerts/Alert.h"
+#include "QuillbarCore/model/Ticker.h"
+
+#include <cstdint>
+#include <functional>
+#include <map>
+#include <set>
+#include <string>
+#include <unordered_map>
+#include <utility>
+#include <vector>
+
+namespace quillbar {
+
+/// The alerts, and which of them a price fires. It knows no time and no file: whoever owns it says
+/// where prices were missing, and offers it only prices that are fresh and live.
+///
+/// The lines of each pair are kept sorted, so a price costs a look at the nearest lines, however many
+/// alerts there are. Not safe to share between threads.
+class AlertBook final {
+public:
+    /// One alert that a price fired.
+    struct Firing final {
+        /// As it was before.
+        Alert alert;
+        double price = 0;
+        double changePercent = 0;
+        /// As `FiredAlert::isMeanwhile`.
+        bool isMeanwhile = false;
+    };
+    struct Outcome final {
+        std::vector<Firing> fired = {};
+        /// Whether the alerts differ from those before the price.
+        bool hasChanged = false;
+    };
+    /// Whether the latest price of an alert's pair is live.
+    enum class Latest { live, old };
+
+    /// Takes an alert, which is sound and whose id is not taken. `latest` counts for the first alert
+    /// of its pair.
+    void add(const Alert& alert, Latest latest = Latest::old);
+    /// Does nothing for an id that is not there.
+    void remove(std::int64_t id);
+    /// Removes the alerts of a pair and returns them, by id.
+    std::vector<Alert> removeAllOf(const std::string& symbol);
+
+    /// Says that prices may have been missed until now. An alert of which the next price of its pair
+    /// shows that its line was crossed meanwhile fires with `isMeanwhile`.
+    void markGap() noexcept { ++m_gap; }
+
+    /// A live price. An alert fires when it is armed and the price, or its change over 24 hours, is
+    /// on its line or beyond. One that fires once is gone then; another is armed again by a price
+    /// that has gone back by its margin. Each alert does one of these at most. A price that is not
+    /// finite or not above 0 changes nothing, nor does the change when the open is no such number.
+    Outcome take(const std::string& symbol, const Ticker& ticker);
+
+    [[nodiscard]] bool isEmpty() const noexcept { return m_alerts.empty(); }
+    [[nodiscard]] bool contains(std::int64_t id) const { return m_alerts.contains(id); }
+    /// Every alert, by id.
+    [[nodiscard]] std::vector<Alert> alerts() const;
+
+private:
+    using Level = std::pair<double, std::int64_t>;
+    /// What waits for one value: levels that are reached from below, the lowest first, and those
+    /// that are reached from above, the highest first.
+    struct Lines {
+        std::set<Level> rising;
+        std::set<Level, std::greater<>> falling;
+    };
+    struct Pair {
+        Lines price;
+        Lines change;
+        /// The gap after which its latest live price came.
+        std::uint64_t gap = 0;
+    };
+
+    static Lines& linesOf(Pair& pair, const Alert& alert);
+    static void enter(Pair& pair, const Alert& alert);
+    static void withdraw(Pair& pair, const Alert& alert);
+    static void collect(Lines& lines, double value, std::vector<std::int64_t>& reached);
+
+    std::map<std::int64_t, Alert> m_alerts;
+    // The pairs that have alerts.
+    std::unordered_map<std::string, Pair> m_pairs;
+    // How many gaps there were. Nothing is known before the first price.
+    std::uint64_t m_gap = 1;
+};
+
+}  // namespace quillbar
