@@ -23,6 +23,7 @@ ROOMS = {
     "Quillbar/labelstate": set(),
     "Quillbar/login": {"platform"},
     "Quillbar/instance": {"labelstate", "platform"},
+    "Quillbar/notifications": {"text"},
     "Quillbar/services": {"platform"},
     "Quillbar/label": {"instance", "labelstate", "platform", "services"},
     "Quillbar/widgets": {"platform", "text"},
