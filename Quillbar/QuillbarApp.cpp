@@ -22,6 +22,7 @@
 
 #include <algorithm>
 #include <chrono>
+#include <string>
 #include <utility>
 
 namespace quillbar {
@@ -59,6 +60,11 @@ QuillbarApp::QuillbarApp(const std::optional<QDBusConnection>& bus,
                   .calendar = Calendar::autoupdatingCurrent()},
                  endpoints,
                  folder)
+    , m_alerts({.executor = *m_executor,
+                .appState = m_services.appState(),
+                .store = AlertStore(folder),
+                .sleeper = m_sleeper})
+    , m_announcer(m_alerts, bus.value_or(QDBusConnection(QString())))
     , m_edits(*m_executor)
     , m_systemScheme(bus)
     , m_hasBus(bus && bus->isConnected())
@@ -79,7 +85,9 @@ QuillbarApp::QuillbarApp(const std::optional<QDBusConnection>& bus,
                                                 .marketCaps = m_services.marketCapState()};
                         },
                     .sleeper = m_sleeper,
-                    .notices = &m_notices}
+                    .notices = &m_notices,
+                    .alerts = &m_alerts,
+                    .unshownAlerts = &m_announcer.unshown()}
     , m_item(
           StatusItemEnvironment::ofDesktop(bus.value_or(QDBusConnection(QString())),
                                            *m_executor,
@@ -96,6 +104,10 @@ QuillbarApp::QuillbarApp(const std::optional<QDBusConnection>& bus,
     , m_labelSource(m_services.appState(), m_services.isStarted())
     , m_scope(*m_executor) {
     m_faceSource.observe([this] { refreshFace(); });
+    m_announcer.onChosen = [this](const std::string& symbol, const QString& token) {
+        showPanel(token);
+        m_panelView->showChart(symbol);
+    };
     m_item.setMenu(*m_settings.entries());
     m_observations.push_back(m_settings.entries().observe(
         [this](const std::vector<MenuEntry>& entries) { m_item.setMenu(entries); }));

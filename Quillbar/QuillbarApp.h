@@ -5,6 +5,7 @@
 #include "Quillbar/labelstate/StateLabelSource.h"
 #include "Quillbar/login/AutostartEntry.h"
 #include "Quillbar/login/LaunchAtLogin.h"
+#include "Quillbar/notifications/AlertAnnouncer.h"
 #include "Quillbar/panel/FirstStart.h"
 #include "Quillbar/panel/Notices.h"
 #include "Quillbar/panel/SettingsMenu.h"
@@ -14,6 +15,7 @@
 #include "Quillbar/tray/StatusItem.h"
 #include "Quillbar/widgets/SystemColorScheme.h"
 #include "Quillbar/widgets/ViewEnvironment.h"
+#include "QuillbarCore/alerts/AlertKeeper.h"
 #include "QuillbarCore/runtime/Executor.h"
 #include "QuillbarCore/runtime/Observed.h"
 #include "QuillbarCore/runtime/QtSleeper.h"
@@ -101,6 +103,8 @@ private:
     std::unique_ptr<Worker> m_worker;
     Sleeper m_sleeper;
     AppServices m_services;
+    AlertKeeper m_alerts;
+    AlertAnnouncer m_announcer;
     // Edits end before the state that they change.
     TaskScope m_edits;
     SystemColorScheme m_systemScheme;

@@ -20,7 +20,7 @@ namespace {
 
 constexpr double kNameSize = 13;
 constexpr double kSmallestNameScale = 0.8;
-constexpr double kPinSize = 9;
+constexpr double kMarkSize = 9;
 
 }  // namespace
 
@@ -45,11 +45,19 @@ void CoinCell::setPinMark(PinMark mark) {
     }
 }
 
+void CoinCell::setBellMark(BellMark mark) {
+    if (mark != m_bell) {
+        m_bell = mark;
+        update();
+    }
+}
+
 void CoinCell::paintEvent(QPaintEvent* /*event*/) {
     QPainter painter(this);
     const ThemeColors::Resolved& colors = ThemeKey::value(*this).colors;
     const double left = kIconSize + kSpacing;
-    const double room = width() - left - (m_mark == PinMark::pinned ? kPinSize + kSpacing : 0);
+    const int marks = (m_mark == PinMark::pinned ? 1 : 0) + (m_bell == BellMark::bell ? 1 : 0);
+    const double room = width() - left - marks * (kMarkSize + kSpacing);
     const FittedText::Fit name = FittedText::fit(
         OneLineText::of(m_baseAsset), kNameSize, QFont::DemiBold, room, kSmallestNameScale);
     painter.setFont(name.font);
@@ -58,11 +66,14 @@ void CoinCell::paintEvent(QPaintEvent* /*event*/) {
         QRectF(left, 0, room, height()),
         static_cast<int>(Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine | Qt::TextDontClip),
         name.text);
+    const double end = left + QFontMetricsF(name.font).horizontalAdvance(name.text);
+    QRectF mark(end + kSpacing, (height() - kMarkSize) / 2, kMarkSize, kMarkSize);
     if (m_mark == PinMark::pinned) {
-        const double end = left + QFontMetricsF(name.font).horizontalAdvance(name.text);
-        QRectF pin(end + kSpacing, 0, kPinSize, kPinSize);
-        pin.moveCenter({pin.center().x(), height() / 2.0});
-        drawGlyph(painter, Glyph::pinFill, pin, colors.accent);
+        drawGlyph(painter, Glyph::pinFill, mark, colors.accent);
+        mark.translate(kMarkSize + kSpacing, 0);
+    }
+    if (m_bell == BellMark::bell) {
+        drawGlyph(painter, Glyph::bellFill, mark, colors.secondaryText);
     }
 }
 

@@ -15,7 +15,10 @@ class CoinIconView;
 /// Whether a coin carries the mark of the one in the menu bar.
 enum class PinMark { none, pinned };
 
-/// A coin in a table: its icon, its base asset and, after it, the mark of the pinned one. It takes
+/// Whether a coin carries the bell of price alerts.
+enum class BellMark { none, bell };
+
+/// A coin in a table: its icon, its base asset and, after it, the mark of the pinned one and the bell. It takes
 /// the width that it is given. A long name is written smaller, and then elided. The pointer passes
 /// through it.
 class CoinCell final : public QWidget {
@@ -34,6 +37,10 @@ public:
     void setPinMark(PinMark mark);
     [[nodiscard]] PinMark pinMark() const noexcept { return m_mark; }
 
+    /// Repaints only for another mark.
+    void setBellMark(BellMark mark);
+    [[nodiscard]] BellMark bellMark() const noexcept { return m_bell; }
+
 protected:
     void paintEvent(QPaintEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
@@ -42,6 +49,7 @@ private:
     CoinIconView* m_icon;
     std::string m_baseAsset;
     PinMark m_mark = PinMark::none;
+    BellMark m_bell = BellMark::none;
 };
 
 }  // namespace quillbar

@@ -5,6 +5,7 @@
 #include "Quillbar/boards/MarketBoardView.h"
 #include "Quillbar/chart/CoinDetailView.h"
 #include "Quillbar/panel/AgeLine.h"
+#include "Quillbar/panel/AlertLines.h"
 #include "Quillbar/panel/ConnectionBanner.h"
 #include "Quillbar/panel/ErrorLine.h"
 #include "Quillbar/panel/NoticeLines.h"
@@ -74,6 +75,7 @@ PanelView::PanelView(const ViewEnvironment& environment,
     buildTabs(*stack);
     stack->addWidget(new ErrorLine(environment.appState, m_main));
     stack->addWidget(new NoticeLines(environment.notices, m_main));
+    stack->addWidget(new AlertLines(environment, m_main));
     stack->addWidget(new ConnectionBanner(environment.appState, m_main));
     // Made before the list of coins, as `UndoLine` requires.
     m_undo = new UndoLine(environment, m_expandedSymbol, m_main);
@@ -184,6 +186,21 @@ void PanelView::buildHeader(QVBoxLayout& stack,
 
 void PanelView::setStandalone(bool isStandalone) {
     m_header->setStandalone(isStandalone);
+}
+
+void PanelView::showChart(const std::string& symbol) {
+    if (!m_environment.appState.watchlist()->contains(symbol)) {
+        return;
+    }
+    closePreferences();
+    if (m_tab.board()) {
+        m_tab = PanelTab::watchlist();
+        m_tabs->setSelection(0);
+        showTab();
+        m_environment.appState.setLastBoard(std::nullopt);
+    }
+    m_expandedSymbol.set(symbol);
+    m_list->focusCoin(symbol, Qt::OtherFocusReason);
 }
 
 void PanelView::buildTabs(QVBoxLayout& stack) {

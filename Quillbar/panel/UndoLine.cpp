@@ -8,6 +8,7 @@
 #include "Quillbar/widgets/Announcement.h"
 #include "Quillbar/widgets/TextButton.h"
 #include "Quillbar/widgets/ThemedLabel.h"
+#include "QuillbarCore/alerts/AlertKeeper.h"
 
 #include <QFontMetrics>
 #include <QHBoxLayout>
@@ -146,6 +147,9 @@ void UndoLine::undo() {
     const std::optional<Qt::FocusReason> focus =
         m_button->hasFocus() ? std::optional(m_button->focusReason()) : std::nullopt;
     AppState& state = m_environment.appState;
+    if (m_environment.alerts != nullptr) {
+        m_environment.alerts->restore(symbol);
+    }
     // The tasks begin in this order, and each changes the list before its first wait.
     TaskScope& edits = m_environment.edits;
     edits.spawn(state.add(removal.coin));

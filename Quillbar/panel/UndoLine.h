@@ -23,7 +23,7 @@ class TextButton;
 class ThemedLabel;
 
 /// The row that offers, for a short time, to take back the removal of a coin. The coin comes back
-/// to its place in the user's own order, with its pin and its open chart. Other changes that the
+/// to its place in the user's own order, with its pin, its price alerts and its open chart. Other changes that the
 /// user has made since stay: the place is found by the neighbours that are still there, and coins
 /// that were added since come after them. Only the latest removal can be taken back, and only while
 /// the coin is not added again in another way. The row is hidden while there is nothing to take

@@ -5,15 +5,19 @@
 #include "Quillbar/list/ColumnHeader.h"
 #include "Quillbar/list/ColumnWidths.h"
 #include "Quillbar/list/SortableHeader.h"
+#include "Quillbar/watchlist/AlertForm.h"
 #include "Quillbar/watchlist/CoinListRow.h"
 #include "Quillbar/watchlist/CoinRowMenu.h"
 #include "Quillbar/watchlist/WatchlistMove.h"
 #include "Quillbar/widgets/CenteredText.h"
+#include "QuillbarCore/alerts/AlertKeeper.h"
 #include "QuillbarCore/model/Watchlist.h"
 
 #include <QHideEvent>
 #include <QMenu>
 #include <QPoint>
+#include <QPointer>
+#include <QRect>
 #include <QShowEvent>
 #include <QString>
 #include <QToolTip>
@@ -151,7 +155,33 @@ void CoinListView::openMenu(const std::string& symbol, const QPoint& position) {
     if (m_sort) {
         restoreManualOrder = [this] { setSort(std::nullopt); };
     }
-    CoinRowMenu::make(m_environment, symbol, std::move(restoreManualOrder), this)->popup(position);
+    std::function<void()> openAlerts;
+    if (m_environment.alerts != nullptr) {
+        // After the menu has gone: a menu that takes the activation with it closes what is open.
+        openAlerts = [this, symbol] {
+            m_environment.executor.post([view = QPointer(this), symbol] {
+                if (!view.isNull()) {
+                    view->openAlerts(symbol);
+                }
+            });
+        };
+    }
+    CoinRowMenu::make(
+        m_environment, symbol, std::move(restoreManualOrder), std::move(openAlerts), this)
+        ->popup(position);
+}
+
+void CoinListView::openAlerts(const std::string& symbol) {
+    const Watchlist& watchlist = *m_environment.appState.watchlist();
+    const auto index = watchlist.indexOf(symbol);
+    const QWidget* const row = m_rows.row(symbol);
+    if (!index || row == nullptr) {
+        return;
+    }
+    AlertForm::open(m_environment,
+                    watchlist.coins[*index],
+                    QRect(row->mapTo(this, QPoint()), row->size()),
+                    *this);
 }
 
 // What is shown
@@ -231,6 +261,10 @@ void CoinListView::focusCoin(const std::string& symbol, Qt::FocusReason reason) 
 void CoinListView::observeEdits() {
     m_watchlistObservation = m_environment.appState.watchlist().observe(
         [this](const Watchlist& /*watchlist*/) { onWatchlistChange(); });
+    if (m_environment.alerts != nullptr) {
+        m_alertsObservation = m_environment.alerts->alerts().observe(
+            [this](const std::vector<Alert>& /*alerts*/) { m_rows.refreshAll(); });
+    }
     m_expandedObservation = m_expandedSymbol.observe(
         [this](const std::optional<std::string>& /*symbol*/) { onExpandedChange(); });
 }

@@ -100,6 +100,7 @@ private:
     void move(const std::string& symbol, std::size_t before);
     void refuseDrag(const std::string& symbol, const QPoint& position);
     void openMenu(const std::string& symbol, const QPoint& position);
+    void openAlerts(const std::string& symbol);
 
     const ViewEnvironment& m_environment;
     Observed<std::optional<std::string>>& m_expandedSymbol;
@@ -123,6 +124,7 @@ private:
 
     Observation m_watchlistObservation;
     Observation m_expandedObservation;
+    Observation m_alertsObservation;
     // Empty while the view is hidden.
     std::vector<Observation> m_priceObservations;
 };

@@ -92,6 +92,7 @@ QIcon trashIcon(const QWidget& view) {
 QMenu* CoinRowMenu::make(const ViewEnvironment& environment,
                          const std::string& symbol,
                          std::function<void()> restoreManualOrder,
+                         std::function<void()> openAlerts,
                          QWidget* parent) {
     auto* const menu = new PanelMenu(parent);
     menu->setAttribute(Qt::WA_DeleteOnClose);
@@ -108,6 +109,12 @@ QMenu* CoinRowMenu::make(const ViewEnvironment& environment,
                      &QAction::triggered,
                      menu,
                      [&environment, symbol] { environment.appState.pin(symbol); });
+    if (openAlerts) {
+        QObject::connect(menu->addAction(QStringLiteral("价格提醒…")),
+                         &QAction::triggered,
+                         menu,
+                         std::move(openAlerts));
+    }
     QAction* const removal = menu->addAction(trashIcon(*parent), QStringLiteral("删除"));
     PanelMenu::setDestructive(*removal);
     QObject::connect(removal, &QAction::triggered, menu, [&environment, symbol] {

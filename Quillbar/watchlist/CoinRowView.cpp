@@ -9,6 +9,7 @@
 #include "Quillbar/list/TableRow.h"
 #include "Quillbar/text/AgeText.h"
 #include "Quillbar/text/OneLineText.h"
+#include "QuillbarCore/alerts/AlertKeeper.h"
 #include "QuillbarCore/model/MissingValue.h"
 #include "QuillbarCore/model/PriceFormatter.h"
 #include "QuillbarCore/model/Ticker.h"
@@ -60,6 +61,7 @@ void CoinRowView::refresh() {
                                                 : PriceFormatter::price(ticker->lastPrice);
     const bool isPinned = state.watchlist()->pinnedSymbol == m_coin.symbol;
     m_coinCell->setPinMark(isPinned ? PinMark::pinned : PinMark::none);
+    m_coinCell->setBellMark(hasAlert() ? BellMark::bell : BellMark::none);
     m_volume->setText(QString::fromStdString(VolumeFormatter::compact(volume)));
     m_price->setText(QString::fromStdString(price));
     m_price->setColor(state.isDataStale() ? &ThemeColors::Resolved::secondaryText
@@ -76,10 +78,17 @@ QString CoinRowView::ageText() const {
     return now - *update < AgeText::kLive ? QString() : AgeText::of(*update, now);
 }
 
+bool CoinRowView::hasAlert() const {
+    return m_environment.alerts != nullptr && m_environment.alerts->has(m_coin.symbol);
+}
+
 QString CoinRowView::spokenText() const {
-    return QStringLiteral("%1, 价格 %2, 涨跌 %3, 成交额 %4")
-        .arg(
-            OneLineText::of(m_coin.baseAsset), m_price->text(), m_change->text(), m_volume->text());
+    const QString text = QStringLiteral("%1, 价格 %2, 涨跌 %3, 成交额 %4")
+                             .arg(OneLineText::of(m_coin.baseAsset),
+                                  m_price->text(),
+                                  m_change->text(),
+                                  m_volume->text());
+    return hasAlert() ? text + QStringLiteral(", 有价格提醒") : text;
 }
 
 }  // namespace quillbar

@@ -32,10 +32,13 @@ public:
     /// prices.
     [[nodiscard]] QString ageText() const;
 
-    /// What a screen reader says of the row: "BTC, 价格 67,234.50, 涨跌 +1.23%, 成交额 15.00亿".
+    /// What a screen reader says of the row: "BTC, 价格 67,234.50, 涨跌 +1.23%, 成交额 15.00亿", and
+    /// that it has price alerts.
     [[nodiscard]] QString spokenText() const;
 
 private:
+    [[nodiscard]] bool hasAlert() const;
+
     const ViewEnvironment& m_environment;
     Coin m_coin;
     CoinCell* m_coinCell;

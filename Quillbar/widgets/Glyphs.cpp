@@ -107,6 +107,22 @@ QPainterPath trashPath() {
     return path;
 }
 
+// A bell: its crown, its body with a wide rim, and its clapper.
+QPainterPath bellPath() {
+    QPainterPath body;
+    body.moveTo(5, 1);
+    body.cubicTo(7.2, 1, 8, 2.6, 8, 4.4);
+    body.cubicTo(8, 6, 8.4, 6.6, 9.2, 7.4);
+    body.lineTo(0.8, 7.4);
+    body.cubicTo(1.6, 6.6, 2, 6, 2, 4.4);
+    body.cubicTo(2, 2.6, 2.8, 1, 5, 1);
+    body.closeSubpath();
+    QPainterPath ends;
+    ends.addEllipse(QPointF(5, 1), 0.7, 0.7);
+    ends.addRoundedRect(QRectF(3.7, 8.1, 2.6, 1.3), 0.65, 0.65);
+    return body.united(ends);
+}
+
 void stroke(QPainter& painter, const QPainterPath& path, const QColor& color, double width) {
     painter.strokePath(path, QPen(color, width, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
 }
@@ -139,6 +155,9 @@ void drawInUnits(QPainter& painter, Glyph glyph, const QColor& color) {
         break;
     case Glyph::pinFill:
         painter.fillPath(pinPath(), color);
+        break;
+    case Glyph::bellFill:
+        painter.fillPath(bellPath(), color);
         break;
     case Glyph::gear:
         painter.fillPath(gearPath(), color);

@@ -20,7 +20,8 @@ enum class Glyph {
     gear,
     checkmark,
     trash,
-    xmark
+    xmark,
+    bellFill
 };
 
 /// Draws a glyph in one colour, filling the largest square in the middle of `rectangle`. A glyph

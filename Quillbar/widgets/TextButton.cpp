@@ -33,7 +33,8 @@ void TextButton::drawContent(QPainter& painter) {
     QFont font = systemFont(kTextSize);
     font.setUnderline(isHovered());
     painter.setFont(font);
-    painter.setPen(ThemeKey::value(*this).colors.accent);
+    const ThemeColors::Resolved& colors = ThemeKey::value(*this).colors;
+    painter.setPen(isEnabled() ? colors.accent : colors.tertiaryText);
     painter.drawText(rect(), Qt::AlignCenter, text());
 }
 

@@ -9,7 +9,7 @@
 namespace quillbar {
 
 /// A word that can be clicked, such as "重试": in 10.5 points, in the accent colour, and underlined
-/// under the pointer.
+/// under the pointer; pale while it is disabled.
 class TextButton final : public PlainButton {
 public:
     /// In points. The width is that of the text.

@@ -2,20 +2,24 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "QuillbarCore/alerts/Alert.h"
 #include "QuillbarCore/catalog/IconStore.h"
 #include "QuillbarCore/market/MarketCapState.h"
 #include "QuillbarCore/market/MarketState.h"
 #include "QuillbarCore/model/Calendar.h"
 #include "QuillbarCore/runtime/Executor.h"
+#include "QuillbarCore/runtime/Observed.h"
 #include "QuillbarCore/runtime/Sleeper.h"
 #include "QuillbarCore/runtime/TaskScope.h"
 #include "QuillbarCore/runtime/Time.h"
 #include "QuillbarCore/state/AppState.h"
 
 #include <functional>
+#include <vector>
 
 namespace quillbar {
 
+class AlertKeeper;
 class Notices;
 
 /// The models of the boards. Both outlive the views.
@@ -46,6 +50,10 @@ struct ViewEnvironment final {
     Sleeper sleeper = nullptr;
     /// The notices about the session; null for none.
     Notices* notices = nullptr;
+    /// The price alerts; null where there are none.
+    AlertKeeper* alerts = nullptr;
+    /// What fired and could not be shown as a notice of the desktop; null for none.
+    const Observed<std::vector<FiredAlert>>* unshownAlerts = nullptr;
 };
 
 }  // namespace quillbar

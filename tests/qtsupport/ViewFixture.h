@@ -3,6 +3,7 @@
 #pragma once
 
 #include "Quillbar/widgets/ViewEnvironment.h"
+#include "QuillbarCore/alerts/AlertKeeper.h"
 #include "QuillbarCore/catalog/IconStore.h"
 #include "tests/state/AppStateFixture.h"
 #include "tests/support/FakeCoinGeckoAPI.h"
@@ -10,6 +11,7 @@
 
 #include <filesystem>
 #include <memory>
+#include <vector>
 
 namespace quillbar {
 
@@ -30,9 +32,25 @@ struct ViewFixture : AppStateFixture {
                 .marketModels =
                     [this] { return MarketModels{.market = market(), .marketCaps = marketCaps()}; },
                 .sleeper = time.sleeper(),
+                .alerts = m_alerts.get(),
+                .unshownAlerts = &unshownAlerts,
             });
         }
         return *m_environment;
+    }
+
+    /// The price alerts, which views have from then on. To be asked for before the environment.
+    AlertKeeper& alerts() {
+        if (!m_alerts) {
+            m_alerts = std::make_unique<AlertKeeper>(
+                AlertKeeperDependencies{.executor = executor,
+                                        .appState = *state,
+                                        .store = AlertStore(folder.path(), files),
+                                        .now = time.clock(),
+                                        .monotonic = time.monotonicClock(),
+                                        .sleeper = time.sleeper()});
+        }
+        return *m_alerts;
     }
 
     /// The models behind the boards, built when they are first asked for.
@@ -56,6 +74,7 @@ struct ViewFixture : AppStateFixture {
     }
 
     FakeCoinGeckoAPI coinGecko;
+    Observed<std::vector<FiredAlert>> unshownAlerts;
     std::shared_ptr<FakeFetcher> iconFetcher = std::make_shared<FakeFetcher>();
     IconStore iconStore{executor,
                         folder.path() / "Icons",
@@ -65,6 +84,7 @@ struct ViewFixture : AppStateFixture {
                         time.clock()};
 
 private:
+    std::unique_ptr<AlertKeeper> m_alerts;
     std::unique_ptr<MarketState> m_market;
     std::unique_ptr<MarketCapState> m_marketCaps;
     std::unique_ptr<ViewEnvironment> m_environment;

@@ -40,6 +40,13 @@ struct CoinListFixture : ViewFixture {
         showActive(*window);
     }
     void show(const std::vector<std::string>& baseAssets) { show(listOf(baseAssets)); }
+    /// The same, with price alerts.
+    void showWithAlerts(const std::vector<std::string>& baseAssets) {
+        startConnected(listOf(baseAssets));
+        alerts();
+        make();
+        showActive(*window);
+    }
 
     /// Makes the view, over the state that is built, in a window that is not shown.
     void make() {

@@ -132,7 +132,7 @@ TEST_F(CoinRowMenuTest, removesACoin) {
 
 TEST_F(CoinRowMenuTest, aCoinThatIsNotOnTheListHasNothingToMove) {
     show({"BTC"});
-    CoinRowMenu::make(environment(), symbolOf("ETH"), {}, view)->popup(QPoint(0, 0));
+    CoinRowMenu::make(environment(), symbolOf("ETH"), {}, {}, view)->popup(QPoint(0, 0));
     EXPECT_THAT(items(), ElementsAre("-", "固定到菜单栏", "删除"));
 }
 

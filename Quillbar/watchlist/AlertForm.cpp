@@ -1,0 +1,312 @@
+// SPDX-FileCopyrightText: 2026 The Quillbar developers
+// SPDX-License-Identifier: MIT
+#include "Quillbar/watchlist/AlertForm.h"
+
+#include "Quillbar/text/AlertText.h"
+#include "Quillbar/text/OneLineText.h"
+#include "Quillbar/text/SystemFont.h"
+#include "Quillbar/watchlist/SearchField.h"
+#include "Quillbar/widgets/GlyphButton.h"
+#include "Quillbar/widgets/Popover.h"
+#include "Quillbar/widgets/TextButton.h"
+#include "Quillbar/widgets/ThemedLabel.h"
+#include "QuillbarCore/alerts/AlertKeeper.h"
+#include "QuillbarCore/model/PriceFormatter.h"
+
+#include <QHBoxLayout>
+#include <QPainter>
+#include <QScrollArea>
+#include <QVBoxLayout>
+
+#include <algorithm>
+#include <string>
+#include <utility>
+
+namespace quillbar {
+
+namespace {
+
+constexpr int kMargin = 10;
+constexpr int kSpacing = 6;
+constexpr double kTitleSize = 12;
+constexpr double kTextSize = 10.5;
+constexpr int kChoiceHeight = 22;
+constexpr int kChoiceWidth = 60;
+constexpr int kMarginFieldWidth = 84;
+constexpr double kRadius = 4;
+constexpr float kChosenOpacity = 0.16F;
+constexpr double kGlyphSize = 8;
+constexpr int kGlyphButtonSize = 20;
+
+/// One of two ways, of which one is chosen. The Tab key stops at the two once; the arrow keys choose.
+class Choice final : public PlainButton {
+public:
+    Choice(const QString& text, QWidget* parent)
+        : PlainButton(parent) {
+        setText(text);
+        setAccessibleName(text);
+        setCheckable(true);
+        setAutoExclusive(true);
+        setFixedSize(kChoiceWidth, kChoiceHeight);
+    }
+
+protected:
+    void drawContent(QPainter& painter) override {
+        const ThemeColors::Resolved& colors = ThemeKey::value(*this).colors;
+        painter.setRenderHint(QPainter::Antialiasing);
+        QColor ground = isChecked() ? colors.accent : colors.rowHover;
+        if (isChecked()) {
+            ground.setAlphaF(kChosenOpacity);
+        }
+        if (isChecked() || isHovered()) {
+            painter.setPen(Qt::NoPen);
+            painter.setBrush(ground);
+            painter.drawRoundedRect(rect(), kRadius, kRadius);
+        }
+        painter.setFont(systemFont(kTextSize, isChecked() ? QFont::DemiBold : QFont::Normal));
+        painter.setPen(isChecked() ? colors.accent : colors.secondaryText);
+        painter.drawText(rect(), Qt::AlignCenter, text());
+    }
+};
+
+QString textOf(AlertInput::Problem problem) {
+    switch (problem) {
+    case AlertInput::Problem::nothing:
+        return QStringLiteral("输入价格,或带 % 的 24 小时涨跌");
+    case AlertInput::Problem::noNumber:
+        return QStringLiteral("不是价格,也不是带 % 的涨跌");
+    case AlertInput::Problem::noPriceYet:
+        return QStringLiteral("还没有价格,请稍后再试");
+    case AlertInput::Problem::isThere:
+        break;
+    }
+    return QStringLiteral("现在就是这个数;高于它提醒上涨,低于它提醒下跌");
+}
+
+}  // namespace
+
+AlertForm::AlertForm(const ViewEnvironment& environment,
+                     Coin coin,
+                     std::function<void()> dismiss,
+                     QWidget* parent)
+    : QWidget(parent)
+    , m_environment(environment)
+    , m_coin(std::move(coin))
+    , m_dismiss(std::move(dismiss)) {
+    const QString name = OneLineText::of(m_coin.baseAsset) + QStringLiteral(" 价格提醒");
+    setAccessibleName(name);
+    setFixedWidth(kWidth);
+    auto* const stack = new QVBoxLayout(this);
+    stack->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
+    stack->setSpacing(kSpacing);
+    auto* const title = new ThemedLabel(
+        systemFont(kTitleSize, QFont::DemiBold), &ThemeColors::Resolved::primaryText, this);
+    title->setText(name);
+    title->setWordWrap(true);
+    stack->addWidget(title);
+    makeFields(*stack);
+    makeChoices(*stack);
+    makeList(*stack);
+    setFocusProxy(m_value);
+    if (const auto known = ticker()) {
+        m_value->setText(QString::fromStdString(PriceFormatter::price(known->lastPrice)));
+        m_value->selectAll();
+    }
+    m_alerts = environment.alerts->alerts().observe(
+        [this](const std::vector<Alert>& /*alerts*/) { refreshList(); });
+    m_prices = environment.appState.tickers().observe([this](const std::string& symbol) {
+        if (symbol == m_coin.symbol) {
+            refresh();
+        }
+    });
+    refreshList();
+    refresh();
+}
+
+void AlertForm::open(const ViewEnvironment& environment,
+                     const Coin& coin,
+                     const QRect& place,
+                     QWidget& view) {
+    // The rows of a list change places and are used again, and a popover closes with its anchor.
+    auto* const anchor = new QWidget(&view);
+    anchor->setAttribute(Qt::WA_TransparentForMouseEvents);
+    anchor->setFocusPolicy(Qt::NoFocus);
+    anchor->setGeometry(place);
+    anchor->show();
+    auto* const popover = new Popover(*anchor);
+    popover->onClosed = [anchor] { anchor->deleteLater(); };
+    popover->open(new AlertForm(
+        environment, coin, [popover] { popover->close(); }, popover));
+}
+
+QSize AlertForm::sizeHint() const {
+    return {kWidth, layout()->totalHeightForWidth(kWidth)};
+}
+
+// Its parts
+
+void AlertForm::makeFields(QVBoxLayout& stack) {
+    m_present = new ThemedLabel(systemFont(kTextSize), &ThemeColors::Resolved::secondaryText, this);
+    m_value = new SearchField(QStringLiteral("价格,或如 5%"), this);
+    m_value->setAccessibleName(QStringLiteral("提醒的价格,或带百分号的 24 小时涨跌"));
+    m_meaning = new ThemedLabel(systemFont(kTextSize), &ThemeColors::Resolved::secondaryText, this);
+    m_meaning->setWordWrap(true);
+    stack.addWidget(m_present);
+    stack.addWidget(m_value);
+    stack.addWidget(m_meaning);
+    connect(m_value, &QLineEdit::textChanged, this, [this] { refresh(); });
+    connect(m_value, &QLineEdit::returnPressed, this, [this] { add(); });
+}
+
+void AlertForm::makeChoices(QVBoxLayout& stack) {
+    m_once = new Choice(QStringLiteral("仅一次"), this);
+    m_again = new Choice(QStringLiteral("重复"), this);
+    m_once->setChecked(true);
+    m_margin = new SearchField(QStringLiteral("如 1%"), this);
+    m_margin->setAccessibleName(QStringLiteral("往回多少后可再次提醒"));
+    m_margin->setToolTip(QStringLiteral("往回多少后可再次提醒"));
+    m_margin->setText(QStringLiteral("1%"));
+    m_margin->setFixedWidth(kMarginFieldWidth);
+    m_margin->hide();
+    auto* const row = new QHBoxLayout;
+    row->setSpacing(kSpacing);
+    row->addWidget(m_once);
+    row->addWidget(m_again);
+    row->addWidget(m_margin);
+    row->addStretch(1);
+    stack.addLayout(row);
+    m_note = new SearchField(QStringLiteral("备注(可不填)"), this);
+    m_note->setAccessibleName(QStringLiteral("备注"));
+    stack.addWidget(m_note);
+    m_add = new TextButton(QStringLiteral("添加提醒"), this);
+    stack.addWidget(m_add, 0, Qt::AlignRight);
+    connect(m_again, &QAbstractButton::toggled, this, [this](bool isChosen) {
+        m_margin->setVisible(isChosen);
+        refresh();
+    });
+    connect(m_margin, &QLineEdit::textChanged, this, [this] { refresh(); });
+    for (SearchField* const field : {m_margin, m_note}) {
+        connect(field, &QLineEdit::returnPressed, this, [this] { add(); });
+    }
+    connect(m_add, &QAbstractButton::clicked, this, [this] { add(); });
+}
+
+void AlertForm::makeList(QVBoxLayout& stack) {
+    auto* const area = new QScrollArea(this);
+    auto* const content = new QWidget(area);
+    m_list = new QVBoxLayout(content);
+    m_list->setContentsMargins(0, 0, 0, 0);
+    m_list->setSpacing(0);
+    area->setWidget(content);
+    area->setWidgetResizable(true);
+    area->setFrameShape(QFrame::NoFrame);
+    area->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    area->setFocusPolicy(Qt::NoFocus);
+    // The surface of the popover shows through.
+    area->viewport()->setAutoFillBackground(false);
+    content->setAutoFillBackground(false);
+    m_listArea = area;
+    stack.addWidget(area);
+}
+
+// What it shows
+
+std::optional<Ticker> AlertForm::ticker() const {
+    const Ticker* const found = m_environment.appState.tickers().find(m_coin.symbol);
+    return found == nullptr ? std::nullopt : std::optional(*found);
+}
+
+std::optional<double> AlertForm::margin(const AlertInput::Line& line) const {
+    return AlertInput::margin(m_margin->text().toStdString(), line);
+}
+
+void AlertForm::refresh() {
+    const std::optional<Ticker> known = ticker();
+    m_present->setText(
+        known ? QStringLiteral("现价 %1 · 24 小时 %2")
+                    .arg(QString::fromStdString(PriceFormatter::price(known->lastPrice)),
+                         QString::fromStdString(PriceFormatter::percent(known->changePercent24h())))
+              : QStringLiteral("现价 —"));
+    const auto input = AlertInput::line(m_value->text().toStdString(), known);
+    QString meaning;
+    bool isReady = false;
+    if (const auto* const problem = std::get_if<AlertInput::Problem>(&input)) {
+        meaning = textOf(*problem);
+    } else {
+        const auto& line = std::get<AlertInput::Line>(input);
+        isReady = m_once->isChecked() || margin(line).has_value();
+        meaning = isReady
+                      ? AlertText::condition(line.kind, line.threshold) + QStringLiteral(" 时提醒")
+                      : QStringLiteral("往回的幅度应小于所填的数,如 1%");
+    }
+    m_meaning->setText(meaning);
+    m_meaning->setAccessibleName(meaning);
+    m_value->setAccessibleDescription(meaning);
+    m_add->setEnabled(isReady);
+    updateGeometry();
+}
+
+void AlertForm::refreshList() {
+    // Deleted later, because the call may come from the row's own button.
+    for (QWidget* const row : std::exchange(m_rows, {})) {
+        row->hide();
+        row->deleteLater();
+    }
+    for (const Alert& alert : m_environment.alerts->alertsOf(m_coin.symbol)) {
+        auto* const row = new QWidget(m_listArea);
+        const QString text = AlertText::description(alert);
+        auto* const label =
+            new ThemedLabel(systemFont(kTextSize), &ThemeColors::Resolved::primaryText, row);
+        label->setText(text);
+        label->setWordWrap(true);
+        auto* const button = new GlyphButton(
+            Glyph::xmark, kGlyphSize, QSize(kGlyphButtonSize, kGlyphButtonSize), row);
+        button->setToolTip(QStringLiteral("删除提醒"));
+        button->setAccessibleName(QStringLiteral("删除提醒, ") + text);
+        connect(button, &QAbstractButton::clicked, this, [this, id = alert.id] {
+            m_environment.alerts->remove(id);
+        });
+        auto* const layout = new QHBoxLayout(row);
+        layout->setContentsMargins(0, 0, 0, 0);
+        layout->setSpacing(kSpacing);
+        layout->addWidget(label, 1);
+        layout->addWidget(button);
+        m_list->addWidget(row);
+        m_rows.push_back(row);
+    }
+    m_listArea->setVisible(!m_rows.empty());
+    const int width = kWidth - 2 * kMargin;
+    const int height = m_rows.empty() ? 0 : m_list->totalHeightForWidth(width);
+    m_listArea->setFixedHeight(std::min(kListHeight, height));
+    updateGeometry();
+}
+
+void AlertForm::add() {
+    const auto input = AlertInput::line(m_value->text().toStdString(), ticker());
+    const auto* const line = std::get_if<AlertInput::Line>(&input);
+    if (line == nullptr || m_value->isComposing()) {
+        return;
+    }
+    const std::optional<double> back = m_again->isChecked() ? margin(*line) : std::nullopt;
+    if (m_again->isChecked() && !back) {
+        return;
+    }
+    const auto id = m_environment.alerts->add({.symbol = m_coin.symbol,
+                                               .baseAsset = m_coin.baseAsset,
+                                               .kind = line->kind,
+                                               .threshold = line->threshold,
+                                               .margin = back,
+                                               .note = m_note->text().trimmed().toStdString()});
+    if (!id) {
+        return;
+    }
+    if (!m_environment.alerts->isSaved()) {
+        m_meaning->setText(QStringLiteral("提醒未能保存到磁盘,重启后会丢失"));
+        return;
+    }
+    // A copy, because the call may delete the form.
+    const std::function<void()> dismiss = m_dismiss;
+    dismiss();
+}
+
+}  // namespace quillbar
