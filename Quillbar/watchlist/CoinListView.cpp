@@ -175,7 +175,8 @@ void CoinListView::openAlerts(const std::string& symbol) {
     const Watchlist& watchlist = *m_environment.appState.watchlist();
     const auto index = watchlist.indexOf(symbol);
     const QWidget* const row = m_rows.row(symbol);
-    if (!index || row == nullptr) {
+    // The panel may have closed with the menu.
+    if (!index || row == nullptr || !isVisible()) {
         return;
     }
     AlertForm::open(m_environment,

@@ -5,7 +5,9 @@
 #include <algorithm>
 #include <cmath>
 #include <exception>
+#include <filesystem>
 #include <iterator>
+#include <system_error>
 #include <utility>
 
 namespace quillbar {
@@ -14,6 +16,15 @@ namespace {
 
 std::int64_t wholeSeconds(TimePoint instant) {
     return std::max<std::int64_t>(0, std::llround(instant.time_since_epoch().count()));
+}
+
+/// Most users have no alerts: a file that was never made is no reason for a line in the log.
+Alerts storedIn(AlertStore& store) {
+    std::error_code error;
+    const auto status = std::filesystem::symlink_status(store.path(), error);
+    return status.type() == std::filesystem::file_type::not_found
+               ? AlertsDocument::defaultDocument()
+               : store.load();
 }
 
 }  // namespace
@@ -26,7 +37,7 @@ AlertKeeper::AlertKeeper(AlertKeeperDependencies dependencies)
     , m_sleeper(std::move(dependencies.sleeper))
     , m_watchlist(*m_appState.watchlist())
     , m_scope(dependencies.executor) {
-    const Alerts stored = m_store.load();
+    const Alerts stored = storedIn(m_store);
     m_nextNumber = stored.nextNumber;
     for (const Alert& alert : stored.alerts) {
         m_book.add(alert);

@@ -9,6 +9,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <filesystem>
 #include <memory>
 #include <optional>
 #include <string>
@@ -347,6 +348,22 @@ TEST_F(AlertKeeperTest, withoutAlertsNothingIsWatchedAndNoTimerRuns) {
     keeper->remove(id);
     executor.run();
     EXPECT_EQ(time.sleepingCount(), before);
+}
+
+TEST_F(AlertKeeperTest, aStartWithoutAlertsMakesNoFileAndNoLineInTheLog) {
+    begin();
+    price("BTC", 100);
+    EXPECT_THAT(log.lines(), IsEmpty());
+    EXPECT_FALSE(std::filesystem::exists(folder.path() / "alerts.json"));
+}
+
+TEST_F(AlertKeeperTest, aFileThatCannotBeUnderstoodIsToldAndKept) {
+    writeContents(folder.path() / "alerts.json", "my alerts");
+    begin();
+    EXPECT_THAT(log.lines(), ElementsAre(HasSubstr("load alerts failed (")));
+    price("BTC", 100);
+    add(110);
+    EXPECT_EQ(contentsOf(folder.path() / "alerts.json.bak"), "my alerts");
 }
 
 TEST_F(AlertKeeperTest, refusesWhatIsNotSound) {
