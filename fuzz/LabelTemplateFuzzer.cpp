@@ -3,6 +3,8 @@
 #include "fuzz/FuzzTarget.h"
 #include "Quillbar/labelstate/LabelTemplate.h"
 
+#include <fmt/format.h>
+
 #include <cstddef>
 #include <functional>
 #include <optional>
@@ -31,9 +33,9 @@ std::set<std::string, std::less<>> everyField() {
         for (const std::string side : {"", "<", ">"}) {
             for (int width = 0; width <= LabelTemplate::kWidest; ++width) {
                 const std::string place = width == 0 ? "" : side + std::to_string(width);
-                fields.insert(place.empty() ? name : name + ":" + place);
+                fields.insert(place.empty() ? name : fmt::format("{}:{}", name, place));
                 for (int digits = 0; isNumber && digits <= LabelTemplate::kMostDecimals; ++digits) {
-                    fields.insert(name + ":" + place + "." + std::to_string(digits));
+                    fields.insert(fmt::format("{}:{}.{}", name, place, digits));
                 }
             }
         }

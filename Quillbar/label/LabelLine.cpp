@@ -194,7 +194,7 @@ std::string joinedWaybar(const std::vector<LabelSnapshot>& labels) {
 }  // namespace
 
 std::string labelLine(const LabelSnapshot& snapshot, LabelFormat format) {
-    const std::string text = OutsideText::oneLine(snapshot.text);
+    std::string text = OutsideText::oneLine(snapshot.text);
     switch (format) {
     case LabelFormat::text:
         break;

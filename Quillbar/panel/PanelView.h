@@ -64,8 +64,7 @@ public:
     /// Shows the tabs again, and gives the focus back. Does nothing while they are shown.
     void closePreferences();
     /// Shows the watchlist with the chart of that coin open, and its row with the focus, whatever page
-    /// was shown before. Does nothing
-    /// for a coin that is not on the list.
+    /// was shown before. Does nothing for a coin that is not on the list.
     void showChart(const std::string& symbol);
 
     /// Whether the panel is a window by itself, because there is no item. Its header then drags it

@@ -146,6 +146,14 @@ TEST_F(AlertBookTest, whatIsNoPriceChangesNothing) {
     EXPECT_EQ(book.alerts().size(), 3U);
 }
 
+TEST_F(AlertBookTest, aWrongOpenIsNoChange) {
+    add(alertOn(AlertKind::changeAtMost, 2));
+    for (const double wrong : {0.0, -100.0, kNoNumber, kInfinity}) {
+        EXPECT_THAT(price(110, wrong), IsEmpty()) << wrong;
+    }
+    EXPECT_THAT(price(102), ElementsAre(1));
+}
+
 TEST_F(AlertBookTest, aWrongPriceDoesNotEndAGap) {
     add(alertOn(AlertKind::priceAtLeast, 110));
     book.markGap();

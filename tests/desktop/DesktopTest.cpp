@@ -88,7 +88,7 @@ TEST_F(DesktopTest, sortsPinsAndRemovesCoins) {
         return item(QStringLiteral("XAyatanaLabel")).toString().startsWith(QStringLiteral("BNB "));
     }));
     EXPECT_EQ(label().value(QStringLiteral("symbol")).toString(), QStringLiteral("BNBUSDT"));
-    chooseFromMenuOfRow(3, 3);
+    chooseFromMenuOfRow(3, 4);
     EXPECT_TRUE(eventually([this] { return keptSymbols().size() == 3; }));
     EXPECT_THAT(keptSymbols(), ElementsAre("BTCUSDT", "ETHUSDT", "BNBUSDT"));
     EXPECT_TRUE(eventually([&] { return panelGeometry().height() == height - kRowHeight; }));

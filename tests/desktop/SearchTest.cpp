@@ -26,7 +26,7 @@ TEST_F(SearchTest, aCoinIsTypedAndAddedByEnterAndRemovedAgain) {
     // A banner is as high as a row.
     ASSERT_TRUE(eventually(
         [&] { return isConnected() && panelGeometry().height() == height + kRowHeight; }));
-    chooseFromMenuOfRow(4, 4);
+    chooseFromMenuOfRow(4, 5);
     EXPECT_TRUE(eventually([this] { return keptSymbols().size() == 4; }));
     EXPECT_THAT(keptSymbols(), ElementsAre("BTCUSDT", "ETHUSDT", "SOLUSDT", "BNBUSDT"));
 }
@@ -61,7 +61,7 @@ TEST_F(SearchTest, severalCoinsAreTypedAndAddedByEnter) {
 TEST_F(SearchTest, theListThatTheGearsMenuCopiesIsPastedBack) {
     constexpr int kCopy = 8;
     // In the menu of the last row, which cannot be moved down.
-    constexpr int kRemove = 4;
+    constexpr int kRemove = 5;
     startApplication();
     openPanel();
     chooseFromGear(kCopy);

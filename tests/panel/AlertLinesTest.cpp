@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Quillbar developers
 // SPDX-License-Identifier: MIT
 #include "Quillbar/panel/AlertLines.h"
+#include "Quillbar/panel/UnderlineTabs.h"
 #include "tests/panel/PanelFixture.h"
 
 #include <QAccessible>
@@ -90,6 +91,14 @@ TEST_F(AlertLinesTest, takingARemovalBackBringsTheAlertsBack) {
     spinUntilIdle();
     EXPECT_TRUE(state->watchlist()->contains("ETHUSDT"));
     EXPECT_TRUE(alerts().has("ETHUSDT"));
+}
+
+TEST_F(AlertLinesTest, aChosenNoticeLeavesThePreferences) {
+    showTwo();
+    panel->showPreferences();
+    panel->showChart("ETHUSDT");
+    EXPECT_TRUE(panel->findChild<UnderlineTabs*>()->isVisible());
+    EXPECT_EQ(*panel->expandedSymbol(), "ETHUSDT");
 }
 
 TEST_F(AlertLinesTest, aChosenNoticeShowsTheChartOnTheWatchlist) {
