@@ -5,6 +5,7 @@
 #include "tests/support/Files.h"
 #include "tests/support/TemporaryFolder.h"
 
+#include <fmt/format.h>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -80,7 +81,7 @@ TEST_F(AlertStoreTest, refusesTheWholeDocumentForOneAlertThatIsNotSound) {
                                      with(R"("armed":true)", R"("note":"a")"),
                                      with(R"("symbol":"BTCUSDT",)", ""),
                                      with(R"("baseAsset":"BTC",)", ""),
-                                     sound + "," + sound,
+                                     fmt::format("{0},{0}", sound),
                                      std::string("[]"),
                                      std::string("1")}) {
         log.clear();

@@ -51,8 +51,9 @@ public:
         Q_EMIT ActionInvoked(number, QStringLiteral("default"));
     }
 
-    // NOLINTBEGIN(readability-identifier-naming): the protocol spells them so
+    // NOLINTBEGIN(readability-identifier-naming, modernize-use-nodiscard): as the protocol has them
     Q_SCRIPTABLE Q_SLOT QStringList GetCapabilities() const { return capabilities; }
+    // NOLINTNEXTLINE(readability-function-size): the protocol has eight arguments
     Q_SCRIPTABLE Q_SLOT uint Notify(const QString& /*application*/,
                                     uint replaces,
                                     const QString& /*icon*/,
@@ -67,7 +68,7 @@ public:
     }
     Q_SCRIPTABLE Q_SIGNAL void ActionInvoked(uint number, const QString& action);
     Q_SCRIPTABLE Q_SIGNAL void ActivationToken(uint number, const QString& token);
-    // NOLINTEND(readability-identifier-naming)
+    // NOLINTEND(readability-identifier-naming, modernize-use-nodiscard)
 
     QStringList capabilities{QStringLiteral("actions"),
                              QStringLiteral("body"),

@@ -8,6 +8,7 @@
 #include "tests/window/PanelContent.h"
 
 #include <QEnterEvent>
+#include <QGuiApplication>
 #include <QTimer>
 #include <QWindow>
 #include <QWindowStateChangeEvent>
