@@ -40,9 +40,9 @@ struct Alert final {
     /// Greater than 0, and unique among all alerts there ever were.
     std::int64_t id = 0;
     /// The pair, as the watchlist has it.
-    std::string symbol;
+    std::string symbol = {};
     /// The pair's base asset, for texts.
-    std::string baseAsset;
+    std::string baseAsset = {};
     AlertKind kind = AlertKind::priceAtLeast;
     /// In the quote asset, or in percent.
     double threshold = 0;
