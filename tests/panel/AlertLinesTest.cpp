@@ -97,7 +97,7 @@ TEST_F(AlertLinesTest, aChosenNoticeLeavesThePreferences) {
     showTwo();
     panel->showPreferences();
     panel->showChart("ETHUSDT");
-    EXPECT_TRUE(panel->findChild<UnderlineTabs*>()->isVisible());
+    EXPECT_TRUE(widgetsOf<UnderlineTabs>(*panel).front()->isVisible());
     EXPECT_EQ(*panel->expandedSymbol(), "ETHUSDT");
 }
 
