@@ -5,6 +5,7 @@
 #include "QuillbarCore/runtime/Logger.h"
 
 #include <QDBusPendingCallWatcher>
+#include <QDBusPendingReply>
 #include <QDBusServiceWatcher>
 #include <QMetaObject>
 #include <QVariantMap>
@@ -104,9 +105,26 @@ void DesktopNotifications::send(const Notice& notice,
                     onOutcome(std::nullopt);
                     return;
                 }
-                m_server = reply.service();
-                onOutcome(number);
+                learnServer([onOutcome, number] { onOutcome(number); });
             });
+}
+
+void DesktopNotifications::learnServer(std::function<void()> done) {
+    // Anew for each notice, as another server may have come. Qt 6.8 leaves the sender out of replies.
+    QDBusMessage call = QDBusMessage::createMethodCall(QStringLiteral("org.freedesktop.DBus"),
+                                                       QStringLiteral("/org/freedesktop/DBus"),
+                                                       QStringLiteral("org.freedesktop.DBus"),
+                                                       QStringLiteral("GetNameOwner"));
+    call << kService;
+    auto* const answer = new QDBusPendingCallWatcher(m_bus.asyncCall(call, kPatienceMs), this);
+    connect(
+        answer, &QDBusPendingCallWatcher::finished, this, [this, answer, done = std::move(done)] {
+            answer->deleteLater();
+            const QDBusPendingReply<QString> owner = *answer;
+            // A server that has gone sends no clicks.
+            m_server = owner.isError() ? QString() : owner.value();
+            done();
+        });
 }
 
 void DesktopNotifications::listen() {

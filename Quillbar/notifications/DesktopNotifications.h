@@ -52,6 +52,7 @@ private:
 
     void listen();
     void send(const Notice& notice, std::function<void(std::optional<uint> number)> onOutcome);
+    void learnServer(std::function<void()> done);
     void watchForServer();
 
     QDBusConnection m_bus;
