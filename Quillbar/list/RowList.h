@@ -5,7 +5,7 @@
 #include "Quillbar/list/RowDrag.h"
 #include "Quillbar/list/RowFocus.h"
 #include "Quillbar/list/RowStage.h"
-#include "Quillbar/list/ScrollFade.h"
+#include "Quillbar/widgets/ScrollFade.h"
 
 #include <QSize>
 #include <QWidget>

@@ -4,7 +4,7 @@
 
 #include "Quillbar/list/RowPlaces.h"
 #include "Quillbar/list/ScreenHold.h"
-#include "Quillbar/list/ScrollFade.h"
+#include "Quillbar/widgets/ScrollFade.h"
 
 #include <functional>
 #include <optional>

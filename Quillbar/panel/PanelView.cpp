@@ -108,7 +108,7 @@ PanelView::~PanelView() = default;
 QSize PanelView::sizeHint() const {
     int height = heightOf(*m_main->layout());
     if (isShowingPreferences()) {
-        height = std::max(height, heightOf(*m_preferencesView->layout()));
+        height = std::max(height, m_preferencesView->heightFor(kWidth));
     }
     return {kWidth, m_header->sizeHint().height() + kSpacing + height};
 }

@@ -9,20 +9,22 @@
 #include <QWidget>
 
 #include <functional>
-#include <vector>
-
-class QVBoxLayout;
 
 namespace quillbar {
 
-class ChoiceList;
+class ColorsSection;
 class PreferencesState;
+class ScrollColumn;
 class ThemedLabel;
 
-/// The page of the panel on which the user sets the preferences. Each choice holds at once; nothing
-/// needs to be confirmed. Under the choices stands what could not be saved.
+/// The page of the panel on which the user sets the preferences: a column of sections, which scrolls
+/// where it has too little room. Each choice holds at once; nothing needs to be confirmed. Under the
+/// column, which does not scroll it away, stands what could not be saved.
 class PreferencesView final : public QWidget {
 public:
+    /// The greatest height that the page asks for, in points: that of the list of coins.
+    static constexpr int kMaxHeight = 560;
+
     /// The name of the page.
     [[nodiscard]] static QString title();
 
@@ -32,20 +34,22 @@ public:
                     std::function<ColorScheme()> scheme,
                     QWidget* parent = nullptr);
 
+    /// The height that the page wants at that width; both in points.
+    [[nodiscard]] int heightFor(int width) const;
+
     /// Gives the focus to the first choice.
     void takeFocus(Qt::FocusReason reason);
 
 private:
-    void buildColors(QVBoxLayout& stack);
-    void refresh();
+    void refreshError();
 
     PreferencesState& m_preferences;
-    std::function<ColorScheme()> m_scheme;
     // Children, owned by Qt.
-    ChoiceList* m_colors = nullptr;
+    ScrollColumn* m_sections;
+    ColorsSection* m_first;
     ThemedLabel* m_error;
-    // Last, because they call functions of this object.
-    std::vector<Observation> m_observations;
+    // Last, because it calls a function of this object.
+    Observation m_errorObservation;
 };
 
 }  // namespace quillbar

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "Quillbar/list/RowPlaces.h"
 #include "Quillbar/list/RowScroll.h"
-#include "Quillbar/list/ScrollFade.h"
+#include "Quillbar/widgets/ScrollFade.h"
 #include "tests/list/NamedRow.h"
 
 #include <QWidget>

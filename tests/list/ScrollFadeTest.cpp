@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Quillbar developers
 // SPDX-License-Identifier: MIT
 #include "Quillbar/list/RowList.h"
-#include "Quillbar/list/ScrollFade.h"
+#include "Quillbar/widgets/ScrollFade.h"
 #include "tests/list/NamedRow.h"
 #include "tests/qtsupport/PaintCount.h"
 #include "tests/qtsupport/SpinUntil.h"

@@ -247,6 +247,7 @@ TEST_F(PanelAccessibilityTest, everyControlOfThePreferencesSaysWhatItIs) {
     EXPECT_THAT(seen.faults, IsEmpty());
     EXPECT_THAT(seen.controls,
                 ElementsAre("Button '返回'",
+                            "Heading '颜色'",
                             "Grouping '颜色'",
                             "RadioButton '绿涨红跌'*",
                             "RadioButton '红涨绿跌'",

@@ -4,6 +4,8 @@
 #include "Quillbar/panel/PreferencesView.h"
 #include "Quillbar/widgets/ChangePalette.h"
 #include "Quillbar/widgets/ChoiceList.h"
+#include "Quillbar/widgets/Heading.h"
+#include "Quillbar/widgets/ScrollColumn.h"
 #include "tests/panel/PanelFixture.h"
 #include "tests/qtsupport/Ink.h"
 
@@ -288,6 +290,55 @@ TEST_F(PreferencesViewTest, theKeyboardReachesEverythingAndChooses) {
     press(Qt::Key_Backtab);
     press(Qt::Key_Return);
     EXPECT_FALSE(isPageShown());
+}
+
+TEST_F(PreferencesViewTest, eachSectionBeginsWithAHeading) {
+    openPage();
+    const Heading* const heading = shown<Heading>();
+    ASSERT_NE(heading, nullptr);
+    EXPECT_EQ(heading->text(), QStringLiteral("颜色"));
+    EXPECT_EQ(leftOf("颜色").value_or(0) + heading->contentsMargins().left(), 12);
+    EXPECT_LT(heading->mapTo(panel.get(), QPoint()).y(),
+              shown<ChoiceList>()->mapTo(panel.get(), QPoint()).y());
+}
+
+TEST_F(PreferencesViewTest, scrollsInAPanelThatIsTooLowForIt) {
+    openPage(Qt::TabFocusReason);
+    panel->resize(PanelView::kWidth, shown<PreferencesView>()->y() + 80);
+    spinUntilIdle();
+    const ScrollColumn& column = *shown<ScrollColumn>();
+    EXPECT_LT(column.height(), column.heightFor(column.width()));
+    const auto isSeen = [&](const QString& name) {
+        const QWidget& row = *named(*panel, name);
+        const int top = row.mapTo(&column, QPoint()).y();
+        return top >= 0 && top + row.height() <= column.height();
+    };
+    EXPECT_FALSE(isSeen(kBlueUp));
+    press(Qt::Key_Down);
+    press(Qt::Key_Down);
+    EXPECT_EQ(focused(), kBlueUp);
+    EXPECT_TRUE(isSeen(kBlueUp));
+    press(Qt::Key_Home);
+    EXPECT_FALSE(isSeen(kBlueUp));
+}
+
+TEST_F(PreferencesViewTest, whatCouldNotBeSavedIsNotScrolledAway) {
+    openPage();
+    panel->resize(PanelView::kWidth, shown<PreferencesView>()->y() + 100);
+    files.breakAll();
+    click(kRedUp);
+    const QWidget& error = *named(*panel, QStringLiteral("偏好设置未能保存到磁盘"));
+    EXPECT_TRUE(panel->rect().contains(QRect(error.mapTo(panel.get(), QPoint()), error.size())));
+    EXPECT_FALSE(shown<ScrollColumn>()->isAncestorOf(&error));
+}
+
+TEST_F(PreferencesViewTest, asksForRoomForWhatCouldNotBeSavedToo) {
+    openPage();
+    const auto& page = *shown<PreferencesView>();
+    const int before = page.heightFor(PanelView::kWidth);
+    files.breakAll();
+    click(kRedUp);
+    EXPECT_GT(page.heightFor(PanelView::kWidth), before);
 }
 
 TEST_F(PreferencesViewTest, opensWithoutARingForAClick) {

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The Quillbar developers
 // SPDX-License-Identifier: MIT
-#include "Quillbar/list/ScrollFade.h"
+#include "Quillbar/widgets/ScrollFade.h"
 
 #include "Quillbar/widgets/LiftedSurface.h"
 

@@ -1,0 +1,80 @@
+// SPDX-FileCopyrightText: 2026 The Quillbar developers
+// SPDX-License-Identifier: MIT
+#include "Quillbar/panel/ColorsSection.h"
+
+#include "Quillbar/text/SystemFont.h"
+#include "Quillbar/text/TabularText.h"
+#include "Quillbar/widgets/ChoiceList.h"
+#include "QuillbarCore/state/ChangeColors.h"
+#include "QuillbarCore/state/PreferencesState.h"
+
+#include <QPainter>
+#include <QRectF>
+
+#include <algorithm>
+#include <cstddef>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+namespace quillbar {
+
+namespace {
+
+constexpr double kSampleFontSize = 12;
+constexpr double kSampleGap = 12;
+
+std::size_t indexOf(ChangeColors colors) {
+    const auto* const found = std::find(kAllChangeColors.begin(), kAllChangeColors.end(), colors);
+    return static_cast<std::size_t>(found - kAllChangeColors.begin());
+}
+
+std::vector<QString> titles() {
+    std::vector<QString> result;
+    result.reserve(kAllChangeColors.size());
+    for (const ChangeColors colors : kAllChangeColors) {
+        const std::string_view name = displayName(colors);
+        result.push_back(QString::fromUtf8(name.data(), static_cast<qsizetype>(name.size())));
+    }
+    return result;
+}
+
+// A rise and a fall, as a row of the list writes them.
+void drawChanges(QPainter& painter, QRectF rectangle, const ThemeColors::Resolved& colors) {
+    const QFont font = systemFont(kSampleFontSize);
+    const auto drawAtEnd = [&](const QString& text, const QColor& color) {
+        painter.setPen(color);
+        TabularText::draw(painter, rectangle, Qt::AlignRight | Qt::AlignVCenter, text, font);
+        rectangle.setRight(rectangle.right() - TabularText::width(text, font) - kSampleGap);
+    };
+    drawAtEnd(QStringLiteral("▼ 1.23%"), colors.down);
+    drawAtEnd(QStringLiteral("▲ 1.23%"), colors.up);
+}
+
+}  // namespace
+
+ColorsSection::ColorsSection(PreferencesState& preferences,
+                             std::function<ColorScheme()> scheme,
+                             QWidget* parent)
+    : PreferencesSection(QStringLiteral("颜色"), parent)
+    , m_colors(new ChoiceList(title(), titles(), this)) {
+    m_colors->onSelect = [&preferences](std::size_t index) {
+        preferences.setChangeColors(kAllChangeColors.at(index));
+    };
+    m_colors->drawSample = [scheme = std::move(scheme)](
+                               QPainter& painter, const QRectF& rectangle, std::size_t index) {
+        drawChanges(painter, rectangle, ThemeColors::of(scheme(), kAllChangeColors.at(index)));
+    };
+    add(m_colors);
+    const auto show = [this](const Preferences& chosen) {
+        m_colors->setSelection(indexOf(chosen.changeColors));
+    };
+    m_observation = preferences.preferences().observe(show);
+    show(*preferences.preferences());
+}
+
+void ColorsSection::takeFocus(Qt::FocusReason reason) {
+    m_colors->focusSelection(reason);
+}
+
+}  // namespace quillbar

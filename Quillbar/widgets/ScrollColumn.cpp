@@ -1,0 +1,116 @@
+// SPDX-FileCopyrightText: 2026 The Quillbar developers
+// SPDX-License-Identifier: MIT
+#include "Quillbar/widgets/ScrollColumn.h"
+
+#include <QAbstractSlider>
+#include <QApplication>
+#include <QEvent>
+#include <QFrame>
+#include <QKeyEvent>
+#include <QResizeEvent>
+#include <QScrollBar>
+#include <QVBoxLayout>
+
+#include <algorithm>
+
+namespace quillbar {
+
+ScrollColumn::ScrollColumn(int spacing, QWidget* parent)
+    : QScrollArea(parent)
+    , m_content(new QWidget(this))
+    , m_stack(new QVBoxLayout(m_content))
+    , m_fade(*viewport()) {
+    m_stack->setContentsMargins(0, 0, 0, 0);
+    m_stack->setSpacing(spacing);
+    setWidget(m_content);
+    setWidgetResizable(true);
+    setFrameShape(QFrame::NoFrame);
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    setFocusPolicy(Qt::NoFocus);
+    setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Maximum);
+    // The surface of the window shows through.
+    viewport()->setAutoFillBackground(false);
+    m_content->setAutoFillBackground(false);
+    QScrollBar* const bar = verticalScrollBar();
+    bar->setSingleStep(kStep);
+    connect(bar, &QAbstractSlider::valueChanged, this, [this] { updateFade(); });
+    connect(bar, &QAbstractSlider::rangeChanged, this, [this] { updateFade(); });
+    connect(qApp, &QApplication::focusChanged, this, [this](QWidget* /*before*/, QWidget* focused) {
+        reveal(focused);
+    });
+}
+
+void ScrollColumn::add(QWidget* widget) {
+    m_stack->addWidget(widget);
+}
+
+int ScrollColumn::heightFor(int width) const {
+    return m_stack->hasHeightForWidth() ? m_stack->totalHeightForWidth(width)
+                                        : m_stack->sizeHint().height();
+}
+
+QSize ScrollColumn::sizeHint() const {
+    return {m_stack->sizeHint().width(), heightFor(width())};
+}
+
+QSize ScrollColumn::minimumSizeHint() const {
+    return {0, std::min(kStep, sizeHint().height())};
+}
+
+bool ScrollColumn::event(QEvent* event) {
+    // The content wants another height.
+    if (event->type() == QEvent::LayoutRequest) {
+        updateGeometry();
+    }
+    return QScrollArea::event(event);
+}
+
+bool ScrollColumn::focusNextPrevChild(bool next) {
+    // Not QScrollArea's, which scrolls further than `reveal`.
+    return QFrame::focusNextPrevChild(next);
+}
+
+void ScrollColumn::keyPressEvent(QKeyEvent* event) {
+    QScrollBar* const bar = verticalScrollBar();
+    switch (event->key()) {
+    case Qt::Key_PageUp:
+        bar->triggerAction(QAbstractSlider::SliderPageStepSub);
+        break;
+    case Qt::Key_PageDown:
+        bar->triggerAction(QAbstractSlider::SliderPageStepAdd);
+        break;
+    case Qt::Key_Home:
+        bar->triggerAction(QAbstractSlider::SliderToMinimum);
+        break;
+    case Qt::Key_End:
+        bar->triggerAction(QAbstractSlider::SliderToMaximum);
+        break;
+    default:
+        // The arrows choose in the widgets of the column. They do not scroll it.
+        QFrame::keyPressEvent(event);
+        break;
+    }
+}
+
+void ScrollColumn::resizeEvent(QResizeEvent* event) {
+    QScrollArea::resizeEvent(event);
+    if (event->size().width() != event->oldSize().width()) {
+        updateGeometry();
+    }
+    updateFade();
+}
+
+void ScrollColumn::reveal(QWidget* focused) {
+    if (focused != nullptr && m_content->isAncestorOf(focused)) {
+        ensureWidgetVisible(focused, 0, ScrollFade::kHeight);
+    }
+}
+
+void ScrollColumn::updateFade() {
+    const QScrollBar& bar = *verticalScrollBar();
+    m_fade.follow(
+        {.upwards = bar.value() > bar.minimum(), .downwards = bar.value() < bar.maximum()});
+}
+
+}  // namespace quillbar
