@@ -32,6 +32,10 @@ namespace {
 // The item reports its own entries and those of the settings through one function.
 static_assert(SettingsMenu::kFirstId > StatusItem::kLastOwnId);
 
+/// The menu's entries that only the item has.
+constexpr int kHideNumbers = SettingsMenu::kLastId + 1;
+constexpr int kAboveSettings = kHideNumbers + 1;
+
 /// The tooltip tells the age of prices in minutes.
 constexpr Seconds kFaceInterval{60};
 /// Loading a board and closing the panel leave much free memory behind.
@@ -100,19 +104,18 @@ QuillbarApp::QuillbarApp(const std::optional<QDBusConnection>& bus,
            .onNoTray = [this] { goWithoutTray(); },
            .onTray = [this] { dropFromTray(); },
            .onOffered = [this] { startServices(); }})
-    , m_faceSource(m_services.appState(), m_services.isStarted())
-    , m_labelSource(m_services.appState(), m_services.isStarted())
+    , m_faceSource(m_services.appState(), m_services.isStarted(), &m_preferences.preferences())
+    , m_labelSource(m_services.appState(), m_services.isStarted(), &m_preferences.preferences())
     , m_scope(*m_executor) {
     m_faceSource.observe([this] { refreshFace(); });
     m_announcer.onChosen = [this](const std::string& symbol, const QString& token) {
         showPanel(token);
         m_panelView->showChart(symbol);
     };
-    m_item.setMenu(*m_settings.entries());
-    m_observations.push_back(m_settings.entries().observe(
-        [this](const std::vector<MenuEntry>& entries) { m_item.setMenu(entries); }));
-    m_observations.push_back(m_preferences.preferences().observe(
-        [this](const Preferences& /*preferences*/) { refreshFace(); }));
+    refreshMenu();
+    const auto menuChanged = [this](const auto& /*value*/) { refreshMenu(); };
+    m_observations.push_back(m_settings.entries().observe(menuChanged));
+    m_observations.push_back(m_preferences.preferences().observe(menuChanged));
     if (!m_hasBus) {
         Logger("QuillbarApp").error("no session bus: no item in the status area");
         m_notices.add(Notice::noSessionBus);
@@ -160,9 +163,27 @@ void QuillbarApp::showPreferences(const QString& token) {
     window.open(PanelWindow::AskedBy::command);
 }
 
+void QuillbarApp::toggleDiscreet() {
+    LabelPreferences label = m_preferences.preferences()->label;
+    label.isDiscreet = !label.isDiscreet;
+    m_preferences.setLabel(label);
+}
+
 void QuillbarApp::refreshFace() {
+    const Preferences& preferences = *m_preferences.preferences();
     m_item.show(LabelFace::of(
-        m_faceSource.snapshot(), systemClock()(), m_preferences.preferences()->changeColors));
+        m_faceSource.snapshot(), systemClock()(), preferences.changeColors, preferences.label));
+}
+
+void QuillbarApp::refreshMenu() {
+    std::vector<MenuEntry> entries{
+        MenuEntry{.id = kHideNumbers,
+                  .label = QStringLiteral("隐藏数字"),
+                  .mark = MenuEntry::Mark::check,
+                  .isOn = m_preferences.preferences()->label.isDiscreet},
+        MenuEntry{.id = kAboveSettings, .kind = MenuEntry::Kind::separator}};
+    entries.insert(entries.end(), m_settings.entries()->begin(), m_settings.entries()->end());
+    m_item.setMenu(entries);
 }
 
 Task<void> QuillbarApp::refreshFaceEachMinute() {
@@ -190,6 +211,8 @@ void QuillbarApp::activate(std::optional<QPoint> anchor, ActivationSource source
 void QuillbarApp::chooseFromMenu(int id, std::optional<QPoint> anchor) {
     if (id == StatusItem::kQuit) {
         QCoreApplication::quit();
+    } else if (id == kHideNumbers) {
+        toggleDiscreet();
     } else if (m_settings.choose(id) == SettingsMenu::Choice::wantsPreferences) {
         PanelWindow& window = panelAskedFor();
         m_panelView->showPreferences();

@@ -79,12 +79,16 @@ public:
     void showPanel(const QString& token);
     /// Shows the panel with its page of preferences.
     void showPreferences(const QString& token);
+    /// Hides the numbers in the status area and from the programs that pass the label on, or shows
+    /// them again.
+    void toggleDiscreet();
 
     /// The label, for programs that pass it on. Lives as long as this object.
     [[nodiscard]] LabelSource& labelSource() noexcept { return m_labelSource; }
 
 private:
     void refreshFace();
+    void refreshMenu();
     Task<void> refreshFaceEachMinute();
     Task<void> startServicesInTime();
     void startServices();

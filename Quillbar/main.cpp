@@ -88,15 +88,20 @@ private:
         case ApplicationAction::showPreferences:
             m_app->showPreferences(token);
             break;
+        case ApplicationAction::toggleDiscreet:
+            m_app->toggleDiscreet();
+            break;
         case ApplicationAction::quit:
             QCoreApplication::quit();
             break;
         }
     }
 
-    /// What the first start does for an action that shows something.
+    /// What the first start does for an action.
     void show(ApplicationAction action, const QString& token) {
-        if (action == ApplicationAction::showPreferences) {
+        if (action == ApplicationAction::toggleDiscreet) {
+            m_app->toggleDiscreet();
+        } else if (action == ApplicationAction::showPreferences) {
             m_app->showPreferences(token);
         } else {
             m_app->showPanel(token);

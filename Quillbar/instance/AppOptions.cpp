@@ -19,6 +19,7 @@ constexpr std::string_view kHelp = R"(用法:quillbar [选项]
   --show           显示面板
   --toggle         显示或隐藏面板,适合绑定快捷键
   --preferences    显示偏好设置
+  --discreet       隐藏或重新显示状态栏里的数字,适合绑定快捷键
   --quit           退出正在运行的程序
   --background     在后台启动,不打开面板,适合开机自启;已在运行时什么也不做
   --help           显示本说明
@@ -44,6 +45,9 @@ std::optional<AppOptions> requestOf(std::string_view option) {
     }
     if (option == "--preferences") {
         return AppOptions{.action = ApplicationAction::showPreferences};
+    }
+    if (option == "--discreet") {
+        return AppOptions{.action = ApplicationAction::toggleDiscreet};
     }
     if (option == "--quit") {
         return AppOptions{.action = ApplicationAction::quit};
@@ -72,7 +76,7 @@ std::variant<AppOptions, AppInformation, AppUsageError> parseAppOptions(
         }
         if (options != AppOptions{} && options != *request) {
             return AppUsageError{
-                "--show、--toggle、--preferences、--quit 与 --background 只能使用其一"};
+                "--show、--toggle、--preferences、--discreet、--quit 与 --background 只能使用其一"};
         }
         options = *request;
     }

@@ -12,6 +12,8 @@ std::string_view actionName(ApplicationAction action) {
         return "show-panel";
     case ApplicationAction::showPreferences:
         return "show-preferences";
+    case ApplicationAction::toggleDiscreet:
+        return "toggle-discreet";
     case ApplicationAction::quit:
         return "quit";
     }
@@ -22,6 +24,7 @@ std::optional<ApplicationAction> actionNamed(std::string_view name) {
     for (const auto action : {ApplicationAction::togglePanel,
                               ApplicationAction::showPanel,
                               ApplicationAction::showPreferences,
+                              ApplicationAction::toggleDiscreet,
                               ApplicationAction::quit}) {
         if (name == actionName(action)) {
             return action;

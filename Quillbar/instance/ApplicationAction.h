@@ -8,10 +8,10 @@
 namespace quillbar {
 
 /// What one start of the application asks of the one that runs.
-enum class ApplicationAction { togglePanel, showPanel, showPreferences, quit };
+enum class ApplicationAction { togglePanel, showPanel, showPreferences, toggleDiscreet, quit };
 
 /// The action's name on the bus and in the desktop file: "toggle-panel", "show-panel",
-/// "show-preferences", "quit". Ends with a null character.
+/// "show-preferences", "toggle-discreet", "quit". Ends with a null character.
 [[nodiscard]] std::string_view actionName(ApplicationAction action);
 
 /// The action of exactly this name; absent for any other.

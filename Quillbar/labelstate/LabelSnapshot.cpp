@@ -35,6 +35,17 @@ LabelSnapshot LabelSnapshot::of(const AppState& state, const Coin& coin) {
     return snapshotOf(state, state.quoteOf(coin));
 }
 
+LabelSnapshot LabelSnapshot::hidden() const {
+    LabelSnapshot result;
+    result.quote.basis = quote.basis;
+    result.quote.connection = quote.connection;
+    result.text = result.quote.text();
+    result.failure = failure;
+    result.lastError = lastError;
+    result.isDiscreet = true;
+    return result;
+}
+
 ConnectionState LabelSnapshot::visibleConnection() const {
     return failure && quote.connection == ConnectionState::connected ? ConnectionState::connecting
                                                                      : quote.connection;

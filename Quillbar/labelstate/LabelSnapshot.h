@@ -25,12 +25,18 @@ struct LabelSnapshot final {
     std::optional<std::string> failure = std::nullopt;
     /// The message about an edit that was not saved.
     std::optional<std::string> lastError = std::nullopt;
+    /// Whether the user has hidden the numbers. Then there is no coin, and no time of an update; it
+    /// is known only in the process that has the state.
+    bool isDiscreet = false;
 
     /// Reads the application's state: the label of the pinned coin.
     [[nodiscard]] static LabelSnapshot of(const AppState& state);
 
     /// What the label would say of this coin, which is on the state's list.
     [[nodiscard]] static LabelSnapshot of(const AppState& state, const Coin& coin);
+
+    /// The same snapshot without the coin and everything that is known of it: "Quillbar".
+    [[nodiscard]] LabelSnapshot hidden() const;
 
     /// The connection as the user is told. After a failure, a new connection counts as being made
     /// until it has delivered something, because it may fail again.

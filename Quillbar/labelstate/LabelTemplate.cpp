@@ -23,6 +23,10 @@ bool beginsCharacter(char byte) {
     return (static_cast<unsigned char>(byte) & 0xC0U) != 0x80U;
 }
 
+bool isOfSpaces(std::string_view text) {
+    return text.find_first_not_of(' ') == std::string_view::npos;
+}
+
 }  // namespace
 
 /// Reads one template, from its beginning to the end or to the first mistake.
@@ -195,16 +199,48 @@ std::string LabelTemplate::text(const PinnedQuote& quote) const {
     }
     std::string text;
     for (const Part& part : m_parts) {
-        if (const auto* const literal = std::get_if<std::string>(&part)) {
-            text += *literal;
-            continue;
-        }
-        const auto& field = std::get<Field>(part);
-        const std::string value = fieldText(field, quote);
-        text += field.side == Side::right ? fmt::format("{:>{}}", value, field.width)
-                                          : fmt::format("{:<{}}", value, field.width);
+        text += partText(part, quote);
     }
     return text;
+}
+
+std::string LabelTemplate::changeAtEnd(const PinnedQuote& quote) const {
+    if (!quote.showsPrice() || !quote.changePercent) {
+        return {};
+    }
+    std::string text;
+    std::string change;
+    for (auto part = m_parts.rbegin(); part != m_parts.rend(); ++part) {
+        const auto* const field = std::get_if<Field>(&*part);
+        const bool tellsChange =
+            field != nullptr && (field->kind == Kind::change || field->kind == Kind::arrow);
+        const bool isSpace = field == nullptr && isOfSpaces(std::get<std::string>(*part));
+        if (!tellsChange && !isSpace) {
+            break;
+        }
+        text = partText(*part, quote) + text;
+        if (tellsChange) {
+            change = text;
+        }
+    }
+    return change;
+}
+
+bool LabelTemplate::has(Kind kind) const {
+    return std::ranges::any_of(m_parts, [kind](const Part& part) {
+        const auto* const field = std::get_if<Field>(&part);
+        return field != nullptr && field->kind == kind;
+    });
+}
+
+std::string LabelTemplate::partText(const Part& part, const PinnedQuote& quote) const {
+    if (const auto* const literal = std::get_if<std::string>(&part)) {
+        return *literal;
+    }
+    const auto& field = std::get<Field>(part);
+    const std::string value = fieldText(field, quote);
+    return field.side == Side::right ? fmt::format("{:>{}}", value, field.width)
+                                     : fmt::format("{:<{}}", value, field.width);
 }
 
 std::string LabelTemplate::fieldText(const Field& field, const PinnedQuote& quote) const {

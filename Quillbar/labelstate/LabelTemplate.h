@@ -56,6 +56,16 @@ public:
     /// between the fields is not. Pure; for any thread.
     [[nodiscard]] std::string text(const PinnedQuote& quote) const;
 
+    /// The change with its arrow where they end the text, "▲ 1.23%": what the fields of change and
+    /// arrow write behind all others, with the spaces between them. Empty when the template ends
+    /// otherwise, and while there is no current price or no change. Pure; for any thread.
+    [[nodiscard]] std::string changeAtEnd(const PinnedQuote& quote) const;
+
+    /// Which fields the template has; for the change, an arrow is enough.
+    [[nodiscard]] bool hasSymbol() const { return has(Kind::symbol); }
+    [[nodiscard]] bool hasPrice() const { return has(Kind::price); }
+    [[nodiscard]] bool hasChange() const { return has(Kind::change) || m_hasArrow; }
+
     [[nodiscard]] bool operator==(const LabelTemplate&) const = default;
 
 private:
@@ -77,6 +87,8 @@ private:
 
     LabelTemplate() = default;
 
+    [[nodiscard]] bool has(Kind kind) const;
+    [[nodiscard]] std::string partText(const Part& part, const PinnedQuote& quote) const;
     [[nodiscard]] std::string fieldText(const Field& field, const PinnedQuote& quote) const;
 
     std::vector<Part> m_parts;

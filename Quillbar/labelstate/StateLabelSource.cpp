@@ -8,12 +8,17 @@
 
 namespace quillbar {
 
-StateLabelSource::StateLabelSource(const AppState& state, const Observed<bool>& isStarted)
+StateLabelSource::StateLabelSource(const AppState& state,
+                                   const Observed<bool>& isStarted,
+                                   const Observed<Preferences>* preferences)
     : m_state(state)
-    , m_isStarted(isStarted) {}
+    , m_isStarted(isStarted)
+    , m_preferences(preferences) {}
 
 LabelSnapshot StateLabelSource::snapshot() const {
-    return LabelSnapshot::of(m_state);
+    const LabelSnapshot snapshot = LabelSnapshot::of(m_state);
+    const bool isDiscreet = m_preferences != nullptr && m_preferences->get().label.isDiscreet;
+    return isDiscreet ? snapshot.hidden() : snapshot;
 }
 
 bool StateLabelSource::isStarted() const {
@@ -31,6 +36,9 @@ void StateLabelSource::observe(std::function<void()> onChange) {
     m_observations.emplace_back(m_state.connectionFailure().observe(changed));
     m_observations.emplace_back(m_state.lastError().observe(changed));
     m_observations.emplace_back(m_isStarted.observe(changed));
+    if (m_preferences != nullptr) {
+        m_observations.emplace_back(m_preferences->observe(changed));
+    }
 }
 
 }  // namespace quillbar

@@ -4,6 +4,7 @@
 
 #include "Quillbar/labelstate/LabelSource.h"
 #include "QuillbarCore/runtime/Observed.h"
+#include "QuillbarCore/state/Preferences.h"
 
 #include <functional>
 #include <vector>
@@ -12,10 +13,14 @@ namespace quillbar {
 
 class AppState;
 
-/// The label of this process's own state. Main thread; what it is handed outlives it.
+/// The label of this process's own state, and the one list of what changes it. Main thread; what it
+/// is handed outlives it.
 class StateLabelSource final : public LabelSource {
 public:
-    StateLabelSource(const AppState& state, const Observed<bool>& isStarted);
+    /// With `preferences`, the label is hidden while they say so, and each of their changes is told.
+    StateLabelSource(const AppState& state,
+                     const Observed<bool>& isStarted,
+                     const Observed<Preferences>* preferences = nullptr);
 
     [[nodiscard]] LabelSnapshot snapshot() const override;
     [[nodiscard]] bool isStarted() const override;
@@ -24,6 +29,7 @@ public:
 private:
     const AppState& m_state;
     const Observed<bool>& m_isStarted;
+    const Observed<Preferences>* m_preferences;
     std::function<void()> m_onChange;
     std::vector<Observation> m_observations;
 };

@@ -3,6 +3,7 @@
 #include "Quillbar/tray/LabelFace.h"
 
 #include "Quillbar/labelstate/ConnectionName.h"
+#include "Quillbar/labelstate/LabelWords.h"
 #include "Quillbar/text/AgeText.h"
 #include "Quillbar/text/OneLineText.h"
 #include "Quillbar/text/PinHint.h"
@@ -75,6 +76,16 @@ QString withWideDigits(QString text) {
     return text;
 }
 
+// Without the reason of a failure, which may name a number.
+QString discreetDetailsOf(const LabelSnapshot& snapshot) {
+    QStringList lines{QStringLiteral("数字已隐藏"),
+                      QString::fromUtf8(displayName(snapshot.visibleConnection()))};
+    if (snapshot.lastError) {
+        lines << OneLineText::of(*snapshot.lastError);
+    }
+    return lines.join(u'\n');
+}
+
 QString detailsOf(const LabelSnapshot& snapshot, TimePoint now) {
     QStringList lines;
     if (!snapshot.quote.coin) {
@@ -91,11 +102,34 @@ QString detailsOf(const LabelSnapshot& snapshot, TimePoint now) {
     return lines.join(u'\n');
 }
 
+void setWording(LabelFace& face, const LabelWords& words) {
+    face.worded = shortened(OneLineText::of(words.text));
+    if (face.worded.trimmed().isEmpty() || face.worded == face.text) {
+        face.worded.clear();
+    }
+    face.change = OneLineText::of(words.change);
+    face.showsSymbol = words.showsSymbol;
+    face.showsPrice = words.showsPrice;
+    face.showsChange = words.showsChange;
+    const bool isLive = face.direction != LabelDirection::stale;
+    if (!face.showsChange && isLive) {
+        face.direction = LabelDirection::flat;
+    }
+}
+
 }  // namespace
 
-LabelFace LabelFace::of(const LabelSnapshot& snapshot, TimePoint now, ChangeColors changeColors) {
+LabelFace LabelFace::of(const LabelSnapshot& snapshot,
+                        TimePoint now,
+                        ChangeColors changeColors,
+                        const LabelPreferences& label) {
     LabelFace face;
     face.changeColors = changeColors;
+    if (snapshot.isDiscreet) {
+        face.isDiscreet = true;
+        face.details = discreetDetailsOf(snapshot);
+        return face;
+    }
     // Some hosts hide an item whose label is empty.
     if (const QString text = shortened(OneLineText::of(snapshot.text)); !text.trimmed().isEmpty()) {
         face.text = text;
@@ -111,22 +145,29 @@ LabelFace LabelFace::of(const LabelSnapshot& snapshot, TimePoint now, ChangeColo
             face.change = QString::fromStdString(PriceFormatter::menuBarChange(percent));
         }
     }
+    face.direction = quote.direction();
+    if (label.wording != LabelWording::symbolPriceChange) {
+        setWording(face, LabelWords::of(quote, label));
+    }
     // If the text was cut within the change, there is no arrow.
-    if (!face.text.endsWith(face.change)) {
+    if (!face.label().endsWith(face.change)) {
         face.change.clear();
     }
-    face.direction = quote.direction();
     face.details = detailsOf(snapshot, now);
     return face;
 }
 
 QString LabelFace::guide() const {
     if (change.isEmpty()) {
-        return withWideDigits(text);
+        return withWideDigits(label());
     }
     // An arrow is wider than the point for no change, and a digit is wider than a space.
-    const QString number = change.mid(1).replace(u' ', u'8');
-    return withWideDigits(text.chopped(change.size())) + u'▲' + withWideDigits(number);
+    QString number = change;
+    for (const QChar mark : {u'▼', u'·'}) {
+        number.replace(mark, u'▲');
+    }
+    number.replace(u' ', u'8').replace(u'-', u'+');
+    return withWideDigits(label().chopped(change.size())) + withWideDigits(number);
 }
 
 }  // namespace quillbar

@@ -60,6 +60,10 @@ QFont fontOfPixels(double pixels) {
     return font;
 }
 
+bool isMark(QChar character) {
+    return character == kUpMark || character == kDownMark || character == kFlatMark;
+}
+
 // The whole text in three pieces. The arrow takes the same width in every direction, and so does
 // the number behind it with one digit before its point or with two.
 struct WideText {
@@ -69,8 +73,9 @@ struct WideText {
 
     explicit WideText(const LabelPicture& picture)
         : lead(picture.upper.chopped(picture.lower.size()))
-        , mark(picture.lower.left(1))
-        , change(picture.lower.mid(1).trimmed()) {}
+        , mark(!picture.lower.isEmpty() && isMark(picture.lower.front()) ? picture.lower.left(1)
+                                                                         : QString())
+        , change(picture.lower.mid(mark.size()).trimmed()) {}
 
     [[nodiscard]] double markSlot(const QFont& font) const {
         if (mark.isEmpty()) {
@@ -188,6 +193,9 @@ void drawStrongly(QPainter& painter,
 
 // Draws one line of a square so that it stands on the baseline, given in design pixels.
 void drawLine(QPainter& painter, const QString& line, int designBaseline, int height) {
+    if (line.isEmpty()) {
+        return;
+    }
     constexpr double kPixels = 11;
     const double scale = height / kDesignHeight;
     const int baseline = static_cast<int>(std::lround(designBaseline * scale));
@@ -208,13 +216,15 @@ void drawLine(QPainter& painter, const QString& line, int designBaseline, int he
 QImage drawnSquare(const LabelPicture& picture, int height) {
     constexpr int kUpperBaseline = 10;
     constexpr int kLowerBaseline = 20;
+    constexpr int kSingleBaseline = 15;
+    const bool isSingle = picture.upper.isEmpty() || picture.lower.isEmpty();
     QImage image = blank(height, height, picture.ground);
     QPainter painter(&image);
     painter.setOpacity(opacityOf(picture.direction));
     painter.setPen(kTextColor);
-    drawLine(painter, picture.upper, kUpperBaseline, height);
+    drawLine(painter, picture.upper, isSingle ? kSingleBaseline : kUpperBaseline, height);
     painter.setPen(changeColor(picture));
-    drawLine(painter, picture.lower, kLowerBaseline, height);
+    drawLine(painter, picture.lower, isSingle ? kSingleBaseline : kLowerBaseline, height);
     return image;
 }
 
@@ -239,6 +249,31 @@ QImage drawnMark(int height, PictureGround ground) {
     return image;
 }
 
+// The two lines of a square, of which the lower one alone has a colour.
+void fillSquare(LabelPicture& picture, const LabelFace& face, SquareTop top) {
+    if (face.shortPrice.isEmpty()) {
+        picture.upper = face.symbol;
+        picture.lower = face.symbol.isEmpty() ? QString() : QStringLiteral("…");
+        return;
+    }
+    const bool wantsName = face.showsSymbol || top == SquareTop::name;
+    if (face.showsChange) {
+        picture.lower = face.shortChange.isEmpty() ? QStringLiteral("—") : face.shortChange;
+        if (face.showsPrice && top == SquareTop::price) {
+            picture.upper = face.shortPrice;
+        } else if (wantsName) {
+            picture.upper = face.symbol;
+        }
+    } else if (face.showsPrice && wantsName) {
+        picture.upper = face.symbol;
+        picture.lower = face.shortPrice;
+    } else if (face.showsPrice) {
+        picture.upper = face.shortPrice;
+    } else if (face.showsSymbol) {
+        picture.upper = face.symbol;
+    }
+}
+
 }  // namespace
 
 LabelPicture LabelPicture::of(const LabelFace& face,
@@ -248,21 +283,18 @@ LabelPicture LabelPicture::of(const LabelFace& face,
     LabelPicture picture;
     picture.form = form;
     picture.ground = ground;
+    if (face.isDiscreet) {
+        return picture;
+    }
     switch (form) {
     case LabelForm::text:
         return picture;
     case LabelForm::widePicture:
-        picture.upper = face.text;
+        picture.upper = face.label();
         picture.lower = face.change;
         break;
     case LabelForm::square:
-        if (face.shortPrice.isEmpty()) {
-            picture.upper = face.symbol;
-            picture.lower = face.symbol.isEmpty() ? QString() : QStringLiteral("…");
-        } else {
-            picture.upper = top == SquareTop::price ? face.shortPrice : face.symbol;
-            picture.lower = face.shortChange.isEmpty() ? QStringLiteral("—") : face.shortChange;
-        }
+        fillSquare(picture, face, top);
         break;
     }
     picture.direction = face.direction;
@@ -271,7 +303,7 @@ LabelPicture LabelPicture::of(const LabelFace& face,
 }
 
 QImage LabelPicture::drawn(int height) const {
-    if (upper.isEmpty()) {
+    if (upper.isEmpty() && lower.isEmpty()) {
         return drawnMark(height, ground);
     }
     return form == LabelForm::widePicture ? drawnWide(*this, height) : drawnSquare(*this, height);

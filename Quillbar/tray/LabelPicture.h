@@ -27,7 +27,7 @@ enum class PictureGround {
     own,
 };
 
-/// The upper line of a square that has a price.
+/// The upper line of a square that has a price: what the wording says, or the coin.
 enum class SquareTop { price, name };
 
 /// What one picture of the status item shows. A plain value, cheap to make and to compare: equal
@@ -35,19 +35,23 @@ enum class SquareTop { price, name };
 struct LabelPicture final {
     LabelForm form = LabelForm::square;
     PictureGround ground = PictureGround::own;
-    /// The upper line of a square, or the whole text; a picture without one shows the
-    /// application's mark.
+    /// The upper line of a square, or the whole text.
     QString upper = {};
-    /// The lower line of a square, or the change at the end of the whole text.
+    /// The lower line of a square, or the change at the end of the whole text, in the colour of the
+    /// direction. A line without the other stands in the middle of the square; without both, the
+    /// picture is the application's mark.
     QString lower = {};
     LabelDirection direction = LabelDirection::stale;
     ChangeColors changeColors = ChangeColors::greenUp;
 
     [[nodiscard]] bool operator==(const LabelPicture&) const = default;
 
-    /// The picture of the face in this form. Beside a text that the host draws, it is the mark. A
-    /// square has the price or the coin over the change, the coin over an ellipsis while there is
-    /// no price, or the mark while nothing is pinned.
+    /// The picture of the face in this form. Beside a text that the host draws, and while the numbers
+    /// are hidden, it is the mark. A square has the price or the coin over the change, the coin over
+    /// an ellipsis while there is no price, or the mark while nothing is pinned.
+    ///
+    /// Where the user's wording leaves something out, so does the square: coin and price make the
+    /// coin over the price, and a single one stands alone. A wording without any is the mark.
     [[nodiscard]] static LabelPicture of(const LabelFace& face,
                                          LabelForm form,
                                          PictureGround ground,

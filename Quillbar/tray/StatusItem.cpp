@@ -85,7 +85,9 @@ void StatusItem::show(const LabelFace& face) {
     }
     const bool isFirst = !m_face;
     m_face = face;
-    m_pinAnnouncement.pinnedIs(face.symbol);
+    if (!face.isDiscreet) {
+        m_pinAnnouncement.pinnedIs(face.symbol);
+    }
     if (isFirst) {
         begin();
     }
@@ -181,7 +183,7 @@ void StatusItem::refreshItem() {
         m_picture = picture;
         m_item.setPictures([host = m_host, picture] { return hostPictures(host, picture); });
     }
-    m_item.setLabel(m_face->text,
+    m_item.setLabel(m_face->label(),
                     m_face->guide(),
                     m_host.label == TrayHost::Label::shown
                         ? StatusNotifierItem::Announcement::sent

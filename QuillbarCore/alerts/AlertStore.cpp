@@ -47,14 +47,6 @@ const ordered_json& requiredList(const ordered_json& object, const char* key) {
     return member;
 }
 
-bool requiredTruth(const ordered_json& object, const char* key) {
-    const ordered_json& member = JSONDocument::requiredMember(object, key);
-    if (!member.is_boolean()) {
-        throw DocumentError(fmt::format("\"{}\" is neither true nor false", key));
-    }
-    return member.get<bool>();
-}
-
 double requiredFinite(const ordered_json& object, const char* key) {
     const double number = JSONDocument::requiredNumber(object, key);
     if (!std::isfinite(number)) {
@@ -96,7 +88,7 @@ Alert alertFromJSON(const ordered_json& value, std::int64_t greatestNumber) {
     if (JSONDocument::optionalMember(value, kNote) != nullptr) {
         alert.note = JSONDocument::requiredString(value, kNote);
     }
-    alert.isArmed = requiredTruth(value, kArmed);
+    alert.isArmed = JSONDocument::requiredTruth(value, kArmed);
     if (!alert.isSound()) {
         throw DocumentError(fmt::format("alert {} is not sound", alert.id));
     }
@@ -110,7 +102,7 @@ FiredAlert firedFromJSON(const ordered_json& value, std::int64_t greatestNumber)
     fired.price = requiredFinite(value, kPrice);
     fired.changePercent = requiredFinite(value, kChange);
     fired.time = requiredWithin(value, kTime, 0, kLatestTime);
-    fired.isMeanwhile = requiredTruth(value, kMeanwhile);
+    fired.isMeanwhile = JSONDocument::requiredTruth(value, kMeanwhile);
     return fired;
 }
 

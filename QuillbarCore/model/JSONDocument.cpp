@@ -167,6 +167,14 @@ double requiredNumber(const ordered_json& object, const char* key) {
     return member.get<double>();
 }
 
+bool requiredTruth(const ordered_json& object, const char* key) {
+    const ordered_json& member = requiredMember(object, key);
+    if (!member.is_boolean()) {
+        throw DocumentError(fmt::format("\"{}\" is neither true nor false", key));
+    }
+    return member.get<bool>();
+}
+
 void refuseRawText(const char* key, std::string_view rawText) {
     throw DocumentError(fmt::format(R"("{}" cannot be "{}")", key, rawText));
 }

@@ -49,6 +49,9 @@ inline constexpr int kMaximumValues = 1'000'000;
 /// The number of that key. Throws DocumentError when it is absent or no number.
 [[nodiscard]] double requiredNumber(const nlohmann::ordered_json& object, const char* key);
 
+/// The truth value of that key. Throws DocumentError when it is absent or no truth value.
+[[nodiscard]] bool requiredTruth(const nlohmann::ordered_json& object, const char* key);
+
 /// Throws the DocumentError of a key whose string stands for nothing.
 [[noreturn]] void refuseRawText(const char* key, std::string_view rawText);
 

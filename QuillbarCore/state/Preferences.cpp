@@ -15,4 +15,10 @@ Preferences Preferences::settingChangeColors(ChangeColors colors) const {
     return result;
 }
 
+Preferences Preferences::settingLabel(const LabelPreferences& preferences) const {
+    Preferences result = *this;
+    result.label = preferences;
+    return result;
+}
+
 }  // namespace quillbar

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "QuillbarCore/state/ChangeColors.h"
+#include "QuillbarCore/state/LabelPreferences.h"
 
 #include <cstdint>
 
@@ -17,6 +18,7 @@ struct Preferences final {
     /// Version of the stored document; kept by every edit.
     std::int64_t schemaVersion = kCurrentSchemaVersion;
     ChangeColors changeColors = ChangeColors::greenUp;
+    LabelPreferences label = {};
 
     /// The preferences of a first start: green for rising prices. The reference stays valid for the
     /// life of the process.
@@ -24,6 +26,7 @@ struct Preferences final {
 
     /// The preferences with this one field replaced.
     [[nodiscard]] Preferences settingChangeColors(ChangeColors colors) const;
+    [[nodiscard]] Preferences settingLabel(const LabelPreferences& preferences) const;
 
     [[nodiscard]] bool operator==(const Preferences&) const = default;
 };

@@ -15,13 +15,20 @@ void PreferencesState::setChangeColors(ChangeColors colors) {
     apply(m_preferences->settingChangeColors(colors));
 }
 
-void PreferencesState::apply(const Preferences& preferences) {
+void PreferencesState::setLabel(const LabelPreferences& label) {
+    LabelPreferences before = m_preferences->label;
+    before.ownTemplate = label.ownTemplate;
+    apply(m_preferences->settingLabel(label),
+          before == label ? AtomicFile::Durability::process : AtomicFile::Durability::powerCut);
+}
+
+void PreferencesState::apply(const Preferences& preferences, AtomicFile::Durability durability) {
     if (preferences == *m_preferences) {
         return;
     }
     m_preferences.set(preferences);
     try {
-        m_store.save(*m_preferences);
+        m_store.save(*m_preferences, durability);
         m_lastError.set(std::nullopt);
     } catch (const std::exception& error) {
         m_logger.error("failed to persist preferences: {}", error.what());

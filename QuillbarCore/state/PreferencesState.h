@@ -2,9 +2,11 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "QuillbarCore/runtime/AtomicFile.h"
 #include "QuillbarCore/runtime/Logger.h"
 #include "QuillbarCore/runtime/Observed.h"
 #include "QuillbarCore/state/ChangeColors.h"
+#include "QuillbarCore/state/LabelPreferences.h"
 #include "QuillbarCore/state/Preferences.h"
 #include "QuillbarCore/state/PreferencesStore.h"
 
@@ -35,8 +37,14 @@ public:
     /// save that fails is logged, keeps the edit in memory and sets `lastError`.
     void setChangeColors(ChangeColors colors);
 
+    /// The same for the item in the status area. While a template is typed, each of its versions is
+    /// an edit, so an edit of the template alone does not wait for the disk: a power cut a few
+    /// seconds later may cost it.
+    void setLabel(const LabelPreferences& label);
+
 private:
-    void apply(const Preferences& preferences);
+    void apply(const Preferences& preferences,
+               AtomicFile::Durability durability = AtomicFile::Durability::powerCut);
 
     PreferencesStore m_store;
     Logger m_logger{"PreferencesState"};

@@ -14,6 +14,39 @@ namespace {
 
 constexpr const char* kSchemaVersion = "schemaVersion";
 constexpr const char* kChangeColors = "changeColors";
+constexpr const char* kLabel = "label";
+constexpr const char* kWording = "wording";
+constexpr const char* kTemplate = "template";
+constexpr const char* kDiscreet = "discreet";
+
+LabelPreferences decodeLabel(const ordered_json& value) {
+    LabelPreferences label;
+    if (JSONDocument::optionalMember(value, kWording) != nullptr) {
+        label.wording = JSONDocument::requiredValue(value, kWording, labelWordingFromRawValue);
+    }
+    if (JSONDocument::optionalMember(value, kTemplate) != nullptr) {
+        label.ownTemplate = JSONDocument::requiredString(value, kTemplate);
+    }
+    if (JSONDocument::optionalMember(value, kDiscreet) != nullptr) {
+        label.isDiscreet = JSONDocument::requiredTruth(value, kDiscreet);
+    }
+    return label;
+}
+
+ordered_json encodeLabel(const LabelPreferences& label) {
+    const LabelPreferences usual;
+    ordered_json value;
+    if (label.wording != usual.wording) {
+        value[kWording] = rawValue(label.wording);
+    }
+    if (label.ownTemplate != usual.ownTemplate) {
+        value[kTemplate] = label.ownTemplate;
+    }
+    if (label.isDiscreet) {
+        value[kDiscreet] = true;
+    }
+    return value;
+}
 
 }  // namespace
 
@@ -29,6 +62,9 @@ Preferences PreferencesDocument::decode(std::string_view text) {
         preferences.changeColors =
             JSONDocument::requiredValue(value, kChangeColors, changeColorsFromRawValue);
     }
+    if (const auto* const label = JSONDocument::optionalMember(value, kLabel)) {
+        preferences.label = decodeLabel(*label);
+    }
     return preferences;
 }
 
@@ -36,6 +72,9 @@ std::string PreferencesDocument::encode(const Preferences& preferences) {
     ordered_json value;
     value[kSchemaVersion] = preferences.schemaVersion;
     value[kChangeColors] = rawValue(preferences.changeColors);
+    if (preferences.label != LabelPreferences{}) {
+        value[kLabel] = encodeLabel(preferences.label);
+    }
     return JSONDocument::compactText(value);
 }
 

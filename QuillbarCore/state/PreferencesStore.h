@@ -14,10 +14,12 @@ namespace quillbar {
 
 /// What is peculiar to the stored preferences, "preferences.json":
 ///
-///     {"schemaVersion":1,"changeColors":"redUp"}
+///     {"schemaVersion":1,"changeColors":"redUp","label":{"wording":"custom",
+///      "template":"{symbol} {price:.0}","discreet":true}}
 ///
 /// The version alone is required; what is absent has its default. A raw text that stands for nothing
-/// fails the whole document.
+/// fails the whole document, but for the template, which may be any text. Of the label only what is
+/// not the default is written.
 struct PreferencesDocument final {
     using Document = Preferences;
     static constexpr std::string_view kFileName = "preferences.json";

@@ -32,6 +32,7 @@ TEST(AppOptionsTest, eachActionHasItsOption) {
     EXPECT_EQ(optionsOf({"--show"}).action, ApplicationAction::showPanel);
     EXPECT_EQ(optionsOf({"--toggle"}).action, ApplicationAction::togglePanel);
     EXPECT_EQ(optionsOf({"--preferences"}).action, ApplicationAction::showPreferences);
+    EXPECT_EQ(optionsOf({"--discreet"}).action, ApplicationAction::toggleDiscreet);
     EXPECT_EQ(optionsOf({"--quit"}).action, ApplicationAction::quit);
 }
 
@@ -46,9 +47,10 @@ TEST(AppOptionsTest, anActionMayBeRepeatedButNotContradicted) {
     EXPECT_EQ(optionsOf({"--show", "--show"}).action, ApplicationAction::showPanel);
     EXPECT_EQ(optionsOf({"--background", "--background"}).manner, StartManner::background);
     const std::string contradiction =
-        "--show、--toggle、--preferences、--quit 与 --background 只能使用其一";
+        "--show、--toggle、--preferences、--discreet、--quit 与 --background 只能使用其一";
     EXPECT_EQ(errorOf({"--preferences", "--toggle"}), contradiction);
     EXPECT_EQ(errorOf({"--show", "--quit"}), contradiction);
+    EXPECT_EQ(errorOf({"--discreet", "--toggle"}), contradiction);
     EXPECT_EQ(errorOf({"--background", "--show"}), contradiction);
     EXPECT_EQ(errorOf({"--toggle", "--background"}), contradiction);
 }
@@ -59,6 +61,7 @@ TEST(AppOptionsTest, theHelpNamesEveryOptionAndVariable) {
     for (const char* const name : {"--show",
                                    "--toggle",
                                    "--preferences",
+                                   "--discreet",
                                    "--quit",
                                    "--background",
                                    "--version",

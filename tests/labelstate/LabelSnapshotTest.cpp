@@ -193,6 +193,36 @@ TEST_F(LabelSnapshotTest, isReadAnewForEachThingThatItSays) {
     EXPECT_EQ(told.size(), before + 1);
 }
 
+TEST_F(LabelSnapshotTest, hidesTheCoinAndEverythingKnownOfIt) {
+    startConnected(listOf({"BTC"}));
+    price("BTC", 101);
+    stream.fails({.kind = Kind::timedOut});
+    const LabelSnapshot hidden = snapshot().hidden();
+    LabelSnapshot expected;
+    expected.text = "Quillbar";
+    expected.quote.connection = ConnectionState::connected;
+    expected.failure = "连接超时";
+    expected.isDiscreet = true;
+    EXPECT_EQ(hidden, expected);
+    EXPECT_TRUE(isSettled(hidden, false)) << "nobody need wait for a price";
+}
+
+TEST_F(LabelSnapshotTest, isHiddenWhileThePreferencesSaySo) {
+    startConnected(listOf({"BTC"}));
+    price("BTC", 101);
+    const Observed<bool> isStarted(true);
+    Observed<Preferences> preferences;
+    StateLabelSource source(*state, isStarted, &preferences);
+    std::vector<LabelSnapshot> told;
+    source.observe([&] { told.push_back(source.snapshot()); });
+    preferences.set(Preferences{}.settingLabel({.isDiscreet = true}));
+    ASSERT_EQ(told.size(), 1U);
+    EXPECT_EQ(told.back(), snapshot().hidden());
+    preferences.set(Preferences{});
+    ASSERT_EQ(told.size(), 2U);
+    EXPECT_EQ(told.back(), snapshot());
+}
+
 TEST_F(LabelSnapshotTest, isReadAnewForEachFailure) {
     startConnected(listOf({"BTC"}));
     const Observed<bool> isStarted(true);

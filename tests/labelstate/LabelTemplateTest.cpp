@@ -179,6 +179,39 @@ TEST(LabelTemplate, isNotEmpty) {
     EXPECT_EQ(mistakeIn(""), "1 模板不能为空");
 }
 
+TEST(LabelTemplate, knowsTheChangeAtItsEnd) {
+    const auto changeAtEnd = [](const char* text, const PinnedQuote& quote = bitcoin()) {
+        return std::get<LabelTemplate>(LabelTemplate::parse(text)).changeAtEnd(quote);
+    };
+    EXPECT_EQ(changeAtEnd("{symbol} {price} {arrow} {change}"), "▲ 1.23%");
+    EXPECT_EQ(changeAtEnd("{price} {arrow}{change:>6}"), "▲ 1.23%");
+    EXPECT_EQ(changeAtEnd("{price} {change:.1}"), "+1.2%");
+    EXPECT_EQ(changeAtEnd("{change} {arrow} "), "1.23% ▲ ");
+    EXPECT_EQ(changeAtEnd("{arrow} {price} {change}"), "1.23%");
+    EXPECT_EQ(changeAtEnd("{arrow}"), "▲");
+    for (const char* const text : {"{change} {price}", "{change}!", "{symbol}", "  ", "BTC"}) {
+        EXPECT_EQ(changeAtEnd(text), "") << text;
+    }
+    EXPECT_EQ(changeAtEnd("{change}", bitcoinChangedBy(std::nullopt)), "");
+    PinnedQuote old = bitcoin();
+    old.freshness = PriceFreshness::none;
+    EXPECT_EQ(changeAtEnd("{change}", old), "") << "the text is the coin alone";
+}
+
+TEST(LabelTemplate, knowsItsFields) {
+    const auto fields = [](const char* text) {
+        const auto own = std::get<LabelTemplate>(LabelTemplate::parse(text));
+        return std::string(own.hasSymbol() ? "s" : "") + (own.hasPrice() ? "p" : "")
+               + (own.hasChange() ? "c" : "");
+    };
+    EXPECT_EQ(fields("{symbol} {price} {arrow} {change}"), "spc");
+    EXPECT_EQ(fields("{symbol}"), "s");
+    EXPECT_EQ(fields("now {price:.0}"), "p");
+    EXPECT_EQ(fields("{change}"), "c");
+    EXPECT_EQ(fields("{arrow}"), "c");
+    EXPECT_EQ(fields("{{price}}"), "");
+}
+
 TEST(LabelTemplate, equalsOnlyWhatWritesTheSame) {
     EXPECT_EQ(LabelTemplate::parse("{price:6}"), LabelTemplate::parse("{price:>6}"));
     EXPECT_NE(LabelTemplate::parse("{price:6}"), LabelTemplate::parse("{price:<6}"));

@@ -73,6 +73,16 @@ TEST(JSONDocument, readsTheNumberOfAKey) {
     }
 }
 
+TEST(JSONDocument, readsTheTruthOfAKey) {
+    const auto object = parse(R"({"yes":true,"no":false,"text":"true","number":1,"null":null})");
+    EXPECT_TRUE(JSONDocument::requiredTruth(object, "yes"));
+    EXPECT_FALSE(JSONDocument::requiredTruth(object, "no"));
+    for (const char* const key : {"text", "number", "null", "none"}) {
+        EXPECT_THROW(static_cast<void>(JSONDocument::requiredTruth(object, key)), DocumentError)
+            << key;
+    }
+}
+
 TEST(JSONDocument, refusesAnObjectWithMoreKeysThanAnyOfOurs) {
     const auto objectOf = [](int keys) {
         std::string text = R"({"inner":{"a":1})";

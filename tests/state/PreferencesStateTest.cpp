@@ -9,6 +9,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <optional>
 #include <string>
 #include <vector>
@@ -25,6 +26,9 @@ struct PreferencesStateTest : testing::Test {
     }
     [[nodiscard]] std::string stored() const {
         return contentsOf(folder.path() / "preferences.json");
+    }
+    [[nodiscard]] auto syncCount() const {
+        return std::count(files.calls.begin(), files.calls.end(), "fsync");
     }
 
     CapturedLog log;
@@ -54,6 +58,30 @@ TEST_F(PreferencesStateTest, anEditIsToldAndSavedAtOnce) {
     EXPECT_THAT(told, ElementsAre(ChangeColors::redUp));
     EXPECT_EQ(stored(), R"({"schemaVersion":1,"changeColors":"redUp"})");
     EXPECT_EQ(entryCount(folder.path()), 1U);
+}
+
+TEST_F(PreferencesStateTest, theLabelIsToldAndSavedAtOnce) {
+    PreferencesState state = started();
+    int told = 0;
+    const Observation observation =
+        state.preferences().observe([&](const Preferences& /*preferences*/) { ++told; });
+    state.setLabel({.isDiscreet = true});
+    state.setLabel({.isDiscreet = true});
+    EXPECT_EQ(told, 1);
+    EXPECT_TRUE(started().preferences()->label.isDiscreet);
+    state.setLabel({.ownTemplate = "{price}", .isDiscreet = true});
+    EXPECT_EQ(started().preferences()->label.ownTemplate, "{price}");
+}
+
+TEST_F(PreferencesStateTest, onlyATemplateThatIsTypedDoesNotWaitForTheDisk) {
+    PreferencesState state = started();
+    state.setLabel({.wording = LabelWording::custom});
+    const auto waited = syncCount();
+    EXPECT_GT(waited, 0);
+    state.setLabel({.wording = LabelWording::custom, .ownTemplate = "{price}"});
+    EXPECT_EQ(syncCount(), waited);
+    state.setLabel({.ownTemplate = "{price}"});
+    EXPECT_GT(syncCount(), waited);
 }
 
 TEST_F(PreferencesStateTest, theColorsThatAreSetAlreadyAreNotSavedAgain) {

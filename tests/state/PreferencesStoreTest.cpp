@@ -8,6 +8,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <string>
 #include <string_view>
 
 namespace quillbar {
@@ -66,6 +67,56 @@ TEST_F(PreferencesStoreTest, loadsTheWholeDefaultForValuesOfAnotherType) {
         SCOPED_TRACE(text);
         log.clear();
         EXPECT_EQ(load(text), Preferences::defaultPreferences());
+        EXPECT_EQ(log.lines().size(), 1U);
+    }
+}
+
+TEST_F(PreferencesStoreTest, storesOfTheLabelWhatIsNotItsDefault) {
+    const Preferences usual;
+    const auto stored = [&](const LabelPreferences& label) {
+        return PreferencesDocument::encode(usual.settingLabel(label));
+    };
+    EXPECT_EQ(stored({}), R"({"schemaVersion":1,"changeColors":"greenUp"})");
+    EXPECT_EQ(stored({.isDiscreet = true}),
+              R"({"schemaVersion":1,"changeColors":"greenUp","label":{"discreet":true}})");
+    EXPECT_EQ(stored({.wording = LabelWording::custom, .ownTemplate = "¥{price}"}),
+              R"({"schemaVersion":1,"changeColors":"greenUp",)"
+              R"("label":{"wording":"custom","template":"¥{price}"}})");
+}
+
+TEST_F(PreferencesStoreTest, loadsEveryLabelItCanHold) {
+    for (const LabelWording wording : kAllLabelWordings) {
+        const Preferences preferences = Preferences{}.settingLabel(
+            {.wording = wording, .ownTemplate = "", .isDiscreet = wording == LabelWording::price});
+        PreferencesStore(folder.path()).save(preferences);
+        EXPECT_EQ(PreferencesStore(folder.path()).load(), preferences);
+    }
+}
+
+TEST_F(PreferencesStoreTest, takesTheDefaultForWhatIsAbsentOfTheLabel) {
+    for (const std::string_view text :
+         {R"({"schemaVersion":1,"label":null})",
+          R"({"schemaVersion":1,"label":{}})",
+          R"({"schemaVersion":1,"label":{"wording":null,"template":null,"discreet":null}})",
+          R"({"schemaVersion":1,"label":{"discreet":false,"future":1}})"}) {
+        EXPECT_EQ(load(text), Preferences::defaultPreferences()) << text;
+    }
+    EXPECT_THAT(log.lines(), IsEmpty());
+}
+
+TEST_F(PreferencesStoreTest, loadsTheWholeDefaultForALabelThatCannotBe) {
+    for (const std::string_view label : {R"([])",
+                                         R"("price")",
+                                         R"({"wording":"Price"})",
+                                         R"({"wording":1})",
+                                         R"({"template":1})",
+                                         R"({"discreet":1})",
+                                         R"({"discreet":"true"})"}) {
+        SCOPED_TRACE(label);
+        log.clear();
+        EXPECT_EQ(load(R"({"schemaVersion":1,"changeColors":"redUp","label":)" + std::string(label)
+                       + "}"),
+                  Preferences::defaultPreferences());
         EXPECT_EQ(log.lines().size(), 1U);
     }
 }

@@ -13,11 +13,21 @@ TEST(Preferences, ofAFirstStartAreGreenForRising) {
     EXPECT_EQ(preferences.changeColors, ChangeColors::greenUp);
 }
 
+TEST(Preferences, ofAFirstStartWordTheLabelWithCoinPriceAndChange) {
+    const LabelPreferences& label = Preferences::defaultPreferences().label;
+    EXPECT_EQ(label.wording, LabelWording::symbolPriceChange);
+    EXPECT_EQ(label.ownTemplate, "{symbol} {price} {arrow} {change}");
+    EXPECT_FALSE(label.isDiscreet);
+}
+
 TEST(Preferences, anEditReplacesItsFieldAlone) {
     const Preferences before{7, ChangeColors::greenUp};
     EXPECT_EQ(before.settingChangeColors(ChangeColors::blueUp),
               (Preferences{7, ChangeColors::blueUp}));
     EXPECT_EQ(before.changeColors, ChangeColors::greenUp);
+    const LabelPreferences label{.wording = LabelWording::price, .isDiscreet = true};
+    EXPECT_EQ(before.settingLabel(label), (Preferences{7, ChangeColors::greenUp, label}));
+    EXPECT_FALSE(before.label.isDiscreet);
 }
 
 TEST(Preferences, areEqualWhenEveryFieldIs) {
@@ -25,6 +35,9 @@ TEST(Preferences, areEqualWhenEveryFieldIs) {
     EXPECT_EQ(preferences, (Preferences{1, ChangeColors::redUp}));
     EXPECT_NE(preferences, (Preferences{2, ChangeColors::redUp}));
     EXPECT_NE(preferences, (Preferences{1, ChangeColors::blueUp}));
+    EXPECT_NE(preferences, preferences.settingLabel({.wording = LabelWording::price}));
+    EXPECT_NE(preferences, preferences.settingLabel({.ownTemplate = "{price}"}));
+    EXPECT_NE(preferences, preferences.settingLabel({.isDiscreet = true}));
 }
 
 }  // namespace

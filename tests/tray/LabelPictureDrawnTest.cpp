@@ -74,6 +74,16 @@ std::vector<QColor> colorsIn(const QImage& image, const QRect& part) {
 constexpr QRect kUpperLine(0, 0, 22, 11);
 constexpr QRect kLowerLine(0, 11, 22, 11);
 
+TEST(LabelPictureDrawnTest, aLineAloneStandsInTheMiddleOfTheSquare) {
+    for (const int height : kSquareHeights) {
+        for (const LabelPicture& picture : {squareOf(QStringLiteral("67.2k"), QString()),
+                                            squareOf(QString(), QStringLiteral("67.2k"))}) {
+            const QRect ink = boundsOfInk(picture.drawn(height));
+            EXPECT_NEAR(ink.top() + ink.bottom() + 1, height, height / 8.0) << height;
+        }
+    }
+}
+
 TEST(LabelPictureDrawnTest, aSquareIsTwoLinesOfPixels) {
     const LabelPicture picture = squareOf(QStringLiteral("67.2k"), QStringLiteral("+1.2%"));
     EXPECT_EQ(inkOf(picture.drawn(22)),

@@ -68,6 +68,47 @@ TEST(LabelPicture, ofNothingPinnedIsTheMark) {
     EXPECT_EQ(picture.lower, QString());
 }
 
+TEST(LabelPicture, ofASquareLeavesOutWhatTheWordingDoes) {
+    const auto lines = [](bool symbol, bool price, bool change, SquareTop top = SquareTop::price) {
+        LabelFace worded = face(QStringLiteral("BTC 67,234.50 ▲ 1.23%"));
+        worded.showsSymbol = symbol;
+        worded.showsPrice = price;
+        worded.showsChange = change;
+        const LabelPicture picture =
+            LabelPicture::of(worded, LabelForm::square, PictureGround::darkBar, top);
+        return picture.upper + u'/' + picture.lower;
+    };
+    EXPECT_EQ(lines(true, true, false), QStringLiteral("BTC/67.2k"));
+    EXPECT_EQ(lines(false, true, false), QStringLiteral("67.2k/"));
+    EXPECT_EQ(lines(false, false, true), QStringLiteral("/+1.2%"));
+    EXPECT_EQ(lines(true, false, false), QStringLiteral("BTC/"));
+    EXPECT_EQ(lines(true, false, true), QStringLiteral("BTC/+1.2%"));
+    EXPECT_EQ(lines(false, true, true), QStringLiteral("67.2k/+1.2%"));
+    EXPECT_EQ(lines(false, false, false), QStringLiteral("/"));
+    EXPECT_EQ(lines(false, true, false, SquareTop::name), QStringLiteral("BTC/67.2k"));
+    EXPECT_EQ(lines(false, false, true, SquareTop::name), QStringLiteral("BTC/+1.2%"));
+}
+
+TEST(LabelPicture, ofTheWholeTextIsInTheUsersWording) {
+    LabelFace worded = face(QStringLiteral("BTC 67,234.50 ▲ 1.23%"));
+    worded.worded = QStringLiteral("67,234.50");
+    worded.change.clear();
+    const LabelPicture picture =
+        LabelPicture::of(worded, LabelForm::widePicture, PictureGround::darkBar);
+    EXPECT_EQ(picture.upper, worded.worded);
+    EXPECT_EQ(picture.lower, QString());
+}
+
+TEST(LabelPicture, ofHiddenNumbersIsTheMarkInEveryForm) {
+    LabelFace hidden;
+    hidden.isDiscreet = true;
+    for (const LabelForm form : {LabelForm::text, LabelForm::widePicture, LabelForm::square}) {
+        const LabelPicture picture = LabelPicture::of(hidden, form, PictureGround::darkBar);
+        EXPECT_EQ(picture.upper + picture.lower, QString());
+        EXPECT_EQ(picture.drawn(22).size(), QSize(22, 22));
+    }
+}
+
 TEST(LabelPicture, besideATextStaysTheSame) {
     const auto beside = [](const QString& text, LabelDirection direction) {
         return LabelPicture::of(face(text, direction), LabelForm::text, PictureGround::darkBar);

@@ -1,0 +1,52 @@
+// SPDX-FileCopyrightText: 2026 The Quillbar developers
+// SPDX-License-Identifier: MIT
+#include "QuillbarCore/state/LabelWording.h"
+
+namespace quillbar {
+
+std::string_view rawValue(LabelWording wording) {
+    switch (wording) {
+    case LabelWording::symbolPriceChange:
+        return "symbolPriceChange";
+    case LabelWording::symbolPrice:
+        return "symbolPrice";
+    case LabelWording::price:
+        return "price";
+    case LabelWording::change:
+        return "change";
+    case LabelWording::symbol:
+        return "symbol";
+    case LabelWording::custom:
+        break;
+    }
+    return "custom";
+}
+
+std::optional<LabelWording> labelWordingFromRawValue(std::string_view rawText) {
+    for (const LabelWording wording : kAllLabelWordings) {
+        if (rawValue(wording) == rawText) {
+            return wording;
+        }
+    }
+    return std::nullopt;
+}
+
+std::string_view displayName(LabelWording wording) {
+    switch (wording) {
+    case LabelWording::symbolPriceChange:
+        return "币种 价格 涨跌";
+    case LabelWording::symbolPrice:
+        return "币种 价格";
+    case LabelWording::price:
+        return "价格";
+    case LabelWording::change:
+        return "涨跌";
+    case LabelWording::symbol:
+        return "币种";
+    case LabelWording::custom:
+        break;
+    }
+    return "自定义";
+}
+
+}  // namespace quillbar

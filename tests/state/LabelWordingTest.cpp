@@ -1,0 +1,48 @@
+// SPDX-FileCopyrightText: 2026 The Quillbar developers
+// SPDX-License-Identifier: MIT
+#include "QuillbarCore/state/LabelWording.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <optional>
+#include <string_view>
+#include <vector>
+
+namespace quillbar {
+namespace {
+
+using testing::ElementsAre;
+
+TEST(LabelWording, areStoredAsTheirRawTextInTheDeclaredOrder) {
+    std::vector<std::string_view> rawTexts;
+    rawTexts.reserve(kAllLabelWordings.size());
+    for (const LabelWording wording : kAllLabelWordings) {
+        rawTexts.push_back(rawValue(wording));
+    }
+    EXPECT_THAT(
+        rawTexts,
+        ElementsAre("symbolPriceChange", "symbolPrice", "price", "change", "symbol", "custom"));
+}
+
+TEST(LabelWording, areBuiltFromTheirRawTextAndFromNoOther) {
+    for (const LabelWording wording : kAllLabelWordings) {
+        EXPECT_EQ(labelWordingFromRawValue(rawValue(wording)), wording);
+    }
+    for (const char* const text : {"", "Price", "symbolprice", "价格"}) {
+        EXPECT_EQ(labelWordingFromRawValue(text), std::nullopt) << text;
+    }
+}
+
+TEST(LabelWording, areNamedInChinese) {
+    std::vector<std::string_view> names;
+    names.reserve(kAllLabelWordings.size());
+    for (const LabelWording wording : kAllLabelWordings) {
+        names.push_back(displayName(wording));
+    }
+    EXPECT_THAT(names,
+                ElementsAre("币种 价格 涨跌", "币种 价格", "价格", "涨跌", "币种", "自定义"));
+}
+
+}  // namespace
+}  // namespace quillbar
