@@ -58,6 +58,10 @@ PreferencesView::PreferencesView(PreferencesState& preferences,
     refreshError();
 }
 
+void PreferencesView::add(PreferencesSection* section) {
+    m_sections->add(section);
+}
+
 int PreferencesView::heightFor(int width) const {
     const int inside = width - 2 * kHorizontalMargin;
     int height = m_sections->heightFor(inside) + kBottomMargin;

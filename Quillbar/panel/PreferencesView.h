@@ -13,6 +13,7 @@
 namespace quillbar {
 
 class ColorsSection;
+class PreferencesSection;
 class PreferencesState;
 class ScrollColumn;
 class ThemedLabel;
@@ -33,6 +34,9 @@ public:
     PreferencesView(PreferencesState& preferences,
                     std::function<ColorScheme()> scheme,
                     QWidget* parent = nullptr);
+
+    /// Adds a section below the others. The page owns it.
+    void add(PreferencesSection* section);
 
     /// The height that the page wants at that width; both in points.
     [[nodiscard]] int heightFor(int width) const;

@@ -34,7 +34,7 @@ ROOMS = {
     "Quillbar/chart": {"list", "text", "widgets"},
     "Quillbar/watchlist": {"coins", "list", "text", "widgets"},
     "Quillbar/boards": {"coins", "list", "text", "widgets"},
-    "Quillbar/panel": {"boards", "chart", "login", "text", "watchlist", "widgets"},
+    "Quillbar/panel": {"boards", "chart", "labelstate", "login", "text", "watchlist", "widgets"},
 }
 # The top puts them together.
 ROOMS["Quillbar"] = {room.partition("/")[2] for room in ROOMS}

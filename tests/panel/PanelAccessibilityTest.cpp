@@ -251,7 +251,15 @@ TEST_F(PanelAccessibilityTest, everyControlOfThePreferencesSaysWhatItIs) {
                             "Grouping '颜色'",
                             "RadioButton '绿涨红跌'*",
                             "RadioButton '红涨绿跌'",
-                            "RadioButton '蓝涨橙跌'"));
+                            "RadioButton '蓝涨橙跌'",
+                            "Heading '状态栏'",
+                            "Grouping '状态栏'",
+                            "RadioButton '币种 价格 涨跌'*",
+                            "RadioButton '币种 价格'",
+                            "RadioButton '价格'",
+                            "RadioButton '涨跌'",
+                            "RadioButton '币种'",
+                            "RadioButton '自定义'"));
 }
 
 TEST_F(PanelAccessibilityTest, aScreenReaderChoosesATab) {
