@@ -104,7 +104,14 @@ QuillbarApp::QuillbarApp(const std::optional<QDBusConnection>& bus,
            .onNoTray = [this] { goWithoutTray(); },
            .onTray = [this] { dropFromTray(); },
            .onOffered = [this] { startServices(); }})
-    , m_faceSource(m_services.appState(), m_services.isStarted(), &m_preferences.preferences())
+    , m_itemCoins({.state = m_services.appState(),
+                   .preferences = m_preferences.preferences(),
+                   .executor = *m_executor,
+                   .sleeper = m_sleeper})
+    , m_faceSource(m_services.appState(),
+                   m_services.isStarted(),
+                   &m_preferences.preferences(),
+                   &m_itemCoins)
     , m_labelSource(m_services.appState(), m_services.isStarted(), &m_preferences.preferences())
     , m_scope(*m_executor) {
     m_faceSource.observe([this] { refreshFace(); });

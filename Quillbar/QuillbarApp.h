@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "Quillbar/labelstate/ItemCoins.h"
 #include "Quillbar/labelstate/StateLabelSource.h"
 #include "Quillbar/login/AutostartEntry.h"
 #include "Quillbar/login/LaunchAtLogin.h"
@@ -129,6 +130,7 @@ private:
     // The panel's content, which it owns.
     PanelView* m_panelView = nullptr;
     StatusItem m_item;
+    ItemCoins m_itemCoins;
     // Two sources, because each has one observer: one for the item, and one for readers over the
     // bus.
     StateLabelSource m_faceSource;

@@ -7,6 +7,7 @@
 
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace quillbar {
 
@@ -25,6 +26,9 @@ struct LabelSnapshot final {
     std::optional<std::string> failure = std::nullopt;
     /// The message about an edit that was not saved.
     std::optional<std::string> lastError = std::nullopt;
+    /// What stands beside the label where there is room for several coins. Known only in the process
+    /// that has the state.
+    std::vector<PinnedQuote> beside = {};
     /// Whether the user has hidden the numbers. Then there is no coin, and no time of an update; it
     /// is known only in the process that has the state.
     bool isDiscreet = false;

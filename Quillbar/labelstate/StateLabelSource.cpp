@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "Quillbar/labelstate/StateLabelSource.h"
 
+#include "Quillbar/labelstate/ItemCoins.h"
 #include "QuillbarCore/state/AppState.h"
 
 #include <utility>
@@ -10,15 +11,27 @@ namespace quillbar {
 
 StateLabelSource::StateLabelSource(const AppState& state,
                                    const Observed<bool>& isStarted,
-                                   const Observed<Preferences>* preferences)
+                                   const Observed<Preferences>* preferences,
+                                   const ItemCoins* coins)
     : m_state(state)
     , m_isStarted(isStarted)
-    , m_preferences(preferences) {}
+    , m_preferences(preferences)
+    , m_coins(coins) {}
 
 LabelSnapshot StateLabelSource::snapshot() const {
-    const LabelSnapshot snapshot = LabelSnapshot::of(m_state);
-    const bool isDiscreet = m_preferences != nullptr && m_preferences->get().label.isDiscreet;
-    return isDiscreet ? snapshot.hidden() : snapshot;
+    if (m_preferences != nullptr && m_preferences->get().label.isDiscreet) {
+        return LabelSnapshot::of(m_state).hidden();
+    }
+    const ItemCoins::Shown shown = m_coins != nullptr ? *m_coins->shown() : ItemCoins::Shown{};
+    if (shown.instead && shown.instead->coin) {
+        return LabelSnapshot::of(m_state, *shown.instead->coin);
+    }
+    LabelSnapshot snapshot = LabelSnapshot::of(m_state);
+    // A price may have grown old since it was told.
+    for (const PinnedQuote& quote : shown.beside) {
+        snapshot.beside.push_back(m_state.quoteOf(quote.coin));
+    }
+    return snapshot;
 }
 
 bool StateLabelSource::isStarted() const {
@@ -38,6 +51,9 @@ void StateLabelSource::observe(std::function<void()> onChange) {
     m_observations.emplace_back(m_isStarted.observe(changed));
     if (m_preferences != nullptr) {
         m_observations.emplace_back(m_preferences->observe(changed));
+    }
+    if (m_coins != nullptr) {
+        m_observations.emplace_back(m_coins->shown().observe(changed));
     }
 }
 

@@ -8,6 +8,7 @@
 #include "Quillbar/panel/AlertLines.h"
 #include "Quillbar/panel/ConnectionBanner.h"
 #include "Quillbar/panel/ErrorLine.h"
+#include "Quillbar/panel/LabelCoinsSection.h"
 #include "Quillbar/panel/LabelSection.h"
 #include "Quillbar/panel/NoticeLines.h"
 #include "Quillbar/panel/PanelHeader.h"
@@ -137,6 +138,7 @@ void PanelView::showPreferences(Qt::FocusReason reason) {
             m_preferences, [this] { return scheme(); }, this);
         m_preferencesView->add(
             new LabelSection(m_preferences, m_environment.appState, m_preferencesView));
+        m_preferencesView->add(new LabelCoinsSection(m_preferences, m_preferencesView));
         layout()->addWidget(m_preferencesView);
     }
     // A menu would stay open over what is hidden, and act on it.

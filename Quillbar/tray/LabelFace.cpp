@@ -154,7 +154,24 @@ LabelFace LabelFace::of(const LabelSnapshot& snapshot,
         face.change.clear();
     }
     face.details = detailsOf(snapshot, now);
+    if (!snapshot.beside.empty()) {
+        setRow(face, snapshot, label);
+    }
     return face;
+}
+
+void LabelFace::setRow(LabelFace& face,
+                       const LabelSnapshot& snapshot,
+                       const LabelPreferences& label) {
+    const QString gap = QStringLiteral("  ");
+    face.row = face.label();
+    face.rowGuide = face.guide();
+    for (const PinnedQuote& quote : snapshot.beside) {
+        const LabelFace other =
+            of({.text = quote.text(), .quote = quote}, kDistantPast, face.changeColors, label);
+        face.row += gap + other.label();
+        face.rowGuide += gap + other.guide();
+    }
 }
 
 QString LabelFace::guide() const {

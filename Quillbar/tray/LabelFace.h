@@ -19,6 +19,11 @@ struct LabelFace final {
     QString text = QStringLiteral("Quillbar");
     /// The label in the user's wording, with the same limit; empty where that is `text`.
     QString worded;
+    /// The label with those of the coins beside it, two spaces between them, for a host that shows
+    /// text; each has the limit. Empty without any.
+    QString row;
+    /// What `guide()` is for the label, for the row.
+    QString rowGuide;
     /// The change with its arrow at the end of `label()`, "▲ 1.23%"; empty when it shows none there.
     QString change;
     /// The pinned coin's base asset, with the same limit; empty when none is pinned.
@@ -62,6 +67,11 @@ struct LabelFace final {
                                       TimePoint now,
                                       ChangeColors changeColors = ChangeColors::greenUp,
                                       const LabelPreferences& label = {});
+
+private:
+    static void setRow(LabelFace& face,
+                       const LabelSnapshot& snapshot,
+                       const LabelPreferences& label);
 };
 
 }  // namespace quillbar

@@ -183,8 +183,9 @@ void StatusItem::refreshItem() {
         m_picture = picture;
         m_item.setPictures([host = m_host, picture] { return hostPictures(host, picture); });
     }
-    m_item.setLabel(m_face->label(),
-                    m_face->guide(),
+    const bool isRow = m_host.form == LabelForm::text && !m_face->row.isEmpty();
+    m_item.setLabel(isRow ? m_face->row : m_face->label(),
+                    isRow ? m_face->rowGuide : m_face->guide(),
                     m_host.label == TrayHost::Label::shown
                         ? StatusNotifierItem::Announcement::sent
                         : StatusNotifierItem::Announcement::omitted);

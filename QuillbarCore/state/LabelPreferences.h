@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "QuillbarCore/state/LabelCoins.h"
 #include "QuillbarCore/state/LabelWording.h"
 
 #include <string>
@@ -16,6 +17,9 @@ struct LabelPreferences final {
     std::string ownTemplate = "{symbol} {price} {arrow} {change}";
     /// Whether the item shows no numbers, for example while others see the screen.
     bool isDiscreet = false;
+    LabelCoins coins = LabelCoins::pinned;
+    /// For how long each of the coins in turn is shown: one of `kAllRotationSeconds`.
+    int rotationSeconds = 10;
 
     [[nodiscard]] bool operator==(const LabelPreferences&) const = default;
 };

@@ -4,6 +4,8 @@
 
 #include "QuillbarCore/model/JSONDocument.h"
 
+#include <fmt/format.h>
+
 #include <nlohmann/json.hpp>
 
 namespace quillbar {
@@ -18,6 +20,18 @@ constexpr const char* kLabel = "label";
 constexpr const char* kWording = "wording";
 constexpr const char* kTemplate = "template";
 constexpr const char* kDiscreet = "discreet";
+constexpr const char* kCoins = "coins";
+constexpr const char* kEvery = "every";
+
+int decodeRotationSeconds(const ordered_json& value) {
+    const std::int64_t seconds = JSONDocument::requiredInteger(value, kEvery);
+    for (const int known : kAllRotationSeconds) {
+        if (seconds == known) {
+            return known;
+        }
+    }
+    throw DocumentError(fmt::format("\"{}\" cannot be {}", kEvery, seconds));
+}
 
 LabelPreferences decodeLabel(const ordered_json& value) {
     LabelPreferences label;
@@ -29,6 +43,12 @@ LabelPreferences decodeLabel(const ordered_json& value) {
     }
     if (JSONDocument::optionalMember(value, kDiscreet) != nullptr) {
         label.isDiscreet = JSONDocument::requiredTruth(value, kDiscreet);
+    }
+    if (JSONDocument::optionalMember(value, kCoins) != nullptr) {
+        label.coins = JSONDocument::requiredValue(value, kCoins, labelCoinsFromRawValue);
+    }
+    if (JSONDocument::optionalMember(value, kEvery) != nullptr) {
+        label.rotationSeconds = decodeRotationSeconds(value);
     }
     return label;
 }
@@ -44,6 +64,12 @@ ordered_json encodeLabel(const LabelPreferences& label) {
     }
     if (label.isDiscreet) {
         value[kDiscreet] = true;
+    }
+    if (label.coins != usual.coins) {
+        value[kCoins] = rawValue(label.coins);
+    }
+    if (label.rotationSeconds != usual.rotationSeconds) {
+        value[kEvery] = label.rotationSeconds;
     }
     return value;
 }

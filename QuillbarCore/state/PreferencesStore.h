@@ -15,10 +15,10 @@ namespace quillbar {
 /// What is peculiar to the stored preferences, "preferences.json":
 ///
 ///     {"schemaVersion":1,"changeColors":"redUp","label":{"wording":"custom",
-///      "template":"{symbol} {price:.0}","discreet":true}}
+///      "template":"{symbol} {price:.0}","discreet":true,"coins":"rotating","every":30}}
 ///
-/// The version alone is required; what is absent has its default. A raw text that stands for nothing
-/// fails the whole document, but for the template, which may be any text. Of the label only what is
+/// The version alone is required; what is absent has its default. A raw text or a number of
+/// seconds that stands for nothing fails the whole document; the template may be any text. Of the label only what is
 /// not the default is written.
 struct PreferencesDocument final {
     using Document = Preferences;

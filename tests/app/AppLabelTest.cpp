@@ -6,6 +6,7 @@
 
 #include <gtest/gtest.h>
 
+#include <filesystem>
 #include <string>
 
 namespace quillbar {
@@ -64,6 +65,21 @@ TEST_F(AppLabelTest, aCommandHidesTheNumbersAndTheyStayHiddenOverARestart) {
     EXPECT_TRUE(hidesTheNumbers());
     app->toggleDiscreet();
     EXPECT_TRUE(spinUntil([this] { return label().startsWith(QStringLiteral("BTC")); }));
+}
+
+TEST_F(AppLabelTest, coinsInTurnAreShownByTheItemAlone) {
+    PreferencesStore(folder.path())
+        .save(Preferences{}.settingLabel({.coins = LabelCoins::rotating, .rotationSeconds = 5}));
+    startWithPrices();
+    ASSERT_GT(sleeper.wake([](double span) { return span == 5; }), 0);
+    EXPECT_TRUE(spinUntil([this] { return label().startsWith(QStringLiteral("ETH ")); }))
+        << label().toStdString();
+    EXPECT_EQ(app->labelSource().snapshot().quote.coin->baseAsset, "BTC");
+    EXPECT_FALSE(std::filesystem::exists(folder.path() / "watchlist.json")) << "the pin stays";
+    app->toggleDiscreet();
+    EXPECT_TRUE(hidesTheNumbers());
+    app->toggleDiscreet();
+    EXPECT_TRUE(label().startsWith(QStringLiteral("BTC"))) << label().toStdString();
 }
 
 TEST_F(AppLabelTest, thePanelShowsNumbersAsEver) {

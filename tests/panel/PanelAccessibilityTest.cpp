@@ -259,7 +259,12 @@ TEST_F(PanelAccessibilityTest, everyControlOfThePreferencesSaysWhatItIs) {
                             "RadioButton '价格'",
                             "RadioButton '涨跌'",
                             "RadioButton '币种'",
-                            "RadioButton '自定义'"));
+                            "RadioButton '自定义'",
+                            "Heading '状态栏的币种'",
+                            "Grouping '状态栏的币种'",
+                            "RadioButton '固定的币种'*",
+                            "RadioButton '轮流显示自选'",
+                            "RadioButton '并排显示'"));
 }
 
 TEST_F(PanelAccessibilityTest, aScreenReaderChoosesATab) {

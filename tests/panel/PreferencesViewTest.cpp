@@ -287,6 +287,8 @@ TEST_F(PreferencesViewTest, theKeyboardReachesEverythingAndChooses) {
     press(Qt::Key_Tab);
     EXPECT_EQ(focused(), QStringLiteral("币种 价格 涨跌"));
     press(Qt::Key_Tab);
+    EXPECT_EQ(focused(), QStringLiteral("固定的币种"));
+    press(Qt::Key_Tab);
     EXPECT_EQ(focused(), kBack);
     press(Qt::Key_Tab);
     EXPECT_EQ(focused(), kRedUp);

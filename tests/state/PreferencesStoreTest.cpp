@@ -82,6 +82,9 @@ TEST_F(PreferencesStoreTest, storesOfTheLabelWhatIsNotItsDefault) {
     EXPECT_EQ(stored({.wording = LabelWording::custom, .ownTemplate = "¥{price}"}),
               R"({"schemaVersion":1,"changeColors":"greenUp",)"
               R"("label":{"wording":"custom","template":"¥{price}"}})");
+    EXPECT_EQ(stored({.coins = LabelCoins::rotating, .rotationSeconds = 60}),
+              R"({"schemaVersion":1,"changeColors":"greenUp",)"
+              R"("label":{"coins":"rotating","every":60}})");
 }
 
 TEST_F(PreferencesStoreTest, loadsEveryLabelItCanHold) {
@@ -90,6 +93,14 @@ TEST_F(PreferencesStoreTest, loadsEveryLabelItCanHold) {
             {.wording = wording, .ownTemplate = "", .isDiscreet = wording == LabelWording::price});
         PreferencesStore(folder.path()).save(preferences);
         EXPECT_EQ(PreferencesStore(folder.path()).load(), preferences);
+    }
+    for (const LabelCoins coins : kAllLabelCoins) {
+        for (const int seconds : kAllRotationSeconds) {
+            const Preferences preferences =
+                Preferences{}.settingLabel({.coins = coins, .rotationSeconds = seconds});
+            PreferencesStore(folder.path()).save(preferences);
+            EXPECT_EQ(PreferencesStore(folder.path()).load(), preferences);
+        }
     }
 }
 
@@ -110,6 +121,11 @@ TEST_F(PreferencesStoreTest, loadsTheWholeDefaultForALabelThatCannotBe) {
                                          R"({"wording":"Price"})",
                                          R"({"wording":1})",
                                          R"({"template":1})",
+                                         R"({"coins":"all"})",
+                                         R"({"coins":2})",
+                                         R"({"every":7})",
+                                         R"({"every":"10"})",
+                                         R"({"every":10.5})",
                                          R"({"discreet":1})",
                                          R"({"discreet":"true"})"}) {
         SCOPED_TRACE(label);

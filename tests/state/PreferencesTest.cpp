@@ -18,6 +18,8 @@ TEST(Preferences, ofAFirstStartWordTheLabelWithCoinPriceAndChange) {
     EXPECT_EQ(label.wording, LabelWording::symbolPriceChange);
     EXPECT_EQ(label.ownTemplate, "{symbol} {price} {arrow} {change}");
     EXPECT_FALSE(label.isDiscreet);
+    EXPECT_EQ(label.coins, LabelCoins::pinned);
+    EXPECT_EQ(label.rotationSeconds, 10);
 }
 
 TEST(Preferences, anEditReplacesItsFieldAlone) {

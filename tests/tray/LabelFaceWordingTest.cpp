@@ -98,6 +98,25 @@ TEST(LabelFaceWording, keepsRoomForOtherDigitsAndTheOtherDirection) {
     EXPECT_EQ(guide("{price} {change}", 1.23), guide("{price} {change}", -4.56));
 }
 
+TEST(LabelFaceRow, isOfThePinnedCoinAndThoseBesideIt) {
+    LabelSnapshot snapshot = bitcoin();
+    PinnedQuote ether = snapshot.quote;
+    ether.coin = Coin{"ETHUSDT", "ETH"};
+    ether.changePercent = -0.5;
+    PinnedQuote old = ether;
+    old.coin = Coin{"SOLUSDT", "SOL"};
+    old.freshness = PriceFreshness::none;
+    snapshot.beside = {ether, old};
+    EXPECT_EQ(worded({}, snapshot).row,
+              QStringLiteral("BTC 67,234.50 ▲ 1.23%  ETH 67,234.50 ▼ 0.50%  SOL"));
+    EXPECT_EQ(worded({}, snapshot).rowGuide,
+              QStringLiteral("BTC 88,888.88 ▲88.88%  ETH 88,888.88 ▲88.88%  SOL"));
+    EXPECT_EQ(worded({.wording = LabelWording::price}, snapshot).row,
+              QStringLiteral("67,234.50  67,234.50  SOL"));
+    EXPECT_EQ(worded({}, snapshot).label(), worded({}).label());
+    EXPECT_EQ(worded({}, snapshot.hidden()).row, QString());
+}
+
 TEST(LabelFaceDiscreet, saysNothingOfTheCoin) {
     LabelSnapshot snapshot = bitcoin();
     snapshot.failure = "服务器返回 503";

@@ -1,0 +1,73 @@
+// SPDX-FileCopyrightText: 2026 The Quillbar developers
+// SPDX-License-Identifier: MIT
+#include "Quillbar/panel/LabelCoinsSection.h"
+
+#include "Quillbar/widgets/ChoiceList.h"
+#include "QuillbarCore/state/LabelCoins.h"
+#include "QuillbarCore/state/PreferencesState.h"
+
+#include <algorithm>
+#include <cstddef>
+#include <string_view>
+#include <vector>
+
+namespace quillbar {
+
+namespace {
+
+template <class Values>
+std::size_t indexOf(const Values& values, typename Values::value_type value) {
+    return static_cast<std::size_t>(std::find(values.begin(), values.end(), value)
+                                    - values.begin());
+}
+
+std::vector<QString> coinsTitles() {
+    std::vector<QString> titles;
+    titles.reserve(kAllLabelCoins.size());
+    for (const LabelCoins coins : kAllLabelCoins) {
+        const std::string_view name = displayName(coins);
+        titles.push_back(QString::fromUtf8(name.data(), static_cast<qsizetype>(name.size())));
+    }
+    return titles;
+}
+
+std::vector<QString> spanTitles() {
+    std::vector<QString> titles;
+    titles.reserve(kAllRotationSeconds.size());
+    for (const int seconds : kAllRotationSeconds) {
+        titles.push_back(QStringLiteral("每 %1 秒").arg(QString::number(seconds)));
+    }
+    return titles;
+}
+
+}  // namespace
+
+LabelCoinsSection::LabelCoinsSection(PreferencesState& preferences, QWidget* parent)
+    : PreferencesSection(QStringLiteral("状态栏的币种"), parent)
+    , m_coins(new ChoiceList(title(), coinsTitles(), this))
+    , m_spans(new ChoiceList(QStringLiteral("轮流显示的间隔"), spanTitles(), this)) {
+    m_coins->onSelect = [&preferences](std::size_t index) {
+        LabelPreferences label = preferences.preferences()->label;
+        label.coins = kAllLabelCoins.at(index);
+        preferences.setLabel(label);
+    };
+    m_spans->onSelect = [&preferences](std::size_t index) {
+        LabelPreferences label = preferences.preferences()->label;
+        label.rotationSeconds = kAllRotationSeconds.at(index);
+        preferences.setLabel(label);
+    };
+    add(m_coins);
+    add(m_spans);
+    m_observation = preferences.preferences().observe(
+        [this](const Preferences& chosen) { showChoice(chosen); });
+    showChoice(*preferences.preferences());
+}
+
+void LabelCoinsSection::showChoice(const Preferences& preferences) {
+    const LabelPreferences& label = preferences.label;
+    m_coins->setSelection(indexOf(kAllLabelCoins, label.coins));
+    m_spans->setSelection(indexOf(kAllRotationSeconds, label.rotationSeconds));
+    m_spans->setVisible(label.coins == LabelCoins::rotating);
+}
+
+}  // namespace quillbar

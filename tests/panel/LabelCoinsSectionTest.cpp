@@ -1,0 +1,51 @@
+// SPDX-FileCopyrightText: 2026 The Quillbar developers
+// SPDX-License-Identifier: MIT
+#include "Quillbar/panel/LabelCoinsSection.h"
+#include "tests/panel/PanelFixture.h"
+
+#include <QAbstractButton>
+
+#include <gtest/gtest.h>
+
+namespace quillbar {
+namespace {
+
+const QString kRotating = QStringLiteral("轮流显示自选");
+const QString kMinute = QStringLiteral("每 60 秒");
+
+struct LabelCoinsSectionTest : PanelFixture {
+    void SetUp() override { section.show(); }
+    [[nodiscard]] QAbstractButton& button(const QString& name) {
+        return dynamic_cast<QAbstractButton&>(*named(section, name));
+    }
+    [[nodiscard]] const LabelPreferences& label() const { return preferences.preferences()->label; }
+
+    LabelCoinsSection section{preferences};
+};
+
+TEST_F(LabelCoinsSectionTest, beginsWithThePinnedCoin) {
+    EXPECT_TRUE(button(QStringLiteral("固定的币种")).isChecked());
+    EXPECT_EQ(named(section, kMinute), nullptr);
+}
+
+TEST_F(LabelCoinsSectionTest, asksForTheSpanOnlyOfCoinsInTurn) {
+    button(kRotating).click();
+    EXPECT_EQ(label().coins, LabelCoins::rotating);
+    EXPECT_TRUE(button(kMinute).isVisible());
+    EXPECT_TRUE(button(QStringLiteral("每 10 秒")).isChecked());
+    button(kMinute).click();
+    EXPECT_EQ(label().rotationSeconds, 60);
+    button(QStringLiteral("并排显示")).click();
+    EXPECT_EQ(label().coins, LabelCoins::sideBySide);
+    EXPECT_EQ(named(section, kMinute), nullptr);
+    EXPECT_EQ(label().rotationSeconds, 60) << "it is kept for another time";
+}
+
+TEST_F(LabelCoinsSectionTest, showsWhatIsStored) {
+    preferences.setLabel({.coins = LabelCoins::rotating, .rotationSeconds = 5});
+    EXPECT_TRUE(button(kRotating).isChecked());
+    EXPECT_TRUE(button(QStringLiteral("每 5 秒")).isChecked());
+}
+
+}  // namespace
+}  // namespace quillbar
