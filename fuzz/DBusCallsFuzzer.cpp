@@ -79,6 +79,7 @@ public:
                  {.activate = [](QPoint) {},
                   .secondaryActivate = [](std::optional<QPoint>) {},
                   .contextMenu = [](QPoint) {},
+                  .scroll = [](int places) { require(places == 1 || places == -1, "one place"); },
                   .activationToken = [](const QString&) {}}) {
         // Both are owned by the object.
         new ApplicationAdaptor(&m_application, [](ApplicationAction, const ActivationTokens&) {});

@@ -2,8 +2,10 @@
 // SPDX-License-Identifier: MIT
 #include "Quillbar/tray/OlderTray.h"
 
+#include <QEvent>
 #include <QIcon>
 #include <QPixmap>
+#include <QWheelEvent>
 
 #include <utility>
 
@@ -14,6 +16,8 @@ OlderTray::OlderTray(QMenu& menu, Handlers handlers)
     , m_icon(new QSystemTrayIcon(this)) {
     m_icon->setContextMenu(&menu);
     connect(m_icon, &QSystemTrayIcon::activated, this, &OlderTray::handle);
+    // The icon gets the wheel as an event, and has no signal for it.
+    m_icon->installEventFilter(this);
 }
 
 void OlderTray::show(const LabelPicture& picture, const QString& tooltip) {
@@ -32,6 +36,16 @@ void OlderTray::show(const LabelPicture& picture, const QString& tooltip) {
     if (!m_icon->isVisible()) {
         m_icon->show();
     }
+}
+
+bool OlderTray::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::Wheel) {
+        const int delta = dynamic_cast<QWheelEvent&>(*event).angleDelta().y();
+        if (delta != 0) {
+            m_handlers.scroll(delta < 0 ? 1 : -1);
+        }
+    }
+    return QObject::eventFilter(watched, event);
 }
 
 void OlderTray::handle(QSystemTrayIcon::ActivationReason reason) {

@@ -20,10 +20,12 @@ class OlderTray final : public QObject {
     Q_OBJECT
 
 public:
-    /// Called on the main thread for what the user does. Both are set.
+    /// Called on the main thread for what the user does. All are set.
     struct Handlers final {
         std::function<void()> activate;
         std::function<void()> secondaryActivate;
+        /// The wheel: 1 for towards the user, otherwise -1. Once or many times for one turn.
+        std::function<void(int places)> scroll;
     };
 
     /// `menu` outlives this object.
@@ -31,6 +33,8 @@ public:
 
     /// Draws the picture, unless it is shown already. The tooltip is plain text.
     void show(const LabelPicture& picture, const QString& tooltip);
+
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     void handle(QSystemTrayIcon::ActivationReason reason);

@@ -38,6 +38,7 @@ StatusItem::StatusItem(StatusItemEnvironment environment, Handlers handlers)
                          activate(reported ? m_place.ofClick(*reported) : unreportedAnchor());
                      },
                  .contextMenu = [this](QPoint reported) { popUpMenu(reported); },
+                 .scroll = [this](int places) { scroll(places); },
                  .activationToken =
                      [this](const QString& token) { m_handlers.onActivationToken(token); },
              })
@@ -149,6 +150,7 @@ void StatusItem::setOlderTrayUsed(bool isUsed) {
         OlderTray::Handlers{
             .activate = [this] { activate(unreportedAnchor()); },
             .secondaryActivate = [this] { activate(unreportedAnchor()); },
+            .scroll = [this](int places) { scroll(places); },
         });
     m_olderTray->setParent(this);
     refresh();
@@ -220,6 +222,12 @@ void StatusItem::refreshTooltip() {
 void StatusItem::activate(std::optional<QPoint> anchor) {
     m_tooltipPause.clicked();
     m_handlers.onActivate(anchor, ActivationSource::click);
+}
+
+void StatusItem::scroll(int places) {
+    if (m_handlers.onScroll) {
+        m_handlers.onScroll(places);
+    }
 }
 
 void StatusItem::popUpMenu(QPoint reported) {

@@ -54,8 +54,8 @@ public:
     static constexpr int kQuit = 2;
     static constexpr int kLastOwnId = 9;
 
-    /// Called for what the user does, and for what happens to the item. All but `onMenuShown` and
-    /// `onOffered` are set. A handler must not destroy the item; it may post that to the executor.
+    /// Called for what the user does, and for what happens to the item. All but `onMenuShown`,
+    /// `onScroll` and `onOffered` are set. A handler must not destroy the item; it may post that to the executor.
     struct Handlers final {
         /// The user wants the panel, beside this position on the screen; absent when the place of
         /// the item is unknown.
@@ -66,6 +66,9 @@ public:
         /// The user chose an entry of the menu: `kQuit` or one of those given, never `kOpenPanel`.
         /// The anchor is that of `onActivate`.
         std::function<void(int id, std::optional<QPoint> anchor)> onMenu;
+        /// The wheel was turned over the item: 1 for towards the user, otherwise -1. Called once or many
+        /// times for one turn.
+        std::function<void(int places)> onScroll = nullptr;
         /// Called before an activation. With this token the next window that is shown may take the
         /// focus.
         std::function<void(const QString& token)> onActivationToken;
@@ -113,6 +116,7 @@ private:
     void refreshTooltip();
 
     void activate(std::optional<QPoint> anchor);
+    void scroll(int places);
     void popUpMenu(QPoint reported);
     void menuShown();
     void menuClicked(int id);

@@ -93,7 +93,11 @@ void StatusNotifierItem::SecondaryActivate(int x, int y) {
     m_handlers.secondaryActivate(reportedPosition(x, y));
 }
 
-void StatusNotifierItem::Scroll(int /*delta*/, const QString& /*orientation*/) {}
+void StatusNotifierItem::Scroll(int delta, const QString& orientation) {
+    if (delta != 0 && orientation.compare(QStringLiteral("vertical"), Qt::CaseInsensitive) == 0) {
+        m_handlers.scroll(delta < 0 ? 1 : -1);
+    }
+}
 
 void StatusNotifierItem::ProvideXdgActivationToken(const QString& token) {
     m_handlers.activationToken(token);

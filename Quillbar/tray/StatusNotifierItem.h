@@ -56,6 +56,9 @@ public:
         std::function<void(std::optional<QPoint> reported)> secondaryActivate;
         /// A host that draws no menus wants the item to show its menu.
         std::function<void(QPoint reported)> contextMenu;
+        /// The wheel over the item: 1 for towards the user, otherwise -1. Hosts differ in the units, so
+        /// one turn of a wheel may call it once or many times; some have the other sign.
+        std::function<void(int places)> scroll;
         /// The compositor's permission to take the focus, before an activation.
         std::function<void(const QString& token)> activationToken;
     };
@@ -109,7 +112,7 @@ public:
     Q_SCRIPTABLE Q_SLOT void Activate(int x, int y);
     Q_SCRIPTABLE Q_SLOT void ContextMenu(int x, int y);
     Q_SCRIPTABLE Q_SLOT void SecondaryActivate(int x, int y);
-    /// Ignored, because units and sign differ between hosts.
+    /// Only the wheel's own direction counts, not the sideways one.
     Q_SCRIPTABLE Q_SLOT void Scroll(int delta, const QString& orientation);
     Q_SCRIPTABLE Q_SLOT void ProvideXdgActivationToken(const QString& token);
     Q_SCRIPTABLE Q_SLOT void XAyatanaSecondaryActivate(uint timestamp);

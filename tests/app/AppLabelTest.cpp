@@ -82,6 +82,18 @@ TEST_F(AppLabelTest, coinsInTurnAreShownByTheItemAlone) {
     EXPECT_TRUE(label().startsWith(QStringLiteral("BTC"))) << label().toStdString();
 }
 
+TEST_F(AppLabelTest, theWheelShowsTheNextCoinForAWhile) {
+    startWithPrices();
+    host.callItem(QStringLiteral("Scroll"), {-120, QStringLiteral("vertical")});
+    EXPECT_TRUE(label().startsWith(QStringLiteral("ETH"))) << label().toStdString();
+    EXPECT_EQ(panel(), nullptr);
+    EXPECT_EQ(app->labelSource().snapshot().quote.coin->baseAsset, "BTC") << "the pin stays";
+    EXPECT_TRUE(spinUntil([this] {
+        sleeper.wake([](double span) { return span == ItemCoins::kTurnSpan.count(); });
+        return label().startsWith(QStringLiteral("BTC"));
+    }));
+}
+
 TEST_F(AppLabelTest, thePanelShowsNumbersAsEver) {
     startWithPrices();
     app->toggleDiscreet();

@@ -58,6 +58,7 @@ void StatusItemFixture::start(const std::optional<QDBusConnection>& connection) 
                     chosen.push_back(id);
                     menuAnchors.push_back(anchor);
                 },
+            .onScroll = [this](int places) { scrolled.push_back(places); },
             .onActivationToken = [this](const QString& token) { tokens.push_back(token); },
             .onNoTray = [this] { ++noTray; },
             .onTray = [this] { ++tray; },

@@ -68,6 +68,7 @@ struct StatusItemFixture : ::testing::Test {
     /// Called when the menu is about to be shown.
     std::function<void()> onMenuShown = [] {};
     std::vector<QString> tokens;
+    std::vector<int> scrolled;
     int noTray = 0;
     int tray = 0;
     int offered = 0;

@@ -312,7 +312,7 @@ TEST_F(StatusItemTest, passesOnTheActivationToken) {
     EXPECT_THAT(tokens, ElementsAre(QStringLiteral("kwin-7")));
 }
 
-TEST_F(StatusItemTest, ignoresTheWheel) {
+TEST_F(StatusItemTest, opensNothingByTheWheel) {
     startAt("some-panel");
     const QDBusMessage reply =
         host->callItem(QStringLiteral("Scroll"), {120, QStringLiteral("vertical")});

@@ -76,9 +76,12 @@ TEST(StatusNotifierItemPositionTest, handsNoPositionOnThatIsOutsideOfEveryScreen
     const auto note = [&positions](std::optional<QPoint> reported) {
         positions.push_back(reported.value_or(QPoint()));
     };
-    StatusNotifierItem item{
-        QStringLiteral("/Menu"),
-        {.activate = note, .secondaryActivate = note, .contextMenu = note, .activationToken = {}}};
+    StatusNotifierItem item{QStringLiteral("/Menu"),
+                            {.activate = note,
+                             .secondaryActivate = note,
+                             .contextMenu = note,
+                             .scroll = {},
+                             .activationToken = {}}};
     item.Activate(kLowest, kHighest);
     item.SecondaryActivate(kHighest, kLowest);
     item.ContextMenu(kLowest, kLowest);
