@@ -18,7 +18,10 @@ void fuzz(std::string_view input) {
         book.add(alert);
     }
     for (const Alert& alert : alerts->alerts) {
-        static_cast<void>(book.take(alert.symbol, {.lastPrice = 100, .openPrice24h = 99}));
+        const auto outcome = book.take(alert.symbol, {.lastPrice = 100, .openPrice24h = 99});
+        for (const AlertBook::Firing& firing : outcome.fired) {
+            require(firing.alert.isOn, "what is switched off fires nothing");
+        }
         require(book.take(alert.symbol, {.lastPrice = 100, .openPrice24h = 99}).fired.empty(),
                 "the same price again fires nothing");
     }

@@ -54,6 +54,8 @@ struct Alert final {
     /// Whether a known value stood on the near side of the line since the alert fired last. Only then
     /// does it fire.
     bool isArmed = false;
+    /// Whether the user has it switched on. While it is off, no price fires it or arms it.
+    bool isOn = true;
 
     /// Whether that value is on the line or beyond it.
     [[nodiscard]] bool isReachedBy(double value) const;

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "QuillbarCore/alerts/AlertBook.h"
 
+#include <algorithm>
 #include <cmath>
 
 namespace quillbar {
@@ -63,11 +64,15 @@ void AlertBook::add(const Alert& alert, Latest latest) {
     if (!m_alerts.emplace(alert.id, alert).second) {
         return;
     }
-    const auto [pair, isNew] = m_pairs.try_emplace(alert.symbol);
-    if (isNew && latest == Latest::live) {
-        pair->second.gap = m_gap;
+    Pair& pair = m_pairs[alert.symbol];
+    if (!alert.isOn) {
+        return;
     }
-    enter(pair->second, alert);
+    // Without lines nobody may have offered the prices of the pair, so its gap means nothing.
+    if (pair.price.isEmpty() && pair.change.isEmpty()) {
+        pair.gap = latest == Latest::live ? m_gap : 0;
+    }
+    enter(pair, alert);
 }
 
 void AlertBook::remove(std::int64_t id) {
@@ -130,6 +135,16 @@ AlertBook::Outcome AlertBook::take(const std::string& symbol, const Ticker& tick
         }
     }
     return outcome;
+}
+
+bool AlertBook::waitsForPrices() const {
+    return std::any_of(
+        m_alerts.begin(), m_alerts.end(), [](const auto& entry) { return entry.second.isOn; });
+}
+
+const Alert* AlertBook::find(std::int64_t id) const {
+    const auto found = m_alerts.find(id);
+    return found == m_alerts.end() ? nullptr : &found->second;
 }
 
 std::vector<Alert> AlertBook::alerts() const {

@@ -41,7 +41,7 @@ public:
     enum class Latest { live, old };
 
     /// Takes an alert, which is sound and whose id is not taken. `latest` counts for the first alert
-    /// of its pair.
+    /// of its pair that is switched on.
     void add(const Alert& alert, Latest latest = Latest::old);
     /// Does nothing for an id that is not there.
     void remove(std::int64_t id);
@@ -54,12 +54,16 @@ public:
 
     /// A live price. An alert fires when it is armed and the price, or its change over 24 hours, is
     /// on its line or beyond. One that fires once is gone then; another is armed again by a price
-    /// that has gone back by its margin. Each alert does one of these at most. A price that is not
-    /// finite or not above 0 changes nothing, nor does the change when the open is no such number.
+    /// that has gone back by its margin. Each alert does one of these at most; one that is switched
+    /// off does neither. A price that is not finite or not above 0 changes nothing, nor does the
+    /// change when the open is no such number.
     Outcome take(const std::string& symbol, const Ticker& ticker);
 
     [[nodiscard]] bool isEmpty() const noexcept { return m_alerts.empty(); }
-    [[nodiscard]] bool contains(std::int64_t id) const { return m_alerts.contains(id); }
+    /// Whether any alert is switched on, so that prices matter.
+    [[nodiscard]] bool waitsForPrices() const;
+    /// The alert of that id; null for none. Valid until the book changes.
+    [[nodiscard]] const Alert* find(std::int64_t id) const;
     /// Every alert, by id.
     [[nodiscard]] std::vector<Alert> alerts() const;
 
@@ -70,11 +74,13 @@ private:
     struct Lines {
         std::set<Level> rising;
         std::set<Level, std::greater<>> falling;
+
+        [[nodiscard]] bool isEmpty() const noexcept { return rising.empty() && falling.empty(); }
     };
     struct Pair {
         Lines price;
         Lines change;
-        /// The gap after which its latest live price came.
+        /// The gap after which its latest live price came, while there are lines.
         std::uint64_t gap = 0;
     };
 

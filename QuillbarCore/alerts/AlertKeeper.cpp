@@ -66,8 +66,19 @@ std::vector<Alert> AlertKeeper::alertsOf(std::string_view symbol) const {
 
 bool AlertKeeper::has(std::string_view symbol) const {
     return std::any_of(m_alerts->begin(), m_alerts->end(), [symbol](const Alert& alert) {
-        return alert.symbol == symbol;
+        return alert.isOn && alert.symbol == symbol;
     });
+}
+
+bool AlertKeeper::isOnNearSide(const Alert& alert) const {
+    const Ticker* const ticker = m_appState.tickers().find(alert.symbol);
+    return ticker != nullptr
+           && !alert.isReachedBy(watchesPrice(alert.kind) ? ticker->lastPrice
+                                                          : ticker->changePercent24h());
+}
+
+AlertBook::Latest AlertKeeper::latest() const {
+    return m_appState.isDataStale() ? AlertBook::Latest::old : AlertBook::Latest::live;
 }
 
 std::optional<std::int64_t> AlertKeeper::add(Alert alert) {
@@ -75,23 +86,55 @@ std::optional<std::int64_t> AlertKeeper::add(Alert alert) {
         return std::nullopt;
     }
     alert.id = takeNumber();
-    alert.isArmed = false;
-    if (const Ticker* const ticker = m_appState.tickers().find(alert.symbol)) {
-        alert.isArmed = !alert.isReachedBy(watchesPrice(alert.kind) ? ticker->lastPrice
-                                                                    : ticker->changePercent24h());
-    }
-    m_book.add(alert, m_appState.isDataStale() ? AlertBook::Latest::old : AlertBook::Latest::live);
+    alert.isArmed = isOnNearSide(alert);
+    m_book.add(alert, latest());
     save(*m_fired);
     tell();
     return alert.id;
 }
 
 void AlertKeeper::remove(std::int64_t id) {
-    if (m_book.contains(id)) {
+    if (m_book.find(id) != nullptr) {
         m_book.remove(id);
         save(*m_fired);
         tell();
     }
+}
+
+void AlertKeeper::putBack(const Alert& alert) {
+    const bool wasGiven = alert.id > 0 && alert.id < m_nextNumber;
+    if (wasGiven && alert.isSound() && m_book.find(alert.id) == nullptr) {
+        m_book.add(alert);
+        save(*m_fired);
+        tell();
+    }
+}
+
+void AlertKeeper::switchOff(std::int64_t id) {
+    const Alert* const found = m_book.find(id);
+    if (found != nullptr && found->isOn) {
+        Alert alert = *found;
+        alert.isOn = false;
+        alert.isArmed = false;
+        replace(alert);
+    }
+}
+
+void AlertKeeper::switchOn(std::int64_t id) {
+    const Alert* const found = m_book.find(id);
+    if (found != nullptr && !found->isOn) {
+        Alert alert = *found;
+        alert.isOn = true;
+        alert.isArmed = isOnNearSide(alert);
+        replace(alert);
+    }
+}
+
+void AlertKeeper::replace(const Alert& alert) {
+    m_book.remove(alert.id);
+    m_book.add(alert, latest());
+    save(*m_fired);
+    tell();
 }
 
 void AlertKeeper::onWatchlist(const Watchlist& watchlist) {
@@ -134,7 +177,7 @@ void AlertKeeper::restore(const std::string& symbol) {
 
 void AlertKeeper::follow() {
     const bool isFollowing = m_prices.connected();
-    if (m_book.isEmpty() == !isFollowing) {
+    if (m_book.waitsForPrices() == isFollowing) {
         return;
     }
     if (isFollowing) {

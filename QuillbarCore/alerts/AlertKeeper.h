@@ -59,7 +59,7 @@ public:
     static constexpr Seconds kMaximumAge{60};
     /// For how long prices are passed over after a pause, and held back after a silence.
     static constexpr Seconds kSettling{5};
-    /// How often it looks whether the program was paused, while there are alerts.
+    /// How often it looks whether the program was paused, while an alert is switched on.
     static constexpr Seconds kBeat{30};
 
     /// Loads the alerts, and what fired and was not shown. Watches prices from then on.
@@ -68,6 +68,7 @@ public:
     /// Every alert, by id. The references are valid for the life of this object.
     [[nodiscard]] const Observed<std::vector<Alert>>& alerts() const noexcept { return m_alerts; }
     [[nodiscard]] std::vector<Alert> alertsOf(std::string_view symbol) const;
+    /// Whether an alert of the pair is switched on.
     [[nodiscard]] bool has(std::string_view symbol) const;
     /// What fired and has not been shown, the oldest first. An alert that fires again takes the place
     /// of what it told before.
@@ -83,12 +84,24 @@ public:
     std::optional<std::int64_t> add(Alert alert);
     /// Removes an alert and saves. Does nothing for an id that is not there.
     void remove(std::int64_t id);
+    /// Brings an alert back that was removed, as it was then, and saves. Does nothing while it is
+    /// there, or for an id that was never given.
+    void putBack(const Alert& alert);
+    /// Keeps an alert without firing it, and saves. Does nothing for an id that is not there, or is
+    /// off already.
+    void switchOff(std::int64_t id);
+    /// Has it fire again, and saves. It begins like an alert that is added then. Does nothing for
+    /// an id that is not there, or is on already.
+    void switchOn(std::int64_t id);
     /// Brings the alerts back that went with the coin which was removed last, if it is this one.
     void restore(const std::string& symbol);
     /// Says that the user has seen it. Does nothing for a serial that is not among `fired`.
     void markShown(std::int64_t serial);
 
 private:
+    [[nodiscard]] bool isOnNearSide(const Alert& alert) const;
+    [[nodiscard]] AlertBook::Latest latest() const;
+    void replace(const Alert& alert);
     void onPrice(const TickerEvent& event);
     void onWatchlist(const Watchlist& watchlist);
     void take(const std::string& symbol, const Ticker& ticker);
@@ -122,7 +135,7 @@ private:
     Seconds m_heardAt{};
     std::unordered_map<std::string, Ticker> m_held;
     TaskScope::Handle m_settling;
-    // Empty while there are no alerts.
+    // Empty while no alert is switched on.
     Observation m_prices;
     Observation m_connection;
     Observation m_list;

@@ -29,6 +29,7 @@ constexpr const char* kThreshold = "threshold";
 constexpr const char* kMargin = "margin";
 constexpr const char* kNote = "note";
 constexpr const char* kArmed = "armed";
+constexpr const char* kOn = "on";
 constexpr const char* kSerial = "serial";
 constexpr const char* kAlert = "alert";
 constexpr const char* kPrice = "price";
@@ -89,6 +90,9 @@ Alert alertFromJSON(const ordered_json& value, std::int64_t greatestNumber) {
         alert.note = JSONDocument::requiredString(value, kNote);
     }
     alert.isArmed = JSONDocument::requiredTruth(value, kArmed);
+    if (JSONDocument::optionalMember(value, kOn) != nullptr) {
+        alert.isOn = JSONDocument::requiredTruth(value, kOn);
+    }
     if (!alert.isSound()) {
         throw DocumentError(fmt::format("alert {} is not sound", alert.id));
     }
@@ -120,6 +124,9 @@ ordered_json toJSON(const Alert& alert) {
         value[kNote] = alert.note;
     }
     value[kArmed] = alert.isArmed;
+    if (!alert.isOn) {
+        value[kOn] = false;
+    }
     return value;
 }
 

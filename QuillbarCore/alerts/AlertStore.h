@@ -18,8 +18,9 @@ namespace quillbar {
 ///      "fired":[{"serial":3,"alert":{…},"price":70001,"change":2.5,"time":1794657600,
 ///      "meanwhile":false}]}
 ///
-/// Only margin and note may be absent. Anything else that is missing or unsound, a number that is
-/// given twice and one that is not below `nextNumber` fail the whole document.
+/// An alert that is switched off has `"on":false`. Only margin, note and on may be absent. Anything
+/// else that is missing or unsound, a number that is given twice and one that is not below
+/// `nextNumber` fail the whole document.
 struct AlertsDocument final {
     using Document = Alerts;
     static constexpr std::string_view kFileName = "alerts.json";

@@ -114,6 +114,45 @@ TEST_F(AlertBookTest, aLineThatWasCrossedInAGapIsToldAsSuch) {
     EXPECT_THAT(price(130), ElementsAre(2)) << "the next price has no gap before it";
 }
 
+TEST_F(AlertBookTest, anAlertThatIsSwitchedOffNeitherFiresNorIsArmed) {
+    Alert off = alertOn(AlertKind::priceAtLeast, 110, 5);
+    off.isOn = false;
+    add(off);
+    off.isArmed = false;
+    add(off);
+    EXPECT_FALSE(book.isEmpty());
+    EXPECT_FALSE(book.waitsForPrices());
+    for (const double last : {100.0, 111.0, 100.0}) {
+        const AlertBook::Outcome outcome = book.take("BTCUSDT", {last, 100});
+        EXPECT_THAT(outcome.fired, IsEmpty()) << last;
+        EXPECT_FALSE(outcome.hasChanged) << last;
+    }
+    EXPECT_FALSE(book.find(2)->isArmed);
+    book.remove(1);
+    EXPECT_EQ(book.find(1), nullptr);
+    EXPECT_EQ(book.removeAllOf("BTCUSDT").size(), 1U);
+    EXPECT_TRUE(book.isEmpty());
+}
+
+TEST_F(AlertBookTest, anAlertThatIsOffDoesNotCountAsTheFirstOfItsPair) {
+    Alert off = alertOn(AlertKind::priceAtLeast, 110);
+    off.isOn = false;
+    add(off);
+    book.markGap();
+    add(alertOn(AlertKind::priceAtLeast, 110), AlertBook::Latest::live);
+    EXPECT_THAT(price(111), ElementsAre(2)) << "its pair's price was live";
+}
+
+TEST_F(AlertBookTest, theGapsBeforeAPairHadAlertsAgainDoNotCount) {
+    add(alertOn(AlertKind::priceAtLeast, 110));
+    EXPECT_THAT(price(110), ElementsAre(1));
+    book.markGap();
+    add(alertOn(AlertKind::priceAtLeast, 120), AlertBook::Latest::live);
+    EXPECT_THAT(price(120), ElementsAre(2));
+    add(alertOn(AlertKind::priceAtLeast, 130), AlertBook::Latest::old);
+    EXPECT_THAT(price(130), ElementsAre(-3));
+}
+
 TEST_F(AlertBookTest, nothingIsKnownBeforeTheFirstPrice) {
     add(alertOn(AlertKind::priceAtLeast, 110), AlertBook::Latest::old);
     EXPECT_THAT(price(120), ElementsAre(-1));

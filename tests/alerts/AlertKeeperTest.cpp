@@ -1,7 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The Quillbar developers
 // SPDX-License-Identifier: MIT
-#include "QuillbarCore/alerts/AlertKeeper.h"
-#include "tests/state/AppStateFixture.h"
+#include "tests/alerts/AlertKeeperFixture.h"
 #include "tests/support/Files.h"
 
 #include <gmock/gmock.h>
@@ -10,7 +9,6 @@
 #include <cstddef>
 #include <cstdint>
 #include <filesystem>
-#include <memory>
 #include <optional>
 #include <string>
 #include <vector>
@@ -22,51 +20,7 @@ using ::testing::ElementsAre;
 using ::testing::HasSubstr;
 using ::testing::IsEmpty;
 
-/// The keeper over a real AppState, connected, with BTC and ETH on the list.
-struct AlertKeeperTest : AppStateFixture {
-    void begin() {
-        startConnected(listOf({"BTC", "ETH"}));
-        makeKeeper();
-    }
-    void makeKeeper() {
-        keeper.reset();
-        keeper = std::make_unique<AlertKeeper>(AlertKeeperDependencies{
-            .executor = executor,
-            .appState = *state,
-            .store = AlertStore(folder.path(), files),
-            .now = time.clock(),
-            .monotonic = [clock = time.monotonicClock(), this] { return clock() + asleep; },
-            .sleeper = time.sleeper()});
-    }
-    /// The program ends, at once and without a word, and begins again.
-    void restart() { makeKeeper(); }
-    std::int64_t add(double threshold,
-                     AlertKind kind = AlertKind::priceAtLeast,
-                     std::optional<double> margin = std::nullopt,
-                     const std::string& baseAsset = "BTC") {
-        return keeper
-            ->add({.symbol = symbolOf(baseAsset),
-                   .baseAsset = baseAsset,
-                   .kind = kind,
-                   .threshold = threshold,
-                   .margin = margin})
-            .value();
-    }
-    /// What fired and was not shown: "BTC 110", or "BTC ~110" across a gap.
-    [[nodiscard]] std::vector<std::string> fired() const {
-        std::vector<std::string> texts;
-        for (const FiredAlert& each : *keeper->fired()) {
-            texts.push_back(each.alert.baseAsset + (each.isMeanwhile ? " ~" : " ")
-                            + std::to_string(static_cast<int>(each.price)));
-        }
-        return texts;
-    }
-    [[nodiscard]] Alerts stored() { return AlertStore(folder.path()).load(); }
-
-    // For how long the machine has slept without a timer that noticed it.
-    Seconds asleep{};
-    std::unique_ptr<AlertKeeper> keeper;
-};
+using AlertKeeperTest = AlertKeeperFixture;
 
 TEST_F(AlertKeeperTest, firesOnALivePrice) {
     begin();
@@ -343,6 +297,12 @@ TEST_F(AlertKeeperTest, withoutAlertsNothingIsWatchedAndNoTimerRuns) {
     price("BTC", 100);
     const std::size_t before = time.sleepingCount();
     const std::int64_t id = add(110);
+    executor.run();
+    EXPECT_EQ(time.sleepingCount(), before + 1);
+    keeper->switchOff(id);
+    executor.run();
+    EXPECT_EQ(time.sleepingCount(), before);
+    keeper->switchOn(id);
     executor.run();
     EXPECT_EQ(time.sleepingCount(), before + 1);
     keeper->remove(id);

@@ -57,6 +57,16 @@ TEST_F(AlertStoreTest, loadsAnAlertWithoutMarginAndNote) {
     EXPECT_THAT(log.lines(), IsEmpty());
 }
 
+TEST_F(AlertStoreTest, writesOnlyOfAnAlertThatIsOffWhetherItIsOn) {
+    Alerts alerts = loadAlerts(std::string(kAlert));
+    EXPECT_TRUE(alerts.alerts.at(0).isOn);
+    EXPECT_EQ(AlertsDocument::encode(alerts).find(R"("on")"), std::string::npos);
+    alerts.alerts.at(0).isOn = false;
+    const std::string text = AlertsDocument::encode(alerts);
+    EXPECT_THAT(text, HasSubstr(R"("armed":true,"on":false})"));
+    EXPECT_EQ(AlertsDocument::decode(text), alerts);
+}
+
 TEST_F(AlertStoreTest, loadsEveryKind) {
     for (const AlertKind kind : kAllAlertKinds) {
         const std::string text(rawValue(kind));
@@ -78,6 +88,7 @@ TEST_F(AlertStoreTest, refusesTheWholeDocumentForOneAlertThatIsNotSound) {
                                      with("70000", R"(70000,"margin":70000)"),
                                      with("70000", R"(70000,"margin":1e-12)"),
                                      with("true", "1"),
+                                     with("true", R"(true,"on":1)"),
                                      with(R"("armed":true)", R"("note":"a")"),
                                      with(R"("symbol":"BTCUSDT",)", ""),
                                      with(R"("baseAsset":"BTC",)", ""),
