@@ -68,7 +68,8 @@ QuillbarApp::QuillbarApp(const std::optional<QDBusConnection>& bus,
                 .appState = m_services.appState(),
                 .store = AlertStore(folder),
                 .sleeper = m_sleeper})
-    , m_announcer(m_alerts, bus.value_or(QDBusConnection(QString())))
+    , m_preferences(PreferencesStore(folder))
+    , m_announcer(m_alerts, m_preferences.preferences(), bus.value_or(QDBusConnection(QString())))
     , m_edits(*m_executor)
     , m_systemScheme(bus)
     , m_hasBus(bus && bus->isConnected())
@@ -76,7 +77,6 @@ QuillbarApp::QuillbarApp(const std::optional<QDBusConnection>& bus,
     , m_loginItem(LoginSession::ofProcess(processEnvironment()))
     , m_launchAtLogin(m_loginItem)
     , m_settings(m_services.appState(), m_launchAtLogin)
-    , m_preferences(PreferencesStore(folder))
     , m_environment{.executor = *m_executor,
                     .now = systemClock(),
                     .calendar = Calendar::autoupdatingCurrent(),

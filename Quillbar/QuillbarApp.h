@@ -109,6 +109,7 @@ private:
     Sleeper m_sleeper;
     AppServices m_services;
     AlertKeeper m_alerts;
+    PreferencesState m_preferences;
     AlertAnnouncer m_announcer;
     // Edits end before the state that they change.
     TaskScope m_edits;
@@ -124,7 +125,6 @@ private:
     AutostartEntry m_loginItem;
     LaunchAtLogin m_launchAtLogin;
     SettingsMenu m_settings;
-    PreferencesState m_preferences;
     ViewEnvironment m_environment;
     std::unique_ptr<PanelWindow> m_panel;
     // The panel's content, which it owns.

@@ -8,8 +8,11 @@
 
 namespace quillbar {
 
-AlertAnnouncer::AlertAnnouncer(AlertKeeper& keeper, const QDBusConnection& bus)
+AlertAnnouncer::AlertAnnouncer(AlertKeeper& keeper,
+                               const Observed<Preferences>& preferences,
+                               const QDBusConnection& bus)
     : m_keeper(keeper)
+    , m_preferences(preferences)
     , m_fired(
           keeper.fired().observe([this](const std::vector<FiredAlert>& /*fired*/) { announce(); }))
     , m_notifications(bus) {
@@ -43,7 +46,8 @@ void AlertAnnouncer::show(const FiredAlert& fired) {
     const auto earlier = m_numbers.find(fired.alert.id);
     m_notifications.show({.title = AlertText::title(fired),
                           .text = AlertText::details(fired),
-                          .replaces = earlier == m_numbers.end() ? 0 : earlier->second},
+                          .replaces = earlier == m_numbers.end() ? 0 : earlier->second,
+                          .hasSound = m_preferences->alertSound},
                          [this, fired](std::optional<uint> number) { onOutcome(fired, number); });
 }
 

@@ -6,6 +6,7 @@
 #include "QuillbarCore/alerts/Alert.h"
 #include "QuillbarCore/alerts/AlertKeeper.h"
 #include "QuillbarCore/runtime/Observed.h"
+#include "QuillbarCore/state/Preferences.h"
 
 #include <QDBusConnection>
 #include <QString>
@@ -25,8 +26,11 @@ namespace quillbar {
 /// again replaces its notice. Main thread.
 class AlertAnnouncer final {
 public:
-    /// The keeper outlives it. What fired before is announced at once.
-    AlertAnnouncer(AlertKeeper& keeper, const QDBusConnection& bus);
+    /// The keeper and the preferences, which say whether notices have a sound, outlive it. What
+    /// fired before is announced at once.
+    AlertAnnouncer(AlertKeeper& keeper,
+                   const Observed<Preferences>& preferences,
+                   const QDBusConnection& bus);
 
     /// What fired and could not be shown, the oldest first; for views.
     [[nodiscard]] const Observed<std::vector<FiredAlert>>& unshown() const noexcept {
@@ -44,6 +48,7 @@ private:
     void refreshUnshown();
 
     AlertKeeper& m_keeper;
+    const Observed<Preferences>& m_preferences;
     // By serial: what the server has been asked to show, and what it did not show.
     std::set<std::int64_t> m_asked;
     std::set<std::int64_t> m_failed;

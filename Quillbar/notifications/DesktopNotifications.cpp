@@ -23,6 +23,21 @@ const QString kDefaultAction = QStringLiteral("default");
 constexpr int kServersOwnTime = -1;
 constexpr uchar kNormalUrgency = 1;
 
+// Of the names that the themes of sounds share: a message has come.
+const QString kSound = QStringLiteral("message-new-instant");
+
+QVariantMap hintsOf(const DesktopNotifications::Notice& notice) {
+    QVariantMap hints{
+        {QStringLiteral("urgency"), QVariant::fromValue(kNormalUrgency)},
+        {QStringLiteral("desktop-entry"), QStringLiteral("io.github.quillbar.Quillbar")}};
+    if (notice.hasSound) {
+        hints.insert(QStringLiteral("sound-name"), kSound);
+    } else {
+        hints.insert(QStringLiteral("suppress-sound"), true);
+    }
+    return hints;
+}
+
 QDBusMessage callOf(const QString& method) {
     return QDBusMessage::createMethodCall(kService, kPath, kService, method);
 }
@@ -84,10 +99,7 @@ void DesktopNotifications::send(const Notice& notice,
     QDBusMessage call = callOf(QStringLiteral("Notify"));
     call << QStringLiteral("Quillbar") << notice.replaces
          << QStringLiteral("io.github.quillbar.Quillbar") << title << text << actions
-         << QVariantMap{{QStringLiteral("urgency"), QVariant::fromValue(kNormalUrgency)},
-                        {QStringLiteral("desktop-entry"),
-                         QStringLiteral("io.github.quillbar.Quillbar")}}
-         << kServersOwnTime;
+         << hintsOf(notice) << kServersOwnTime;
     auto* const answer = new QDBusPendingCallWatcher(m_bus.asyncCall(call, kPatienceMs), this);
     connect(answer,
             &QDBusPendingCallWatcher::finished,

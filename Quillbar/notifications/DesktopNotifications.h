@@ -31,6 +31,8 @@ public:
         /// The notice that this one replaces; 0 for none. A server that does not know it shows a
         /// notice of its own.
         uint replaces = 0;
+        /// Whether a sound is asked for. Otherwise the server is asked to make none.
+        bool hasSound = false;
     };
 
     /// Without a connected bus every notice fails.

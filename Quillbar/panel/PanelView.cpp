@@ -6,6 +6,7 @@
 #include "Quillbar/chart/CoinDetailView.h"
 #include "Quillbar/panel/AgeLine.h"
 #include "Quillbar/panel/AlertLines.h"
+#include "Quillbar/panel/AlertsSection.h"
 #include "Quillbar/panel/ConnectionBanner.h"
 #include "Quillbar/panel/ErrorLine.h"
 #include "Quillbar/panel/LabelCoinsSection.h"
@@ -139,6 +140,10 @@ void PanelView::showPreferences(Qt::FocusReason reason) {
         m_preferencesView->add(
             new LabelSection(m_preferences, m_environment.appState, m_preferencesView));
         m_preferencesView->add(new LabelCoinsSection(m_preferences, m_preferencesView));
+        if (m_environment.alerts != nullptr) {
+            m_preferencesView->add(
+                new AlertsSection(m_environment, m_preferences, m_preferencesView));
+        }
         layout()->addWidget(m_preferencesView);
     }
     // A menu would stay open over what is hidden, and act on it.

@@ -14,6 +14,10 @@ QString amount(AlertKind kind, double value) {
                                                      : PriceFormatter::percent(value));
 }
 
+QString wayBack(AlertKind kind) {
+    return isRising(kind) ? QStringLiteral("回落") : QStringLiteral("回升");
+}
+
 // A margin has no sign.
 QString marginText(const Alert& alert) {
     const QString text = amount(alert.kind, *alert.margin);
@@ -29,18 +33,32 @@ QString condition(AlertKind kind, double threshold) {
 }
 
 QString description(const Alert& alert) {
-    QString text = condition(alert.kind, alert.threshold);
-    if (alert.margin) {
-        text += QStringLiteral(" · 重复(%1 %2 后)")
-                    .arg(isRising(alert.kind) ? QStringLiteral("回落") : QStringLiteral("回升"),
-                         marginText(alert));
-    } else {
-        text += QStringLiteral(" · 仅一次");
-    }
+    return condition(alert.kind, alert.threshold) + QStringLiteral(" · ") + manner(alert);
+}
+
+QString manner(const Alert& alert) {
+    QString text =
+        alert.margin ? QStringLiteral("重复(%1 %2 后)").arg(wayBack(alert.kind), marginText(alert))
+                     : QStringLiteral("仅一次");
     if (!alert.note.empty()) {
         text += QStringLiteral(" · ") + OneLineText::of(alert.note);
     }
     return text;
+}
+
+QString state(const Alert& alert) {
+    if (!alert.isOn) {
+        return QStringLiteral("已关闭");
+    }
+    if (alert.isArmed) {
+        return QStringLiteral("等待触发");
+    }
+    if (alert.margin) {
+        return wayBack(alert.kind) + QStringLiteral("到 ") + amount(alert.kind, alert.rearmLevel())
+               + QStringLiteral(" 后生效");
+    }
+    return (isRising(alert.kind) ? QStringLiteral("低于 ") : QStringLiteral("高于 "))
+           + amount(alert.kind, alert.threshold) + QStringLiteral(" 后生效");
 }
 
 QString title(const FiredAlert& fired) {

@@ -17,6 +17,13 @@ namespace quillbar::AlertText {
 /// "价格 ≥ 70,000.00 · 重复(回落 700.00 后)".
 [[nodiscard]] QString description(const Alert& alert);
 
+/// The description without the condition: "仅一次 · 卖出".
+[[nodiscard]] QString manner(const Alert& alert);
+
+/// Whether it waits for its line, and if not what must come first: "等待触发", "已关闭", "低于
+/// 70,000.00 后生效", "回落到 69,300.00 后生效".
+[[nodiscard]] QString state(const Alert& alert);
+
 /// The title of its notice: "BTC 价格 ≥ 70,000.00"; "BTC 期间价格 ≥ 70,000.00" when the line was
 /// crossed in a gap.
 [[nodiscard]] QString title(const FiredAlert& fired);

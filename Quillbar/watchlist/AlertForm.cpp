@@ -254,7 +254,9 @@ void AlertForm::refreshList() {
     }
     for (const Alert& alert : m_environment.alerts->alertsOf(m_coin.symbol)) {
         auto* const row = new QWidget(m_listArea);
-        const QString text = AlertText::description(alert);
+        const QString text =
+            AlertText::description(alert)
+            + (alert.isOn ? QString() : QStringLiteral(" · ") + AlertText::state(alert));
         auto* const label =
             new ThemedLabel(systemFont(kTextSize), &ThemeColors::Resolved::primaryText, row);
         label->setText(text);

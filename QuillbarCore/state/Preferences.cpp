@@ -21,4 +21,10 @@ Preferences Preferences::settingLabel(const LabelPreferences& preferences) const
     return result;
 }
 
+Preferences Preferences::settingAlertSound(bool isOn) const {
+    Preferences result = *this;
+    result.alertSound = isOn;
+    return result;
+}
+
 }  // namespace quillbar

@@ -19,14 +19,17 @@ struct Preferences final {
     std::int64_t schemaVersion = kCurrentSchemaVersion;
     ChangeColors changeColors = ChangeColors::greenUp;
     LabelPreferences label = {};
+    /// Whether the notice of a price alert asks for a sound.
+    bool alertSound = false;
 
-    /// The preferences of a first start: green for rising prices. The reference stays valid for the
-    /// life of the process.
+    /// The preferences of a first start: green for rising prices, and no sound. The reference stays
+    /// valid for the life of the process.
     [[nodiscard]] static const Preferences& defaultPreferences();
 
-    /// The preferences with this one field replaced.
+    // Each returns the preferences with this one field replaced.
     [[nodiscard]] Preferences settingChangeColors(ChangeColors colors) const;
     [[nodiscard]] Preferences settingLabel(const LabelPreferences& preferences) const;
+    [[nodiscard]] Preferences settingAlertSound(bool isOn) const;
 
     [[nodiscard]] bool operator==(const Preferences&) const = default;
 };

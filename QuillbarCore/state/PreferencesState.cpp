@@ -15,6 +15,10 @@ void PreferencesState::setChangeColors(ChangeColors colors) {
     apply(m_preferences->settingChangeColors(colors));
 }
 
+void PreferencesState::setAlertSound(bool isOn) {
+    apply(m_preferences->settingAlertSound(isOn));
+}
+
 void PreferencesState::setLabel(const LabelPreferences& label) {
     LabelPreferences before = m_preferences->label;
     before.ownTemplate = label.ownTemplate;

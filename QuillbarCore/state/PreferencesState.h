@@ -36,6 +36,8 @@ public:
     /// Shows changes in these colours, and saves that. Does nothing for the colours that are set. A
     /// save that fails is logged, keeps the edit in memory and sets `lastError`.
     void setChangeColors(ChangeColors colors);
+    /// Gives the notices of price alerts a sound or none, in the same way.
+    void setAlertSound(bool isOn);
 
     /// The same for the item in the status area. While a template is typed, each of its versions is
     /// an edit, so an edit of the template alone does not wait for the disk: a power cut a few

@@ -73,6 +73,7 @@ ordered_json encodeLabel(const LabelPreferences& label) {
     }
     return value;
 }
+constexpr const char* kAlertSound = "alertSound";
 
 }  // namespace
 
@@ -91,6 +92,9 @@ Preferences PreferencesDocument::decode(std::string_view text) {
     if (const auto* const label = JSONDocument::optionalMember(value, kLabel)) {
         preferences.label = decodeLabel(*label);
     }
+    if (JSONDocument::optionalMember(value, kAlertSound) != nullptr) {
+        preferences.alertSound = JSONDocument::requiredTruth(value, kAlertSound);
+    }
     return preferences;
 }
 
@@ -100,6 +104,9 @@ std::string PreferencesDocument::encode(const Preferences& preferences) {
     value[kChangeColors] = rawValue(preferences.changeColors);
     if (preferences.label != LabelPreferences{}) {
         value[kLabel] = encodeLabel(preferences.label);
+    }
+    if (preferences.alertSound) {
+        value[kAlertSound] = true;
     }
     return JSONDocument::compactText(value);
 }

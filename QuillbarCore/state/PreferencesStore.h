@@ -15,11 +15,13 @@ namespace quillbar {
 /// What is peculiar to the stored preferences, "preferences.json":
 ///
 ///     {"schemaVersion":1,"changeColors":"redUp","label":{"wording":"custom",
-///      "template":"{symbol} {price:.0}","discreet":true,"coins":"rotating","every":30}}
+///      "template":"{symbol} {price:.0}","discreet":true,"coins":"rotating","every":30},
+///      "alertSound":true}
 ///
 /// The version alone is required; what is absent has its default. A raw text or a number of
-/// seconds that stands for nothing fails the whole document; the template may be any text. Of the label only what is
-/// not the default is written.
+/// seconds that stands for nothing, or a switch that is neither true nor false, fails the whole
+/// document; the template may be any text. But for the version and the colours, only what is not
+/// the default is written.
 struct PreferencesDocument final {
     using Document = Preferences;
     static constexpr std::string_view kFileName = "preferences.json";

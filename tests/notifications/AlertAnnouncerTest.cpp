@@ -46,7 +46,9 @@ struct AlertAnnouncerTest : AppStateFixture {
     AlertAnnouncerTest(AlertAnnouncerTest&&) = delete;
     AlertAnnouncerTest& operator=(AlertAnnouncerTest&&) = delete;
 
-    void announce(const QDBusConnection& connection) { announcer.emplace(*keeper, connection); }
+    void announce(const QDBusConnection& connection) {
+        announcer.emplace(*keeper, preferences, connection);
+    }
     void add(double threshold,
              std::optional<double> margin = std::nullopt,
              const std::string& note = {}) {
@@ -67,6 +69,7 @@ struct AlertAnnouncerTest : AppStateFixture {
     QDBusConnection bus;
     FakeNotifications server;
     std::unique_ptr<AlertKeeper> keeper;
+    Observed<Preferences> preferences;
     std::optional<AlertAnnouncer> announcer;
 };
 
@@ -85,6 +88,25 @@ TEST_F(AlertAnnouncerTest, showsWhatFiredAsANotice) {
     EXPECT_TRUE(allAreShown());
     EXPECT_THAT(*announcer->unshown(), IsEmpty());
     EXPECT_THAT(AlertStore(folder.path()).load().fired, IsEmpty());
+}
+
+TEST_F(AlertAnnouncerTest, asksForASoundOnlyWhileTheUserWantsOne) {
+    server.begin();
+    announce(bus);
+    const QString sound = QStringLiteral("sound-name");
+    const QString silence = QStringLiteral("suppress-sound");
+    add(110);
+    add(120);
+    price("BTC", 111);
+    ASSERT_TRUE(noticesAre(1));
+    EXPECT_FALSE(server.notices.back().hints.contains(sound));
+    EXPECT_EQ(server.notices.back().hints.value(silence), QVariant(true));
+    preferences.set(Preferences().settingAlertSound(true));
+    price("BTC", 121);
+    ASSERT_TRUE(noticesAre(2));
+    EXPECT_EQ(server.notices.back().hints.value(sound),
+              QVariant(QStringLiteral("message-new-instant")));
+    EXPECT_FALSE(server.notices.back().hints.contains(silence));
 }
 
 TEST_F(AlertAnnouncerTest, offersAServerOnlyWhatItCanDo) {

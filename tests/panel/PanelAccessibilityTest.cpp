@@ -267,6 +267,21 @@ TEST_F(PanelAccessibilityTest, everyControlOfThePreferencesSaysWhatItIs) {
                             "RadioButton '并排显示'"));
 }
 
+TEST_F(PanelAccessibilityTest, everyAlertOfThePreferencesSaysWhatItIs) {
+    startConnected(listOf({"BTC"}));
+    price("BTC", 100);
+    alerts().add({.symbol = "BTCUSDT", .baseAsset = "BTC", .threshold = 110});
+    showActive(show());
+    panel->showPreferences();
+    spinUntilIdle();
+    const Walk seen = walk(*panel);
+    EXPECT_THAT(seen.faults, IsEmpty());
+    EXPECT_THAT(seen.controls, Contains("Heading '提醒'"));
+    EXPECT_THAT(seen.controls, Contains("CheckBox '提示音, 价格提醒出现时响一声'"));
+    EXPECT_THAT(seen.controls, Contains("CheckBox 'BTC 价格 ≥ 110.00, 等待触发 · 仅一次'*"));
+    EXPECT_THAT(seen.controls, Contains("Button '删除提醒, BTC 价格 ≥ 110.00 · 仅一次'"));
+}
+
 TEST_F(PanelAccessibilityTest, aScreenReaderChoosesATab) {
     open();
     QAccessibleActionInterface* const actions =

@@ -84,6 +84,18 @@ TEST_F(PreferencesStateTest, onlyATemplateThatIsTypedDoesNotWaitForTheDisk) {
     EXPECT_GT(syncCount(), waited);
 }
 
+TEST_F(PreferencesStateTest, theSoundIsWrittenWhileItIsOn) {
+    PreferencesState state = started();
+    state.setAlertSound(false);
+    EXPECT_EQ(entryCount(folder.path()), 0U);
+    state.setAlertSound(true);
+    EXPECT_TRUE(state.preferences()->alertSound);
+    EXPECT_EQ(stored(), R"({"schemaVersion":1,"changeColors":"greenUp","alertSound":true})");
+    EXPECT_TRUE(started().preferences()->alertSound);
+    state.setAlertSound(false);
+    EXPECT_EQ(stored(), R"({"schemaVersion":1,"changeColors":"greenUp"})");
+}
+
 TEST_F(PreferencesStateTest, theColorsThatAreSetAlreadyAreNotSavedAgain) {
     PreferencesState state = started();
     state.setChangeColors(ChangeColors::greenUp);

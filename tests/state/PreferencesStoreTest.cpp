@@ -29,7 +29,7 @@ struct PreferencesStoreTest : testing::Test {
 
 TEST_F(PreferencesStoreTest, takesTheDefaultForWhatIsAbsent) {
     EXPECT_EQ(load(R"({"schemaVersion":1})"), Preferences::defaultPreferences());
-    EXPECT_EQ(load(R"({"schemaVersion":1,"changeColors":null})"),
+    EXPECT_EQ(load(R"({"schemaVersion":1,"changeColors":null,"alertSound":null})"),
               Preferences::defaultPreferences());
     EXPECT_THAT(log.lines(), IsEmpty());
 }
@@ -63,6 +63,8 @@ TEST_F(PreferencesStoreTest, loadsTheWholeDefaultForValuesOfAnotherType) {
                                         R"({"schemaVersion":1,"changeColors":1})",
                                         R"({"schemaVersion":1,"changeColors":["redUp"]})",
                                         R"({"schemaVersion":1,"changeColors":{}})",
+                                        R"({"schemaVersion":1,"alertSound":"true"})",
+                                        R"({"schemaVersion":1,"alertSound":1})",
                                         R"(["redUp"])"}) {
         SCOPED_TRACE(text);
         log.clear();

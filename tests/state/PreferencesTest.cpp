@@ -11,6 +11,7 @@ TEST(Preferences, ofAFirstStartAreGreenForRising) {
     const Preferences& preferences = Preferences::defaultPreferences();
     EXPECT_EQ(preferences.schemaVersion, 1);
     EXPECT_EQ(preferences.changeColors, ChangeColors::greenUp);
+    EXPECT_FALSE(preferences.alertSound);
 }
 
 TEST(Preferences, ofAFirstStartWordTheLabelWithCoinPriceAndChange) {
@@ -26,6 +27,8 @@ TEST(Preferences, anEditReplacesItsFieldAlone) {
     const Preferences before{7, ChangeColors::greenUp};
     EXPECT_EQ(before.settingChangeColors(ChangeColors::blueUp),
               (Preferences{7, ChangeColors::blueUp}));
+    EXPECT_EQ(before.settingAlertSound(true),
+              (Preferences{.schemaVersion = 7, .alertSound = true}));
     EXPECT_EQ(before.changeColors, ChangeColors::greenUp);
     const LabelPreferences label{.wording = LabelWording::price, .isDiscreet = true};
     EXPECT_EQ(before.settingLabel(label), (Preferences{7, ChangeColors::greenUp, label}));
@@ -40,6 +43,7 @@ TEST(Preferences, areEqualWhenEveryFieldIs) {
     EXPECT_NE(preferences, preferences.settingLabel({.wording = LabelWording::price}));
     EXPECT_NE(preferences, preferences.settingLabel({.ownTemplate = "{price}"}));
     EXPECT_NE(preferences, preferences.settingLabel({.isDiscreet = true}));
+    EXPECT_NE(preferences, preferences.settingAlertSound(true));
 }
 
 }  // namespace

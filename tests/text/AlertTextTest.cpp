@@ -30,6 +30,21 @@ TEST(AlertTextTest, saysHowOftenItFires) {
               QStringLiteral("24 小时涨跌 ≤ -5.00% · 重复(回升 1.00% 后)"));
 }
 
+TEST(AlertTextTest, saysWhetherItWaitsOrWhatMustComeFirst) {
+    Alert alert{.threshold = 70000, .isArmed = true};
+    EXPECT_EQ(AlertText::state(alert), QStringLiteral("等待触发"));
+    alert.isArmed = false;
+    EXPECT_EQ(AlertText::state(alert), QStringLiteral("低于 70,000.00 后生效"));
+    alert.margin = 700;
+    EXPECT_EQ(AlertText::state(alert), QStringLiteral("回落到 69,300.00 后生效"));
+    alert.isOn = false;
+    EXPECT_EQ(AlertText::state(alert), QStringLiteral("已关闭"));
+    alert = {.kind = AlertKind::changeAtMost, .threshold = -5};
+    EXPECT_EQ(AlertText::state(alert), QStringLiteral("高于 -5.00% 后生效"));
+    alert.margin = 1;
+    EXPECT_EQ(AlertText::state(alert), QStringLiteral("回升到 -4.00% 后生效"));
+}
+
 TEST(AlertTextTest, saysWhatFiredAndWhetherItWasMeanwhile) {
     FiredAlert fired{.alert = {.baseAsset = "BTC", .threshold = 70000, .note = "卖\x1b出"},
                      .price = 70012.3,

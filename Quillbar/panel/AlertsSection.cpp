@@ -1,0 +1,216 @@
+// SPDX-FileCopyrightText: 2026 The Quillbar developers
+// SPDX-License-Identifier: MIT
+#include "Quillbar/panel/AlertsSection.h"
+
+#include "Quillbar/panel/AlertRow.h"
+#include "Quillbar/text/AlertText.h"
+#include "Quillbar/text/OneLineText.h"
+#include "Quillbar/text/SystemFont.h"
+#include "Quillbar/widgets/Announcement.h"
+#include "Quillbar/widgets/CheckRow.h"
+#include "Quillbar/widgets/TextButton.h"
+#include "Quillbar/widgets/ThemedLabel.h"
+#include "QuillbarCore/alerts/AlertKeeper.h"
+#include "QuillbarCore/state/PreferencesState.h"
+
+#include <QHBoxLayout>
+#include <QHideEvent>
+#include <QString>
+#include <QVBoxLayout>
+
+#include <algorithm>
+#include <cstddef>
+#include <utility>
+
+namespace quillbar {
+
+namespace {
+
+constexpr double kTextSize = 10.5;
+constexpr int kSpacing = 8;
+
+ThemedLabel* makeLabel(ColorRole role, QWidget* parent) {
+    auto* const label = new ThemedLabel(systemFont(kTextSize), role, parent);
+    label->setWordWrap(true);
+    return label;
+}
+
+}  // namespace
+
+AlertsSection::AlertsSection(const ViewEnvironment& environment,
+                             PreferencesState& preferences,
+                             QWidget* parent)
+    : PreferencesSection(QStringLiteral("提醒"), parent)
+    , m_environment(environment)
+    , m_sound(new CheckRow(QStringLiteral("提示音"), this))
+    , m_empty(makeLabel(&ThemeColors::Resolved::secondaryText, this))
+    , m_list(new QVBoxLayout)
+    , m_offer(new QWidget(this))
+    , m_offerText(makeLabel(&ThemeColors::Resolved::secondaryText, m_offer))
+    , m_takeBack(new TextButton(QStringLiteral("撤销"), m_offer))
+    , m_error(makeLabel(&ThemeColors::Resolved::danger, this))
+    , m_scope(environment.executor) {
+    m_sound->setTexts(m_sound->text(), QStringLiteral("价格提醒出现时响一声"));
+    connect(m_sound, &QAbstractButton::clicked, this, [&preferences](bool isOn) {
+        preferences.setAlertSound(isOn);
+    });
+    add(m_sound);
+    m_empty->setText(QStringLiteral("还没有价格提醒。在自选列表的一行上点右键,选“价格提醒…”。"));
+    add(m_empty);
+    auto* const list = new QWidget(this);
+    list->setLayout(m_list);
+    list->setAccessibleName(QStringLiteral("价格提醒"));
+    m_list->setContentsMargins(0, 0, 0, 0);
+    m_list->setSpacing(0);
+    add(list);
+    makeOffer();
+    add(m_offer);
+    m_error->setText(QStringLiteral("提醒未能保存到磁盘,重启后会丢失"));
+    m_error->setAccessibleName(m_error->text());
+    Announcement::mark(*m_error);
+    add(m_error);
+    for (ThemedLabel* const text : {m_empty, m_error}) {
+        text->setContentsMargins(kTextIndent, 0, kTextIndent, 0);
+    }
+    m_observations.push_back(preferences.preferences().observe(
+        [this](const Preferences& chosen) { m_sound->setChecked(chosen.alertSound); }));
+    m_observations.push_back(environment.alerts->alerts().observe(
+        [this](const std::vector<Alert>& /*alerts*/) { refresh(); }));
+    m_sound->setChecked(preferences.preferences()->alertSound);
+    refresh();
+}
+
+void AlertsSection::makeOffer() {
+    Announcement::mark(*m_offer);
+    auto* const layout = new QHBoxLayout(m_offer);
+    layout->setContentsMargins(kTextIndent, 0, kTextIndent, 0);
+    layout->setSpacing(kSpacing);
+    layout->addWidget(m_offerText, 1);
+    layout->addWidget(m_takeBack);
+    m_offer->hide();
+    connect(m_takeBack, &QAbstractButton::clicked, this, [this] { takeBack(); });
+}
+
+void AlertsSection::refresh() {
+    const std::vector<Alert>& alerts = *m_environment.alerts->alerts();
+    std::vector<AlertRow*> before = std::exchange(m_rows, {});
+    for (const Alert& alert : alerts) {
+        const auto found = std::find_if(before.begin(), before.end(), [&](const AlertRow* row) {
+            return row != nullptr && row->id() == alert.id;
+        });
+        if (found != before.end()) {
+            // A row that stays keeps the focus.
+            (*found)->setAlert(alert);
+            m_rows.push_back(std::exchange(*found, nullptr));
+            continue;
+        }
+        auto* const row = new AlertRow(alert,
+                                       {.onSwitch =
+                                            [this](std::int64_t id, bool isOn) {
+                                                isOn ? m_environment.alerts->switchOn(id)
+                                                     : m_environment.alerts->switchOff(id);
+                                            },
+                                        .onDelete = [this](std::int64_t id) { remove(id); }},
+                                       this);
+        m_list->insertWidget(static_cast<int>(m_rows.size()), row);
+        m_rows.push_back(row);
+    }
+    // Deleted later, because the call may come from the row's own button.
+    for (AlertRow* const row : before) {
+        if (row != nullptr) {
+            m_list->removeWidget(row);
+            row->hide();
+            row->deleteLater();
+        }
+    }
+    putInTabOrder();
+    m_empty->setVisible(m_rows.empty());
+    m_error->setVisible(!m_environment.alerts->isSaved());
+}
+
+// The Tab key goes by when widgets were made, until it is told otherwise.
+void AlertsSection::putInTabOrder() {
+    QWidget* last = m_sound;
+    for (AlertRow* const row : m_rows) {
+        last = row->tabAfter(last);
+    }
+    setTabOrder(last, m_takeBack);
+}
+
+void AlertsSection::remove(std::int64_t id) {
+    const auto row = std::find_if(
+        m_rows.begin(), m_rows.end(), [id](const AlertRow* each) { return each->id() == id; });
+    const std::vector<Alert>& alerts = *m_environment.alerts->alerts();
+    const auto alert = std::find_if(
+        alerts.begin(), alerts.end(), [id](const Alert& each) { return each.id == id; });
+    if (row == m_rows.end() || alert == alerts.end()) {
+        return;
+    }
+    const auto place = static_cast<std::size_t>(row - m_rows.begin());
+    if (const auto focus = (*row)->focusOfDelete()) {
+        focusBeside(place, *focus);
+    }
+    m_deleted = *alert;
+    m_environment.alerts->remove(id);
+    const QString text = QStringLiteral("已删除 ") + OneLineText::of(m_deleted->baseAsset) + u' '
+                         + AlertText::condition(m_deleted->kind, m_deleted->threshold);
+    // Hidden also between two deletions, because screen readers read only what appears.
+    m_offer->hide();
+    m_offer->setAccessibleName(text);
+    m_offerText->setText(text);
+    m_takeBack->setAccessibleName(QStringLiteral("撤销, ") + text);
+    m_offering.cancel();
+    m_offering = m_scope.spawn(offerForAWhile());
+}
+
+// The row at that place is about to go.
+void AlertsSection::focusBeside(std::size_t place, Qt::FocusReason reason) {
+    if (place + 1 < m_rows.size()) {
+        m_rows[place + 1]->focusDelete(reason);
+    } else if (place > 0) {
+        m_rows[place - 1]->focusDelete(reason);
+    } else {
+        m_sound->setFocus(reason);
+    }
+}
+
+Task<void> AlertsSection::offerForAWhile() {
+    m_offer->show();
+    co_await m_environment.sleeper(kOffered);
+    withdraw();
+}
+
+void AlertsSection::withdraw() {
+    m_deleted.reset();
+    if (m_takeBack->hasFocus()) {
+        // What is hidden with the focus passes it on to whatever comes next.
+        m_sound->setFocus(m_takeBack->focusReason());
+    }
+    m_offer->hide();
+}
+
+void AlertsSection::takeBack() {
+    if (!m_deleted) {
+        return;
+    }
+    const Alert alert = *std::exchange(m_deleted, std::nullopt);
+    m_offering.cancel();
+    m_environment.alerts->putBack(alert);
+    const auto row = std::find_if(m_rows.begin(), m_rows.end(), [&alert](const AlertRow* each) {
+        return each->id() == alert.id;
+    });
+    if (m_takeBack->hasFocus() && row != m_rows.end()) {
+        (*row)->focusDelete(m_takeBack->focusReason());
+    }
+    withdraw();
+}
+
+void AlertsSection::hideEvent(QHideEvent* event) {
+    PreferencesSection::hideEvent(event);
+    if (!event->spontaneous()) {
+        m_offering.cancel();
+        withdraw();
+    }
+}
+
+}  // namespace quillbar
