@@ -16,6 +16,7 @@
 #include "Quillbar/tray/StatusItem.h"
 #include "Quillbar/widgets/SystemColorScheme.h"
 #include "Quillbar/widgets/ViewEnvironment.h"
+#include "QuillbarCore/alerts/Alert.h"
 #include "QuillbarCore/alerts/AlertKeeper.h"
 #include "QuillbarCore/runtime/Executor.h"
 #include "QuillbarCore/runtime/Observed.h"
@@ -86,6 +87,10 @@ public:
 
     /// The label, for programs that pass it on. Lives as long as this object.
     [[nodiscard]] LabelSource& labelSource() noexcept { return m_labelSource; }
+    /// The price alerts that fired and were not shown yet. Lives as long as this object.
+    [[nodiscard]] const Observed<std::vector<FiredAlert>>& firedAlerts() const noexcept {
+        return m_alerts.fired();
+    }
 
 private:
     void refreshFace();

@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Quillbar developers
 // SPDX-License-Identifier: MIT
 #include "Quillbar/instance/ActivationTokens.h"
+#include "Quillbar/instance/AlertService.h"
 #include "Quillbar/instance/ApplicationNames.h"
 #include "Quillbar/instance/ApplicationService.h"
 #include "Quillbar/instance/AppOptions.h"
@@ -63,6 +64,7 @@ public:
             }
             m_app.emplace(m_bus, m_endpoints, AppDirectories::applicationSupport());
             m_label.emplace(m_service.label(), m_app->labelSource());
+            m_alerts.emplace(m_service.alerts(), m_app->firedAlerts());
             m_app->start(options.manner == StartManner::background
                              ? QuillbarApp::WithoutTray::waits
                              : QuillbarApp::WithoutTray::opensPanel);
@@ -122,8 +124,9 @@ private:
     ServiceEndpoints m_endpoints;
     ApplicationService m_service;
     std::optional<QuillbarApp> m_app;
-    // Observes the application, so it goes first.
+    // These observe the application, so they go first.
     std::optional<LabelService> m_label;
+    std::optional<AlertService> m_alerts;
 };
 
 /// Asks the running application, if there is one. Absent when this process is to become it.

@@ -11,5 +11,6 @@ inline constexpr const char* kObjectPath = "/io/github/quillbar/Quillbar";
 /// What desktops call when the user starts the application a second time.
 inline constexpr const char* kApplicationInterface = "org.freedesktop.Application";
 inline constexpr const char* kLabelInterface = "io.github.quillbar.Quillbar.Label";
+inline constexpr const char* kAlertsInterface = "io.github.quillbar.Quillbar.Alerts";
 
 }  // namespace quillbar::ApplicationNames

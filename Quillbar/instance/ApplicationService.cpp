@@ -28,7 +28,8 @@ ApplicationService::ApplicationService(QDBusConnection bus, ApplicationAdaptor::
     : m_bus(std::move(bus))
     , m_onAction(std::move(onAction))
     , m_early(std::in_place)
-    , m_label(new LabelAdaptor(&m_object)) {
+    , m_label(new LabelAdaptor(&m_object))
+    , m_alerts(new AlertAdaptor(&m_object)) {
     new ApplicationAdaptor(&m_object,
                            [this](ApplicationAction action, const ActivationTokens& tokens) {
                                if (m_early) {

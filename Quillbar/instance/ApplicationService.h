@@ -3,6 +3,7 @@
 #pragma once
 
 #include "Quillbar/instance/ActivationTokens.h"
+#include "Quillbar/instance/AlertAdaptor.h"
 #include "Quillbar/instance/ApplicationAction.h"
 #include "Quillbar/instance/ApplicationAdaptor.h"
 #include "Quillbar/instance/LabelAdaptor.h"
@@ -18,8 +19,8 @@
 
 namespace quillbar {
 
-/// The running application on the session bus: org.freedesktop.Application and the label's interface
-/// at its object path, and its name, which only one instance has.
+/// The running application on the session bus: org.freedesktop.Application and the interfaces of
+/// the label and of the price alerts at its object path, and its name, which only one instance has.
 ///
 /// Main thread; needs a QCoreApplication. Destroying it takes the object off the bus and gives up
 /// the name; no callback is called after that.
@@ -56,6 +57,8 @@ public:
 
     /// The adaptor that a `LabelService` uses. Lives as long as this object.
     [[nodiscard]] LabelAdaptor& label() noexcept { return *m_label; }
+    /// The adaptor that an `AlertService` uses. Lives as long as this object.
+    [[nodiscard]] AlertAdaptor& alerts() noexcept { return *m_alerts; }
 
 private:
     void tell(const std::function<void(Claim)>& onOutcome, Claim claim);
@@ -67,6 +70,7 @@ private:
     // The adaptors are its children, and the callbacks of the claim end with it.
     QObject m_object;
     LabelAdaptor* m_label;
+    AlertAdaptor* m_alerts;
     bool m_hasName = false;
 };
 
