@@ -70,6 +70,7 @@ QuillbarApp::QuillbarApp(const std::optional<QDBusConnection>& bus,
                 .sleeper = m_sleeper})
     , m_preferences(PreferencesStore(folder))
     , m_announcer(m_alerts, m_preferences.preferences(), bus.value_or(QDBusConnection(QString())))
+    , m_unseenAlerts(m_announcer.unshown())
     , m_edits(*m_executor)
     , m_systemScheme(bus)
     , m_hasBus(bus && bus->isConnected())
@@ -124,6 +125,8 @@ QuillbarApp::QuillbarApp(const std::optional<QDBusConnection>& bus,
     const auto menuChanged = [this](const auto& /*value*/) { refreshMenu(); };
     m_observations.push_back(m_settings.entries().observe(menuChanged));
     m_observations.push_back(m_preferences.preferences().observe(menuChanged));
+    m_observations.push_back(
+        m_unseenAlerts.count().observe([this](int count) { m_item.setFiredAlerts(count); }));
     if (!m_hasBus) {
         Logger("QuillbarApp").error("no session bus: no item in the status area");
         m_notices.add(Notice::noSessionBus);
@@ -293,6 +296,7 @@ PanelWindow& QuillbarApp::panelAskedFor() {
 
 void QuillbarApp::onPanelOpened() {
     m_item.setPanelOpen(true);
+    m_unseenAlerts.setPanelOpen(true);
     const std::vector<Notice>& told = *m_notices.standing();
     if (std::find(told.begin(), told.end(), Notice::firstStart) != told.end()) {
         m_firstStart.told();
@@ -309,6 +313,7 @@ void QuillbarApp::setStandalone(bool isStandalone) {
 
 void QuillbarApp::onPanelClosed() {
     m_item.setPanelOpen(false);
+    m_unseenAlerts.setPanelOpen(false);
     // The panel opens with the prices that the user clicks the item for.
     m_panelView->closePreferences();
     if (m_endsWithPanel) {

@@ -7,6 +7,7 @@
 #include "Quillbar/login/AutostartEntry.h"
 #include "Quillbar/login/LaunchAtLogin.h"
 #include "Quillbar/notifications/AlertAnnouncer.h"
+#include "Quillbar/notifications/UnseenAlerts.h"
 #include "Quillbar/panel/FirstStart.h"
 #include "Quillbar/panel/Notices.h"
 #include "Quillbar/panel/SettingsMenu.h"
@@ -116,6 +117,7 @@ private:
     AlertKeeper m_alerts;
     PreferencesState m_preferences;
     AlertAnnouncer m_announcer;
+    UnseenAlerts m_unseenAlerts;
     // Edits end before the state that they change.
     TaskScope m_edits;
     SystemColorScheme m_systemScheme;

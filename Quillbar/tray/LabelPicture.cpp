@@ -3,6 +3,7 @@
 #include "Quillbar/tray/LabelPicture.h"
 
 #include "Quillbar/text/TabularText.h"
+#include "Quillbar/tray/AlertMark.h"
 #include "Quillbar/tray/PixelText.h"
 #include "Quillbar/widgets/ChangePalette.h"
 
@@ -304,9 +305,18 @@ LabelPicture LabelPicture::of(const LabelFace& face,
 
 QImage LabelPicture::drawn(int height) const {
     if (upper.isEmpty() && lower.isEmpty()) {
-        return drawnMark(height, ground);
+        QImage image = drawnMark(height, ground);
+        if (isMarked) {
+            AlertMark::drawDot(image);
+        }
+        return image;
     }
-    return form == LabelForm::widePicture ? drawnWide(*this, height) : drawnSquare(*this, height);
+    QImage image =
+        form == LabelForm::widePicture ? drawnWide(*this, height) : drawnSquare(*this, height);
+    if (isMarked) {
+        AlertMark::drawFrame(image);
+    }
+    return image;
 }
 
 }  // namespace quillbar

@@ -43,6 +43,9 @@ struct LabelPicture final {
     QString lower = {};
     LabelDirection direction = LabelDirection::stale;
     ChangeColors changeColors = ChangeColors::greenUp;
+    /// Whether it says that there is something to see in the panel: as a frame around texts, or as
+    /// a dot in the mark's free corner. No text is covered.
+    bool isMarked = false;
 
     [[nodiscard]] bool operator==(const LabelPicture&) const = default;
 

@@ -16,9 +16,15 @@ namespace quillbar {
 namespace {
 
 const QString kThemeIcon = QStringLiteral("io.github.quillbar.Quillbar");
+// In the place of the other, where the host draws no picture of ours and so no mark in it.
+const QString kThemeAlertIcon = QStringLiteral("dialog-information");
 // Hosts draw a broken picture for a name that they do not find. This one is in the themes of GNOME,
 // MATE and Plasma; the monitors and charts of other names are not in all of them.
 const QString kStockIcon = QStringLiteral("x-office-spreadsheet");
+
+QString firedText(int count) {
+    return QStringLiteral("%1 个价格提醒已触发").arg(count);
+}
 
 PictureGround groundOf(const TrayHost& host) {
     return host.bar == TrayHost::Bar::dark ? PictureGround::darkBar : PictureGround::own;
@@ -95,6 +101,13 @@ void StatusItem::show(const LabelFace& face) {
     refresh();
 }
 
+void StatusItem::setFiredAlerts(int count) {
+    if (m_firedAlerts != count) {
+        m_firedAlerts = count;
+        refresh();
+    }
+}
+
 void StatusItem::setMenu(const std::vector<MenuEntry>& middle) {
     constexpr int kFirstSeparator = 3;
     constexpr int kSecondSeparator = 4;
@@ -162,7 +175,7 @@ void StatusItem::refresh() {
     }
     if (m_olderTray) {
         const QString tooltip =
-            m_tooltipPause.isPaused() ? QString() : m_face->text + u'\n' + m_face->details;
+            m_tooltipPause.isPaused() ? QString() : m_face->text + u'\n' + details();
         m_olderTray->show(pictureIn(LabelForm::square, PictureGround::own), tooltip);
     }
     // Without a host nobody sees the item.
@@ -173,14 +186,17 @@ void StatusItem::refresh() {
 
 LabelPicture StatusItem::pictureIn(LabelForm form, PictureGround ground) const {
     const SquareTop top = m_pinAnnouncement.isOn() ? SquareTop::name : SquareTop::price;
-    return LabelPicture::of(*m_face, form, ground, top);
+    LabelPicture picture = LabelPicture::of(*m_face, form, ground, top);
+    picture.isMarked = m_firedAlerts > 0;
+    return picture;
 }
 
 void StatusItem::refreshItem() {
     const LabelPicture picture = pictureIn(m_host.form, groundOf(m_host));
     if (m_host.icon == TrayHost::Icon::themeName) {
         m_picture.reset();
-        m_item.setThemeIcon(m_themeIcon);
+        const bool isMarked = m_firedAlerts > 0 && m_environment.hasThemeIcon(kThemeAlertIcon);
+        m_item.setThemeIcon(isMarked ? kThemeAlertIcon : m_themeIcon);
     } else if (m_picture != picture) {
         m_picture = picture;
         m_item.setPictures([host = m_host, picture] { return hostPictures(host, picture); });
@@ -197,15 +213,19 @@ void StatusItem::refreshItem() {
 void StatusItem::refreshTooltip() {
     const bool isPaused = m_tooltipPause.isPaused();
     const bool hasNames = !isPaused || m_host.emptyTooltip == TrayHost::EmptyTooltip::nothing;
-    m_item.setDescription(hasNames ? m_face->text : QString());
+    QString description = m_face->text;
+    if (m_firedAlerts > 0) {
+        description += QStringLiteral(", ") + firedText(m_firedAlerts);
+    }
+    m_item.setDescription(hasNames ? description : QString());
 
     const QString title = m_face->text.toHtmlEscaped();
-    const QString details = m_face->details.toHtmlEscaped();
+    const QString lines = details().toHtmlEscaped();
     if (m_host.tooltip == TrayHost::Tooltip::itemTitle) {
         m_item.setTooltip({}, {});
         m_item.setTitle(isPaused
                             ? QString()
-                            : QStringLiteral("<b>") + title + QStringLiteral("</b>\n") + details);
+                            : QStringLiteral("<b>") + title + QStringLiteral("</b>\n") + lines);
         return;
     }
     // Plasma sorts the items by their titles, so the title never changes there.
@@ -213,10 +233,14 @@ void StatusItem::refreshTooltip() {
     if (isPaused) {
         m_item.setTooltip({}, {});
     } else if (m_host.tooltip == TrayHost::Tooltip::titleAlone) {
-        m_item.setTooltip(title + u'\n' + details, {});
+        m_item.setTooltip(title + u'\n' + lines, {});
     } else {
-        m_item.setTooltip(title, details);
+        m_item.setTooltip(title, lines);
     }
+}
+
+QString StatusItem::details() const {
+    return m_firedAlerts > 0 ? firedText(m_firedAlerts) + u'\n' + m_face->details : m_face->details;
 }
 
 void StatusItem::activate(std::optional<QPoint> anchor) {

@@ -98,6 +98,10 @@ public:
     /// quits.
     void setMenu(const std::vector<MenuEntry>& middle);
 
+    /// How many price alerts fired that only the panel can show: while there are any, the picture
+    /// has a mark, and the tooltip and the picture's description say their number.
+    void setFiredAlerts(int count);
+
     /// Call it when the panel is shown or hidden. While it is shown there is no tooltip, which
     /// hosts would draw over it, nor while `TooltipPause` holds.
     void setPanelOpen(bool isOpen) { m_tooltipPause.setPanelOpen(isOpen); }
@@ -114,6 +118,7 @@ private:
     [[nodiscard]] LabelPicture pictureIn(LabelForm form, PictureGround ground) const;
     void refreshItem();
     void refreshTooltip();
+    [[nodiscard]] QString details() const;
 
     void activate(std::optional<QPoint> anchor);
     void scroll(int places);
@@ -133,6 +138,7 @@ private:
     QMenu m_ownMenu;
     std::unique_ptr<OlderTray> m_olderTray;
     std::optional<LabelFace> m_face;
+    int m_firedAlerts = 0;
     /// What the present host was told to draw.
     std::optional<LabelPicture> m_picture;
     TrayHost m_host;

@@ -63,5 +63,23 @@ TEST_F(AppAlertsTest, withoutAServerThePanelListsWhatFired) {
     EXPECT_NE(contentsOf(file()).find(R"("fired":[])"), std::string::npos);
 }
 
+TEST_F(AppAlertsTest, withoutAServerTheItemIsMarkedUntilThePanelHasBeenOpened) {
+    const auto tooltip = [this] { return host.tooltip().text; };
+    const QString told = QStringLiteral("1 个价格提醒已触发\n");
+    startAndTick();
+    ASSERT_TRUE(spinUntil([&] { return tooltip().startsWith(told); }));
+    app->showPanel(QString());
+    ASSERT_TRUE(spinUntil([] { return panel() != nullptr; }));
+    app->togglePanel(QString());
+    ASSERT_TRUE(spinUntil([] { return panel() == nullptr; }));
+    ASSERT_TRUE(spinUntil([&] {
+        sleeper.wake([](double span) { return span == TooltipPause::kAfterClick.count(); });
+        return !tooltip().isEmpty();
+    }));
+    EXPECT_FALSE(tooltip().contains(QStringLiteral("价格提醒"))) << tooltip().toStdString();
+    EXPECT_NE(contentsOf(file()).find(R"("serial")"), std::string::npos)
+        << "the panel still lists it";
+}
+
 }  // namespace
 }  // namespace quillbar

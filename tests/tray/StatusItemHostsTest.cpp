@@ -176,6 +176,20 @@ TEST_F(StatusItemHostsTest, waitsTenSecondsForAHostBeforeItUsesTheOlderTray) {
     EXPECT_EQ(noTray, 0);
 }
 
+TEST_F(StatusItemHostsTest, theOlderTrayShowsThatPriceAlertsFiredToo) {
+    hasOlderTray = true;
+    start();
+    noticeThatThereIsNoHost();
+    pass(10s);
+    ASSERT_NE(olderIcon(), nullptr);
+    item->setFiredAlerts(3);
+    EXPECT_EQ(olderIcon()->toolTip(),
+              face().text + QStringLiteral("\n3 个价格提醒已触发\n刚刚更新\n已连接"));
+    LabelPicture marked = LabelPicture::of(face(), LabelForm::square, PictureGround::own);
+    marked.isMarked = true;
+    EXPECT_EQ(olderIcon()->icon().pixmap(QSize(22, 22), 1).toImage(), marked.drawn(22));
+}
+
 TEST_F(StatusItemHostsTest, keepsTheOlderTraysPictureAndTooltipUpToDate) {
     hasOlderTray = true;
     start();

@@ -1,0 +1,37 @@
+// SPDX-FileCopyrightText: 2026 The Quillbar developers
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "QuillbarCore/alerts/Alert.h"
+#include "QuillbarCore/runtime/Observed.h"
+
+#include <cstdint>
+#include <set>
+#include <vector>
+
+namespace quillbar {
+
+/// How many alerts fired, could not be shown as notices of the desktop, and are still to be seen by
+/// the user: those since the panel, which lists them, was last open. Main thread.
+class UnseenAlerts final {
+public:
+    /// `unshown` is what could not be shown, and outlives it. The panel is closed.
+    explicit UnseenAlerts(const Observed<std::vector<FiredAlert>>& unshown);
+
+    /// Call it when the panel opens and when it closes.
+    void setPanelOpen(bool isOpen);
+
+    [[nodiscard]] const Observed<int>& count() const noexcept { return m_count; }
+
+private:
+    void refresh();
+
+    const Observed<std::vector<FiredAlert>>& m_unshown;
+    bool m_isPanelOpen = false;
+    // By serial.
+    std::set<std::int64_t> m_seen;
+    Observed<int> m_count{0};
+    Observation m_observation;
+};
+
+}  // namespace quillbar
