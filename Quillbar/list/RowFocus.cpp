@@ -183,7 +183,7 @@ bool RowFocus::press(const QKeyEvent& event) {
         return true;
     }
     if (modifiers == Qt::AltModifier) {
-        return moveRow(event.key());
+        return pressWithAlt(event);
     }
     if (modifiers != Qt::NoModifier) {
         return false;
@@ -226,6 +226,19 @@ bool RowFocus::moveCurrent(int key) {
         return false;
     }
     focusRow(target, Qt::TabFocusReason);
+    return true;
+}
+
+bool RowFocus::pressWithAlt(const QKeyEvent& event) {
+    const bool isEnter = event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter;
+    if (!isEnter || !m_stage.content.openForm) {
+        return moveRow(event.key());
+    }
+    if (!event.isAutoRepeat()) {
+        const std::size_t index = currentIndex();
+        focusRow(index, m_reason);
+        m_stage.content.openForm(std::string(m_stage.places.ids()[index]));
+    }
     return true;
 }
 

@@ -59,6 +59,7 @@ private:
     void focusInDetail(QWidget* stop, Qt::FocusReason reason);
     bool focusOutside(bool next, Qt::FocusReason reason);
     bool moveCurrent(int key);
+    bool pressWithAlt(const QKeyEvent& event);
     bool moveRow(int key);
     void openMenu();
 

@@ -21,12 +21,13 @@ namespace quillbar {
 /// only for the rows that can be seen and a few more, so ten thousand rows cost as much as twenty.
 ///
 /// One row is current and has the focus: the arrows, Page Up and Down, Home and End move it and
-/// scroll, Enter activates it, the Menu key or Shift+F10 asks for its menu, Alt with an arrow moves
-/// the row itself where rows can be dragged. Tab goes on into the open detail, then out of the
-/// list. The focus stays with its row when the order changes, and passes to the neighbour when the
-/// row goes. When the last row goes, the focus passes to the widget after the list, for the reason
-/// by which the row got it. The scroll position does not change by itself, except that while the
-/// pointer is over the list the rows stay where they are on the screen (`ScreenHold`).
+/// scroll, Enter activates it, Enter with Alt opens the form that belongs to it, the Menu key or
+/// Shift+F10 asks for its menu, Alt with an arrow moves the row itself where rows can be dragged.
+/// Tab goes on into the open detail, then out of the list. The focus stays with its row when the
+/// order changes, and passes to the neighbour when the row goes. When the last row goes, the focus
+/// passes to the widget after the list, for the reason by which the row got it. The scroll position
+/// does not change by itself, except that while the pointer is over the list the rows stay where
+/// they are on the screen (`ScreenHold`).
 class RowList final : public QWidget {
 public:
     /// How many rows beyond either edge have a widget.

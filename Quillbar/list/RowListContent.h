@@ -39,6 +39,9 @@ struct RowListContent final {
     std::function<void(const std::string& id)> activate;
     /// The user asked for a row's menu, to open at that place on the screen. Empty for rows without.
     std::function<void(const std::string& id, const QPoint& position)> openMenu = nullptr;
+    /// The user pressed Enter with Alt, for what belongs to a row besides its details. Empty for
+    /// rows without.
+    std::function<void(const std::string& id)> openForm = nullptr;
     /// All details are fully open or gone. May be empty.
     std::function<void()> settled = nullptr;
     /// For a list whose rows the user puts in order. Every other row of such a list is tinted.

@@ -114,6 +114,9 @@ RowListContent CoinListView::rowContent() {
         .activate = [this](const std::string& symbol) { toggle(symbol); },
         .openMenu = [this](const std::string& symbol,
                            const QPoint& position) { openMenu(symbol, position); },
+        .openForm = m_environment.alerts == nullptr
+                        ? std::function<void(const std::string&)>()
+                        : [this](const std::string& symbol) { openAlerts(symbol); },
         .settled = [this] { updateHeight(); },
         .drag = {.canMove =
                      [this](const std::string& /*symbol*/) {

@@ -31,7 +31,7 @@ class SortableHeader;
 /// row.
 ///
 /// In the order of the watchlist, the user drags a row to another place, or moves it by Alt and an
-/// arrow. The rows show the new order at once.
+/// arrow. The rows show the new order at once. Alt and Enter open the price alerts of a row.
 ///
 /// While it is shown it follows the models. A new price changes the cells of its row, if the row
 /// can be seen. A sorted list is put in order again a moment later, once for all prices that came

@@ -110,6 +110,7 @@ struct RowListFixture : testing::Test {
     std::vector<std::string> activated;
     std::vector<std::string> menus;
     QPoint menuPosition;
+    std::vector<std::string> forms;
     int settled = 0;
 
     QWidget window;
@@ -139,6 +140,7 @@ struct RowListFixture : testing::Test {
                                 menus.push_back(id);
                                 menuPosition = position;
                             },
+                        .openForm = [this](const std::string& id) { forms.push_back(id); },
                         .settled = [this] { ++settled; },
                     },
                     kDetailHeight,

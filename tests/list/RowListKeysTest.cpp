@@ -157,6 +157,20 @@ TEST_F(RowListKeysTest, enterActivatesTheCurrentRow) {
     EXPECT_THAT(activated, ElementsAre("3", "3"));
 }
 
+TEST_F(RowListKeysTest, enterWithAltAsksForTheFormOfTheCurrentRow) {
+    show(40);
+    focus("0");
+    press(Qt::Key_Down);
+    press(Qt::Key_Return, Qt::AltModifier);
+    press(Qt::Key_Enter, Qt::AltModifier | Qt::KeypadModifier);
+    EXPECT_THAT(forms, ElementsAre("1", "1"));
+    EXPECT_THAT(activated, IsEmpty());
+    EXPECT_EQ(focused(), "1");
+    press(Qt::Key_Return);
+    EXPECT_THAT(activated, ElementsAre("1"));
+    EXPECT_EQ(forms.size(), 2U);
+}
+
 TEST_F(RowListKeysTest, theMenuKeysAskForTheMenuBelowTheCurrentRow) {
     show(100);
     focus("3");

@@ -70,6 +70,42 @@ TEST_F(AlertFormTest, theMenuOffersItBesideWhatItHad) {
                 ElementsAre("置顶", "上移", "下移", "-", "固定到菜单栏", "价格提醒…", "删除"));
 }
 
+TEST_F(AlertFormTest, enterWithAltOpensItFromARowAndTheFocusComesBack) {
+    showWithAlerts({"BTC", "ETH"});
+    tick("ETH", {102, 100});
+    row("BTC")->setFocus(Qt::TabFocusReason);
+    press(Qt::Key_Down);
+    press(Qt::Key_Return, Qt::AltModifier);
+    ASSERT_NE(popover(), nullptr);
+    EXPECT_EQ(popover()->accessibleName(), QStringLiteral("ETH 价格提醒"));
+    EXPECT_TRUE(value().hasFocus());
+    EXPECT_EQ(chart("ETH"), nullptr);
+    QTest::keyClick(&value(), Qt::Key_Escape);
+    spinUntilIdle();
+    EXPECT_EQ(popover(), nullptr);
+    EXPECT_EQ(window->focusWidget(), row("ETH"));
+}
+
+TEST_F(AlertFormTest, withoutAlertsEnterWithAltDoesNothing) {
+    show({"BTC"});
+    row("BTC")->setFocus(Qt::TabFocusReason);
+    press(Qt::Key_Return, Qt::AltModifier);
+    spinUntilIdle();
+    EXPECT_EQ(QApplication::activePopupWidget(), nullptr);
+    EXPECT_EQ(chart("BTC"), nullptr);
+}
+
+TEST_F(AlertFormTest, saysOfAnAlertThatIsOffThatItIs) {
+    showWithAlerts({"BTC"});
+    tick("BTC", {102, 100});
+    alerts().switchOff(
+        alerts().add({.symbol = "BTCUSDT", .baseAsset = "BTC", .threshold = 110}).value());
+    chooseAlerts();
+    EXPECT_NE(named(*popover(), QStringLiteral("删除提醒, 价格 ≥ 110.00 · 仅一次 · 已关闭")),
+              nullptr);
+    EXPECT_EQ(coinCell("BTC")->bellMark(), BellMark::none);
+}
+
 TEST_F(AlertFormTest, opensWithThePresentPriceSelected) {
     openForm();
     EXPECT_EQ(popover()->accessibleName(), QStringLiteral("BTC 价格提醒"));
