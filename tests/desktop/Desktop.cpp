@@ -8,7 +8,7 @@
 #include <QDBusMessage>
 #include <QDBusReply>
 #include <QDBusVariant>
-#include <QUrl>
+#include <QTcpSocket>
 
 #include <fmt/format.h>
 
@@ -252,6 +252,10 @@ void Desktop::startExchange() {
         if (line.isEmpty()) {
             throw std::runtime_error("the simulator does not start");
         }
+        const QString control = QStringLiteral("control ");
+        if (line.startsWith(control)) {
+            m_control = QUrl(line.mid(control.size()));
+        }
         for (const auto& [word, variable] : services) {
             if (line.startsWith(word)) {
                 m_environment.insert(variable, line.mid(word.size()));
@@ -264,6 +268,18 @@ void Desktop::startExchange() {
 
 void Desktop::killExchange() {
     m_exchange.reset();
+}
+
+void Desktop::moveMarket(int steps) const {
+    QTcpSocket socket;
+    socket.connectToHost(m_control.host(), static_cast<quint16>(m_control.port()));
+    socket.write(QStringLiteral("GET /tick?steps=%1 HTTP/1.1\r\nHost: control\r\n"
+                                "Connection: close\r\n\r\n")
+                     .arg(steps)
+                     .toUtf8());
+    if (!eventually([&socket] { return socket.state() == QAbstractSocket::UnconnectedState; })) {
+        throw std::runtime_error("the simulator does not answer");
+    }
 }
 
 void Desktop::become(Shade shade) const {

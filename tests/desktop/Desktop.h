@@ -12,6 +12,7 @@
 #include <QRect>
 #include <QString>
 #include <QStringList>
+#include <QUrl>
 #include <QVariant>
 #include <QVariantList>
 
@@ -57,6 +58,9 @@ public:
     /// Comes back at the same address.
     void killExchange();
 
+    /// Lets so many seconds of the market pass at once; every price of them is sent.
+    void moveMarket(int steps) const;
+
     /// Says as the settings portal does that the desktop has become dark or light.
     enum class Shade : unsigned { dark = 1, light = 2 };
     void become(Shade shade) const;
@@ -90,6 +94,8 @@ private:
     std::optional<ChildProcess> m_bar;
     std::optional<ChildProcess> m_exchange;
     QString m_exchangePort = QStringLiteral("0");
+    // Where the exchange is told what to do.
+    QUrl m_control;
 };
 
 }  // namespace quillbar

@@ -76,6 +76,7 @@ public:
     static constexpr xcb_keysym_t kDown = 0xff54;
     static constexpr xcb_keysym_t kMenu = 0xff67;
     static constexpr xcb_keysym_t kControl = 0xffe3;
+    static constexpr xcb_keysym_t kAlt = 0xffe9;
 
 private:
     struct Disconnect {
