@@ -17,4 +17,7 @@ void registerTexts();
 /// A flood of frames from the socket to the label, against the least that must be done with them.
 void registerFlood();
 
+/// The same road with price alerts on it, against the road without.
+void registerAlerts();
+
 }  // namespace quillbar::benchmarks

@@ -13,6 +13,7 @@ int main(int argc, char* argv[]) {
     quillbar::benchmarks::registerBoards();
     quillbar::benchmarks::registerTexts();
     quillbar::benchmarks::registerFlood();
+    quillbar::benchmarks::registerAlerts();
     benchmark::RunSpecifiedBenchmarks();
     benchmark::Shutdown();
     return 0;
