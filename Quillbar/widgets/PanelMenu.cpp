@@ -6,6 +6,7 @@
 #include "Quillbar/widgets/EntryMenu.h"
 #include "Quillbar/widgets/LiftedSurface.h"
 #include "Quillbar/widgets/PanelMenuStyle.h"
+#include "Quillbar/widgets/PopoverPlacement.h"
 #include "Quillbar/widgets/Theme.h"
 
 #include <QAction>
@@ -56,7 +57,11 @@ void PanelMenu::setDestructive(QAction& action) {
 }
 
 void PanelMenu::openBelow(const QWidget& button) {
-    const QSize size = sizeHint();
+    // Entries may have become shorter since it was open.
+    setMinimumWidth(0);
+    QSize size = sizeHint();
+    size.setWidth(PopoverPlacement::wholeInPixels(size.width(), button.devicePixelRatioF()));
+    setMinimumWidth(size.width());
     const QRect anchor = LiftedSurface::anchorOf(button);
     QPoint corner(anchor.right() + 1 - size.width(), anchor.bottom() + 1 + kGap);
     if (corner.y() + size.height() > button.screen()->availableGeometry().bottom() + 1) {

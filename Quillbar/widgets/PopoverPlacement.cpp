@@ -3,6 +3,7 @@
 #include "Quillbar/widgets/PopoverPlacement.h"
 
 #include <algorithm>
+#include <cmath>
 
 namespace quillbar::PopoverPlacement {
 
@@ -27,6 +28,19 @@ QRect rectangle(QRect anchor, QSize wanted, QRect workArea) {
                 anchor.right() + 1 - size.width(), size.width(), workArea.left(), workArea.right()),
             inside(y, size.height(), workArea.top(), workArea.bottom())),
         size};
+}
+
+int wholeInPixels(int width, double scale) {
+    // As many as are needed for scales in eighths.
+    constexpr int kMostTried = 8;
+    constexpr double kTolerance = 1e-6;
+    for (int wider = width; wider < width + kMostTried; ++wider) {
+        const double pixels = wider * scale;
+        if (std::abs(pixels - std::round(pixels)) < kTolerance) {
+            return wider;
+        }
+    }
+    return width;
 }
 
 }  // namespace quillbar::PopoverPlacement

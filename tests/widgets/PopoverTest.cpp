@@ -21,6 +21,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cmath>
 #include <memory>
 #include <string>
 
@@ -68,6 +69,21 @@ TEST(PopoverPlacementTest, staysOnAScreenThatBeginsElsewhere) {
 TEST(PopoverPlacementTest, shrinksToASmallerScreen) {
     EXPECT_EQ(PopoverPlacement::rectangle({10, 10, 24, 24}, kSize, {0, 0, 200, 100}),
               QRect(0, 0, 200, 100));
+}
+
+TEST(PopoverPlacementTest, widensToWholePixelsOfTheScreen) {
+    for (const double scale : {1.0, 1.25, 1.5, 1.75, 2.0, 1.125}) {
+        for (int width = 113; width <= 121; ++width) {
+            const int whole = PopoverPlacement::wholeInPixels(width, scale);
+            EXPECT_GE(whole, width);
+            EXPECT_LT(whole, width + 8);
+            EXPECT_EQ(whole * scale, std::floor(whole * scale)) << width << " at " << scale;
+        }
+    }
+    EXPECT_EQ(PopoverPlacement::wholeInPixels(119, 1), 119) << "no wider than needed";
+    EXPECT_EQ(PopoverPlacement::wholeInPixels(118, 1.5), 118);
+    EXPECT_EQ(PopoverPlacement::wholeInPixels(119, 1.5), 120);
+    EXPECT_EQ(PopoverPlacement::wholeInPixels(119, 1.2345), 119) << "no width nearby is whole";
 }
 
 // The window
