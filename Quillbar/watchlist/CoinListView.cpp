@@ -15,6 +15,7 @@
 
 #include <QHideEvent>
 #include <QMenu>
+#include <QMetaObject>
 #include <QPoint>
 #include <QPointer>
 #include <QRect>
@@ -147,10 +148,18 @@ void CoinListView::move(const std::string& symbol, std::size_t before) {
 }
 
 void CoinListView::refuseDrag(const std::string& symbol, const QPoint& position) {
-    ListRow* const row = m_rows.row(symbol);
-    if (m_sort && row != nullptr) {
-        QToolTip::showText(position, QStringLiteral("按列排序时不能拖动"), row, row->rect());
-    }
+    // After Qt has told the rows that the pointer has left or entered them with the release: each of
+    // these events hides what is shown before it. Without a rectangle it stays while the pointer is
+    // dragged over other rows.
+    QMetaObject::invokeMethod(
+        this,
+        [this, symbol, position] {
+            ListRow* const row = m_rows.row(symbol);
+            if (m_sort && row != nullptr) {
+                QToolTip::showText(position, QStringLiteral("按列排序时不能拖动"), row);
+            }
+        },
+        Qt::QueuedConnection);
 }
 
 void CoinListView::openMenu(const std::string& symbol, const QPoint& position) {

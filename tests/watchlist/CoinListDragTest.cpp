@@ -4,7 +4,10 @@
 #include "tests/qtsupport/Pointer.h"
 #include "tests/watchlist/CoinListFixture.h"
 
+#include <QAbstractEventDispatcher>
+#include <QApplication>
 #include <QToolTip>
+#include <QWidget>
 
 #include <gmock/gmock.h>
 
@@ -30,6 +33,15 @@ struct CoinListDragTest : CoinListFixture {
     }
     /// The edit itself does not run yet.
     void release() { pointer::release(*rows, {100, line}, Qt::LeftButton); }
+
+    [[nodiscard]] static QWidget* shownTooltip() {
+        for (QWidget* const window : QApplication::topLevelWidgets()) {
+            if (window->inherits("QTipLabel") && window->isVisible()) {
+                return window;
+            }
+        }
+        return nullptr;
+    }
 
     [[nodiscard]] static std::vector<std::string> coinsOf(const Watchlist& list) {
         std::vector<std::string> names;
@@ -89,9 +101,29 @@ TEST_F(CoinListDragTest, aSortedListSaysWhyItCannotBeDragged) {
     show({"BTC", "ETH", "SOL"});
     click("涨跌");
     drag(order().front(), 2);
+    QCoreApplication::processEvents();
     EXPECT_EQ(QToolTip::text(), QStringLiteral("按列排序时不能拖动"));
     release();
+    QCoreApplication::processEvents();
     EXPECT_EQ(QToolTip::text(), QStringLiteral("按列排序时不能拖动")) << "long enough to be read";
+    QToolTip::hideText();
+}
+
+TEST_F(CoinListDragTest, whatASortedListSaysStaysWhileItIsDraggedOn) {
+    show({"BTC", "ETH", "SOL"});
+    click("涨跌");
+    const std::string dragged = order().front();
+    drag(dragged, 1);
+    QCoreApplication::processEvents();
+    QWidget* const tooltip = shownTooltip();
+    ASSERT_NE(tooltip, nullptr);
+    const auto timers = [tooltip] {
+        return QAbstractEventDispatcher::instance()->registeredTimers(tooltip).size();
+    };
+    const auto before = timers();
+    pointer::pull(*rows, {100, 2 * kRow});
+    EXPECT_EQ(timers(), before) << "one more would hide it soon";
+    release();
     QToolTip::hideText();
 }
 
