@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "Quillbar/widgets/LiftedSurface.h"
 
+#include "Quillbar/widgets/LiftedShadow.h"
 #include "Quillbar/widgets/RoundedWindow.h"
 
 #include <QEvent>
@@ -65,11 +66,13 @@ void lift(QWidget& window) {
     }
     window.setProperty(kLiftedProperty, true);
     // Whoever made the window below has found out whether windows are blended.
-    const QWidget& below = *window.parentWidget()->window();
+    QWidget& below = *window.parentWidget()->window();
     const bool isTranslucent = below.testAttribute(Qt::WA_TranslucentBackground);
     window.setAttribute(Qt::WA_TranslucentBackground, isTranslucent);
     if (!isTranslucent || !below.mask().isEmpty()) {
         new CornerCutter(window);
+    } else {
+        new LiftedShadow(window, below);
     }
 }
 

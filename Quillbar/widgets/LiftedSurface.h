@@ -11,7 +11,8 @@ class QPainter;
 class QWidget;
 
 /// What popovers, menus and tooltips have in common: a surface that stands out from the panel, with
-/// round corners and a hairline along its edge. Used on the main thread alone.
+/// round corners, a hairline along its edge, and a shadow on the panel where windows are blended.
+/// Used on the main thread alone.
 namespace quillbar::LiftedSurface {
 
 inline constexpr double kRadius = 8;
@@ -23,8 +24,8 @@ inline constexpr double kRadius = 8;
 [[nodiscard]] QColor under(const QWidget& view);
 
 /// Makes a window without a frame such a surface, before it is first shown. It has a parent, whose
-/// window says whether windows are blended; where they are not, the corners are cut at every size.
-/// Again changes nothing.
+/// window says whether windows are blended, and gets the shadow then; where they are not, the corners
+/// are cut at every size. Again changes nothing.
 void lift(QWidget& window);
 
 /// Fills the window, with its hairline.

@@ -1,5 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The Quillbar developers
 // SPDX-License-Identifier: MIT
+#include "Quillbar/widgets/LiftedShadow.h"
 #include "Quillbar/widgets/LiftedSurface.h"
 #include "Quillbar/widgets/NativeShape.h"
 #include "Quillbar/widgets/PanelMenu.h"
@@ -8,6 +9,8 @@
 #include "tests/qtsupport/Widgets.h"
 
 #include <QApplication>
+#include <QCoreApplication>
+#include <QEvent>
 #include <QImage>
 #include <QPalette>
 #include <QRegion>
@@ -66,6 +69,23 @@ struct LiftedSurfaceTest : testing::TestWithParam<ColorScheme> {
         }
         return nullptr;
     }
+    /// Shows the panel where windows are blended, filled with its surface.
+    void blendPanel() {
+        panel.setAttribute(Qt::WA_TranslucentBackground);
+        auto* const filling = new QWidget(&panel);
+        filling->setObjectName(QStringLiteral("filling"));
+        filling->setGeometry(panel.rect());
+        filling->setPalette(ThemeKey::value(panel).colors.surface);
+        filling->setAutoFillBackground(true);
+        filling->lower();
+        showActive(panel);
+    }
+    [[nodiscard]] QWidget* shadow() const {
+        return panel.findChild<QWidget*>(QStringLiteral("shadow"));
+    }
+    [[nodiscard]] QImage drawnPanel() {
+        return panel.grab().toImage().convertToFormat(QImage::Format_ARGB32_Premultiplied);
+    }
     /// The upper left corner of what a window shows.
     [[nodiscard]] static QImage cornerOf(QWidget& window) {
         return window.grab(QRect(0, 0, 12, 5))
@@ -111,6 +131,96 @@ TEST_P(LiftedSurfaceTest, isNotCutWhereWindowsAreBlended) {
         EXPECT_EQ(window->grab().toImage().pixelColor(0, 0).alpha(), 0);
     }
     menu.close();
+}
+
+TEST_P(LiftedSurfaceTest, castsAShadowOnABlendedPanelUntilItCloses) {
+    blendPanel();
+    const QImage bare = drawnPanel();
+    const auto lightness = [](const QImage& image, QPoint point) {
+        return image.pixelColor(point).lightnessF();
+    };
+    Popover& popover = openPopover();
+    const QImage shaded = drawnPanel();
+    const QRect lifted(panel.mapFromGlobal(popover.pos()), popover.size());
+    const QPoint beside(lifted.left() - 1, lifted.center().y());
+    const QPoint farther(lifted.left() - LiftedShadow::kReach / 2, lifted.center().y());
+    const QPoint beyond(lifted.left() - LiftedShadow::kReach - 1, lifted.center().y());
+    EXPECT_LT(lightness(shaded, beside), lightness(shaded, farther));
+    EXPECT_LT(lightness(shaded, farther), lightness(bare, farther));
+    EXPECT_EQ(shaded.pixelColor(beyond), bare.pixelColor(beyond));
+    const QPoint above(lifted.center().x(), lifted.top() - 2);
+    const QPoint below(lifted.center().x(), lifted.bottom() + 2);
+    EXPECT_LT(lightness(shaded, below), lightness(shaded, above)) << "light falls from above";
+    popover.close();
+    EXPECT_EQ(drawnPanel(), bare);
+}
+
+TEST_P(LiftedSurfaceTest, menusAndTooltipsCastTheSameShadow) {
+    blendPanel();
+    const QImage bare = drawnPanel();
+    const auto shadeBeside = [&](const QWidget& window) {
+        const QRect lifted(panel.mapFromGlobal(window.pos()), window.size());
+        const QPoint corner = lifted.topLeft() - QPoint(LiftedShadow::kReach, 0);
+        return drawnPanel().copy(QRect(corner, QSize(LiftedShadow::kReach, 12)));
+    };
+    QWidget* const tooltip = showTooltip();
+    ASSERT_NE(tooltip, nullptr);
+    const QImage shade = shadeBeside(*tooltip);
+    EXPECT_NE(shade, bare.copy(QRect(QPoint(100, 200), shade.size())));
+    tooltip->hide();
+    EXPECT_EQ(drawnPanel(), bare);
+    PanelMenu& menu = openMenu();
+    EXPECT_EQ(shadeBeside(menu), shade);
+    menu.close();
+    EXPECT_EQ(drawnPanel(), bare);
+}
+
+TEST_P(LiftedSurfaceTest, itsShadowFollowsIt) {
+    blendPanel();
+    const QImage bare = drawnPanel();
+    PanelMenu& menu = openMenu();
+    const QPoint beside =
+        panel.mapFromGlobal(menu.geometry().center()) - QPoint(menu.width() / 2 + 2, 0);
+    ASSERT_NE(drawnPanel().pixelColor(beside), bare.pixelColor(beside));
+    menu.move(menu.pos() + QPoint(0, 90));
+    const QPoint moved = beside + QPoint(0, 90);
+    EXPECT_NE(drawnPanel().pixelColor(moved), bare.pixelColor(moved));
+    const QImage shaded = drawnPanel();
+    panel.move(panel.pos() + QPoint(0, 30));
+    const QPoint shifted(0, 30);
+    EXPECT_EQ(drawnPanel().pixelColor(moved - shifted), shaded.pixelColor(moved));
+    menu.close();
+}
+
+TEST_P(LiftedSurfaceTest, itsShadowTakesNoClicksAndFillsNoCorner) {
+    blendPanel();
+    QWidget* const filling = panel.findChild<QWidget*>(QStringLiteral("filling"));
+    filling->setGeometry(0, 0, 400, 100);
+    Popover& popover = openPopover();
+    const QRect lifted(panel.mapFromGlobal(popover.pos()), popover.size());
+    EXPECT_EQ(panel.childAt(lifted.left() - 2, 60), filling);
+    EXPECT_NE(drawnPanel().pixelColor(lifted.left() - 2, 60), filling->palette().window().color());
+    EXPECT_EQ(drawnPanel().pixelColor(lifted.left() - 2, 150).alpha(), 0) << "nothing is there";
+    popover.close();
+}
+
+TEST_P(LiftedSurfaceTest, hasNoShadowWhereWindowsAreNotBlended) {
+    showActive(panel);
+    Popover& popover = openPopover();
+    EXPECT_EQ(shadow(), nullptr);
+    popover.close();
+}
+
+TEST_P(LiftedSurfaceTest, itsShadowEndsWithIt) {
+    blendPanel();
+    auto* const menu = new PanelMenu(button);
+    menu->addAction(QStringLiteral("深色"));
+    menu->openBelow(*button);
+    ASSERT_NE(shadow(), nullptr);
+    delete menu;
+    panel.resize(panel.size() + QSize(0, 10));
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    EXPECT_EQ(shadow(), nullptr);
 }
 
 TEST_P(LiftedSurfaceTest, isCutAtEachSize) {
