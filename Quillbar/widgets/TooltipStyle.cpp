@@ -6,9 +6,14 @@
 #include "Quillbar/widgets/Theme.h"
 
 #include <QApplication>
+#include <QEvent>
 #include <QPainter>
 #include <QPalette>
+#include <QPoint>
+#include <QRect>
 #include <QWidget>
+
+#include <algorithm>
 
 namespace quillbar {
 
@@ -23,6 +28,18 @@ bool isTooltip(const QWidget* widget) {
     return widget != nullptr && widget->parentWidget() != nullptr && widget->inherits("QTipLabel");
 }
 
+/// Moves a tooltip that reaches beyond the right edge of its window back to that edge.
+void keepInWindow(QWidget& tooltip) {
+    const QWidget& window = *tooltip.parentWidget()->window();
+    const int left = window.mapToGlobal(QPoint(0, 0)).x();
+    const int rightmost = std::max(left, left + window.width() - tooltip.width());
+    QRect place = tooltip.geometry();
+    if (place.left() > rightmost) {
+        place.moveLeft(rightmost);
+        tooltip.setGeometry(place);
+    }
+}
+
 }  // namespace
 
 TooltipStyle::TooltipStyle()
@@ -34,6 +51,7 @@ void TooltipStyle::polish(QWidget* widget) {
         return;
     }
     LiftedSurface::lift(*widget);
+    widget->installEventFilter(this);
     QPalette colors = widget->palette();
     colors.setColor(QPalette::ToolTipText, ThemeKey::value(*widget).colors.primaryText);
     widget->setPalette(colors);
@@ -71,6 +89,14 @@ int TooltipStyle::styleHint(StyleHint hint,
         }
     }
     return QProxyStyle::styleHint(hint, option, widget, result);
+}
+
+bool TooltipStyle::eventFilter(QObject* watched, QEvent* event) {
+    // Qt places a tooltip by its pointer and the screen alone.
+    if (event->type() == QEvent::Move || event->type() == QEvent::Resize) {
+        keepInWindow(*qobject_cast<QWidget*>(watched));
+    }
+    return QProxyStyle::eventFilter(watched, event);
 }
 
 }  // namespace quillbar

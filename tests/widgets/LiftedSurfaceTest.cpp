@@ -60,8 +60,8 @@ struct LiftedSurfaceTest : testing::TestWithParam<ColorScheme> {
         menu->openBelow(*button);
         return *menu;
     }
-    QWidget* showTooltip() {
-        QToolTip::showText(panel.mapToGlobal(QPoint(20, 100)), QStringLiteral("添加币种"), button);
+    QWidget* showTooltip(QPoint pointer = QPoint(20, 100)) {
+        QToolTip::showText(panel.mapToGlobal(pointer), QStringLiteral("添加币种"), button);
         for (QWidget* const window : QApplication::topLevelWidgets()) {
             if (window->inherits("QTipLabel") && window->isVisible()) {
                 return window;
@@ -249,6 +249,23 @@ TEST_P(LiftedSurfaceTest, hasItsRightEdgeOnThatOfThePanel) {
     PanelMenu& menu = openMenu();
     EXPECT_EQ(menu.geometry().right(), panel.geometry().right());
     menu.close();
+}
+
+TEST_P(LiftedSurfaceTest, aTooltipEndsAtTheRightEdgeOfThePanelAtTheLatest) {
+    showActive(panel);
+    QWidget* tooltip = showTooltip({390, 100});
+    ASSERT_NE(tooltip, nullptr);
+    EXPECT_EQ(tooltip->geometry().right(), panel.geometry().right());
+    const int width = tooltip->width();
+    tooltip->hide();
+    tooltip = showTooltip({100, 100});
+    ASSERT_NE(tooltip, nullptr);
+    EXPECT_LT(tooltip->geometry().right(), panel.geometry().left() + 100 + width + 10);
+    tooltip->hide();
+    panel.resize(width - 10, panel.height());
+    tooltip = showTooltip({50, 100});
+    ASSERT_NE(tooltip, nullptr);
+    EXPECT_EQ(tooltip->geometry().left(), panel.geometry().left()) << "wider than the panel";
 }
 
 TEST_P(LiftedSurfaceTest, aTooltipIsWrittenInTheColourOfItsPanel) {
