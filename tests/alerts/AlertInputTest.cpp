@@ -58,6 +58,8 @@ TEST(AlertInputTest, refusesWhatIsNoNumber) {
         EXPECT_EQ(problemOf(text), Problem::noNumber) << text;
     }
     EXPECT_EQ(problemOf(std::string(400, '9')), Problem::noNumber);
+    EXPECT_EQ(problemOf("\u3F15"), Problem::noNumber) << "but for its lead a full-width five";
+    EXPECT_EQ(problemOf("\uFE15"), Problem::noNumber) << "a page before the full-width five";
 }
 
 TEST(AlertInputTest, saysWhyThereIsNoLine) {
