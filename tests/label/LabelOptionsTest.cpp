@@ -119,9 +119,16 @@ TEST(LabelOptions, helpNamesEveryOptionAndExitStatus) {
                                    "waybar",
                                    "--help",
                                    "--version",
-                                   "0",
-                                   "2",
-                                   "3"}) {
+                                   "0 成功;",
+                                   "2 参数或环境变量有误;",
+                                   "3 未能及时得到价格;",
+                                   "4 未能写出结果。",
+                                   "最多等 15 秒",
+                                   "前十名",
+                                   "QUILLBAR_REST_ENDPOINTS ",
+                                   "QUILLBAR_STREAM_ENDPOINTS ",
+                                   "QUILLBAR_MARKETCAP_ENDPOINT ",
+                                   "QUILLBAR_CA_FILE "}) {
         EXPECT_NE(help.find(part), std::string::npos) << part;
     }
 }

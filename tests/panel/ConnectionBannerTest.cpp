@@ -187,6 +187,16 @@ TEST_F(ErrorLineTest, aListThatIsTooLongToFollowSaysSo) {
     EXPECT_FALSE(line.isHidden());
 }
 
+TEST_F(ErrorLineTest, theLongestListThatIsFollowedSaysNothing) {
+    std::vector<std::string> baseAssets;
+    for (int index = 0; index < 1024; ++index) {
+        baseAssets.push_back("C" + std::to_string(index));
+    }
+    theUserHas(listOf(baseAssets));
+    build();
+    EXPECT_TRUE(ErrorLine(*state).isHidden());
+}
+
 TEST_F(ErrorLineTest, aRegionThatNoServerServesIsNamedUntilPricesStream) {
     build();
     const ErrorLine line(*state);

@@ -49,17 +49,31 @@ TEST(NoticesTest, areToldOnceAndGoOnce) {
 }
 
 TEST(NoticesTest, theMissingFontIsToldInLatinLettersToo) {
-    EXPECT_TRUE(Notices::text(Notice::noChineseFont)
-                    .contains(QStringLiteral("(no font for Chinese): install fonts-noto-cjk")));
+    EXPECT_EQ(Notices::text(Notice::noChineseFont),
+              QStringLiteral("缺少中文字体 (no font for Chinese): install fonts-noto-cjk, then "
+                             "restart Quillbar"));
+}
+
+TEST(NoticesTest, theMissingBusIsToldWithItsRemedy) {
+    EXPECT_EQ(
+        Notices::text(Notice::noSessionBus),
+        QStringLiteral("没有会话总线 (D-Bus),大多数状态栏无法显示 Quillbar。请从桌面会话中启动;"
+                       "按 Ctrl+Q 退出"));
 }
 
 TEST(NoticesTest, theMissingTrayIsToldWithItsRemedy) {
-    EXPECT_TRUE(Notices::text(Notice::noTray)
-                    .contains(QStringLiteral("AppIndicator and KStatusNotifierItem Support")));
+    EXPECT_EQ(
+        Notices::text(Notice::noTray),
+        QStringLiteral("桌面没有可用的状态栏,面板以窗口打开。GNOME 请启用扩展 AppIndicator and "
+                       "KStatusNotifierItem Support;再次启动 Quillbar 可重新打开面板,"
+                       "按 Ctrl+Q 退出"));
 }
 
 TEST(NoticesTest, theFirstStartIsToldOfTheDoubleClickOfGnome) {
-    EXPECT_TRUE(Notices::text(Notice::firstStart).contains(QStringLiteral("GNOME 上双击")));
+    EXPECT_EQ(Notices::text(Notice::firstStart),
+              QStringLiteral("价格在状态栏里,点一下(GNOME 上双击)打开面板。看不到时,"
+                             "请展开状态栏里隐藏的图标,在状态栏的设置里让 Quillbar 一直显示;"
+                             "再次启动 Quillbar 也会打开面板"));
 }
 
 struct NoticeLinesTest : ::testing::Test {
