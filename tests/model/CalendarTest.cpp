@@ -151,6 +151,7 @@ TEST(Calendar, followsTheZoneThatTheEnvironmentNames) {
     EXPECT_EQ(currentDate(":Asia/Shanghai"), k15th);
     EXPECT_EQ(currentDate("/usr/share/zoneinfo/Asia/Shanghai"), k15th);
     EXPECT_EQ(currentDate(":/usr/share/zoneinfo/posix/Asia/Shanghai"), k15th);
+    EXPECT_EQ(currentDate(":/usr/share/zoneinfo/right/Asia/Shanghai"), k15th);
     EXPECT_EQ(currentDate("America/New_York"), k14th);
 }
 
