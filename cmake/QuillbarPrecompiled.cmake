@@ -21,8 +21,8 @@ set(QUILLBAR_QT_HEADERS
     <QWidget> <QWindow>)
 
 set(QUILLBAR_TEST_HEADERS <gmock/gmock.h> <gtest/gtest.h>)
-# By its whole path, because Qt6::Test defines macros that differ from folder to folder and so cannot
-# be shared.
+# By its whole path, because Qt6::Test defines macros that differ from folder to folder and so
+# cannot be shared.
 set(QUILLBAR_QT_TEST_HEADERS <QtTest/QTest> <QUuid>)
 
 # quillbar_precompiled(NAME HEADERS ... LIBRARIES ...) makes a set that targets share through

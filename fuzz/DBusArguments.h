@@ -11,9 +11,9 @@
 
 namespace quillbar {
 
-/// Makes arguments of D-Bus calls out of bytes. Past their end every byte is 0. A type is one letter:
-/// i int, u uint, s text, b bool, d double, v variant, S list of texts, I list of ints, V list of
-/// variants, M map from texts to variants, E list of menu events, y bytes.
+/// Makes arguments of D-Bus calls out of bytes. Past their end every byte is 0. A type is one
+/// letter: i int, u uint, s text, b bool, d double, v variant, S list of texts, I list of ints, V
+/// list of variants, M map from texts to variants, E list of menu events, y bytes.
 class DBusArguments final {
 public:
     explicit DBusArguments(std::string_view input)

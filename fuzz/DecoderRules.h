@@ -34,10 +34,10 @@ Outcome<Result> outcomeOf(Result (*decode)(std::string_view), std::string_view b
     }
 }
 
-/// Decodes a body twice and requires the same outcome of both decoders: the same result, or the same
-/// kind of error with the same number. The judge is left out where JSON parsers differ (see
-/// `JSONVerdict::isBeyondLimits`), and where its library reads what is no JSON (a byte order mark, a
-/// zero byte at the end): there the decoder must refuse.
+/// Decodes a body twice and requires the same outcome of both decoders: the same result, or the
+/// same kind of error with the same number. The judge is left out where JSON parsers differ (see
+/// `JSONVerdict::isBeyondLimits`), and where its library reads what is no JSON (a byte order mark,
+/// a zero byte at the end): there the decoder must refuse.
 template <class Result>
 void requireSameOutcome(Result (*decode)(std::string_view),
                         Result (*judge)(std::string_view),

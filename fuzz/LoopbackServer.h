@@ -23,7 +23,8 @@ class LoopbackServer final : public QTcpServer {
 public:
     /// How the bytes are sent, and how the connection ends.
     struct Manner {
-        /// How many at a time; 0 for all at once. At most 64 pieces are made; the last has the rest.
+        /// How many at a time; 0 for all at once. At most 64 pieces are made; the last has the
+        /// rest.
         int pieceSize = 0;
         /// With a reset rather than a farewell.
         bool isAbrupt = false;

@@ -18,8 +18,8 @@ namespace {
 
 using nlohmann::json;
 
-// What nlohmann-json throws, for malformed JSON, absent keys and other types alike, is the one error
-// that a body which is not what it should be gives.
+// What nlohmann-json throws, for malformed JSON, absent keys and other types alike, is the one
+// error that a body which is not what it should be gives.
 template <class Read>
 auto translated(Read read) {
     try {

@@ -25,7 +25,8 @@ std::optional<double> number(const std::string& text) {
     }
 }
 
-/// Whether the text, its commas taken out, is a number no further from the value than the tolerance.
+/// Whether the text, its commas taken out, is a number no further from the value than the
+/// tolerance.
 bool shows(std::string text, double value, double tolerance) {
     std::erase(text, ',');
     const auto shown = naiveNumber(text);

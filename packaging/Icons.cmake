@@ -1,8 +1,8 @@
 # SPDX-FileCopyrightText: 2026 The Quillbar developers
 # SPDX-License-Identifier: MIT
 #
-# The icon in the sizes that desktops look for before they draw the scalable one. What is drawn small
-# has fewer parts.
+# The icon in the sizes that desktops look for before they draw the scalable one. What is drawn
+# small has fewer parts.
 find_program(QUILLBAR_RSVG REQUIRED NAMES rsvg-convert)
 
 set(made "")

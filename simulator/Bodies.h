@@ -24,8 +24,8 @@ enum class TickerForm { full, mini };
 [[nodiscard]] std::string klines(const std::vector<CandleRow>& rows, const Listing& listing);
 /// One text frame of the combined stream.
 [[nodiscard]] std::string miniTickerFrame(const Market& market, const Listing& listing);
-/// `perPage` coins by falling market capitalisation, from the page given (1 is the first). Some rows
-/// hold nulls and some symbols repeat, as with the real service.
+/// `perPage` coins by falling market capitalisation, from the page given (1 is the first). Some
+/// rows hold nulls and some symbols repeat, as with the real service.
 [[nodiscard]] std::string coinMarkets(const Market& market, int perPage, int page);
 /// {"code":-1121,"msg":"Invalid symbol."} and the like.
 [[nodiscard]] std::string error(int code, std::string_view message);

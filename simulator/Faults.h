@@ -107,8 +107,8 @@ public:
     virtual void refuseConnections(OpenConnections open = OpenConnections::keep) = 0;
     /// Opens the same port again. Throws std::runtime_error when something else has taken it.
     virtual void listenAgain() = 0;
-    /// Back to a faultless exchange: no rules, normal voice and handshake, the valid certificate, an
-    /// open port. Held requests are answered; open streams stay.
+    /// Back to a faultless exchange: no rules, normal voice and handshake, the valid certificate,
+    /// an open port. Held requests are answered; open streams stay.
     virtual void clear() = 0;
 
     Faults(const Faults&) = delete;

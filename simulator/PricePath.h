@@ -14,10 +14,10 @@ namespace quillbar::simulator {
 /// every trade, numbered from the simulator's start (trade 0; the past has negative numbers).
 ///
 /// The path is cut into blocks of 2^n trades. The prices at the ends of the blocks are drawn; in
-/// between, the middle of a stretch is its ends' mean and a bend that is drawn, and so on by halves.
-/// Thus a price costs one descent, and what is asked of a long stretch is answered without a look
-/// at most of its trades. A pure function of the listing, its walk included; keeps nothing. Made
-/// for one question or a few, where it is asked. For any thread.
+/// between, the middle of a stretch is its ends' mean and a bend that is drawn, and so on by
+/// halves. Thus a price costs one descent, and what is asked of a long stretch is answered without
+/// a look at most of its trades. A pure function of the listing, its walk included; keeps nothing.
+/// Made for one question or a few, where it is asked. For any thread.
 class PricePath final {
 public:
     /// For a listing that has prices: trading or halted.

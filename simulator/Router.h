@@ -16,7 +16,8 @@ class Router final {
 public:
     explicit Router(const Market& market);
 
-    /// The true answer; a status of 400, 404 or 405 with the exchange's error body where it refuses.
+    /// The true answer; a status of 400, 404 or 405 with the exchange's error body where it
+    /// refuses.
     [[nodiscard]] HttpResponse answer(const HttpRequest& request);
 
 private:
@@ -32,8 +33,8 @@ private:
     std::string m_exchangeInfo;
 };
 
-/// The pairs a stream's `streams` parameter names, each once, in its order; unknown names are passed
-/// over, as the exchange does.
+/// The pairs a stream's `streams` parameter names, each once, in its order; unknown names are
+/// passed over, as the exchange does.
 [[nodiscard]] std::vector<const Listing*> subscribedListings(const Market& market,
                                                              std::string_view streams);
 

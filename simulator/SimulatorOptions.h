@@ -31,9 +31,9 @@ struct SimulatorOptions {
     std::uint16_t controlPort = 0;
     Transport transport = Transport::tls;
     CertificateKind certificate = CertificateKind::valid;
-    /// Where the authority's certificate is written (PEM), its key beside it as `PATH.key` with mode
-    /// 0600. Both are used again when they exist. Empty: a temporary file that lives as long as the
-    /// simulator.
+    /// Where the authority's certificate is written (PEM), its key beside it as `PATH.key` with
+    /// mode 0600. Both are used again when they exist. Empty: a temporary file that lives as long
+    /// as the simulator.
     std::string caFile = {};
     /// The prices are a pure function of the seed and the number of steps.
     std::uint64_t seed = 1;

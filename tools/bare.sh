@@ -5,20 +5,20 @@
 # Usage: tools/bare.sh 12|13 [--as root|user] [--one-way] [--only run|test|package]...
 #
 # Proves that the README's commands do everything on a bare Debian: makes a root of that release
-# with nothing but its base, puts a clean clone of the last commit there, runs commands as a new user
-# would, prints what each took and its first failure, and removes the root. With `--as user`, an
-# ordinary user runs them who may use sudo.
+# with nothing but its base, puts a clean clone of the last commit there, runs commands as a new
+# user would, prints what each took and its first failure, and removes the root. With `--as user`,
+# an ordinary user runs them who may use sudo.
 #
 #   run      ./run --demo -- --once
 #   test     ./test
 #   package  ./package, then tools/check-package.sh, which judges what that made, and
 #            tools/try-package.sh, which installs it, uses it, and removes it
 #
-# Without --only it runs run and test. With --one-way, `./test` leaves out the other two ways, in which
-# it runs the same tests with another locale and zone.
+# Without --only it runs run and test. With --one-way, `./test` leaves out the other two ways, in
+# which it runs the same tests with another locale and zone.
 #
-# Needs root and mmdebstrap. Ends with 1 when a command failed, with 75 when a package source did not
-# answer in three tries, with 2 when it cannot be done here. The whole output is in build/bare/.
+# Needs root and mmdebstrap. Ends with 1 when a command failed, with 75 when a package source did
+# not answer in three tries, with 2 when it cannot be done here. The whole output is in build/bare/.
 set -euo pipefail
 cd "$(dirname "$(readlink -f "$0")")/.."
 . tools/build.sh

@@ -12,7 +12,8 @@
 #   docs/quillbar.webp       what one does with it, moving, with English words beside it
 #   docs/quillbar.zh-CN.webp the same with Chinese words
 #
-# Fails when something on the way does not happen, and when a moving picture is too large for a page.
+# Fails when something on the way does not happen, and when a moving picture is too large for a
+# page.
 set -euo pipefail
 cd "$(dirname "$(readlink -f "$0")")/.."
 . tools/build.sh

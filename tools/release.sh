@@ -5,9 +5,9 @@
 # Usage: tools/release.sh
 #
 # Makes a release of the last commit, as far as that needs no network: checks that everything tells
-# of the same version and that the version is finished, builds and checks the packages, and leaves in
-# build/release-VERSION the archive of the sources, the packages and their checksums. Then it tags
-# the commit vVERSION. Whoever publishes pushes the tag and uploads the folder.
+# of the same version and that the version is finished, builds and checks the packages, and leaves
+# in build/release-VERSION the archive of the sources, the packages and their checksums. Then it
+# tags the commit vVERSION. Whoever publishes pushes the tag and uploads the folder.
 set -euo pipefail
 cd "$(dirname "$(readlink -f "$0")")/.."
 

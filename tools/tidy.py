@@ -119,8 +119,8 @@ class Build:
 
     def common_flags(self, sources):
         """One command for all of them: what any of them is compiled with."""
-        # Qt defines a target's folders for its own test macros, which nothing here uses. Two values of
-        # one macro would stop every batch that has tests of two targets.
+        # Qt defines a target's folders for its own test macros, which nothing here uses. Two values
+        # of one macro would stop every batch that has tests of two targets.
         words = dict.fromkeys(word for source in sources for word in words_of(self.flags(source)[1:])
                               if not word[0].startswith("-DQT_TESTCASE_"))
         return [part for word in words for part in word]

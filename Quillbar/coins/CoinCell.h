@@ -18,9 +18,9 @@ enum class PinMark { none, pinned };
 /// Whether a coin carries the bell of price alerts.
 enum class BellMark { none, bell };
 
-/// A coin in a table: its icon, its base asset and, after it, the mark of the pinned one and the bell. It takes
-/// the width that it is given. A long name is written smaller, and then elided. The pointer passes
-/// through it.
+/// A coin in a table: its icon, its base asset and, after it, the mark of the pinned one and the
+/// bell. It takes the width that it is given. A long name is written smaller, and then elided. The
+/// pointer passes through it.
 class CoinCell final : public QWidget {
 public:
     static constexpr int kIconSize = 16;

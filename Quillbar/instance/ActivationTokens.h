@@ -9,8 +9,9 @@
 
 namespace quillbar {
 
-/// What a desktop hands to a program that the user starts, so that its window may take the keyboard's
-/// focus and the busy pointer ends. A plain value; each token is empty when there is none.
+/// What a desktop hands to a program that the user starts, so that its window may take the
+/// keyboard's focus and the busy pointer ends. A plain value; each token is empty when there is
+/// none.
 struct ActivationTokens final {
     /// Wayland's token.
     QString activation;

@@ -21,8 +21,8 @@ enum class StartManner {
 
 /// What the application was asked to do at its start.
 struct AppOptions final {
-    /// What to ask of the application that runs, or to do after the start; absent for a plain start,
-    /// which shows the label, or toggles the panel of the application that runs already.
+    /// What to ask of the application that runs, or to do after the start; absent for a plain
+    /// start, which shows the label, or toggles the panel of the application that runs already.
     std::optional<ApplicationAction> action = std::nullopt;
     /// Without an action: what the start may show.
     StartManner manner = StartManner::usual;

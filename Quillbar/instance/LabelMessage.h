@@ -37,11 +37,11 @@ struct LabelReport final {
 /// | lastError | text | an edit that was not saved |
 [[nodiscard]] QVariantMap labelMessage(const LabelReport& report);
 
-/// Reads such a message, whoever sent it. Absent when it has no text: then it is no label. Entries of
-/// another type or with impossible values (numbers that are not finite, times before 1970 or beyond
-/// the year 9999) count as missing; a coin needs both of its entries, a ticker a coin and both
-/// prices. What is missing is at its default: stale and disconnected. Without `showsPrice` the text
-/// shows a price when it is not the base asset alone. Pure.
+/// Reads such a message, whoever sent it. Absent when it has no text: then it is no label. Entries
+/// of another type or with impossible values (numbers that are not finite, times before 1970 or
+/// beyond the year 9999) count as missing; a coin needs both of its entries, a ticker a coin and
+/// both prices. What is missing is at its default: stale and disconnected. Without `showsPrice` the
+/// text shows a price when it is not the base asset alone. Pure.
 [[nodiscard]] std::optional<LabelReport> labelReport(const QVariantMap& message);
 
 }  // namespace quillbar

@@ -9,11 +9,12 @@
 
 namespace quillbar {
 
-/// What to set QT_QPA_PLATFORM to before the QApplication is made; absent to leave the choice to Qt.
+/// What to set QT_QPA_PLATFORM to before the QApplication is made; absent to leave the choice to
+/// Qt.
 ///
-/// Wayland lets no program place its own window, so on KDE and GNOME the panel comes through XWayland
-/// where there is one, to stand beside its item and out of the task bar. Elsewhere, and when the user
-/// has chosen, nothing is changed. Pure.
+/// Wayland lets no program place its own window, so on KDE and GNOME the panel comes through
+/// XWayland where there is one, to stand beside its item and out of the task bar. Elsewhere, and
+/// when the user has chosen, nothing is changed. Pure.
 [[nodiscard]] std::optional<std::string> choosePlatform(const EnvironmentVariables& variables);
 
 }  // namespace quillbar

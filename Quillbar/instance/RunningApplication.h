@@ -35,8 +35,8 @@ enum class Outcome {
                                const ActivationTokens& tokens,
                                std::chrono::milliseconds patience = std::chrono::seconds(5));
 
-/// Does what a start with these options asks of the application that runs: nothing in the background,
-/// where its name on the bus is enough.
+/// Does what a start with these options asks of the application that runs: nothing in the
+/// background, where its name on the bus is enough.
 [[nodiscard]] Outcome request(const QDBusConnection& bus,
                               const AppOptions& options,
                               const ActivationTokens& tokens);

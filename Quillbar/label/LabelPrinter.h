@@ -17,7 +17,8 @@
 
 namespace quillbar {
 
-/// Prints the labels, once or as it changes. Lives on the main thread; what it is handed outlives it.
+/// Prints the labels, once or as it changes. Lives on the main thread; what it is handed outlives
+/// it.
 class LabelPrinter final {
 public:
     /// How long `--once` waits for a price.

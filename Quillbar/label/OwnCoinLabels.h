@@ -17,9 +17,9 @@
 
 namespace quillbar {
 
-/// The labels of any coins over the program's own connection, which begins and ends with this object.
-/// Neither the user's list nor a running application has a part in it, but the user's settings do.
-/// Main thread.
+/// The labels of any coins over the program's own connection, which begins and ends with this
+/// object. Neither the user's list nor a running application has a part in it, but the user's
+/// settings do. Main thread.
 class OwnCoinLabels final : public PrintedLabels {
 public:
     /// At least one coin, none twice. Whoever follows also connects anew when the machine wakes.

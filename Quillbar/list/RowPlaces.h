@@ -13,8 +13,8 @@ namespace quillbar {
 
 /// Which row stands where. A row has an index, its own among the ids, and a position, at which it
 /// is shown. The two are the same unless a row is lifted: its position is then the gap where it
-/// would be dropped, and the other rows close up. A plain value without widgets; measures are points
-/// from the top of the whole list.
+/// would be dropped, and the other rows close up. A plain value without widgets; measures are
+/// points from the top of the whole list.
 class RowPlaces final {
 public:
     /// No rows. `rowHeight` is positive.

@@ -32,10 +32,10 @@ struct LoginSession final {
         const std::optional<std::filesystem::path>& configurationHome,
         std::string program);
 
-    /// The session of these variables, and the program of this process. The program is the file that runs, wherever it
-    /// lies: an installed one, or one in a folder where it was built. Take it at the start: once
-    /// the file has been replaced by another version, the system no longer tells its name as it
-    /// was. For the main thread.
+    /// The session of these variables, and the program of this process. The program is the file
+    /// that runs, wherever it lies: an installed one, or one in a folder where it was built. Take
+    /// it at the start: once the file has been replaced by another version, the system no longer
+    /// tells its name as it was. For the main thread.
     [[nodiscard]] static LoginSession ofProcess(const EnvironmentVariables& variables);
 };
 

@@ -26,8 +26,8 @@ public:
     /// How often it checks the age of the prices.
     static constexpr std::chrono::seconds kInterval{5};
 
-    /// The state outlives the line. `prices` is the widget that shows the prices, a child of the same
-    /// parent.
+    /// The state outlives the line. `prices` is the widget that shows the prices, a child of the
+    /// same parent.
     AgeLine(const AppState& state, Clock now, QWidget& prices, QWidget* parent = nullptr);
 
     /// What the line says of the state at that instant; absent while there is nothing to say.

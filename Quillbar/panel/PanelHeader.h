@@ -20,9 +20,9 @@ class SettingsButton;
 class SettingsMenu;
 class ThemedLabel;
 
-/// The top of the panel: its name, the plus and the gear; while a page covers the rest of the panel,
-/// an arrow that goes back and the page's name. If the panel is a window by itself, dragging the
-/// header moves the window, and a mark at its end closes it.
+/// The top of the panel: its name, the plus and the gear; while a page covers the rest of the
+/// panel, an arrow that goes back and the page's name. If the panel is a window by itself, dragging
+/// the header moves the window, and a mark at its end closes it.
 class PanelHeader final : public QWidget {
 public:
     /// The environment and the settings outlive the header. `quit` ends the application; it must

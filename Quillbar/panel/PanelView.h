@@ -37,8 +37,8 @@ public:
     static constexpr int kWidth = 400;
 
     /// `systemScheme` is the desktop's colour scheme. It, the settings, the preferences and the
-    /// environment outlive the view. `quit` ends the application; it must not destroy the view before it returns. The
-    /// view opens on the tab that was selected last.
+    /// environment outlive the view. `quit` ends the application; it must not destroy the view
+    /// before it returns. The view opens on the tab that was selected last.
     PanelView(const ViewEnvironment& environment,
               const Observed<ColorScheme>& systemScheme,
               SettingsMenu& settings,
@@ -58,13 +58,13 @@ public:
         return m_expandedSymbol;
     }
 
-    /// Shows the page of preferences, and gives it the focus. `reason` is by what the user asked for
-    /// it, as far as a ring tells. Does nothing while the page is shown.
+    /// Shows the page of preferences, and gives it the focus. `reason` is by what the user asked
+    /// for it, as far as a ring tells. Does nothing while the page is shown.
     void showPreferences(Qt::FocusReason reason = Qt::OtherFocusReason);
     /// Shows the tabs again, and gives the focus back. Does nothing while they are shown.
     void closePreferences();
-    /// Shows the watchlist with the chart of that coin open, and its row with the focus, whatever page
-    /// was shown before. Does nothing for a coin that is not on the list.
+    /// Shows the watchlist with the chart of that coin open, and its row with the focus, whatever
+    /// page was shown before. Does nothing for a coin that is not on the list.
     void showChart(const std::string& symbol);
 
     /// Whether the panel is a window by itself, because there is no item. Its header then drags it

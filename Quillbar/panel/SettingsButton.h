@@ -23,8 +23,8 @@ class PanelMenu;
 /// program that has the focus set the clipboard.
 class SettingsButton final : public GlyphButton {
 public:
-    /// The settings and the watchlist outlive the button. `quit` ends the application; it may destroy
-    /// the button only later, from the event loop.
+    /// The settings and the watchlist outlive the button. `quit` ends the application; it may
+    /// destroy the button only later, from the event loop.
     SettingsButton(SettingsMenu& settings,
                    const Observed<Watchlist>& watchlist,
                    std::function<void()> quit,

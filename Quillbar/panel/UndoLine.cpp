@@ -157,8 +157,8 @@ void UndoLine::undo() {
     if (removal.wasPinned && m_watchlist.pinnedSymbol == removal.pinSince) {
         edits.spawn(pinAgain(state, symbol));
     }
-    // After the list has the row again. A sorted list freezes its order when a chart opens, and puts
-    // a row that comes later at the end.
+    // After the list has the row again. A sorted list freezes its order when a chart opens, and
+    // puts a row that comes later at the end.
     m_scope.spawn(finish(symbol, removal.wasExpanded, focus));
 }
 

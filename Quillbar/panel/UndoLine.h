@@ -23,11 +23,11 @@ class TextButton;
 class ThemedLabel;
 
 /// The row that offers, for a short time, to take back the removal of a coin. The coin comes back
-/// to its place in the user's own order, with its pin, its price alerts and its open chart. Other changes that the
-/// user has made since stay: the place is found by the neighbours that are still there, and coins
-/// that were added since come after them. Only the latest removal can be taken back, and only while
-/// the coin is not added again in another way. The row is hidden while there is nothing to take
-/// back. Closing the panel does not end the offer.
+/// to its place in the user's own order, with its pin, its price alerts and its open chart. Other
+/// changes that the user has made since stay: the place is found by the neighbours that are still
+/// there, and coins that were added since come after them. Only the latest removal can be taken
+/// back, and only while the coin is not added again in another way. The row is hidden while there
+/// is nothing to take back. Closing the panel does not end the offer.
 ///
 /// Make it before the list of coins, because the list closes the chart of a coin that was removed,
 /// and this row must see first whether it was open.
@@ -46,8 +46,8 @@ public:
     /// come after it until this is called again.
     void moveToEndOfTabOrder();
 
-    /// A coin is back on the list, and its row is to get the focus that the button had, for the reason
-    /// by which the button got it. May be empty.
+    /// A coin is back on the list, and its row is to get the focus that the button had, for the
+    /// reason by which the button got it. May be empty.
     std::function<void(const std::string& symbol, Qt::FocusReason reason)> onBack;
 
 private:

@@ -51,7 +51,8 @@ std::optional<std::string> trustAuthorities(const std::filesystem::path& pemFile
         return about(pemFile, "不含 PEM 格式的证书");
     }
     QSslConfiguration configuration = QSslConfiguration::defaultConfiguration();
-    // A configuration with authorities of its own no longer looks the system's up as they are needed.
+    // A configuration with authorities of its own no longer looks the system's up as they are
+    // needed.
     configuration.setCaCertificates(QSslConfiguration::systemCaCertificates() + certificates);
     QSslConfiguration::setDefaultConfiguration(configuration);
     return std::nullopt;

@@ -16,9 +16,9 @@ namespace quillbar {
 /// for it. Main thread; SIGPIPE must be ignored.
 class LineOutput final {
 public:
-    /// Writes to `descriptor`, which stays the caller's. `onClosed` is called once at most, from the
-    /// event loop, when the reader of a pipe or socket has gone, even if nothing is written, or when
-    /// a line that had to wait cannot be written.
+    /// Writes to `descriptor`, which stays the caller's. `onClosed` is called once at most, from
+    /// the event loop, when the reader of a pipe or socket has gone, even if nothing is written, or
+    /// when a line that had to wait cannot be written.
     explicit LineOutput(int descriptor, std::function<void()> onClosed);
     LineOutput(const LineOutput&) = delete;
     LineOutput& operator=(const LineOutput&) = delete;
@@ -32,8 +32,8 @@ public:
     /// the reader has gone or the disk is full.
     [[nodiscard]] bool print(std::string_view line);
 
-    /// Calls `done` once, from the event loop, when nothing waits to be written any more. Never when
-    /// that fails; then `onClosed` is called.
+    /// Calls `done` once, from the event loop, when nothing waits to be written any more. Never
+    /// when that fails; then `onClosed` is called.
     void whenWritten(std::function<void()> done);
 
 private:

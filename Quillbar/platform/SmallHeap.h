@@ -16,10 +16,11 @@ void use();
 /// Less free memory than this, in bytes, is not worth a system call.
 inline constexpr std::size_t kWorthwhile = std::size_t{1024} * 1024;
 
-/// Gives back the free pages between the blocks that are in use. The allocator does so by itself only
-/// at the heap's end, and a board that loads leaves 8 MB of small blocks free below it. Returns
-/// whether the system got something; false where too little is free, and with another allocator than
-/// glibc's. Takes about a millisecond, in which no thread can allocate. For any thread.
+/// Gives back the free pages between the blocks that are in use. The allocator does so by itself
+/// only at the heap's end, and a board that loads leaves 8 MB of small blocks free below it.
+/// Returns whether the system got something; false where too little is free, and with another
+/// allocator than glibc's. Takes about a millisecond, in which no thread can allocate. For any
+/// thread.
 bool giveBack();
 
 }  // namespace quillbar::SmallHeap

@@ -16,8 +16,8 @@ void hold() noexcept;
 /// be written. For a program that does nothing else meanwhile.
 [[nodiscard]] bool print(std::string_view text) noexcept;
 
-/// Writes "PROGRAM: TEXT" to standard error as one line, whatever control characters the text holds.
-/// Loses it when it cannot be written at once.
+/// Writes "PROGRAM: TEXT" to standard error as one line, whatever control characters the text
+/// holds. Loses it when it cannot be written at once.
 void complain(std::string_view program, std::string_view text);
 
 }  // namespace quillbar::StandardStreams

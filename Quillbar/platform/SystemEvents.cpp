@@ -18,7 +18,8 @@ constexpr uint kConnected = 60;
 
 SystemEvents::SystemEvents(std::function<void()> onResume)
     : m_onResume(std::move(onResume)) {
-    // A system without one of them, or without a bus, answers false; there is nothing to do about it.
+    // A system without one of them, or without a bus, answers false; there is nothing to do about
+    // it.
     QDBusConnection bus = QDBusConnection::systemBus();
     bus.connect(QStringLiteral("org.freedesktop.login1"),
                 QStringLiteral("/org/freedesktop/login1"),

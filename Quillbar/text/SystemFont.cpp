@@ -65,8 +65,8 @@ bool writesChinese(const QString& family) {
            || QFontDatabase::writingSystems(family).contains(QFontDatabase::SimplifiedChinese);
 }
 
-/// The weights that the family is installed in. The last answer is kept: nearly always one family is
-/// asked for.
+/// The weights that the family is installed in. The last answer is kept: nearly always one family
+/// is asked for.
 const QList<int>& weightsOf(const QString& family) {
     static QString asked;
     static QList<int> weights;

@@ -15,8 +15,9 @@ namespace quillbar::TabularText {
 /// The width of the text in points. Texts that differ only in their digits have the same width.
 [[nodiscard]] double width(const QString& text, const QFont& font);
 
-/// Draws one line in the painter's pen. `alignment` is one of the horizontal and one of the vertical
-/// alignments; a text wider than the rectangle runs out of it on the side away from its alignment.
+/// Draws one line in the painter's pen. `alignment` is one of the horizontal and one of the
+/// vertical alignments; a text wider than the rectangle runs out of it on the side away from its
+/// alignment.
 void draw(QPainter& painter,
           const QRectF& rectangle,
           Qt::Alignment alignment,

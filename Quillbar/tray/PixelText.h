@@ -29,8 +29,8 @@ enum class Digits { wide, narrow };
 /// when a character is not known.
 [[nodiscard]] std::optional<Digits> fitting(const QString& text, int space);
 
-/// Draws the text in the painter's pen with its top left corner at `corner`; characters that are not
-/// known are left out. The painter draws on pixels, not scaled.
+/// Draws the text in the painter's pen with its top left corner at `corner`; characters that are
+/// not known are left out. The painter draws on pixels, not scaled.
 void draw(QPainter& painter, QPoint corner, const QString& text, Digits digits);
 
 }  // namespace quillbar::PixelText

@@ -82,8 +82,8 @@ public:
     void setPictures(Draw draw);
     /// The item's name, `kTitle` at first. It is markup where the host shows it as the tooltip.
     void setTitle(const QString& title);
-    /// What stands for the pictures where they cannot be seen. The protocol has no signal for it, so
-    /// set it before what changes together with it.
+    /// What stands for the pictures where they cannot be seen. The protocol has no signal for it,
+    /// so set it before what changes together with it.
     void setDescription(const QString& description) { m_description = description; }
     /// Both texts are markup.
     void setTooltip(const QString& title, const QString& text);

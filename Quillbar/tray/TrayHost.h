@@ -23,7 +23,8 @@ struct TrayHost final {
     enum class Label { shown, ignored } label = Label::shown;
     /// Where the host takes the picture beside a text from.
     enum class Icon { pixmap, themeName } icon = Icon::pixmap;
-    /// Which of the pictures the host shows: the one for its size, or always the largest, made smaller.
+    /// Which of the pictures the host shows: the one for its size, or always the largest, made
+    /// smaller.
     enum class Picks { fitting, largest } picks = Picks::fitting;
     /// Whether the host reports clicks in coordinates of the screen.
     enum class ClickPosition { onScreen, unusable } clickPosition = ClickPosition::onScreen;

@@ -36,8 +36,8 @@ class SearchField;
 /// text, a moment after the last keystroke. Picking a coin adds it to the watchlist and then closes
 /// the popover, unless the user has typed something else meanwhile.
 ///
-/// For a text of two names or more, such as "BTC, ETH", there is one row instead, which adds all coins
-/// of the list that are not watched yet (`CoinNames` tells how a list is read).
+/// For a text of two names or more, such as "BTC, ETH", there is one row instead, which adds all
+/// coins of the list that are not watched yet (`CoinNames` tells how a list is read).
 ///
 /// By the keyboard: Enter in the field picks the first match, and waits for it if the search is
 /// still running. The arrow down goes to the matches. There Enter picks a coin, and letters that
@@ -62,8 +62,8 @@ public:
     };
 
     /// The environment, which has a sleeper, outlives the view. `dismiss` closes the popover that
-    /// the view is in; it gets the symbol of the coin that was added, of several the first one. It is
-    /// called from the executor's queue, and never after the view was destroyed.
+    /// the view is in; it gets the symbol of the coin that was added, of several the first one. It
+    /// is called from the executor's queue, and never after the view was destroyed.
     AddCoinView(const ViewEnvironment& environment,
                 std::function<void(const std::string& symbol)> dismiss,
                 QWidget* parent = nullptr);

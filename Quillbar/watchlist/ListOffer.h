@@ -38,8 +38,8 @@ struct ListOffer final {
     [[nodiscard]] QString title() const;
     /// The coins to add, such as "SOL、ADA、BNB".
     [[nodiscard]] QString names() const;
-    /// What cannot be added, a line each: the names of no coin, the coins that are watched, and that
-    /// the text was too long.
+    /// What cannot be added, a line each: the names of no coin, the coins that are watched, and
+    /// that the text was too long.
     [[nodiscard]] QStringList notes() const;
     /// All of it for a screen reader.
     [[nodiscard]] QString spoken() const;

@@ -13,8 +13,8 @@ namespace quillbar {
 class RowList;
 class ThemedLabel;
 
-/// What the search shows for a list of names: one row that adds the coins, and below it what cannot be
-/// added. Without coins to add there is no row. A screen reader reads all of it aloud when it
+/// What the search shows for a list of names: one row that adds the coins, and below it what cannot
+/// be added. Without coins to add there is no row. A screen reader reads all of it aloud when it
 /// appears.
 class ListOfferView final : public QWidget {
 public:

@@ -34,7 +34,8 @@ public:
 
     /// Called when the user selects another title.
     std::function<void(std::size_t index)> onSelect;
-    /// Draws the sample of a title into the rectangle, which ends where the row does. Null for none.
+    /// Draws the sample of a title into the rectangle, which ends where the row does. Null for
+    /// none.
     std::function<void(QPainter& painter, const QRectF& rectangle, std::size_t index)> drawSample;
 
 private:

@@ -5,7 +5,8 @@
 class QPoint;
 class QWidget;
 
-/// The windows of this program: the panel with its menus, popovers and dialogs. For the main thread.
+/// The windows of this program: the panel with its menus, popovers and dialogs. For the main
+/// thread.
 namespace quillbar::OwnWindows {
 
 /// Whether one of them has the keyboard's focus.

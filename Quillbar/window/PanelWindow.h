@@ -121,7 +121,8 @@ private:
     // Whether it was placed since it is a window by itself.
     bool m_wasPlaced = false;
     std::optional<QPoint> m_anchor;
-    // Asked for when the panel opens and when a screen changes: a layout must not wait for a server.
+    // Asked for when the panel opens and when a screen changes: a layout must not wait for a
+    // server.
     std::optional<QRect> m_bar;
     QString m_token;
     /// Where place() put the window, or to where the user dragged it while it is a window by

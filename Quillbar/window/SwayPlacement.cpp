@@ -105,7 +105,8 @@ QPoint SwayPlacement::anchorOf(const SwayWindow& atPointer) {
 }
 
 void SwayPlacement::handleConnection() {
-    // The window may appear before this, or later: an event tells of the one, the tree of the other.
+    // The window may appear before this, or later: an event tells of the one, the tree of the
+    // other.
     m_step = Step::subscription;
     send(SwayMessage::Type::subscribe, "[\"window\"]");
 }
@@ -162,7 +163,8 @@ void SwayPlacement::handleMessage(const SwayMessage& message) {
 void SwayPlacement::handleWindow(qint64 id) {
     m_step = Step::floating;
     const auto criterion = QStringLiteral("[con_id=%1] ").arg(id);
-    // Sway alone knows where the pointer is, and tells it by nothing but where this puts the window.
+    // Sway alone knows where the pointer is, and tells it by nothing but where this puts the
+    // window.
     const QString move =
         m_openedBy == OpenedBy::pointer ? QStringLiteral(", move position cursor") : QString();
     run(criterion + QStringLiteral("floating enable, border none, sticky enable") + move);

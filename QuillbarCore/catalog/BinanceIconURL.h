@@ -8,7 +8,7 @@
 /// Where the exchange keeps its logos. Pure.
 namespace quillbar::BinanceIconURL {
 
-/// The logo of a base asset below a base URL without a slash at its end.
+/// The URL of a base asset's logo below `base`, a URL without a slash at its end.
 [[nodiscard]] std::string url(std::string_view base, std::string_view baseAsset);
 
 }  // namespace quillbar::BinanceIconURL

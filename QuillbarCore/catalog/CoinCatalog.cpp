@@ -89,7 +89,7 @@ Task<CoinCatalog::Coins> CoinCatalog::loaded() {
             co_return m_memory;
         }
     }
-    // Nothing of this object is touched after the wait: it may be gone by then.
+    // Do not use this object after the wait: it may be destroyed by then.
     Coins coins = co_await m_networkLoad.get();
     co_return coins;
 }

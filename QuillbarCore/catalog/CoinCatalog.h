@@ -24,10 +24,10 @@ namespace quillbar {
 /// for a day, from the network when neither holds it.
 ///
 /// Belongs to the executor's thread, which it blocks while it reads or writes its small file.
-/// Destroying it ends the load that runs, and every wait for it with `Cancelled`.
+/// Destroying it ends a running load, and every wait for it with `Cancelled`.
 class CoinCatalog final {
 public:
-    /// How long a file serves.
+    /// How long the file is used after its coins were fetched.
     static constexpr Seconds kTimeToLive{86400};
     /// The most coins that a search finds.
     static constexpr std::size_t kMaximumMatches = 20;
@@ -39,19 +39,18 @@ public:
                 const std::filesystem::path& cacheDirectory,
                 Clock now = systemClock());
 
-    /// The whole catalog, in the exchange's order. Who asks while it is being loaded shares the load
-    /// and its outcome; no caller's cancellation touches the load. Once loaded, it stays as it is
-    /// for the life of this object, however old.
+    /// The whole catalog, in the exchange's order. Callers that come while it is being loaded share
+    /// the load and its outcome; the load goes on when a caller is cancelled. Once loaded, the
+    /// catalog stays the same for the life of this object, however old it gets.
     ///
     /// Throws what `BinanceAPI::exchangeInfo` throws; the next call tries again. A file that is
-    /// missing, unreadable or damaged is passed over in silence; one that cannot be written costs a
-    /// line in the log.
+    /// missing, unreadable or damaged is ignored silently; a file that cannot be written is logged.
     Task<std::vector<Coin>> allCoins();
 
-    /// The coins whose base asset matches the query, at most `kMaximumMatches`: first the ones that
-    /// equal it, then those that begin with it, then those that contain it; each in the exchange's
-    /// order. White space around the query and the case of letters do not matter; an empty query
-    /// matches nothing and loads nothing. Throws what `allCoins` throws.
+    /// The coins whose base asset matches the query, at most `kMaximumMatches`: first those that
+    /// equal it, then those that begin with it, then those that contain it; each group in the
+    /// exchange's order. White space around the query and the case of letters do not matter; an
+    /// empty query matches nothing and loads nothing. Throws what `allCoins` throws.
     Task<std::vector<Coin>> search(std::string query);
 
     /// Looks up the names of coins, as `CoinNames::find` does. Throws what `allCoins` throws.

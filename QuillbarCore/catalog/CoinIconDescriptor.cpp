@@ -25,7 +25,7 @@ icu::UnicodeString decoded(std::string_view text) {
         icu::StringPiece(text.data(), static_cast<std::int32_t>(text.size())));
 }
 
-// The end of the character, as a reader counts them, that begins at `at`.
+// The end of the character that begins at `at`. A character is what a reader takes for one.
 std::int32_t characterEnd(icu::BreakIterator* characters,
                           const icu::UnicodeString& text,
                           std::int32_t at) {

@@ -13,20 +13,20 @@ namespace quillbar::CoinNames {
 
 namespace {
 
-/// A catalogue by the names of its coins, which it refers to.
+/// Finds the coins of a catalogue, to which it refers, by name.
 class Index {
 public:
     explicit Index(const std::vector<Coin>& catalog) {
         m_byBaseAsset.reserve(catalog.size());
         m_bySymbol.reserve(catalog.size());
         for (const Coin& coin : catalog) {
-            // Each keeps the first coin of a name.
+            // emplace keeps the first coin of a name.
             m_byBaseAsset.emplace(SearchText::upperCased(coin.baseAsset), &coin);
             m_bySymbol.emplace(SearchText::upperCased(coin.symbol), &coin);
         }
     }
 
-    /// Null for the name of no coin.
+    /// Null if no coin has the name.
     [[nodiscard]] const Coin* find(const std::string& name) const {
         if (const auto found = m_byBaseAsset.find(name); found != m_byBaseAsset.end()) {
             return found->second;
@@ -45,7 +45,7 @@ private:
         }
         const std::string base = name.substr(0, stroke);
         const auto found = m_bySymbol.find(base + name.substr(stroke + 1));
-        // "B/TCUSDT" is no pair.
+        // Not "B/TCUSDT", which is BTC's symbol without the stroke.
         return found != m_bySymbol.end() && SearchText::upperCased(found->second->baseAsset) == base
                    ? found->second
                    : nullptr;

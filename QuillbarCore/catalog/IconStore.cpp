@@ -14,8 +14,8 @@ namespace quillbar {
 
 namespace {
 
-// 403 may be meant for the whole region, and a body that is no logo may come from a network that
-// wants a login first: neither says anything of the logo.
+// A 403 does not count: it may be meant for the whole region. Nor does a body that is no PNG: it
+// may be the login page of a network.
 bool saysMissing(int status) {
     return status == 404 || status == 410;
 }
@@ -53,10 +53,10 @@ Task<std::optional<std::string>> IconStore::iconData(std::string baseAsset) {
             co_return data;
         }
     } catch (const FileError&) {
-        // Not there yet, or damaged: the download replaces it.
+        // Missing or damaged: download it.
     }
     const auto [running, isNew] = m_inFlight.try_emplace(name);
-    // Nothing of this object is touched after the wait: it may be gone by then.
+    // Do not use this object after the wait: it may be destroyed by then.
     const Deferred<Icon> result = running->second;
     if (isNew) {
         m_scope.spawn(load(std::move(baseAsset), std::move(name), result));
@@ -105,7 +105,7 @@ void IconStore::persist(std::string_view data,
                         const std::filesystem::path& file,
                         std::string_view baseAsset) const {
     try {
-        // A board that opens stores a hundred logos: too many to wait for the disk each time.
+        // Opening a board stores a hundred logos: too many to wait for the disk each time.
         AtomicFile::write(file, data, m_files, AtomicFile::Durability::process);
     } catch (const std::exception& error) {
         m_logger.error("icon cache write failed for {}: {}", baseAsset, error.what());

@@ -21,20 +21,21 @@
 
 namespace quillbar {
 
-/// The coins' logos: on disk for good, from the network when they are not there (a power cut may
-/// take or damage the last ones). Keeps none in memory.
+/// The coins' logos: kept on disk for good, and fetched from the network when they are not there. A
+/// power cut may lose or damage the latest ones. Keeps none in memory.
 ///
 /// Belongs to the executor's thread, which it blocks while it reads or writes a small file.
 /// Destroying it ends its downloads, and every wait for one with `Cancelled`.
 class IconStore final {
 public:
-    /// A larger file is no logo.
+    /// The most bytes of a logo.
     static constexpr std::size_t kMaximumSize = std::size_t{1024} * 1024;
-    /// How long a logo that the server does not have counts as missing: new coins get theirs later.
+    /// How long a logo counts as missing when the server does not have it. Not for ever, because
+    /// new coins get their logos later.
     static constexpr Seconds kMissingFor{3600};
 
-    /// `directory` need not exist. `baseURL` is where the logos lie, without a slash at its end. The
-    /// executor and the file operations outlive the store.
+    /// `directory` need not exist. `baseURL` is the folder of the logos, without a slash at its
+    /// end. The executor and the file operations outlive the store.
     IconStore(Executor& executor,
               std::filesystem::path directory,
               std::shared_ptr<HTTPDataFetching> fetcher,
@@ -47,16 +48,16 @@ public:
     IconStore& operator=(IconStore&&) = delete;
     ~IconStore();
 
-    /// The bytes of the logo's PNG file; absent when none can be had, which is logged and not
-    /// remembered. Who asks for a logo that is being fetched shares the download; no caller's
-    /// cancellation touches it. Throws `Cancelled` alone.
+    /// The bytes of the logo's PNG file; absent when there is none, which is logged; the next call
+    /// tries again. Callers that ask for a logo that is being fetched share the download, which
+    /// goes on when a caller is cancelled. Throws only `Cancelled`.
     Task<std::optional<std::string>> iconData(std::string baseAsset);
 
-    /// Whether the server said less than `kMissingFor` ago that it has no logo of this base asset, so
-    /// that asking again is in vain. A request that failed otherwise says nothing of the kind.
+    /// Whether the server said less than `kMissingFor` ago that it has no logo of this base asset,
+    /// so that asking again is useless. A request that failed for another reason does not count.
     [[nodiscard]] bool isMissing(std::string_view baseAsset) const;
-    /// Has no logo count as missing any more. For when the network changes: on another one they may
-    /// be there.
+    /// From here on no logo counts as missing. For a change of network: another one may have the
+    /// logos.
     void forgetMissing() noexcept { m_missing.clear(); }
 
 private:
@@ -75,9 +76,9 @@ private:
     FileOperations& m_files;
     Clock m_now;
     Logger m_logger{"IconStore"};
-    // By file name, so that all spellings of a base asset share one.
+    // By file name, so that upper and lower case of a base asset share a download.
     std::unordered_map<std::string, Deferred<Icon>> m_inFlight;
-    // When the server said so, by file name.
+    // When the server said that it has no logo, by file name.
     std::unordered_map<std::string, TimePoint> m_missing;
     // Last: its tasks use `this`.
     TaskScope m_scope;

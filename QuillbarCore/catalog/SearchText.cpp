@@ -25,7 +25,7 @@ std::string encoded(const icu::UnicodeString& text) {
     return bytes;
 }
 
-// All of them lie in the first plane, one unit each.
+// Every separator is one UTF-16 unit.
 bool isSeparator(char16_t unit) {
     switch (unit) {
     case u',':
@@ -49,7 +49,7 @@ std::string trimmed(std::string_view text) {
     const icu::UnicodeString characters = decoded(text);
     std::int32_t begin = 0;
     std::int32_t end = characters.length();
-    // All white space lies in the first plane, one unit each.
+    // Every white space character is one UTF-16 unit.
     while (begin < end && u_isUWhiteSpace(characters.charAt(begin)) != 0) {
         ++begin;
     }
@@ -76,7 +76,7 @@ std::vector<std::string> words(std::string_view text) {
 }
 
 std::string upperCased(std::string_view text) {
-    // Nearly every base asset; the search maps thousands of them at each keystroke.
+    // Fast path for nearly every base asset: the search maps thousands at each keystroke.
     if (std::all_of(text.begin(), text.end(), isAscii)) {
         std::string result(text);
         std::transform(result.begin(), result.end(), result.begin(), AsciiCase::upper);

@@ -6,15 +6,15 @@
 #include <string_view>
 #include <vector>
 
-/// The form in which texts are compared by the search. UTF-8 in and out; bytes that are not UTF-8
-/// become U+FFFD. Independent of the locale. Pure; callable from any thread.
+/// Brings texts into the form in which the search compares them. UTF-8 in and out; bytes that are
+/// not UTF-8 become U+FFFD. Independent of the locale. Pure; callable from any thread.
 namespace quillbar::SearchText {
 
 /// The text without the white space (Unicode's White_Space, line ends among it) at both ends.
 [[nodiscard]] std::string trimmed(std::string_view text);
 
-/// What stands between the separators of a list, in its order: white space as above, comma,
-/// semicolon, and their full-width forms "，" "；" and "、". None of the words is empty.
+/// The words of a list, in its order, none of them empty. Separators are white space as above,
+/// comma, semicolon, and their full-width forms "，" "；" and "、".
 [[nodiscard]] std::vector<std::string> words(std::string_view text);
 
 /// The text in upper case, by Unicode's full mapping ("ß" gives "SS").

@@ -13,10 +13,10 @@
 /// Turns what the exchange sends into the core's types: pure functions over the bytes of a body,
 /// for any thread.
 ///
-/// Each throws `JSONDecodingError` for bytes that are not one JSON text in UTF-8, for a key that is
-/// absent and a value of another type, and then `BinanceDecodingError` for a decimal text that
-/// `decimalNumber` refuses. One bad element fails the whole body. Other keys are ignored, whatever
-/// they hold; of a key that is repeated, the last one counts.
+/// Each throws `JSONDecodingError` for bytes that are not one JSON text in UTF-8, for a missing key
+/// and for a value of another type; and after that `BinanceDecodingError` for a decimal text that
+/// `decimalNumber` refuses. One bad element fails the whole body. Other keys are ignored; of a
+/// repeated key the last value counts.
 namespace quillbar::BinanceDecoder {
 
 /// One frame of the combined mini-ticker stream: `stream` and, in `data`, the symbol `s`, the last

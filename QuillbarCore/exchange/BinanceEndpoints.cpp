@@ -26,7 +26,7 @@ constexpr std::array<std::string_view, 3> kStream{
     "wss://stream.binance.com:443",
 };
 
-// Whether a base is SCHEME://AUTHORITYPATH, the authority made of a host's characters and a port.
+// Whether a base has the form SCHEME://AUTHORITYPATH, with an authority of a host and a port.
 constexpr bool isWellFormed(std::string_view url, std::string_view scheme, std::string_view path) {
     if (!url.starts_with(scheme) || !url.ends_with(path)) {
         return false;

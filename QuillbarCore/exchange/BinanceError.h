@@ -9,8 +9,8 @@ namespace quillbar {
 /// A REST answer whose HTTP status is outside 200–299. Equal when the statuses are.
 class BinanceError final : public std::runtime_error {
 public:
-    /// `httpStatus` is the answer's status; 0 stands for an answer that carried none, and for a
-    /// request that no endpoint was left to answer.
+    /// `httpStatus` is the answer's status; 0 for an answer without a status, and for a request
+    /// when no endpoint is left to try.
     explicit BinanceError(int httpStatus);
 
     [[nodiscard]] int httpStatus() const noexcept { return m_httpStatus; }

@@ -17,20 +17,20 @@
 
 namespace quillbar {
 
-/// The exchange's REST interface. A request that fails for the endpoint's fault is tried on the
-/// next one, without a pause, as often as there are endpoints; on the last endpoint it is tried
-/// again there. Every failed attempt is logged.
+/// The exchange's REST interface. A request that fails because of its endpoint is sent again at
+/// once, to the next endpoint, or again to the last one; it is sent at most as often as there are
+/// endpoints. Every failed attempt is logged.
 ///
 /// A value: copies share the fetcher and the selector, so that what one learns of an endpoint holds
 /// for all. Any number of requests may run at once.
 class BinanceRESTClient final : public BinanceAPI {
 public:
-    /// The bodies that are large are decoded on `worker`, which outlives every request.
+    /// Large bodies are decoded on `worker`, which outlives every request.
     BinanceRESTClient(std::shared_ptr<HTTPDataFetching> fetcher,
                       std::shared_ptr<EndpointSelector> endpoints,
                       Worker& worker);
 
-    /// From here on this client and its copies use another selector. Requests under way keep theirs.
+    /// Replaces the selector of this client and its copies. Running requests keep theirs.
     void useEndpoints(std::shared_ptr<EndpointSelector> endpoints);
 
     Task<std::vector<Candle>> klines(std::string symbol,
@@ -42,7 +42,7 @@ public:
     Task<TickerMap> ticker24hAll() override;
 
 private:
-    // Names and values, not yet encoded.
+    // Names and values, not yet percent-encoded.
     using Query = std::vector<std::pair<std::string, std::string>>;
 
     // The body of a path below the endpoint in use.

@@ -6,7 +6,8 @@
 
 namespace quillbar {
 
-/// One candle of a price chart. A plain value. Equality compares all five fields as IEEE doubles do.
+/// One candle of a price chart. A plain value. Equality compares all five fields as IEEE doubles
+/// do.
 struct Candle final {
     /// When the candle's interval starts.
     TimePoint openTime;

@@ -20,8 +20,8 @@ namespace quillbar {
 /// each coin and range that the user has looked at.
 class ChartCache final {
 public:
-    /// The candles stored for this pair and range, when they are fresh: less than the range's time
-    /// to live old. Candles stored later than `now` (the clock was set back) are fresh.
+    /// The candles stored for this pair and range, if they are fresh: younger than the range's time
+    /// to live. Candles stored later than `now` (the clock was set back) are fresh.
     [[nodiscard]] std::optional<std::vector<Candle>> value(std::string_view symbol,
                                                            ChartRange range,
                                                            TimePoint now) const;
@@ -30,8 +30,8 @@ public:
     /// live; 0 without fresh ones.
     [[nodiscard]] Seconds freshFor(std::string_view symbol, ChartRange range, TimePoint now) const;
 
-    /// The cache with these candles, which may be none, stored at `now` for this pair and range in
-    /// place of those before.
+    /// The cache with these candles, which may be none, stored at `now` for this pair and range.
+    /// They replace those stored before.
     [[nodiscard]] ChartCache inserting(std::vector<Candle> candles,
                                        std::string symbol,
                                        ChartRange range,
@@ -43,10 +43,10 @@ private:
         TimePoint storedAt;
     };
 
-    // Null for none.
+    // Null when there is none.
     [[nodiscard]] const Entry* find(std::string_view symbol, ChartRange range) const;
 
-    // By range within symbol; a symbol can be looked up without a copy of its text.
+    // By symbol, then by range. `std::less<>` looks a symbol up without copying its text.
     std::map<std::string, std::map<ChartRange, Entry>, std::less<>> m_entries;
 };
 

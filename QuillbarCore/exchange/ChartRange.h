@@ -16,8 +16,8 @@ enum class ChartRange { day, week, month };
 /// Every range, in the order in which they are offered.
 inline constexpr std::array kChartRanges{ChartRange::day, ChartRange::week, ChartRange::month};
 
-/// What identifies the range in a file: "day", "week", "month". Valid for the life of the process,
-/// as every text of this file.
+/// The name of the range in a file: "day", "week", "month". Valid for the life of the process, like
+/// every text here.
 [[nodiscard]] std::string_view rawValue(ChartRange range);
 
 /// The range of a raw value, which is compared exactly; absent for any other text.

@@ -12,18 +12,18 @@ struct ConnectionFailure final {
     enum class Kind {
         hostNotFound,    ///< the server's name does not resolve
         cannotConnect,   ///< refused or unreachable
-        proxyFailed,     ///< the proxy is not there, or would not connect
+        proxyFailed,     ///< the proxy is missing, or refused to connect
         timedOut,        ///< no handshake or no sign of life in time
         untrusted,       ///< TLS failed, or the certificate cannot be trusted
         refused,         ///< the server answered with the status of `httpStatus`
-        closedByServer,  ///< the server said farewell
+        closedByServer,  ///< the server sent a close frame
         lost,            ///< the connection broke
-        notServedHere,   ///< the server, or each that was asked, does not serve this region
+        notServedHere,   ///< no server that was asked serves this region
         tooLarge,        ///< a message is larger than what is accepted
-        badAddress,      ///< the address is none that can be connected to
+        badAddress,      ///< not an address to connect to
         noServer,        ///< no server is left to try
         cancelled,       ///< our own side ended it
-        unknown,         ///< anything else, a broken protocol among it
+        unknown,         ///< anything else, such as a broken protocol
     };
 
     Kind kind = Kind::unknown;

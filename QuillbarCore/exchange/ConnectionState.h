@@ -10,9 +10,9 @@ enum class ConnectionState {
     disconnected,
     /// A connection is about to be made.
     connecting,
-    /// A connection has been asked for; its first price may still be on the way.
+    /// A connection was requested; its first price may not have arrived yet.
     connected,
-    /// A connection has ended, and the next one waits for its time.
+    /// A connection has ended; the next attempt is waiting.
     waitingRetry,
 };
 

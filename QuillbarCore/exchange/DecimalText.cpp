@@ -39,8 +39,8 @@ std::size_t exponentMark(Magnitude number) {
     return number.text.find_first_of(number.isHexadecimal ? "pP" : "eE");
 }
 
-// The exponent that follows its letter in a text that has been parsed as a number. Beyond a
-// thousand million, how much it is does not matter.
+// The exponent after its letter, in a text that was parsed as a number. Beyond a thousand million
+// its exact value does not matter.
 std::int64_t exponent(std::string_view text) {
     constexpr std::int64_t kEnough = 1'000'000'000;
     const bool isNegative = text.front() == '-';
@@ -56,8 +56,8 @@ std::int64_t exponent(std::string_view text) {
     return isNegative ? -value : value;
 }
 
-// Whether what follows the exponent's letter, if there is one, is a whole number. GCC 12's
-// std::from_chars also takes two signs, as in "0x1p+-3".
+// Whether the exponent, if there is one, is a whole number. GCC 12's std::from_chars also accepts
+// two signs, as in "0x1p+-3".
 bool hasProperExponent(Magnitude number) {
     const std::size_t mark = exponentMark(number);
     if (mark == std::string_view::npos) {
@@ -70,9 +70,9 @@ bool hasProperExponent(Magnitude number) {
     return !text.empty() && isDigit(text[0], false);
 }
 
-// What strtod makes of a number that std::from_chars finds out of a double's range, where the two
-// ends of the range are not told apart: an infinity or a zero. Far from both ends of the range, so
-// it is enough to know on which side of one the number lies.
+// The value that strtod returns for a number that std::from_chars reports as out of a double's
+// range: an infinity or a zero. std::from_chars does not say which of the two. Such a number is far
+// from one, so it is enough to know on which side of one it lies.
 double outOfRange(Magnitude number) {
     const std::size_t mark = exponentMark(number);
     const std::string_view significand = number.text.substr(0, mark);
@@ -95,9 +95,9 @@ double outOfRange(Magnitude number) {
     return scale > 0 ? std::numeric_limits<double>::infinity() : 0;
 }
 
-// Absent when the text is not a number from its first character to its last.
+// Absent unless the whole text is a number.
 std::optional<double> parsed(Magnitude number) {
-    // std::from_chars takes a sign of its own, and words.
+    // std::from_chars would also accept a sign here, and words such as "inf".
     if (number.text.empty()
         || (number.text[0] != '.' && !isDigit(number.text[0], number.isHexadecimal))
         || !hasProperExponent(number)) {

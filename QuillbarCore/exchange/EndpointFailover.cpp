@@ -15,7 +15,7 @@ bool EndpointFailover::shouldTryNextEndpoint(const std::exception_ptr& error) {
     } catch (const BinanceError& answer) {
         return answer.httpStatus() >= 500 && answer.httpStatus() <= 599;
     } catch (...) {
-        // A cancelled task, a body that cannot be decoded.
+        // Such as a cancelled task, or a body that cannot be decoded.
         return false;
     }
 }

@@ -12,9 +12,10 @@
 
 namespace quillbar {
 
-/// Builds the selector of a list of addresses, and builds it anew when a restart of the program
-/// would help: a selector never goes back, so that one bad minute would keep everybody on the last
-/// address for ever. Belongs to the executor's thread and outlives the selectors.
+/// Makes the selector of a list of addresses, and replaces it when it helps to begin with the first
+/// address again. A selector never goes back, so without a new one a single bad minute would keep
+/// everybody on the last address for ever. Belongs to the executor's thread and outlives the
+/// selectors.
 class EndpointRenewal final {
 public:
     /// Hands a new selector to those who use the list.
@@ -30,11 +31,11 @@ public:
     EndpointRenewal& operator=(EndpointRenewal&&) = delete;
     ~EndpointRenewal() = default;
 
-    /// A selector that begins with the first address. Each failure of the last one renews the list,
-    /// unless that happened less than `kSpacing` ago.
+    /// A selector that begins with the first address. A failure of the last address hands out a new
+    /// selector, unless that happened less than `kSpacing` ago or there is only one address.
     [[nodiscard]] std::shared_ptr<EndpointSelector> makeSelector();
 
-    /// Who takes the new selectors; absent until then.
+    /// Sets who takes the new selectors. Until then there are none.
     void whenRenewed(Use use) { m_use = std::move(use); }
 
     /// Hands out a new selector now: the machine woke up, or the network came back.

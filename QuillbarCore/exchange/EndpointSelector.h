@@ -12,8 +12,9 @@
 namespace quillbar {
 
 /// Remembers which of several equivalent addresses is in use, and moves on when it fails: forwards
-/// only, one at a time, never past the last. There is no way back but a new selector. Shared by all
-/// who use the list, so that what one learns holds for all. Belongs to the executor's thread.
+/// only, one at a time, never past the last. To begin again, make a new selector. All users of the
+/// list share it, so that a failure that one meets counts for all. Belongs to the executor's
+/// thread.
 class EndpointSelector final {
 public:
     /// An address and its position in the list.
@@ -24,9 +25,9 @@ public:
         [[nodiscard]] bool operator==(const Endpoint&) const = default;
     };
 
-    /// Begins with the first of `urls`, which may be empty. `whenExhausted` is called at each failure
-    /// of the last one, from `markFailed`; it may let go of this selector only when whoever reports
-    /// the failure holds it too.
+    /// Begins with the first of `urls`, which may be empty. `markFailed` calls `whenExhausted` at
+    /// each failure of the last one. That may release this selector only if the caller of
+    /// `markFailed` holds it too.
     explicit EndpointSelector(std::vector<std::string> urls,
                               std::function<void()> whenExhausted = {});
 
@@ -36,8 +37,9 @@ public:
     /// The address in use; absent for an empty list.
     [[nodiscard]] std::optional<Endpoint> current() const;
 
-    /// Reports that the address at this position, which the caller got from `current`, failed. Moves
-    /// to the next one and logs it, unless somebody has moved already or this one is the last.
+    /// Reports that the address at this position, which the caller got from `current`, failed.
+    /// Moves to the next one and logs it, unless somebody has moved already or this one is the
+    /// last.
     void markFailed(int index);
 
 private:

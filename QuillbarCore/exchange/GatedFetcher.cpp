@@ -18,7 +18,7 @@ HTTPResponse withoutBody(int status) {
     return response;
 }
 
-// The failure once more: an answer, or an error that is thrown.
+// Repeats the failure: returns its answer or throws its error.
 HTTPResponse repeated(const HostBreakers::Failure& failure) {
     if (const auto* const error = std::get_if<std::exception_ptr>(&failure)) {
         std::rethrow_exception(*error);

@@ -11,11 +11,11 @@
 
 namespace quillbar {
 
-/// A fetcher behind a service's gate: while that is closed, every request is answered at once with
-/// the status that closed it and no body, and nothing is sent. Behind the gate each host has a
-/// pause of its own when it fails again and again: with a transport error, or with a status from
-/// 500 to 599. Meanwhile its requests fail at once as the last one did. Whoever fetches need not
-/// know.
+/// A fetcher behind a service's gate. While the gate is closed nothing is sent: every request is
+/// answered at once, with the status that closed the gate and without a body. Behind the gate, each
+/// host that fails again and again (a transport error, or a status from 500 to 599) gets a pause of
+/// its own, during which its requests fail at once like the last one. Callers need not know of
+/// this.
 class GatedFetcher final : public HTTPDataFetching {
 public:
     GatedFetcher(std::shared_ptr<HTTPDataFetching> fetcher,
@@ -24,7 +24,7 @@ public:
 
     Task<HTTPResponse> fetch(std::string url) override;
 
-    /// Asks every host again at once; the service's gate stays as it is.
+    /// Ends the pauses of all hosts; the service's gate stays as it is.
     void forgetFailures() { m_breakers.forget(); }
 
 private:

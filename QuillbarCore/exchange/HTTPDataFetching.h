@@ -9,7 +9,7 @@
 
 namespace quillbar {
 
-/// An HTTP answer that arrived whole.
+/// A complete HTTP answer.
 struct HTTPResponse {
     /// The bytes, decompressed.
     std::string body;
@@ -21,7 +21,7 @@ struct HTTPResponse {
     bool operator==(const HTTPResponse&) const = default;
 };
 
-/// All HTTP traffic of the core goes through this seam.
+/// All HTTP traffic of the core goes through this interface.
 class HTTPDataFetching {
 public:
     HTTPDataFetching() = default;

@@ -48,8 +48,7 @@ public:
 
     void noteFailure(Failure failure, bool isProbe) {
         m_lastFailure = std::move(failure);
-        // Requests that were under way when the pause began tell nothing more, not even when they
-        // fail after it.
+        // Ignore requests that were sent before the pause began, even if they fail after it.
         if (isBroken() && (!isProbe || isPaused())) {
             return;
         }

@@ -17,11 +17,11 @@
 
 namespace quillbar {
 
-/// Keeps from hammering hosts that fail. After `kFailures` failures in a row a host is left alone
-/// for 2 s; then one request is sent to it, and with each one that fails the pause doubles, up to
-/// 60 s. Meanwhile every request fails at once as the last one did. A request that was sent before
-/// the pause does not prolong it when it fails. One success, and the host is as good as new. Each
-/// host has its own pause, so that another one can be asked at once.
+/// Spares hosts that fail. After `kFailures` failures in a row no request is sent to a host for 2
+/// s. Then one request is sent; each time that it fails the pause doubles, up to 60 s. During a
+/// pause every request fails at once like the last one. A request that was sent before the pause
+/// does not prolong it by failing. One success ends all this. Each host has its own pause, so that
+/// another host can be asked at once.
 ///
 /// Belongs to one thread.
 class HostBreakers final {
@@ -33,8 +33,8 @@ public:
     /// What a request failed with: the status of an answer, or an error.
     using Failure = std::variant<int, std::exception_ptr>;
 
-    /// One request from before it is sent until it is answered. One that is destroyed without a
-    /// word, as when the request is cancelled, says nothing about its host.
+    /// One request, from before it is sent until it is answered. If it is destroyed without a call
+    /// of `succeeded` or `failed`, as when the request is cancelled, it counts as neither.
     class Attempt final {
     public:
         Attempt(const Attempt&) = delete;
@@ -65,13 +65,13 @@ public:
     /// Notes that a request of this URL is sent.
     [[nodiscard]] Attempt begin(std::string_view url);
 
-    /// Ends every pause: the network may be another one.
+    /// Ends every pause. For a change of network.
     void forget() { m_hosts.clear(); }
 
 private:
     Clock m_now;
     ReconnectPolicy m_policy;
-    // By scheme, name and port. Those of a handful of services.
+    // By scheme, name and port. There are only a few.
     std::map<std::string, std::shared_ptr<Host>, std::less<>> m_hosts;
 };
 

@@ -14,13 +14,13 @@ namespace {
 
 constexpr int kBadRequest = 400;
 
-// What a pair takes in a URL: itself, two quotes and a comma.
+// How many bytes a pair takes in a URL: the symbol, two quotes and a comma.
 std::size_t lengthInList(const std::string& symbol) {
     constexpr std::string_view kAround = "%22%22%2C";
     return percentEncoded(symbol).size() + kAround.size();
 }
 
-// The pairs in their order, cut into lists that one request can hold.
+// Splits the pairs, in their order, into lists for one request each.
 std::vector<std::vector<std::string>> divided(std::vector<std::string> symbols) {
     std::vector<std::vector<std::string>> lists(1);
     std::size_t length = 0;
@@ -100,7 +100,7 @@ std::vector<std::string> KnownPairs::askable(std::vector<std::string> symbols) {
 
 Task<TickerMap> KnownPairs::amongAll(std::vector<std::string> symbols) {
     TickerMap all = co_await m_exchange.ticker24hAll();
-    // An exchange without a single pair has not answered the question.
+    // An answer without any pair does not say which pairs are known.
     if (all.empty()) {
         throw BinanceError(kBadRequest);
     }

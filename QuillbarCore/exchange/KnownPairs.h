@@ -14,9 +14,9 @@
 
 namespace quillbar {
 
-/// The exchange, asked for the pairs of a list that may be long and may hold pairs that the
-/// exchange does not know: a coin that was delisted, a symbol that was mistyped. The exchange
-/// refuses such a list as a whole, and one bad coin would cost the prices of all.
+/// Asks the exchange for a list of pairs that may be long and may hold pairs that the exchange does
+/// not know: a delisted coin, a mistyped symbol. The exchange refuses such a list as a whole, so
+/// one bad coin would cost the prices of all.
 ///
 /// Belongs to the executor's thread.
 class KnownPairs final : public BinanceAPI {
@@ -37,33 +37,33 @@ public:
                                      std::optional<std::int64_t> startTime) override;
     Task<std::vector<Coin>> exchangeInfo() override;
 
-    /// The tickers of those of the pairs that the exchange knows, and of no others. One request for
-    /// each hundred pairs. When one is refused with 400, one request for the tickers of all pairs
-    /// takes the place of the rest; the pairs that are not in its answer are logged once and left
-    /// out of every later request, until `forget`. Throws `BinanceError` 400 when the exchange
-    /// knows none of the pairs. Any request that fails fails the whole.
+    /// The tickers of the given pairs that the exchange knows. Sends one request for each hundred
+    /// pairs. If one is refused with 400, a single request for the tickers of all pairs replaces
+    /// the remaining ones; pairs that its answer lacks are logged once and left out of later
+    /// requests, until `forget`. Throws `BinanceError` 400 when the exchange knows none of the
+    /// pairs. One failed request fails the whole.
     Task<TickerMap> ticker24h(std::vector<std::string> symbols) override;
     Task<TickerMap> ticker24hAll() override;
 
-    /// Whether the exchange was asked for the pair and does not know it, as far as not forgotten.
+    /// Whether the exchange was asked for the pair since the last `forget`, and does not know it.
     [[nodiscard]] bool isUnknown(const std::string& symbol) const {
         return m_unknown.contains(symbol);
     }
 
-    /// Asks again for the pairs that the exchange did not know: it may list them by now. A pair that
-    /// has been logged is not logged again.
+    /// Forgets which pairs are unknown, so that they are asked for again: the exchange may list
+    /// them by now. A pair that has been logged is not logged again.
     void forget() { m_unknown.clear(); }
 
 private:
     [[nodiscard]] std::vector<std::string> askable(std::vector<std::string> symbols);
-    // The tickers of these pairs, out of those of all pairs.
+    // Fetches the tickers of all pairs and picks these.
     Task<TickerMap> amongAll(std::vector<std::string> symbols);
     void noteUnknown(const std::string& symbol);
 
     BinanceAPI& m_exchange;
     // The pairs that are not asked for.
     std::set<std::string> m_unknown;
-    // Every pair that has ever been among those.
+    // Every pair that was ever unknown.
     std::set<std::string> m_logged;
     Logger m_logger{"REST"};
 };

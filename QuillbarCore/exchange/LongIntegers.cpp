@@ -39,7 +39,7 @@ std::size_t endOfString(std::string_view json, std::size_t begin) {
         if (json[at] == '"') {
             return at + 1;
         }
-        // With the character that it escapes, perhaps a quotation mark.
+        // Skip the escaped character too: it may be a quotation mark.
         at += 2;
     }
 }

@@ -15,15 +15,16 @@
 #include <string_view>
 
 /// Reading JSON that came from the network. For the decoders' source files alone: it compiles
-/// slowly. What is read refers to the document and is copied out before the decoder returns.
+/// slowly. Values refer to the document: copy them before the decoder returns.
 ///
-/// Everything throws `JSONDecodingError` for what is malformed, missing or of another type.
+/// Every function throws `JSONDecodingError` for malformed JSON, a missing key or a value of
+/// another type.
 namespace quillbar::NetworkJSON {
 
 using Element = simdjson::dom::element;
 
-/// A parser keeps the memory of the largest document it has met, many times the document's size.
-/// Larger ones than this are rare, and are given a parser of their own.
+/// A parser keeps the memory for the largest document that it has parsed, many times the document's
+/// size. Documents of more bytes than this are rare, and get a parser of their own.
 inline constexpr std::size_t kLargestKept = std::size_t{1024} * 1024;
 
 /// The parser of this thread.
@@ -36,14 +37,14 @@ inline Element parse(simdjson::dom::parser& with, std::string_view bytes) {
     if (bytes.empty()) {
         throw JSONDecodingError("malformed JSON: empty");
     }
-    // No JSON text begins with one. Later versions of simdjson skip it, earlier ones do not.
+    // JSON text must not begin with one. Later versions of simdjson skip it, earlier ones do not.
     if (bytes.starts_with("\xEF\xBB\xBF")) {
         throw JSONDecodingError("malformed JSON: a byte-order mark");
     }
     Element root;
     // Copies the bytes to where the parser may read past their end.
     auto error = with.parse(bytes.data(), bytes.size(), true).get(root);
-    // Which error a long integer is depends on the version of simdjson.
+    // Do this after every error: versions of simdjson report long integers as different errors.
     if (error) {
         if (const auto readable = LongIntegers::asFractions(bytes)) {
             error = with.parse(readable->data(), readable->size(), true).get(root);
@@ -85,8 +86,8 @@ inline std::string_view string(Element value, std::string_view place) {
     return result;
 }
 
-/// The values of an object's keys. The object is walked rather than searched, so that the last of a
-/// repeated key is found, and each key is looked at once. The keys outlive it.
+/// The values of an object's keys. Walks the object once instead of searching it for each key, and
+/// so finds the last value of a repeated key. `keys` outlives this object.
 template <std::size_t count>
 class Fields {
 public:
@@ -127,7 +128,7 @@ public:
         return string(*m_values[index], m_keys[index]);
     }
 
-    /// Absent for a key that is missing or null; written with or without a fraction.
+    /// Absent for a key that is missing or null. Numbers with and without a fraction are accepted.
     [[nodiscard]] std::optional<double> optionalNumber(std::size_t index) const {
         if (isAbsent(index)) {
             return std::nullopt;

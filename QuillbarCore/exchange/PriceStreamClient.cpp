@@ -156,12 +156,12 @@ void PriceStreamClient::rest() {
 Task<void> PriceStreamClient::run(std::vector<std::string> symbols) {
     int attempt = 0;
     for (;;) {
-        // What was done before the cancellation still resumes a task.
+        // An operation that completed before the cancellation still resumes the task.
         bool isCancelled = co_await IsCancelled();
         if (isCancelled) {
             co_return;
         }
-        // Held, as a failure of its last endpoint may put another in its place.
+        // Keep the selector alive: a failure of its last endpoint may replace m_endpoints.
         const std::shared_ptr<EndpointSelector> endpoints = m_endpoints;
         const auto endpoint = endpoints->current();
         if (!endpoint) {
@@ -205,7 +205,7 @@ Task<bool> PriceStreamClient::readConnection(std::string url) {
             receive(*message);
         }
     } catch (const Cancelled&) {
-        // This loop has been replaced or stopped: the consumer is gone, not the connection.
+        // This loop was replaced or stopped. The connection did not fail.
         throw;
     } catch (...) {
         error = m_isWithoutPrice ? noPriceError() : std::current_exception();
@@ -235,7 +235,7 @@ void PriceStreamClient::receive(std::string_view frame) {
     }
     try {
         TickerEvent price = BinanceDecoder::decodeMiniTickerFrame(frame);
-        // The exchange is asked in lower case, and need not answer in the case of the list.
+        // The exchange is asked in lower case, and may answer in another case than the list's.
         if (!m_asked.contains(AsciiCase::lowerCased(price.symbol))) {
             m_logger.error("dropped the price of a pair that was not asked for");
             return;
@@ -258,9 +258,9 @@ void PriceStreamClient::watchForPrice(const std::shared_ptr<WebSocketConnecting>
     Seconds limit = *m_firstPriceLimit;
     if (m_withoutPrice >= m_endpoints->count()) {
         const TimePoint now = m_now();
-        // After the clock was set back nobody knows how long the market has been quiet: begin anew.
+        // If the clock was set back, measure the quiet time from now on.
         m_quietSince = std::min(m_quietSince.value_or(now), now);
-        // Over all connections since then: a watchdog may replace them oftener.
+        // The limit counts from then on, over several connections: a watchdog may replace them.
         limit = std::clamp(kQuietLimit - (now - *m_quietSince), limit, kQuietLimit);
     }
     m_priceWatch = m_scope.spawn(endWithoutPrice(connection, limit));
@@ -288,7 +288,7 @@ Task<void> PriceStreamClient::wait(Seconds delay) {
         Task<void> sleep = m_sleeper(delay);
         co_await std::move(sleep);
     } catch (...) {
-        // A wait that fails has been cancelled, which the loop finds out by itself.
+        // The wait was cancelled; the loop checks for that itself.
     }
 }
 

@@ -25,17 +25,17 @@ namespace quillbar {
 /// Keeps one connection to the exchange's combined mini-ticker stream, for all pairs asked for, and
 /// replaces it whenever it ends.
 ///
-/// A connection is stable when it has delivered something and lived for the stability threshold.
-/// After a stable one the next attempt waits for one base delay and goes to the same endpoint; every
-/// other ending counts against the endpoint, and the delays grow. `connected` is told as soon as an
-/// attempt is under way. Frames that cannot be decoded, and prices of pairs that were not asked
-/// for, are logged and dropped. Upper and lower case make no difference there; a price is told with
-/// its symbol as it came.
+/// A connection is stable when it has delivered a message and lasted for the stability threshold.
+/// After a stable one the next attempt waits for the base delay and goes to the same endpoint.
+/// After any other one the endpoint is marked as failed and the delays grow. `connected` is
+/// reported as soon as an attempt begins. Frames that cannot be decoded, and prices of pairs that
+/// were not asked for, are logged and dropped. Symbols are compared without regard to case; a price
+/// is reported with the symbol that it came with.
 ///
-/// A server may accept a connection and then say nothing, or nothing that is a price. With a limit for
-/// the first price such a connection is ended in time to count against its endpoint. Where every
-/// endpoint in turn has said nothing, it is the market that is quiet: then a connection is kept for ten
-/// minutes, so that a price that comes once in a while is not missed.
+/// A server may accept a connection and then send no price. With a limit for the first price such a
+/// connection is ended, and counts against its endpoint. If every endpoint in turn has sent no
+/// price, the market is quiet: a connection is then kept for ten minutes, so that rare prices are
+/// not missed.
 ///
 /// Belongs to the executor's thread. Destroying it closes the connection and ends the events.
 class PriceStreamClient final : public PriceStreaming {
@@ -44,8 +44,8 @@ public:
     using MakeConnection = std::function<std::shared_ptr<WebSocketConnecting>()>;
 
     /// Starts nothing. `sleeper` waits between attempts and `now` measures how long a connection
-    /// lived. `firstPriceLimit` is less than the stability threshold; absent, a silent connection is
-    /// kept. The executor outlives this object.
+    /// lasted. `firstPriceLimit` is less than the stability threshold; without it a silent
+    /// connection is kept. The executor outlives this object.
     PriceStreamClient(Executor& executor,
                       MakeConnection makeConnection,
                       ReconnectPolicy policy,
@@ -63,12 +63,12 @@ public:
     AsyncStream<PriceEvent>& events() override { return m_events.first; }
     const Observed<std::optional<ConnectionFailure>>& failure() const override { return m_failure; }
 
-    /// Symbols that are not made of ASCII letters and digits alone are logged and left out; when
-    /// none is left, `disconnected` is told and nothing is opened.
+    /// Symbols with other characters than ASCII letters and digits are logged and left out. When
+    /// none is left, `disconnected` is reported and no connection is made.
     Task<void> setSymbols(std::vector<std::string> symbols) override;
     Task<void> stop() override;
 
-    /// The next attempt takes its address from another selector.
+    /// From the next attempt on, addresses come from this selector.
     void useEndpoints(std::shared_ptr<EndpointSelector> endpoints);
 
     /// The address of the combined stream of these pairs below a base.
@@ -76,29 +76,29 @@ public:
                                                std::string_view base);
 
 private:
-    // A connection that is closed when its attempt is over, however it ends.
+    // Closes its connection at the end of the attempt, however that ends.
     class Attempt;
 
     void restart();
     void endRun();
     [[nodiscard]] std::vector<std::string> validSymbols() const;
     void push(ConnectionState state) const;
-    // Tells that nothing is streamed, because nothing is to be.
+    // Reports `disconnected` without a failure, because nothing is to be streamed.
     void rest();
 
     Task<void> run(std::vector<std::string> symbols);
-    // One connection, until it ends; true when it was stable.
+    // Runs one connection until it ends; returns whether it was stable.
     Task<bool> readConnection(std::string url);
-    // Notes that the connection delivers, and tells what it said.
+    // Notes that the connection delivers, and reports the price in the frame.
     void receive(std::string_view frame);
     Task<void> wait(Seconds delay);
     // Begins the wait for a connection's first price.
     void watchForPrice(const std::shared_ptr<WebSocketConnecting>& connection);
-    // Ends the connection when its time is over.
+    // Ends the connection after `limit`, unless a price has come.
     Task<void> endWithoutPrice(std::shared_ptr<WebSocketConnecting> connection, Seconds limit);
     void forgetSilence();
 
-    // What is told, and the end at which it is put in.
+    // The events, and the source that fills them.
     std::pair<AsyncStream<PriceEvent>, StreamSource<PriceEvent>> m_events =
         AsyncStream<PriceEvent>::make();
     Observed<std::optional<ConnectionFailure>> m_failure;
@@ -116,11 +116,11 @@ private:
     std::unordered_set<std::string> m_asked;
     TaskScope::Handle m_runTask;
     std::shared_ptr<WebSocketConnecting> m_connection;
-    // The wait for the connection's first price, and whether it was in vain.
+    // The wait for the connection's first price, and whether it ended without one.
     TaskScope::Handle m_priceWatch;
     bool m_isWithoutPrice = false;
-    // How many connections were ended for that since the last price, and since when so many that the
-    // market is taken for quiet.
+    // How many connections ended in that way since the last price, and since when there were so
+    // many that the market counts as quiet.
     int m_withoutPrice = 0;
     std::optional<TimePoint> m_quietSince;
     // Last: its tasks use `this`.

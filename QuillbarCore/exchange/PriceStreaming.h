@@ -28,13 +28,14 @@ public:
     /// fails, and ends only with this object.
     [[nodiscard]] virtual AsyncStream<PriceEvent>& events() = 0;
 
-    /// Why the last attempt failed, until a connection delivers again or nothing is to be streamed;
-    /// absent before the first failure. Observers are told before the event that belongs to it.
+    /// Why the last attempt failed. Absent before the first failure, and again once a connection
+    /// delivers or nothing is to be streamed. Observers are called before the event that belongs to
+    /// it.
     [[nodiscard]] virtual const Observed<std::optional<ConnectionFailure>>& failure() const = 0;
 
-    /// Replaces the pairs that are watched and connects again at once, also when they are the same:
-    /// a connection that lives is replaced, and a wait before the next attempt ends. The events tell
-    /// what becomes of it. Throws only `Cancelled`.
+    /// Replaces the watched pairs and connects again at once, even if they are the same: a live
+    /// connection is replaced, and a wait for the next attempt ends. The events report the outcome.
+    /// Throws only `Cancelled`.
     virtual Task<void> setSymbols(std::vector<std::string> symbols) = 0;
 
     /// Ends the connection and reports `disconnected`. `setSymbols` starts again. Throws only

@@ -23,7 +23,7 @@ ReconnectPolicy::Jitter ReconnectPolicy::randomJitter() {
     constexpr double kHighest = 1.2;
     auto generator = std::make_shared<std::mt19937>(std::random_device{}());
     return [generator = std::move(generator)](double seconds) {
-        // The distribution leaves out its upper end.
+        // nextafter, because the distribution excludes its upper bound.
         std::uniform_real_distribution<double> factor(
             kLowest, std::nextafter(kHighest, std::numeric_limits<double>::max()));
         return seconds * factor(*generator);

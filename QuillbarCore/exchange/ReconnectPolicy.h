@@ -8,8 +8,8 @@
 
 namespace quillbar {
 
-/// How long a lost connection waits before the next attempt: twice as long each time, up to a
-/// ceiling, and then jittered, so that a server that comes back is not met by everybody at once.
+/// How long to wait before the next attempt to connect: twice as long each time, up to a ceiling,
+/// and then jittered, so that not everybody returns to a server at the same moment.
 struct ReconnectPolicy final {
     /// Takes and returns seconds.
     using Jitter = std::function<double(double)>;

@@ -19,12 +19,12 @@ namespace {
 constexpr int kForbidden = 403;
 constexpr int kUnavailableForLegalReasons = 451;
 
-// What the exchange itself says, and the network that stands in front of its hosts.
+// The texts of the exchange itself, and of the delivery network in front of its hosts.
 constexpr std::array<std::string_view, 2> kRegionTexts{
     "restricted location",
     "block access from your country",
 };
-// Each says it near the beginning.
+// Both texts stand near the beginning of the body.
 constexpr std::size_t kLongestLook = 4096;
 
 bool blamesTheRegion(std::string_view body) {

@@ -9,15 +9,15 @@
 
 namespace quillbar {
 
-/// A fetcher for hosts that do not serve every place in the world. To us such a host is one that
-/// cannot be reached, and the next one is asked: the public mirror of the market's data serves
-/// where the exchange itself may not. Belongs to the executor's thread.
+/// A fetcher for hosts that do not serve every region. It reports such a refusal as a transport
+/// error, so that the next host is asked: the public mirror of the market's data also serves
+/// regions that the exchange itself may not serve. Belongs to the executor's thread.
 class RegionalFetcher final : public HTTPDataFetching {
 public:
     explicit RegionalFetcher(std::shared_ptr<HTTPDataFetching> fetcher);
 
-    /// Throws also `URLError::Code::notServedHere`: the answer is 451, or 403 with a body that says
-    /// that the place is the reason. Every other answer is returned.
+    /// Also throws `URLError::Code::notServedHere`, for a 451 and for a 403 whose body names the
+    /// region as the reason. Every other answer is returned.
     Task<HTTPResponse> fetch(std::string url) override;
 
 private:

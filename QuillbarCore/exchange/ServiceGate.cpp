@@ -65,7 +65,7 @@ std::optional<int> ServiceGate::closedWith() {
     }
     const TimePoint now = m_now();
     if (now < m_closure->closedAt) {
-        // The clock was set back. The pause begins anew, on disk too: or else each restart would
+        // The clock was set back. The pause begins anew, on disk too: otherwise each restart would
         // begin it once more.
         m_closure->until = now + (m_closure->until - m_closure->closedAt);
         m_closure->closedAt = now;
@@ -118,14 +118,14 @@ std::optional<ServiceGate::Closure> ServiceGate::load() const {
             return closure;
         }
     } catch (const std::exception&) {
-        // No file, or none of ours: nothing is known against asking.
+        // No file, or one that is not ours: the gate is open.
     }
     return std::nullopt;
 }
 
 std::optional<ServiceGate::Closure> ServiceGate::storedBeyond(TimePoint until) const {
     auto stored = load();
-    // One from a time to come was stored before the clock was set back, and is out of date.
+    // A closure from the future was stored before the clock was set back: ignore it.
     return stored && stored->closedAt <= m_now() && stored->until > until ? stored : std::nullopt;
 }
 

@@ -7,10 +7,10 @@
 
 namespace quillbar {
 
-/// A transport error: no HTTP answer came whole, or a stream's connection was not made or broke. The
-/// HTTP status of a request's answer is never one, except that a host which does not serve this
-/// place counts as one that cannot be reached. `what()` is an English text for the log, on one
-/// line.
+/// A transport error: no complete HTTP answer arrived, or a stream's connection could not be made
+/// or broke. The HTTP status of a request's answer is never a transport error, with one exception:
+/// the refusal of a host that does not serve this region. `what()` is an English text for the log,
+/// on one line.
 class URLError final : public std::runtime_error {
 public:
     enum class Code {
@@ -19,11 +19,11 @@ public:
         cannotFindHost,          ///< the host's name does not resolve
         cannotConnect,           ///< refused, unreachable, or the upgrade is refused
         proxyFailed,             ///< the proxy is not found, refuses, or breaks off
-        connectionLost,          ///< broke before the answer was whole, or without a farewell
+        connectionLost,          ///< broke before the answer was complete, or without a close frame
         secureConnectionFailed,  ///< TLS failed, or the certificate cannot be trusted
         tooLarge,                ///< the body or the message exceeds what is accepted
-        notServedHere,           ///< this one host serves, but not this region
-        badURL,                  ///< not a URL, or not of a scheme that is spoken here
+        notServedHere,           ///< this host does not serve this region
+        badURL,                  ///< not a URL, or of a scheme that is not supported
         other,
     };
 

@@ -32,8 +32,8 @@ constexpr int kMaximumRedirects = 20;
 constexpr int kFirstStatus = 100;
 constexpr int kFirstErrorStatus = 400;
 constexpr int kLastStatus = 999;
-// What the session reads ahead of us; a server that sends more has to wait. Not one that sends its
-// body in chunks: Qt 6.4 reads those as they come, until this thread finds that they are too many.
+// How many bytes the session reads ahead; a server that sends more has to wait. This does not hold
+// for chunked bodies: Qt 6.4 reads all chunks, until this thread finds that they are too large.
 constexpr qint64 kReadAhead = qint64{256} * 1024;
 constexpr auto kUserAgent = "Quillbar/" QUILLBAR_VERSION;
 
@@ -48,7 +48,7 @@ Session session() {
     Session& current = currentSession();
     if (!current) {
         current = std::make_shared<QNetworkAccessManager>();
-        // Before the QCoreApplication goes, which the manager's threads and timers need.
+        // Destroy the session before the QCoreApplication, which its threads and timers need.
         qAddPostRoutine([] { currentSession().reset(); });
     }
     return current;
@@ -60,9 +60,10 @@ QNetworkRequest makeRequest(const QUrl& url, const TransferLimits& limits) {
     request.setAttribute(QNetworkRequest::RedirectPolicyAttribute,
                          QNetworkRequest::ManualRedirectPolicy);
     request.setAttribute(QNetworkRequest::CookieSaveControlAttribute, QNetworkRequest::Manual);
-    // Receiving counts the bytes, but before it passes any on Qt decompresses all that has come, to
-    // count them too, and that may take seconds. Its own check ends what is far too large, as an
-    // error of the compression; what is a little too large is left to us, who say so.
+    // We count the bytes that we receive. But Qt first decompresses everything that has arrived, to
+    // count it too, which may take seconds. Its check ends a body that is far too large, with a
+    // compression error; a body that is a little too large is left to us, because we report it as
+    // that.
     request.setDecompressedSafetyCheckThreshold(2 * static_cast<qint64>(limits.bodySize));
     request.setTransferTimeout(static_cast<int>(limits.withoutProgress.count()));
     return request;
@@ -99,7 +100,7 @@ URLError::Code codeOf(QNetworkReply::NetworkError error) {
     }
 }
 
-// Qt reports a status of 400 and more as an error of its own, though the answer is whole.
+// Qt reports a status of 400 and more as an error of its own, although the answer is complete.
 bool isStatusError(QNetworkReply::NetworkError error) {
     using Reply = QNetworkReply;
     return error == Reply::ProxyAuthenticationRequiredError  // 407
@@ -108,7 +109,7 @@ bool isStatusError(QNetworkReply::NetworkError error) {
            || (error >= Reply::InternalServerError && error <= Reply::UnknownServerError);
 }
 
-// None when what answers is no HTTP server.
+// Absent when the server does not speak HTTP.
 std::optional<int> statusOf(const QNetworkReply& reply) {
     const QVariant status = reply.attribute(QNetworkRequest::HttpStatusCodeAttribute);
     return status.isValid() ? std::optional(status.toInt()) : std::nullopt;
@@ -152,8 +153,8 @@ public:
             }
         });
         QObject::connect(m_reply, &QNetworkReply::errorOccurred, &m_context, [this, done] {
-            // No end follows when the body cannot be decompressed: Qt waits for us to read it. The
-            // same error stands for a status, and there an end follows. It may come first.
+            // `finished` does not follow when the body cannot be decompressed: Qt waits for us to
+            // read it. The same error stands for a status; then `finished` follows, or came before.
             if (m_reply && m_reply->error() == QNetworkReply::UnknownContentError) {
                 QMetaObject::invokeMethod(
                     &m_context, [this, done] { finish(done); }, Qt::QueuedConnection);
@@ -227,7 +228,7 @@ private:
         const std::optional<int> status = statusOf(*m_reply);
         const QNetworkReply::NetworkError error = m_reply->error();
         if (error == QNetworkReply::OperationCanceledError) {
-            // Nobody but the transfer's own timer cancels a reply that is still listened to.
+            // While we listen to the reply, only its own transfer timer cancels it.
             fail(URLError::Code::timedOut,
                  "no progress for " + std::to_string(m_limits.withoutProgress.count()) + " ms");
             return;
@@ -253,21 +254,22 @@ private:
 
     void fail(URLError::Code code, const std::string& text) {
         if (code == URLError::Code::timedOut && currentSession() == m_session) {
-            // The connection may be dead without the system knowing, as after a change of network.
-            // Over HTTP/2 it would outlive this request and fail every later one: start afresh.
-            // The transfers under way keep the old session until they end.
+            // The connection may be dead without the system noticing, as after a change of network.
+            // An HTTP/2 connection would then fail every later request too, so use new connections.
+            // Running transfers keep the old session until they end.
             URLSessionFetcher::forgetConnections();
         }
         m_error.emplace(code, text);
     }
 
-    // Ends the transfer without hearing of it: abort() emits its signals at once.
+    // Stops listening before it ends the transfer, because abort() emits its signals at once.
     void end() noexcept {
         m_whole.stop();
         m_head.stop();
         if (QNetworkReply* const reply = std::exchange(m_reply, {})) {
             reply->disconnect(&m_context);
-            // One that has failed would fail once more; its destruction aborts it as well.
+            // abort() would report a second error for a reply that has failed; destroying it aborts
+            // it too.
             if (reply->error() == QNetworkReply::NoError) {
                 reply->abort();
             }

@@ -10,26 +10,26 @@
 
 namespace quillbar {
 
-/// What a transfer may cost before it is given up.
+/// Limits beyond which a transfer fails.
 struct TransferLimits {
-    /// Without any progress for so long, the transfer has timed out.
+    /// The longest time without any progress.
     std::chrono::milliseconds withoutProgress{60'000};
-    /// From a request that has been sent to the end of the answer's head. Qt 6.4 keeps a head of
-    /// any length in memory, so this alone bounds what a head without an end may cost; and not even
-    /// this where the bytes come faster than Qt's thread reads heads (about 2 MB/s), for it then
-    /// reads on until the server pauses.
+    /// From sending the request to the end of the answer's head. Qt 6.4 keeps a head of any length
+    /// in memory, so only this limits the memory for an endless head. If the bytes come faster than
+    /// Qt's thread reads heads (about 2 MB/s), not even this does: Qt then reads on until the
+    /// server pauses.
     std::chrono::milliseconds head{30'000};
     /// From the start to the last byte, redirects included.
     std::chrono::milliseconds total{90'000};
-    /// The most bytes a body may have, decompressed.
+    /// The most bytes of a body, decompressed.
     std::size_t bodySize = std::size_t{64} * 1024 * 1024;
 };
 
 /// Fetches over HTTP and HTTPS through the one session of the process, which keeps connections open
 /// between requests, and neither cookies nor a cache. A value: every fetcher uses the same session.
 ///
-/// For the main thread, which needs a QCoreApplication; no fetch may outlive that. The session is
-/// made by the first fetch and goes with the QCoreApplication. It asks the application's proxy
+/// For the main thread, which needs a QCoreApplication; no fetch may outlive that. The first fetch
+/// makes the session; it is destroyed with the QCoreApplication. It asks the application's proxy
 /// factory and trusts the certificate authorities of the default SSL configuration.
 class URLSessionFetcher final : public HTTPDataFetching {
 public:
@@ -43,24 +43,26 @@ public:
     ///
     /// Throws `URLError`:
     ///
-    /// | code | when |
-    /// |---|---|
-    /// | `timedOut` | no progress for the time allowed, no head in time, or not all in time |
-    /// | `cannotFindHost`, `cannotConnect` | no connection to the server; Qt 6.4 says the latter of a proxy that is not there too |
-    /// | `proxyFailed` | the proxy turns the request away, or breaks off |
-    /// | `connectionLost` | the connection broke before the body was whole |
-    /// | `secureConnectionFailed` | TLS failed; a certificate is expired, for another host, or of an unknown authority |
-    /// | `tooLarge` | the body is too large; found out while it arrives and is decompressed, so memory stays bounded |
-    /// | `badURL` | not an absolute URL, or of an unknown scheme |
-    /// | `other` | the answer is not HTTP or its status has not three digits, its compression is damaged or hides more than twice what a body may have, … |
+    /// - `timedOut`: no progress for the time allowed, no head in time, or not all in time
+    /// - `cannotFindHost`, `cannotConnect`: no connection to the server; Qt 6.4 says the latter of
+    ///   a proxy that is not there too
+    /// - `proxyFailed`: the proxy turns the request away, or breaks off
+    /// - `connectionLost`: the connection broke before the body was whole
+    /// - `secureConnectionFailed`: TLS failed; a certificate is expired, for another host, or of an
+    ///   unknown authority
+    /// - `tooLarge`: the body is too large; found out while it arrives and is decompressed, so
+    ///   memory stays bounded
+    /// - `badURL`: not an absolute URL, or of an unknown scheme
+    /// - `other`: the answer is not HTTP or its status has not three digits, its compression is
+    ///   damaged or hides more than twice what a body may have, …
     ///
-    /// A body that comes in chunks and breaks off is not always noticed by Qt 6.4: what came of it
-    /// may be returned as if it were whole, so a decoder must not accept half a document.
+    /// Qt 6.4 does not always notice that a chunked body breaks off, and may return its beginning
+    /// as if it were the whole. So a decoder must not accept half a document.
     Task<HTTPResponse> fetch(std::string url) override;
 
-    /// Makes every later fetch, of whichever fetcher, open connections of its own: those that stand
-    /// idle are closed, and the transfers under way end on the ones that they have. For after a sleep
-    /// or a change of the network, which may have killed a connection without the system knowing.
+    /// Closes idle connections, so that later fetches of all fetchers open new ones. Running
+    /// transfers keep their connections. For use after a sleep or a change of network, which may
+    /// have broken a connection without the system noticing.
     static void forgetConnections() noexcept;
 
 private:

@@ -25,10 +25,10 @@ namespace {
 using Code = URLError::Code;
 using Source = StreamSource<std::string>;
 
-// The head of the longest frame. A socket reads no frame before all of it has come.
+// The longest head of a frame, in bytes. QWebSocket reads a frame only when all of it has arrived.
 constexpr qint64 kFrameHead = 14;
 
-// `unreachable` is what it means at this point that the system cannot reach the peer.
+// `unreachable` is the code to use at this stage if the system cannot reach the peer.
 URLError::Code codeOf(QAbstractSocket::SocketError error, URLError::Code unreachable) {
     switch (error) {
     case QAbstractSocket::HostNotFoundError:
@@ -67,18 +67,18 @@ auto errorSignal() {
     }
 }
 
-// The status with which the server refused the upgrade; 0 when it did not. QWebSocket of Qt 6.4 tells
-// of it only as "connection refused", with the status in the text of the error.
+// The status with which the server refused the upgrade; 0 when it did not. Qt 6.4's QWebSocket
+// reports it only as "connection refused", with the status in the text of the error.
 int upgradeStatusIn(QAbstractSocket::SocketError error, const QString& text) {
     static const QRegularExpression status(QStringLiteral("http status code: (\\d{3})\\b"));
     return error == QAbstractSocket::ConnectionRefusedError ? status.match(text).captured(1).toInt()
                                                             : 0;
 }
 
-// What a close frame means. Absent: a farewell. The other codes say that one side broke the
-// protocol; QWebSocket closes with them itself when it is the peer.
+// The error that a close frame means; absent for a normal close. The other codes mean that one side
+// broke the protocol; QWebSocket itself closes with them when the peer did.
 std::optional<URLError> errorOf(const QWebSocket& socket) {
-    // Never kept as the enumeration, which has no room for the private codes from 4000 on.
+    // An int, because the enumeration has no room for the private codes from 4000 on.
     const int code = static_cast<int>(socket.closeCode());
     const std::string text = "closed with code " + std::to_string(code) + ": "
                              + socket.closeReason().simplified().toStdString();
@@ -93,8 +93,8 @@ std::optional<URLError> errorOf(const QWebSocket& socket) {
     }
 }
 
-// Owns the sockets that nobody listens to any more until they have sent what they have to send.
-// Goes before the QCoreApplication, and is never destroyed among the statics.
+// Owns the sockets that nobody listens to any more, until they have sent their data. Destroyed
+// before the QCoreApplication, never as a static.
 QObject& leavingSockets() {
     static QObject* parent = nullptr;
     if (parent == nullptr) {
@@ -104,7 +104,7 @@ QObject& leavingSockets() {
     return *parent;
 }
 
-// Safe to call from a signal of the socket: it is destroyed in the event loop.
+// Safe to call from a signal of the socket, which is destroyed later, in the event loop.
 void letGo(QWebSocket* socket, std::chrono::milliseconds limit) {
     socket->setParent(&leavingSockets());
     if (socket->state() == QAbstractSocket::UnconnectedState) {
@@ -141,7 +141,7 @@ public:
         m_timer.setSingleShot(true);
         m_timer.start(m_limits.handshake);
         m_socket->open(url);
-        // QWebSocket tells nothing of pings. What comes in is heard of on the socket that it uses.
+        // QWebSocket does not report the peer's pings, so listen to the socket that it uses.
         if (auto* const carrier = m_socket->findChild<QAbstractSocket*>()) {
             connect(carrier, &QIODevice::readyRead, this, &Connection::checkAnswers);
         }
@@ -184,7 +184,8 @@ private:
         connect(m_socket, &QWebSocket::disconnected, this, &Connection::failSoon);
     }
 
-    // The socket answers pings by itself, and keeps the answers that the peer does not take.
+    // QWebSocket answers pings by itself, and keeps in memory the answers that the peer does not
+    // read.
     void checkAnswers() {
         if (m_socket != nullptr
             && m_socket->bytesToWrite() > static_cast<qint64>(m_limits.unsentBytes)) {
@@ -229,7 +230,8 @@ private:
         const QString text = m_socket->errorString().simplified();
         m_error.emplace(
             codeOf(error, unreachable), text.toStdString(), upgradeStatusIn(error, text));
-        // What came before the end of the connection may still be delivered, a close frame too.
+        // Data that came before the end of the connection may still be delivered, a close frame
+        // too.
         if (error != QAbstractSocket::RemoteHostClosedError) {
             failSoon();
         }
@@ -247,7 +249,7 @@ private:
     }
 
     void endWithFarewell() {
-        // Qt 6.8 reads what follows a refused upgrade as if it were frames, and closes for that.
+        // Qt 6.8 reads the data after a refused upgrade as frames, and closes because of them.
         if (!m_isOpen) {
             failSoon();
             return;
@@ -290,7 +292,7 @@ URLSessionWebSocket::~URLSessionWebSocket() {
 
 AsyncStream<std::string> URLSessionWebSocket::connect(const std::string& url) {
     auto [stream, source] = AsyncStream<std::string>::make();
-    // The last handle may be let go on the thread that cancels.
+    // The last handle may be released on the thread that cancels.
     const auto destroy = [](Connection* connection) {
         if (QThread::currentThread() == connection->thread()) {
             delete connection;

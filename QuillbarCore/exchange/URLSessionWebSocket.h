@@ -15,20 +15,19 @@ namespace quillbar {
 /// When a WebSocket connection is given up.
 struct WebSocketLimits {
     /// From the start to the upgrade: name, connection, proxy, TLS and the server's answer. Short
-    /// enough for two hosts that a firewall swallows to be given up within half a minute.
+    /// enough to give up two hosts within half a minute when a firewall drops all packets.
     std::chrono::milliseconds handshake{12'000};
     /// How often the peer must show that it lives, see `URLSessionWebSocket`.
     std::chrono::milliseconds heartbeat{15'000};
-    /// How long a connection that is closed may take to send its farewell.
+    /// How long a closing connection may take to send its close frame.
     std::chrono::milliseconds farewell{5'000};
-    /// The most bytes of a message, and of what is read ahead: a server that sends more has to
-    /// wait.
+    /// The most bytes of a message, and the most bytes that are read ahead; a server that sends
+    /// more has to wait.
     std::size_t messageSize = std::size_t{1024} * 1024;
-    /// The most messages that may wait to be taken from the stream. QWebSocket of Qt 6.4 cannot be
-    /// told to pause, so a server that sends more is left.
+    /// The most messages that may wait to be taken from the stream. Qt 6.4's QWebSocket cannot
+    /// pause reading, so the connection ends when a server sends more.
     std::size_t unreadMessages = 30'000;
-    /// The most bytes that may wait to be sent. We say nothing but pings, and the answers to those
-    /// of the peer.
+    /// The most bytes that may wait to be sent. We send only pings, and the answers to the peer's.
     std::size_t unsentBytes = std::size_t{1024} * 1024;
 };
 
@@ -38,28 +37,28 @@ struct WebSocketLimits {
 /// The stream of `connect` ends normally when the server sends a close frame. It ends with
 /// `URLError`:
 ///
-/// | code | when |
-/// |---|---|
-/// | `cancelled` | `cancel` was called |
-/// | `timedOut` | the handshake took too long, or the peer is dead |
-/// | `cannotFindHost`, `cannotConnect` | no connection to the server, or it refuses the upgrade, whose status the error then carries |
-/// | `proxyFailed` | no connection to the proxy, or it turns the connection away |
-/// | `connectionLost` | the connection broke without a close frame |
-/// | `secureConnectionFailed` | TLS failed; a certificate is expired, for another host, or of an unknown authority |
-/// | `tooLarge` | a message is too large, or too many wait to be read |
-/// | `badURL` | not a URL, or of another scheme |
-/// | `other` | one side broke the protocol, as with a text that is not UTF-8, or the peer does not take the answers to its pings; Qt 6.4 takes the close codes 1012 to 1014 for that too |
+/// - `cancelled`: `cancel` was called
+/// - `timedOut`: the handshake took too long, or the peer is dead
+/// - `cannotFindHost`, `cannotConnect`: no connection to the server, or it refuses the upgrade,
+///   whose status the error then carries
+/// - `proxyFailed`: no connection to the proxy, or it turns the connection away
+/// - `connectionLost`: the connection broke without a close frame
+/// - `secureConnectionFailed`: TLS failed; a certificate is expired, for another host, or of an
+///   unknown authority
+/// - `tooLarge`: a message is too large, or too many wait to be read
+/// - `badURL`: not a URL, or of another scheme
+/// - `other`: one side broke the protocol, as with a text that is not UTF-8, or the peer does not
+///   take the answers to its pings; Qt 6.4 takes the close codes 1012 to 1014 for that too
 ///
-/// A peer that went away without a word (a suspended laptop, a router that forgot the connection)
-/// would leave the stream silent for ever, because nothing is ever sent that could fail. So a
-/// heartbeat looks back at each interval: if nothing came in, it sends a ping; if nothing came in by
-/// the next one, not even the pong, the peer is dead. That is noticed after two to three intervals,
-/// at most 45 s: the server's own limit is 60 s, and a silent stream is replaced after 90 s. While
-/// prices come in no ping is ever sent. The server's pings are answered, whatever becomes of the
-/// stream.
+/// When a peer disappears without closing the connection (a suspended laptop, a router that forgot
+/// it), the stream would stay silent for ever, because we send nothing that could fail. So a
+/// heartbeat checks once per interval: if nothing came in, it sends a ping; if nothing came in by
+/// the next check, not even the pong, the peer is dead. This takes two to three intervals, at most
+/// 45 s; the server's own limit is 60 s, and a silent stream is replaced after 90 s. While prices
+/// come in, no ping is sent. The server's pings are answered even if the stream is not read.
 ///
-/// Made, connected and destroyed on the main thread, which needs a QCoreApplication; `cancel` may be
-/// called from any thread. Destroying it closes the connection as `cancel` does.
+/// Made, connected and destroyed on the main thread, which needs a QCoreApplication; `cancel` may
+/// be called from any thread. Destroying it closes the connection as `cancel` does.
 class URLSessionWebSocket final : public WebSocketConnecting {
 public:
     explicit URLSessionWebSocket(WebSocketLimits limits = {});
@@ -69,11 +68,11 @@ public:
     URLSessionWebSocket& operator=(URLSessionWebSocket&&) = delete;
     ~URLSessionWebSocket() override;
 
-    /// Called again, it closes the connection before.
+    /// A second call closes the first connection.
     [[nodiscard]] AsyncStream<std::string> connect(const std::string& url) override;
 
-    /// From another thread than the main one, the connection is closed a little later, in the main
-    /// thread's event loop.
+    /// Called on another thread, it closes the connection a little later, in the main thread's
+    /// event loop.
     void cancel() override;
 
 private:

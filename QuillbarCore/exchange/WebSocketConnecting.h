@@ -21,16 +21,16 @@ public:
 
     /// Starts the connection and returns at once. The stream yields one buffer for each message: a
     /// text message as its UTF-8 bytes, a binary one as it is. It ends normally when the server
-    /// says farewell with a close frame, and with a `URLError` when connecting fails or the
-    /// connection breaks. Buffering is unbounded.
+    /// sends a close frame, and with a `URLError` when connecting fails or the connection breaks.
+    /// Buffering is unbounded.
     ///
-    /// Abandoning the stream stops the reading but does not close the connection: `cancel` does.
+    /// Destroying the stream stops reading but does not close the connection: `cancel` does.
     ///
     /// For the main thread.
     [[nodiscard]] virtual AsyncStream<std::string> connect(const std::string& url) = 0;
 
     /// Closes the connection with the code 1001 (going away). The stream ends with
-    /// `URLError::Code::cancelled` and yields no buffer that was not taken before. Does nothing
+    /// `URLError::Code::cancelled` and drops the buffers that were not taken yet. Does nothing
     /// before `connect` and after an earlier `cancel`. May be called from any thread.
     virtual void cancel() = 0;
 };

@@ -17,7 +17,7 @@ using NetworkJSON::Element;
 using NetworkJSON::Fields;
 
 constexpr Fields<4>::Keys kKeys{"symbol", "current_price", "market_cap", "market_cap_rank"};
-// Every integer up to here is a double of its own.
+// A double holds every integer up to this one exactly.
 constexpr double kLargestInteger = 9007199254740992.0;
 
 std::optional<std::int64_t> optionalRank(const Fields<4>& fields) {

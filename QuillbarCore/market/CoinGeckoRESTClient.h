@@ -21,7 +21,7 @@ public:
     /// `baseURL` is the service's version 3, without a slash at its end.
     CoinGeckoRESTClient(std::shared_ptr<HTTPDataFetching> fetcher, std::string baseURL);
 
-    /// `count` is taken between 1 and `kMaximumPerPage`.
+    /// `count` is limited to 1 to `kMaximumPerPage`.
     Task<std::vector<MarketCapEntry>> topByMarketCap(int count) override;
 
 private:

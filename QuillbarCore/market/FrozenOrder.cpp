@@ -10,7 +10,7 @@ namespace quillbar {
 
 namespace {
 
-// The items by symbol, the first of each; the views point into the items.
+// The first item of each symbol. The views and pointers refer to `items`.
 template <class Item>
 std::unordered_map<std::string_view, const Item*> indexed(const std::vector<Item>& items) {
     std::unordered_map<std::string_view, const Item*> index;

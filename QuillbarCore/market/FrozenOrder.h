@@ -19,21 +19,22 @@ struct FrozenRank final {
     [[nodiscard]] bool operator==(const FrozenRank&) const = default;
 };
 
-/// Keeps rows from jumping under the pointer: projects a live list onto the order captured when the
-/// pointer came. Pure. Of a symbol that occurs twice among the live items the first counts.
+/// Keeps rows from moving under the pointer: puts a live list into the order that was captured when
+/// the pointer came. Pure. If a symbol occurs twice among the live items, the first counts.
 namespace FrozenOrder {
 
-/// The order of these items, to project others onto.
+/// The order of these items, for `project`.
 [[nodiscard]] std::vector<std::string> capture(const std::vector<Coin>& items);
 [[nodiscard]] std::vector<FrozenRank> capture(const std::vector<RankedCoin>& items);
 
-/// The live coins in the captured order of symbols, those that have come since at the end. An empty
-/// order changes nothing.
+/// The live coins in the captured order of symbols, followed by those that were added since. An
+/// empty order changes nothing.
 [[nodiscard]] std::vector<Coin> project(const std::vector<Coin>& items,
                                         const std::vector<std::string>& order);
 
-/// The captured rows that still exist, with their captured ranks and live values; rows that have
-/// come since are left out. The rows carry no market capitalisation. An empty order changes nothing.
+/// The captured rows that still exist, with their captured ranks and live values; rows that were
+/// added since are left out. The rows carry no market capitalisation. An empty order changes
+/// nothing.
 [[nodiscard]] std::vector<RankedCoin> project(const std::vector<RankedCoin>& items,
                                               const std::vector<FrozenRank>& order);
 

@@ -20,7 +20,7 @@ std::optional<std::string> MarketCapAge::textIfOld(std::optional<Seconds> age) {
         return std::nullopt;
     }
     if (*age < Seconds(0)) {
-        // The clock was set back: how old they are, nobody knows.
+        // The clock was set back, so the age is unknown.
         return "数据的时间晚于系统时钟";
     }
     if (*age <= kOldAge) {

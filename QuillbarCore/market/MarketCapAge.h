@@ -8,16 +8,16 @@
 #include <optional>
 #include <string>
 
-/// How old market capitalisations are, for a user who is shown them. They move slowly and are
-/// fetched seldom, so their age is not worth a word before two refreshes have been missed.
+/// Tells the user how old market capitalisations are. They change slowly and are fetched rarely, so
+/// their age is shown only when two refreshes have been missed.
 namespace quillbar::MarketCapAge {
 
-/// Older ones are old.
+/// Data count as old beyond this age.
 inline constexpr Seconds kOldAge = 2 * MarketCapState::kPollInterval;
 
-/// Says how old they are, in whole hours or from two days on in whole days: "数据为3 天前的".
-/// Those of a time to come, since the clock was set back, count as old; the text says so. Absent when
-/// they are not old, or were never fetched. Pure.
+/// The age in whole hours, or from two days on in whole days: "数据为3 天前的". A negative age (the clock
+/// was set back) has a text of its own. Absent when the data are not old, or were never fetched.
+/// Pure.
 [[nodiscard]] std::optional<std::string> textIfOld(std::optional<Seconds> age);
 
 }  // namespace quillbar::MarketCapAge

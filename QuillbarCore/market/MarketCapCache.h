@@ -12,8 +12,8 @@
 
 namespace quillbar {
 
-/// The last good list of market capitalisations, on disk, so that a restart shows the board at once.
-/// A small value; blocks the caller.
+/// The last good list of market capitalisations, on disk, so that a restart shows the board at
+/// once. A small value; blocks the caller.
 class MarketCapCache final {
 public:
     struct Snapshot {

@@ -9,7 +9,7 @@ namespace quillbar {
 
 /// What the market-cap service says of one coin. A plain value.
 struct MarketCapEntry final {
-    /// The coin's ticker symbol in upper case, "BTC"; no pair of the exchange.
+    /// The coin's ticker symbol in upper case, "BTC"; not a pair of the exchange.
     std::string symbol;
     /// The service's own rank, 1 for the largest.
     std::int64_t rank = 0;

@@ -20,7 +20,7 @@ struct Candidate {
     const Ticker* ticker;
 };
 
-/// What the walk below knows of a symbol.
+/// What `accepted` knows of a symbol.
 struct Asset {
     /// The first coin of the universe whose base asset it is; null when it is not listed.
     const Coin* coin = nullptr;
@@ -30,8 +30,8 @@ struct Asset {
 /// Symbols in upper case.
 using Assets = std::unordered_map<std::string, Asset>;
 
-/// The snapshot's symbols with their coins. The snapshot is the shorter list, so it is what is
-/// indexed; a coin of the universe then costs one look-up and nothing that must be kept.
+/// The snapshot's symbols with their coins. The snapshot is indexed because it is the shorter list:
+/// each coin of the universe then costs one look-up and no memory.
 Assets assetsOf(const std::vector<MarketCapEntry>& snapshot, const std::vector<Coin>& universe) {
     Assets assets;
     assets.reserve(snapshot.size());

@@ -12,14 +12,14 @@
 /// The rule that joins market capitalisations with the exchange's statistics. Pure.
 namespace quillbar::MarketCapRanking {
 
-/// The most by which the service's price and the exchange's may differ, as a ratio, for their coins
-/// to be taken for the same: symbols are not unique in the wide world.
+/// The largest ratio of the service's price and the exchange's at which both mean the same coin:
+/// symbols are not unique worldwide.
 inline constexpr double kMaximumPriceDivergence = 2.0;
 
-/// The first `limit` rows by the service's rank, numbered from 1 without gaps; none for a limit below
-/// 1. Left out are pegged assets, coins that the exchange does not list or has no ticker of, and
-/// entries whose price diverges; of entries that share a symbol the first that passes is taken.
-/// Equal ranks are ordered by the pair's symbol.
+/// The first `limit` rows by the service's rank, numbered from 1 without gaps; none for a limit
+/// below 1. Left out are pegged assets, coins that the exchange does not list or has no ticker of,
+/// and entries whose price diverges; of entries with the same symbol the first that passes is
+/// taken. Equal ranks are ordered by the pair's symbol.
 [[nodiscard]] std::vector<RankedCoin> rank(const std::vector<MarketCapEntry>& snapshot,
                                            const TickerMap& tickers,
                                            const std::vector<Coin>& universe,

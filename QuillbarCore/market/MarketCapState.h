@@ -24,8 +24,8 @@ public:
     static constexpr Seconds kIdleTimeout{3600};
     /// How many entries a refresh asks for.
     static constexpr int kPoolSize = 250;
-    /// With data younger than this a refresh asks for nothing. Data from the future (the clock was
-    /// set back) are old.
+    /// A refresh requests nothing while the data are younger than this. Data from the future (the
+    /// clock was set back) are old.
     static constexpr Seconds kMinimumRefreshInterval{300};
 
     /// Begins with what the cache holds, however old.
@@ -46,7 +46,7 @@ public:
     }
 
     /// One refresh, unless the data are young. A failure is logged, sets `loadFailed` and keeps the
-    /// data; an empty answer is logged and changes nothing. Throws `Cancelled` alone.
+    /// data; an empty answer is logged and changes nothing. Throws only `Cancelled`.
     Task<void> refreshOnce();
 
     /// The list as it stands, valid until the next suspension; counts as demand.

@@ -44,8 +44,8 @@ public:
         return m_universe;
     }
 
-    /// One refresh. A failure is logged, sets `loadFailed` and keeps all data. Throws `Cancelled`
-    /// alone.
+    /// One refresh. A failure is logged, sets `loadFailed` and keeps all data. Throws only
+    /// `Cancelled`.
     Task<void> refreshOnce();
 
     /// The first rows of a board as things stand; counts as demand.

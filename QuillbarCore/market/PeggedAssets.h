@@ -5,8 +5,8 @@
 #include <array>
 #include <string_view>
 
-/// The base assets whose price is pinned to a fiat currency, to another coin or to gold. On a board
-/// by market capitalisation they say nothing.
+/// The base assets whose price is pinned to a fiat currency, to another coin or to gold. The board
+/// of market capitalisations leaves them out.
 namespace quillbar::PeggedAssets {
 
 inline constexpr std::array<std::string_view, 14> kStablecoins{"BFUSD",
@@ -26,7 +26,8 @@ inline constexpr std::array<std::string_view, 14> kStablecoins{"BFUSD",
 inline constexpr std::array<std::string_view, 3> kWrappedAndStaked{"WBTC", "WBETH", "BNSOL"};
 inline constexpr std::array<std::string_view, 2> kMetalPegged{"XAUT", "PAXG"};
 
-/// Whether the base asset, in any case, is one of them. Exact otherwise: USDC2 is not. Pure.
+/// Whether the base asset, in any case, is one of them. Compares the whole text: USDC2 is not
+/// pegged. Pure.
 [[nodiscard]] bool isPegged(std::string_view baseAsset);
 
 }  // namespace quillbar::PeggedAssets

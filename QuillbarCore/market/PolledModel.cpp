@@ -12,7 +12,7 @@ namespace quillbar {
 
 namespace {
 
-// Also for a refresh that is destroyed while it waits.
+// Clears `isLoading` when a refresh ends, even if it is destroyed while it waits.
 class LoadingEnd {
 public:
     explicit LoadingEnd(Observed<bool>& isLoading)
@@ -59,7 +59,7 @@ Task<void> PolledModel::run(Shown shown, Task<Outcome> load, std::string_view wh
             failure = error.what();
         }
     }
-    // An error that was on its way when the refresh was cancelled is delivered all the same.
+    // An error that occurred before the refresh was cancelled still arrives here.
     const bool isCancelled = co_await IsCancelled();
     if (failure && !isCancelled) {
         logger.error("{} failed: {}", what, *failure);

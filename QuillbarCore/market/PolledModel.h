@@ -13,8 +13,8 @@
 
 namespace quillbar {
 
-/// What the models of the boards have in common, and all that a view needs to say how things stand:
-/// whether the data load, have failed to load, and how old they are. Belongs to the main thread.
+/// The common part of the boards' models. It tells a view whether the data are being loaded,
+/// whether loading failed, and how old they are. Belongs to the main thread.
 class PolledModel {
 public:
     PolledModel(const PolledModel&) = delete;
@@ -26,32 +26,31 @@ public:
     [[nodiscard]] const Observed<std::optional<TimePoint>>& lastUpdate() const noexcept {
         return m_lastUpdate;
     }
-    /// A refresh runs and there is nothing to show yet.
+    /// Whether a refresh runs and there is nothing to show yet.
     [[nodiscard]] const Observed<bool>& isLoading() const noexcept { return m_isLoading; }
-    /// The last refresh failed.
+    /// Whether the last refresh failed.
     [[nodiscard]] const Observed<bool>& loadFailed() const noexcept { return m_loadFailed; }
     /// How long ago the data were fetched; absent before the first time.
     [[nodiscard]] std::optional<Seconds> dataAge() const;
 
-    /// Refreshes at once and then at each interval until `stopPolling`, or until nobody has read the
-    /// data for the idle time-out. Does nothing while it polls.
+    /// Refreshes at once and then at each interval until `stopPolling`, or until nobody has read
+    /// the data for the idle time-out. Does nothing while it polls.
     void startPolling() { m_polling.start(); }
     void stopPolling() { m_polling.stop(); }
     [[nodiscard]] bool isPolling() const noexcept { return m_polling.isRunning(); }
 
 protected:
-    /// `polling` is the model's last member, so that its refresh ends before what it uses does; it
-    /// need not be constructed yet.
+    /// `polling` is the model's last member, so that its refresh ends before the members that it
+    /// uses are destroyed. It need not be constructed yet.
     PolledModel(Clock now, PollingLoop& polling);
     ~PolledModel() = default;
 
     enum class Shown { nothing, data };
     enum class Outcome { succeeded, unchanged };
 
-    /// Runs a load, which stores what it has loaded and says whether that counts as a success
-    /// (clearing `loadFailed`) or changes nothing. Its error is logged as "WHAT failed: ERROR" and
-    /// sets `loadFailed`, unless the transfer or the running task has been cancelled. Throws
-    /// `Cancelled` alone.
+    /// Runs a load, which stores its result. `succeeded` clears `loadFailed`; `unchanged` changes
+    /// nothing. An error is logged as "WHAT failed: ERROR" and sets `loadFailed`, unless the
+    /// transfer or the running task was cancelled. Throws only `Cancelled`.
     Task<void> run(Shown shown, Task<Outcome> load, std::string_view what, Logger logger);
 
     /// Notes that somebody reads the data.

@@ -49,7 +49,7 @@ Task<void> PollingLoop::run(std::uint64_t generation) {
             co_return;
         }
         const TimePoint now = m_now();
-        // After the clock was set back nobody knows how long ago that was: count from here on.
+        // If the clock was set back, count from now on.
         m_lastDemand = std::min(m_lastDemand, now);
         if (now - m_lastDemand > m_timing.idleTimeout) {
             stop();
@@ -58,7 +58,7 @@ Task<void> PollingLoop::run(std::uint64_t generation) {
     }
 }
 
-// False when the sleep failed, as it does for a loop that has been stopped.
+// False when the sleep failed, as for a loop that was stopped.
 Task<bool> PollingLoop::sleep() {
     try {
         co_await m_sleeper(m_timing.interval);

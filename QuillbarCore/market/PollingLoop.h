@@ -13,18 +13,18 @@
 
 namespace quillbar {
 
-/// Refreshes something at an interval for as long as somebody looks at it. Belongs to the executor's
-/// thread; destroying it ends the loop and the refresh that runs.
+/// Refreshes something at an interval for as long as somebody looks at it. Belongs to the
+/// executor's thread; destroying it ends the loop and the refresh that runs.
 class PollingLoop final {
 public:
     struct Timing {
         /// From the end of a refresh to the next one.
         Seconds interval;
-        /// The loop ends itself at the first waking that finds the last demand longer ago than this.
+        /// The loop ends when it wakes and the last demand is longer ago than this.
         Seconds idleTimeout;
     };
 
-    /// `refresh` does not throw but for `Cancelled`.
+    /// `refresh` throws only `Cancelled`.
     PollingLoop(Executor& executor,
                 Clock now,
                 Sleeper sleeper,
@@ -36,14 +36,14 @@ public:
     PollingLoop& operator=(PollingLoop&&) = delete;
     ~PollingLoop() = default;
 
-    /// Starts the loop, with a refresh at once, and counts as demand. Does nothing, not even count,
-    /// while the loop runs.
+    /// Starts the loop with a refresh at once, which counts as demand. Does nothing while the loop
+    /// runs; then the call does not count as demand.
     void start();
 
     /// Ends the loop and cancels the refresh that runs, silently.
     void stop();
 
-    /// Notes that somebody looks.
+    /// Notes that somebody looks at the data.
     void recordDemand() { m_lastDemand = m_now(); }
 
     [[nodiscard]] bool isRunning() const noexcept { return m_isRunning; }
@@ -51,7 +51,7 @@ public:
 private:
     Task<void> run(std::uint64_t generation);
     Task<bool> sleep();
-    // A loop that was stopped may still be resumed, by what was done before it was cancelled.
+    // A loop that was stopped may still be resumed, by an operation that completed before.
     [[nodiscard]] bool isCurrent(std::uint64_t generation) const noexcept {
         return m_isRunning && generation == m_generation;
     }
@@ -62,8 +62,8 @@ private:
     std::function<Task<void>()> m_refresh;
     TimePoint m_lastDemand = kDistantPast;
     bool m_isRunning = false;
-    // Which loop is the one that runs: one that was stopped and replaced refreshes no more and must
-    // not end its successor.
+    // The number of the loop that runs. A loop that was stopped and replaced must not refresh
+    // again, and must not end its successor.
     std::uint64_t m_generation = 0;
     TaskScope::Handle m_task;
     // Last: its tasks use `this`.

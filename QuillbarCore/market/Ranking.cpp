@@ -9,7 +9,7 @@ namespace quillbar::Ranking {
 
 namespace {
 
-// A coin that takes part, with the one number that places it: smaller comes first.
+// A coin to rank, with its key: the smallest key comes first.
 struct Candidate {
     double key;
     const Coin* coin;
@@ -42,7 +42,7 @@ bool comesBefore(const Candidate& left, const Candidate& right) {
     if (const int order = left.coin->symbol.compare(right.coin->symbol); order != 0) {
         return order < 0;
     }
-    // Both point into the universe: its order is the last word.
+    // The pointers refer to the universe, so equal symbols keep its order.
     return left.coin < right.coin;
 }
 

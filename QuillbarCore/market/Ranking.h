@@ -26,7 +26,7 @@ enum class Board : std::uint8_t { gainers, losers, volume };
 /// that are known to have traded so much; on the volume board only those whose volume is known.
 /// Equal values are ordered by symbol, and a symbol listed twice keeps the universe's order.
 ///
-/// Takes the top without sorting the rest: it is asked at every redraw.
+/// Takes the top without sorting the rest, because it is called at every redraw.
 [[nodiscard]] std::vector<RankedCoin> rank(Board board,
                                            const TickerMap& tickers,
                                            const std::vector<Coin>& universe,

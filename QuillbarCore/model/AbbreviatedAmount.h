@@ -7,8 +7,8 @@
 
 namespace quillbar {
 
-/// The amount counted in a unit: "-" when it is negative, its magnitude divided by the unit with
-/// two decimals as printf gives them, the unit's name: -2.00万. Follows no locale. Pure.
+/// The amount in a unit, such as "-2.00万": a "-" if it is negative, its magnitude divided by the
+/// unit, with two decimals as printf rounds them, and the unit's name. Follows no locale. Pure.
 [[nodiscard]] std::string abbreviatedAmount(double amount, double unit, std::string_view unitName);
 
 }  // namespace quillbar

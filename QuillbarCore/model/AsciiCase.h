@@ -5,8 +5,8 @@
 #include <algorithm>
 #include <string>
 
-/// Upper and lower case of the letters A to Z alone, whatever the locale. Every other byte stays as it
-/// is. Pure; for any thread.
+/// Changes the case of the letters A to Z alone, in every locale. Other bytes stay as they are.
+/// Pure; for any thread.
 namespace quillbar::AsciiCase {
 
 [[nodiscard]] constexpr char lower(char byte) noexcept {

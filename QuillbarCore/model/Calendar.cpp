@@ -36,14 +36,14 @@ const date::time_zone* loadedZone(std::string_view name) {
     }
 }
 
-/// The name of a zone from its file's path, "/usr/share/zoneinfo/posix/Asia/Tokyo"; a text that is
-/// no such path comes back as it is.
+/// The name of a zone from its file's path, "/usr/share/zoneinfo/posix/Asia/Tokyo"; any other text
+/// is returned unchanged.
 std::string_view zoneNameOfPath(std::string_view path) {
     constexpr std::string_view kDatabase = "zoneinfo/";
     const std::size_t found = path.rfind(kDatabase);
     std::string_view name =
         found == std::string_view::npos ? path : path.substr(found + kDatabase.size());
-    // The same zones again, without and with leap seconds.
+    // These folders hold the same zones, without and with leap seconds.
     for (const std::string_view variant : {"posix/", "right/"}) {
         if (name.starts_with(variant)) {
             name.remove_prefix(variant.size());
@@ -52,7 +52,7 @@ std::string_view zoneNameOfPath(std::string_view path) {
     return name;
 }
 
-/// The zone the system is set to; null when that cannot be told.
+/// The system's time zone; null when it cannot be determined.
 const date::time_zone* systemZone(const std::string& systemFolder) {
     const std::string localtime = systemFolder + "/localtime";
     std::array<char, 4096> target;  // NOLINT(cppcoreguidelines-pro-type-member-init): filled below
@@ -60,7 +60,7 @@ const date::time_zone* systemZone(const std::string& systemFolder) {
     if (size >= 0) {
         return loadedZone(zoneNameOfPath({target.data(), static_cast<std::size_t>(size)}));
     }
-    if (errno != EINVAL) {  // it is not there at all
+    if (errno != EINVAL) {  // it does not exist
         return nullptr;
     }
     std::string name;

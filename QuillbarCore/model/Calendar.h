@@ -26,21 +26,22 @@ struct CalendarDate final {
 /// What a local clock and calendar show, to the minute. Equality compares both fields.
 struct CalendarTime final {
     CalendarDate date;
-    int minuteOfDay = 0;  ///< 0 to 1439, as the clock shows it, not as minutes go by
+    int minuteOfDay = 0;  ///< 0 to 1439, as the clock shows it, not as time passes
 
     [[nodiscard]] bool operator==(const CalendarTime&) const = default;
 };
 
-/// The time zone in which a day is taken. A small value, copied freely. It answers from the
-/// system's zone files, which are read once per process; it never reads the clock.
+/// Converts instants to local dates and times and back, in one time zone. A small value, copied
+/// freely. It uses the system's zone files, which are read once per process; it never reads the
+/// clock.
 ///
-/// Callable from any thread, as long as none changes the environment meanwhile.
+/// Callable from any thread, as long as no thread changes the environment meanwhile.
 ///
-/// An instant more than 30,000 years from 1970, or one that is not finite, is a mistake of the
-/// caller: the process aborts. Nothing else fails but fixed().
+/// The process aborts for an instant that is not finite or is more than 30,000 years from 1970,
+/// because that is a mistake of the caller. Apart from that only fixed() fails.
 ///
-/// The zone files of the system name their changes up to 2037; later instants keep the zone's last
-/// offset.
+/// The system's zone files list the changes of a zone's offset up to 2037; later instants keep the
+/// last offset.
 class Calendar final {
 public:
     /// The calendar of one zone of the system's database, such as "Asia/Shanghai".
@@ -62,29 +63,29 @@ public:
     /// The local date at the instant.
     [[nodiscard]] CalendarDate dateAt(TimePoint instant) const;
 
-    /// The first instant of the local day that holds the given one: its midnight; the first instant
-    /// after the gap on a day that begins inside one; the earlier of two midnights.
+    /// The first instant of the local day of `instant`: midnight, the earlier one if the clock
+    /// shows it twice, or the first instant after the gap if the clock skips it.
     [[nodiscard]] TimePoint startOfDay(TimePoint instant) const;
 
-    /// The first instant of the local day that follows the one of the given instant, as
-    /// `startOfDay` has it. A day that the zone leaves out is passed over.
+    /// The first instant of the local day after that of `instant`, as `startOfDay` defines it. A
+    /// day that the zone leaves out is skipped.
     [[nodiscard]] TimePoint startOfNextDay(TimePoint instant) const;
 
     /// The local date and time at the instant.
     [[nodiscard]] CalendarTime timeAt(TimePoint instant) const;
 
-    /// The instant at which the local clock shows this time, which is one of the calendar's dates
-    /// and minutes; the earlier of two; absent for a time that the clock skips.
+    /// The instant at which the local clock shows this time: the earlier one if there are two,
+    /// absent if the clock skips it. `time` must be a valid date and minute.
     [[nodiscard]] std::optional<TimePoint> instantAt(const CalendarTime& time) const;
 
 private:
     Calendar(const date::time_zone* zone, std::string systemFolder);
 
-    /// The zone to answer from; null is UTC.
+    /// The zone to use; null is UTC.
     [[nodiscard]] const date::time_zone* zone() const;
 
     const date::time_zone* m_zone;
-    std::string m_systemFolder;  // empty: m_zone holds for good
+    std::string m_systemFolder;  // empty: m_zone never changes
 };
 
 }  // namespace quillbar

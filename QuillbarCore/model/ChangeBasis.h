@@ -9,7 +9,7 @@
 
 namespace quillbar {
 
-/// What a percentage change is measured against, everywhere one is shown.
+/// What a shown change in percent is measured against.
 enum class ChangeBasis : std::uint8_t {
     /// The open of the exchange's rolling 24-hour window.
     rolling24h,

@@ -15,7 +15,7 @@ struct Coin final {
     /// The base asset's code, "BTC": what the user reads, and the key of the coin's icon.
     std::string baseAsset;
 
-    /// What identifies the coin in lists: its symbol. The reference lives as long as the coin.
+    /// The coin's identity in lists: its symbol. The reference lives as long as the coin.
     [[nodiscard]] const std::string& id() const { return symbol; }
 
     [[nodiscard]] bool operator==(const Coin&) const = default;

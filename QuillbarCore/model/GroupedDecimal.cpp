@@ -44,8 +44,8 @@ Decimal shortestDecimal(double magnitude) {
     return decimal;
 }
 
-/// Keeps that many leading digits (fewer than none: the value is far below the last place shown),
-/// rounding half to even.
+/// Rounds half to even, to the first `keep` digits. `keep` is negative for a value far below the
+/// last place shown.
 void roundToDigits(Decimal& decimal, int keep) {
     if (keep >= decimal.count) {
         return;
@@ -60,8 +60,8 @@ void roundToDigits(Decimal& decimal, int keep) {
         up = tie ? lastKeptIsOdd : digit(keep) >= '5';
     }
     decimal.count = std::max(keep, 0);
-    // What is dropped here would be a zero behind the last digit: a nine that the carry turns over,
-    // or one that was there before.
+    // Drop the digits that are trailing zeros after rounding: nines if the carry passes them, and
+    // zeros otherwise.
     const char dropped = up ? '9' : '0';
     while (decimal.count > 0 && digit(decimal.count - 1) == dropped) {
         --decimal.count;

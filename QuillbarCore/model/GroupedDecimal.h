@@ -7,12 +7,13 @@
 /// Decimal texts with "," between groups of three integer digits, "." before the fraction and "-"
 /// in front of what is negative, a negative zero included. They follow no locale.
 ///
-/// What is rounded is the shortest decimal that reads back as the value, not its binary expansion,
-/// half to even: 2.675 gives 2.68, where printf gives 2.67. Not-a-number gives "NaN" and infinity
-/// "∞", either with "-" when its sign bit is set.
+/// They round half to even, and start from the shortest decimal that reads back as the value: 2.675
+/// gives 2.68, where printf, which starts from the binary value, gives 2.67. Not-a-number gives
+/// "NaN" and infinity "∞", either with "-" when its sign bit is set.
 ///
-/// Pure, total, callable from any thread. These are on every price shown, so they cost about as
-/// much as std::to_chars, and a text of up to 15 bytes no allocation.
+/// Pure, defined for every value, callable from any thread. They are called for every price shown,
+/// so they are fast: they cost about as much as std::to_chars, and a text of up to 15 bytes needs
+/// no allocation.
 namespace quillbar::GroupedDecimal {
 
 /// With exactly two fraction digits: 67,234.50.

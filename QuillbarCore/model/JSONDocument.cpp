@@ -41,12 +41,12 @@ std::optional<std::int64_t> integer(const ordered_json& value) {
     return std::nullopt;
 }
 
-/// Refuses what would cost too much. Looking a key up among ordered ones takes a time that grows with
-/// their number, and so parsing them all one that grows with its square; and a value takes eight times
-/// the memory of its text.
+/// Refuses a text that would cost too much. An ordered object compares keys one by one, so the time
+/// to parse it grows with the square of their number. A value takes eight times the memory of its
+/// text.
 ///
-/// A pass of its own: the library's parser with a callback looks at all earlier elements of a list at
-/// each one's end, and so takes minutes for a long list.
+/// This is a pass of its own, because the library's parser with a callback looks at all earlier
+/// elements of a list at the end of each one, and takes minutes for a long list.
 class Limits final : public nlohmann::json_sax<ordered_json> {
 public:
     bool start_object(std::size_t /*count*/) override { return enter(); }
@@ -69,7 +69,7 @@ public:
     }
     bool string(string_t& /*value*/) override { return count(); }
     bool binary(binary_t& /*value*/) override { return count(); }
-    // What is wrong with the text is told by the parser, which reads it next.
+    // The parser, which reads the text next, reports what is wrong with it.
     bool parse_error(std::size_t /*position*/,
                      const std::string& /*token*/,
                      const nlohmann::detail::exception& /*error*/) override {
@@ -105,8 +105,8 @@ private:
 }  // namespace
 
 ordered_json parse(std::string_view text) {
-    // The parser would take a zero byte for the end, and so a file that a crash filled up with
-    // zeros for a whole one.
+    // The parser takes a zero byte for the end of the text, so it would accept a file that a crash
+    // filled up with zeros.
     if (text.find('\0') != std::string_view::npos) {
         throw DocumentError("a zero byte in the text");
     }

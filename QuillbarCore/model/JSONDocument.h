@@ -10,20 +10,20 @@
 #include <string>
 #include <string_view>
 
-/// What every document of ours is read and written with. Keys are matched exactly; keys that nobody
-/// asks for are ignored; a null counts as an absent key. Pure; callable from any thread.
+/// Reads and writes our own JSON documents. Keys are matched exactly; keys that nobody asks for are
+/// ignored; a null counts as an absent key. Pure; callable from any thread.
 namespace quillbar::JSONDocument {
 
-/// What a document of ours never comes near; one that does would cost more memory and time than a
-/// damaged file may.
+/// Limits that our own documents never come near. A damaged file beyond them would cost too much
+/// memory and time.
 inline constexpr int kMaximumKeys = 1000;
 inline constexpr int kMaximumDepth = 64;
 inline constexpr int kMaximumValues = 1'000'000;
 
-/// The text as JSON. Throws DocumentError when it is not exactly one JSON value in UTF-8 (a byte
-/// order mark in front is passed over), and when an object in it has more than `kMaximumKeys` keys,
-/// when it is nested deeper than `kMaximumDepth` lists and objects, or when it has more than
-/// `kMaximumValues` values, lists and objects among them.
+/// The text as JSON. Throws DocumentError when it is not exactly one JSON value in UTF-8 (a leading
+/// byte order mark is ignored), when an object has more than `kMaximumKeys` keys, when lists and
+/// objects are nested deeper than `kMaximumDepth`, or when there are more than `kMaximumValues`
+/// values, lists and objects included.
 [[nodiscard]] nlohmann::ordered_json parse(std::string_view text);
 
 /// The value as compact text, its keys in the order in which they were set. Throws DocumentError
@@ -52,11 +52,11 @@ inline constexpr int kMaximumValues = 1'000'000;
 /// The truth value of that key. Throws DocumentError when it is absent or no truth value.
 [[nodiscard]] bool requiredTruth(const nlohmann::ordered_json& object, const char* key);
 
-/// Throws the DocumentError of a key whose string stands for nothing.
+/// Throws the DocumentError for a key whose string is not one of its values.
 [[noreturn]] void refuseRawText(const char* key, std::string_view rawText);
 
-/// The value that the string of that key stands for, as `fromRawValue` has it. Throws DocumentError
-/// when the key is absent or no string, or when its string stands for nothing.
+/// The value that `fromRawValue` returns for the string of that key. Throws DocumentError when the
+/// key is absent or no string, or when `fromRawValue` returns nothing.
 template <class Value>
 [[nodiscard]] Value requiredValue(const nlohmann::ordered_json& object,
                                   const char* key,

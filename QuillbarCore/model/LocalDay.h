@@ -7,8 +7,8 @@
 
 #include <cstdint>
 
-/// The two quantities that a change since local midnight needs. The clock is never read; contract
-/// of threads and instants as in Calendar.
+/// The key and the start of a local day, for changes since local midnight. Never reads the clock.
+/// Threads and instants: as for Calendar.
 namespace quillbar::LocalDay {
 
 /// Identifies the local day that holds the instant: year × 10000 + month × 100 + day, 20261115 for

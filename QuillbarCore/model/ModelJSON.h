@@ -9,14 +9,14 @@
 #include <nlohmann/json_fwd.hpp>
 #include <vector>
 
-/// The JSON form of the values that are stored, in the keys and the order of their fields. Keys are
+/// The JSON form of stored values, with the names and the order of their fields as keys. Keys are
 /// matched exactly and unknown ones ignored. Every reader throws DocumentError for a value of
-/// another shape; no writer throws (JSONDocument::compactText does, for what is not UTF-8).
+/// another shape. No writer throws; JSONDocument::compactText does, for a text that is not UTF-8.
 ///
 /// - Coin: {"symbol":"BTCUSDT","baseAsset":"BTC"}, both required strings;
 /// - Watchlist: {"schemaVersion":1,"coins":[…],"pinnedSymbol":"BTCUSDT"}; the pin is written only
 ///   when there is one, and absent or null on reading when there is none. The version is not
-///   judged.
+///   checked.
 namespace quillbar::ModelJSON {
 
 [[nodiscard]] nlohmann::ordered_json toJSON(const Coin& coin);

@@ -13,14 +13,15 @@ namespace quillbar::PriceFormatter {
 /// two decimals (67,234.50). Rounds the shortest decimal half to even.
 [[nodiscard]] std::string price(double value);
 
-/// A price with exactly that many decimals, none or more, whatever its magnitude. Rounds alike.
+/// A price with exactly that many decimals, none or more, whatever its magnitude. Rounds in the
+/// same way.
 [[nodiscard]] std::string price(double value, int decimals);
 
 /// A change in percent, always signed, with two decimals as printf rounds them: +1.23%, -0.50%,
 /// +0.00% for 0.001; "0.00%" for either zero.
 [[nodiscard]] std::string percent(double value);
 
-/// The same with that many decimals, none or more; "0%" for either zero without any.
+/// The same with that many decimals, none or more. Without decimals either zero is "0%".
 [[nodiscard]] std::string percent(double value, int decimals);
 
 /// The magnitude of a change in percent, rounded in the same way: 0.50% for -0.5 and two decimals.

@@ -14,7 +14,7 @@ namespace quillbar {
 
 void programmingError(std::string_view what) {
     const std::string line = fmt::format("quillbar: programming error: {}\n", what);
-    // Whether or not anybody hears it.
+    // End the process whether or not the line was written.
     [[maybe_unused]] const auto written = writeUnblocked(STDERR_FILENO, line);
     std::abort();
 }

@@ -7,7 +7,7 @@
 namespace quillbar {
 
 /// Ends the process with abort(), after one line on stderr that says what was wrong. For a broken
-/// contract that no caller can answer; never for what a user, a file or the network does.
+/// contract that no caller can handle; never for an error of a user, a file or the network.
 [[noreturn]] void programmingError(std::string_view what);
 
 }  // namespace quillbar

@@ -49,7 +49,8 @@ Watchlist Watchlist::adding(const Coin& coin) const {
 
 Watchlist Watchlist::addingAll(const std::vector<Coin>& added) const {
     Watchlist result = *this;
-    // The texts of the receiver and of the argument, because those of the result move as it grows.
+    // The views refer to the receiver and the argument, because the result's strings move as it
+    // grows.
     std::unordered_set<std::string_view> symbols;
     symbols.reserve(coins.size() + added.size());
     for (const Coin& coin : coins) {

@@ -24,7 +24,7 @@ struct Watchlist final {
     /// The version of the stored document that this program writes and understands.
     static constexpr std::int64_t kCurrentSchemaVersion = 1;
 
-    /// How many coins of a longer list get prices: the exchange streams no more on one connection.
+    /// The most coins that get prices: the exchange streams no more on one connection.
     static constexpr std::size_t kMaximumFollowed = 1024;
 
     /// Version of the stored document; kept by every edit.
@@ -47,8 +47,7 @@ struct Watchlist final {
     }
 
     /// The symbols of the coins that get prices, in the list's order: the first `kMaximumFollowed`.
-    /// When the list is longer and the pinned coin stands behind those, it takes the place of the
-    /// last of them.
+    /// If the pinned coin stands behind those, it takes the place of the last of them.
     [[nodiscard]] std::vector<std::string> followedSymbols() const;
 
     /// The list with the coin at its end. Unchanged when the symbol is already there: the stored
@@ -57,14 +56,14 @@ struct Watchlist final {
     /// The same for each of the coins in turn. Of several with one symbol only the first is added.
     [[nodiscard]] Watchlist addingAll(const std::vector<Coin>& added) const;
 
-    /// The list without the coins of this symbol, the rest in their order. A pin that named it
-    /// moves to the first coin left, or goes when none is left. Unchanged for a symbol that is not
+    /// The list without the coins of this symbol, the rest in their order. If it was pinned, the
+    /// first remaining coin is pinned, or none if there is none. Unchanged for a symbol that is not
     /// on the list.
     [[nodiscard]] Watchlist removing(std::string_view symbol) const;
 
-    /// The list as a drag and drop leaves it: the coins at the offsets, in their order, stand
-    /// together in front of the coin that was at the destination, or at the end for coins.size().
-    /// The pin is kept; no offsets, no change.
+    /// The list after a drag and drop: the coins at the offsets are moved, in their order, in front
+    /// of the coin at the destination, or to the end for coins.size(). The pin is kept. Unchanged
+    /// without offsets.
     ///
     /// Aborts the process, after a line on stderr, for an offset that is not on the list or a
     /// destination past its end: that is a mistake of the caller.

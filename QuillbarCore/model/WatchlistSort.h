@@ -41,8 +41,8 @@ struct WatchlistSort final {
 namespace WatchlistSorter {
 
 /// The coins in the order in which the table shows them. Coins without a value in the sorted column
-/// come last, by symbol, in both directions; equal values are ordered by symbol, in both directions.
-/// Without a sort the coins are returned as they are. Pure.
+/// come last, by symbol, in both directions; equal values are ordered by symbol, in both
+/// directions. Without a sort the coins are returned as they are. Pure.
 [[nodiscard]] std::vector<Coin> sorted(const std::vector<Coin>& coins,
                                        const TickerMap& tickers,
                                        const std::optional<WatchlistSort>& sort,

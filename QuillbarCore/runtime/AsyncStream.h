@@ -23,8 +23,8 @@ namespace detail {
 
 template <class T>
 struct StreamState {
-    // A consumer is sent back to the executor's queue after this many values taken without a wait,
-    // so that a flood cannot keep the event loop from everything else.
+    // After taking this many values without a wait, the consumer goes back to the executor's queue,
+    // so that a flood of values does not block the event loop.
     static constexpr int kValuesPerTurn = 256;
 
     void notify() noexcept {
@@ -64,8 +64,8 @@ struct StreamState {
 
 }  // namespace detail
 
-/// The producer's end of an `AsyncStream`. Copies share the stream; when the last one goes, the
-/// stream ends normally. Belongs to the executor's thread.
+/// The producer's end of an `AsyncStream`. Copies share the stream; when the last copy is
+/// destroyed, the stream ends normally. Belongs to the executor's thread.
 template <class T>
 class StreamSource {
     using State = detail::StreamState<T>;
@@ -90,15 +90,16 @@ public:
     requires std::derived_from<Error, std::exception>
     void fail(Error error) const { fail(std::make_exception_ptr(std::move(error))); }
 
-    /// Ends the stream with an error, and drops what was pushed before and not yet taken.
+    /// Ends the stream with an error, and drops the values that were not taken yet.
     void abandon(std::exception_ptr error) const {
         m_guard->state->buffer.clear();
         m_guard->state->end(std::move(error));
     }
 
-    /// Calls `callback` once, when the stream ends or its consumer goes away; at once when that has
-    /// happened. A later callback takes the place of an earlier one. It does not throw, and holds no
-    /// copy of the source, which would keep itself alive by it; it may destroy either end.
+    /// Calls `callback` once, when the stream ends or its consumer is destroyed; at once if that
+    /// has happened already. A later callback replaces an earlier one. The callback must not throw,
+    /// and must not hold a copy of the source: the source would keep itself alive. It may destroy
+    /// either end.
     void onTermination(std::function<void()> callback) const {
         m_guard->state->whenEnded(std::move(callback));
     }
@@ -108,7 +109,7 @@ public:
         return m_guard->state->buffer.size();
     }
 
-    /// Whether the stream has ended or its consumer has gone.
+    /// Whether the stream has ended or its consumer was destroyed.
     [[nodiscard]] bool isTerminated() const noexcept { return m_guard->state->ended; }
 
 private:
@@ -132,8 +133,8 @@ private:
 };
 
 /// An unbounded sequence of values over time, with one consumer; it ends normally or with an error.
-/// Destroying it tells the producer (`StreamSource::onTermination`). One that is default-constructed
-/// or moved from has ended. Belongs to the executor's thread.
+/// Destroying it tells the producer (`StreamSource::onTermination`). A stream that is
+/// default-constructed or moved from has ended. Belongs to the executor's thread.
 template <class T>
 class AsyncStream {
     using State = detail::StreamState<T>;
@@ -200,8 +201,8 @@ public:
     };
 
     /// The next value: `while (auto value = co_await stream.next())`. Absent once the stream has
-    /// ended normally; throws the error that ended it, each time, or `Cancelled`. A cancelled wait
-    /// loses no value.
+    /// ended normally. Throws the error that ended the stream, at each call, or `Cancelled`. A
+    /// cancelled wait loses no value.
     [[nodiscard]] Await<NextOperation> next() {
         return Await<NextOperation>{std::in_place, m_state};
     }

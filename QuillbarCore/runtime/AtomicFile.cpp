@@ -20,18 +20,18 @@ namespace quillbar {
 namespace {
 
 constexpr mode_t kFolderMode = 0700;
-// As many as Linux follows.
+// Linux follows as many.
 constexpr int kMaximumLinks = 40;
-// What mkostemp makes up, at the end of the name of a temporary file.
+// The end of a temporary file's name, which mkostemp replaces.
 constexpr std::string_view kMadeUp = "XXXXXX";
 
-// What the temporary files of a target begin with.
+// The beginning of the names of a target's temporary files.
 std::string temporaryPrefix(const std::filesystem::path& target) {
     return fmt::format(".{}.saving-", target.filename().string());
 }
 
 [[noreturn]] void fail(std::string_view action, const std::filesystem::path& path, int code) {
-    // The system's own words, which no locale translates: they go into the log.
+    // Unlike strerror's, this text is English in every locale, as the log is.
     const char* const reason = ::strerrordesc_np(code);
     throw FileError(
         fmt::format(
@@ -39,7 +39,7 @@ std::string temporaryPrefix(const std::filesystem::path& target) {
         code);
 }
 
-// Calls again what a signal interrupted.
+// Repeats the call while a signal interrupts it.
 template <class Call>
 auto uninterrupted(Call call) {
     for (;;) {
@@ -53,7 +53,7 @@ auto uninterrupted(Call call) {
 class ReadDescriptor {
 public:
     explicit ReadDescriptor(const std::filesystem::path& path)
-        // Not blocking: opening a pipe without a writer would wait for one.
+        // O_NONBLOCK, because opening a pipe would wait for a writer.
         : m_descriptor(::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK)) {
         if (m_descriptor < 0) {
             fail("cannot open", path, errno);
@@ -109,7 +109,7 @@ public:
             && uninterrupted([&] { return m_operations.synchronise(m_descriptor); }) != 0) {
             fail("cannot synchronise", m_target, errno);
         }
-        // An interrupted close has closed, and is not to be called again.
+        // A close that was interrupted has closed the descriptor: do not call it again.
         if (m_operations.close(std::exchange(m_descriptor, -1)) != 0 && errno != EINTR) {
             fail("cannot close", m_target, errno);
         }
@@ -146,8 +146,8 @@ void makeFolders(const std::filesystem::path& folder, FileOperations& operations
     }
 }
 
-// The folder of the target. Opened before anything is replaced, so that what can be known to fail
-// fails while the old file stands.
+// The folder of the target. It is opened before the target is replaced, so that a failure to open
+// it leaves the old file in place.
 class Folder {
 public:
     Folder(std::filesystem::path path, FileOperations& operations)
@@ -178,8 +178,8 @@ private:
     int m_descriptor;
 };
 
-// Takes away what killed processes have left beside a target that has just been replaced. Whatever
-// fails, the target is saved, and the next save tries again.
+// Removes the temporary files that killed processes left beside a target that was just replaced.
+// Ignores errors: the target is saved, and the next save tries again.
 void removeAbandoned(const std::filesystem::path& target,
                      const std::filesystem::path& folder,
                      FileOperations& operations) {
@@ -203,8 +203,8 @@ void removeAbandoned(const std::filesystem::path& target,
     }
 }
 
-// The file itself where the path is a symbolic link, as it is for people who keep their
-// configuration elsewhere. It need not exist.
+// The target of the path if that is a symbolic link, as for users who keep their configuration
+// elsewhere. It need not exist.
 std::filesystem::path resolve(const std::filesystem::path& path) {
     std::filesystem::path target = path;
     for (int links = 0; links < kMaximumLinks; ++links) {
@@ -267,7 +267,8 @@ void AtomicFile::write(const std::filesystem::path& path,
     temporary.moveToTarget();
     if (folder) {
         folder->synchronise();
-        // Only in these saves: the others must be quick, and their folder may hold thousands of logos.
+        // Only in saves that wait for the disk: the others must be quick, and their folder may hold
+        // thousands of logos.
         removeAbandoned(target, parent, operations);
     }
 }

@@ -16,7 +16,7 @@ namespace quillbar {
 /// A file that could not be read or written. `what()` names the operation, the path and the reason.
 class FileError final : public std::runtime_error {
 public:
-    /// `code` is an errno value, or 0 where the reason is not the system's.
+    /// `code` is an errno value; 0 if no system call failed.
     FileError(const std::string& text, int code)
         : std::runtime_error(text)
         , m_code(code) {}
@@ -27,10 +27,10 @@ private:
     int m_code;
 };
 
-/// Whole files, read and replaced at once. Stateless but for its system calls; blocks the caller.
+/// Reads and replaces whole files. Keeps no state; blocks the caller.
 namespace AtomicFile {
 
-/// No document of ours comes near this; what does is not ours.
+/// The size limit of `read`, in bytes. Our own files are much smaller.
 inline constexpr std::size_t kMaximumSize = std::size_t{16} * 1024 * 1024;
 
 /// The file's bytes. Throws `FileError` when the path cannot be opened or read, is not a regular
@@ -38,31 +38,33 @@ inline constexpr std::size_t kMaximumSize = std::size_t{16} * 1024 * 1024;
 [[nodiscard]] std::string read(const std::filesystem::path& path,
                                std::size_t maximumSize = kMaximumSize);
 
-/// What the bytes of a written file outlast.
+/// What the bytes of a written file survive.
 enum class Durability {
-    /// A power cut as well: they are on the disk when the write returns, which takes milliseconds.
+    /// The end of the process and a power cut: the bytes are on the disk when the write returns,
+    /// which takes milliseconds.
     powerCut,
-    /// The process, but not a power cut soon after, which may leave any bytes under the file's name.
-    /// Waits for no disk. For what can be had again or is not worth the wait, and is recognised when
-    /// it is damaged.
+    /// The end of the process, but not a power cut soon after, which may leave any bytes in the
+    /// file. Does not wait for the disk. For data that can be fetched again or are not worth the
+    /// wait, and whose damage is noticed when they are read.
     process,
 };
 
-/// A temporary file of another process that writes at this moment is never so old.
+/// No write takes this long: an older temporary file was left by a process that was killed.
 inline constexpr std::chrono::minutes kAbandonedAge{1};
 
-/// Replaces the file: a reader, or a crash at any moment, finds the old bytes or the new ones, never
-/// a mixture; so do two that write at the same time, of which the later one stays. Missing folders
-/// are made, mode 0700; the file has mode 0600. A symbolic link keeps pointing where it does, and the
-/// file behind it is replaced, or made where it points in vain.
+/// Replaces the file. A reader, or a crash at any moment, finds either the old bytes or the new
+/// ones, never a mixture. Of two writes at the same time the later one stays. Missing folders are
+/// made with mode 0700; the file gets mode 0600. If the path is a symbolic link, the link stays and
+/// its target is replaced, or made if it does not exist.
 ///
 /// Throws `FileError` when a folder cannot be made, the bytes cannot be written or symbolic links
-/// form a circle; the old file is then whole, and no temporary file is left. One that is thrown
-/// because the folder could not be synchronised after the file was put in place leaves the new bytes
-/// readable, but perhaps not after a power cut. A process that is killed while it writes may leave a
-/// temporary file beside the file, which nothing reads; the next write of the same file that waits for
-/// the disk and succeeds takes those away that are more than `kAbandonedAge` older or younger than the
-/// new bytes.
+/// form a circle. The old file is then whole, and no temporary file is left. One case is different:
+/// if only synchronising the folder fails, the new bytes are in place, but a power cut may lose
+/// them.
+///
+/// A process that is killed while it writes may leave a temporary file beside the file. Nothing
+/// reads it. The next write of the same file that waits for the disk and succeeds removes the
+/// temporary files that are more than `kAbandonedAge` older or younger than the new bytes.
 void write(const std::filesystem::path& path,
            std::string_view bytes,
            FileOperations& operations = FileOperations::system(),

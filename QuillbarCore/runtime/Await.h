@@ -11,7 +11,8 @@
 
 namespace quillbar {
 
-/// What every `Await` has whatever its operation: the suspended coroutine and how far it came.
+/// The part of every `Await` that does not depend on its operation: the suspended coroutine and its
+/// state.
 class AwaitBase : protected ReadyNode,
                   protected PendingOperation {
 public:
@@ -30,7 +31,7 @@ protected:
     AwaitBase() = default;
     ~AwaitBase() = default;
 
-    // Cancellation no longer finds this operation.
+    // From here on, cancelling the task does not reach this operation.
     void forget() noexcept {
         if (context->pending == this) {
             context->pending = nullptr;
@@ -67,9 +68,9 @@ private:
 ///                                   // only when cancelled or destroyed while waiting
 ///     R result();                   // the value, or throw
 ///
-/// It throws what `start` and `result` throw, and `Cancelled` when the task is or gets cancelled. An
-/// operation whose `start` throws keeps no `Completion` and is not stopped. An `Await` lives in the
-/// awaiting coroutine's frame and never moves.
+/// It throws what `start` and `result` throw, and `Cancelled` when the task is or gets cancelled.
+/// An operation whose `start` throws must not keep its `Completion`, and is not stopped. An `Await`
+/// lives in the awaiting coroutine's frame and never moves.
 template <class Operation>
 class [[nodiscard]] Await final : AwaitBase {
 public:
@@ -106,7 +107,7 @@ public:
         try {
             m_operation.start(Completion{this});
         } catch (...) {
-            // Nothing has started that could be stopped or cancelled.
+            // Nothing was started, so there is nothing to stop or cancel.
             m_started = false;
             forget();
             throw;

@@ -21,7 +21,7 @@ void CalmLog::write(std::string_view category, LogLevel level, std::string_view 
         settleShares(now);
         writeUnlessRepeated(category, level, text);
     } catch (...) {
-        // Without memory to remember it, the line is written all the same.
+        // Out of memory: write the line anyway.
         m_log.write(category, level, text);
     }
 }

@@ -14,26 +14,27 @@
 
 namespace quillbar {
 
-/// Passes the lines of a log on, but a line that repeats only once a minute, with its count: a
-/// server that is down for a night, or that talks nonsense, must not fill the log. A line counts as
-/// repeated when the category, the level and the text are the same, and it came before within a
-/// minute.
+/// Passes log lines on, but a repeated line only once a minute, with its count: a server that is
+/// down for a night must not fill the log. A line is repeated when one with the same category,
+/// level and text was passed on less than a minute before.
 ///
-/// A server that varies its nonsense must not fill it either: of one category and level at most
-/// `kMostLines` different lines are written within a minute, and then how many more there were.
+/// At most `kMostLines` different lines of one category and level are written within a minute, and
+/// then the number of lines that were left out: a server that sends different nonsense each time
+/// must not fill the log either.
 ///
-/// The counts are told when the next line of whatever text is written after the minute; there is no
-/// timer that would wake the machine. May be called from any thread.
+/// The counts are written before the first line, of any text, that comes after the minute. There is
+/// no timer, because it would wake the machine. May be called from any thread.
 class CalmLog final : public LogSink {
 public:
     /// A monotonic clock.
     using Now = std::function<std::chrono::steady_clock::time_point()>;
 
     static constexpr std::chrono::seconds kInterval{60};
-    /// How many different lines are remembered; with more, the oldest may be written again early.
+    /// How many different lines are remembered. With more, the oldest ones may be written again
+    /// within their minute.
     static constexpr std::size_t kRemembered = 64;
 
-    /// How many different lines of one category and level a minute may have.
+    /// The most different lines of one category and level within a minute.
     static constexpr std::size_t kMostLines = 20;
 
     /// The log outlives this object.
@@ -50,7 +51,8 @@ private:
         std::size_t repetitions = 0;
     };
 
-    // The lines of one category and level, within the minute that the first of them began.
+    // The count of lines of one category and level, in the minute that began with the first of
+    // them.
     struct Share {
         std::string_view category;
         LogLevel level;
@@ -60,9 +62,11 @@ private:
     };
 
     void writeUnlessRepeated(std::string_view category, LogLevel level, std::string_view text);
-    // Tells how often the lines repeated whose minute is over, and forgets those that did not.
+    // For lines whose minute is over: writes how often they were repeated, and forgets those that
+    // were not.
     void settle(std::chrono::steady_clock::time_point now);
-    // Tells how many lines were left out in each minute that is over, and forgets it.
+    // For each share whose minute is over: writes how many lines were left out, and forgets the
+    // share.
     void settleShares(std::chrono::steady_clock::time_point now);
     Share& shareOf(std::string_view category, LogLevel level);
     void tellRepetitions(const Line& line);

@@ -4,9 +4,9 @@
 
 namespace quillbar {
 
-/// Leaves an await whose task has been cancelled. It does not derive from std::exception, so that
-/// the `catch (const std::exception&)` of a retrying loop cannot swallow it. Never logged: a
-/// cancellation is silent.
+/// What an await throws when its task has been cancelled. It does not derive from std::exception,
+/// so that the `catch (const std::exception&)` of a retrying loop cannot swallow it. Never logged:
+/// a cancellation is silent.
 struct Cancelled final {};
 
 }  // namespace quillbar

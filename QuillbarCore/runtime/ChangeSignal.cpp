@@ -47,8 +47,8 @@ Observation ChangeSignal::observe(const Observer& observer) {
 }
 
 bool ChangeSignal::tell(const void* changed) {
-    // Kept for as long as it runs: an observer may destroy this, and the signal reads its own
-    // members after each observer.
+    // Keep the signal alive during the call: an observer may destroy this object, and the signal
+    // reads its members after each observer.
     const std::shared_ptr<Signal> running = m_signal;
     if (running == nullptr) {
         return true;

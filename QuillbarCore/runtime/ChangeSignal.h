@@ -12,9 +12,9 @@ namespace quillbar {
 /// Ends the observation when destroyed. May outlive what it observes.
 using Observation = boost::signals2::scoped_connection;
 
-/// What `Observed` and `ObservedMap` tell their observers with. It passes on an address whose type
-/// only those two know: the signal library is compiled once, in this class's source, and not once
-/// for each observed type in each source that includes one. For the main thread.
+/// Calls the observers of an `Observed` or `ObservedMap`. It passes on an untyped address, whose
+/// type only those two know. So the signal library is compiled once, in this class's source, and
+/// not for each observed type in each source. For the main thread.
 class ChangeSignal final {
 public:
     using Observer = std::function<void(const void* changed)>;
@@ -24,21 +24,23 @@ public:
     ChangeSignal& operator=(const ChangeSignal&) = delete;
     ChangeSignal(ChangeSignal&&) = delete;
     ChangeSignal& operator=(ChangeSignal&&) = delete;
-    /// Ends every observation. If an observer causes it, the observers behind that one are not told.
+    /// Ends every observation. If an observer destroys the signal, the observers after it are not
+    /// called.
     ~ChangeSignal();
 
     /// Calls `observer` at each `tell` that begins from now on, until the observation is destroyed.
     [[nodiscard]] Observation observe(const Observer& observer);
 
-    /// Calls the observers in the order in which they began. An observer may end observations, begin
-    /// some, tell again, and destroy this signal. Returns false when one has destroyed it: nothing of
-    /// what owns the signal is to be touched then.
+    /// Calls the observers in the order in which they were added. An observer may end observations,
+    /// add some, call `tell` again, and destroy this signal. Returns false if an observer destroyed
+    /// the signal: then do not touch the object that owned it.
     bool tell(const void* changed);
 
 private:
     class Signal;
 
-    // Shared only with a running `tell`, which may outlive this. Null until somebody observes.
+    // Shared only with a running `tell`, which may outlive this object. Null before the first
+    // `observe`.
     std::shared_ptr<Signal> m_signal;
 };
 

@@ -12,8 +12,8 @@
 
 namespace quillbar {
 
-/// A value, or an error, that arrives once, for any number of waiters. Copies are handles to the
-/// same one; T is copied to each waiter, each of which can be cancelled alone.
+/// A value or an error that arrives once, for any number of waiters. Copies refer to the same
+/// value. Each waiter gets a copy of the T, and can be cancelled alone.
 template <class T>
 class Deferred {
     struct Waiter : ListHook {
@@ -39,7 +39,7 @@ public:
     Deferred()
         : m_state(std::make_shared<State>()) {}
 
-    /// Settles it with a value; does nothing when it is settled.
+    /// Sets the value; does nothing when a value or an error was set before.
     void setValue(T value) const {
         if (!m_state->isSettled()) {
             m_state->outcome.template emplace<1>(std::move(value));
@@ -47,7 +47,8 @@ public:
         }
     }
 
-    /// Settles it with an error, which every `wait` throws; does nothing when it is settled.
+    /// Sets the error, which every `wait` throws; does nothing when a value or an error was set
+    /// before.
     void setError(std::exception_ptr error) const {
         if (!m_state->isSettled()) {
             m_state->outcome.template emplace<2>(std::move(error));

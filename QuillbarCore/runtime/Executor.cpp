@@ -24,7 +24,8 @@ bool Executor::runOne() {
     auto& node = static_cast<ReadyNode&>(*m_queue.next());
     node.unlink();
     if (m_queue.isLinked()) {
-        // Before the resumption, so that an event loop nested in it goes on with the queue.
+        // Wake before resuming: the coroutine may run a nested event loop, which must go on with
+        // the queue.
         m_wakePending = true;
         wake();
     }

@@ -11,18 +11,18 @@ namespace quillbar {
 
 class TaskContext;
 
-/// A suspended coroutine that may stand in an executor's queue. It lives in the coroutine's frame
-/// (or beside a root task), so a queued resumption dies with what it would resume.
+/// The entry of a suspended coroutine in an executor's queue. It lives in the coroutine's frame (or
+/// beside a root task), so destroying the coroutine also takes it out of the queue.
 struct ReadyNode : ListHook {
     std::coroutine_handle<> handle;
     TaskContext* context = nullptr;
 };
 
 /// The one queue from which suspended coroutines are resumed, on the thread that owns it. Nothing
-/// else resumes a coroutine: not a push into a stream, not a cancellation, not a signal. So the code
-/// between two awaits is atomic, and re-entrancy cannot happen.
+/// else resumes a coroutine: not a push into a stream, not a cancellation, not a signal. So the
+/// code between two awaits is atomic, and re-entrancy cannot happen.
 ///
-/// Every function belongs to the owning thread, but for `post`. An executor outlives every task
+/// Only the owning thread may call its functions, except `post`. An executor outlives every task
 /// that runs on it.
 class Executor {
 public:
@@ -33,7 +33,7 @@ public:
     Executor& operator=(Executor&&) = delete;
     virtual ~Executor() = default;
 
-    /// Appends a coroutine to the queue; does nothing when it already stands there.
+    /// Appends a coroutine to the queue; does nothing when it is in the queue already.
     void enqueue(ReadyNode& node) noexcept;
 
     /// Whether the queue is empty.

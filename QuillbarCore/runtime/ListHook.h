@@ -4,8 +4,8 @@
 
 namespace quillbar {
 
-/// A node of an intrusive doubly linked ring; a lone hook serves as the list's head. A hook unlinks
-/// itself when destroyed, so nothing that waits in a list can outlive its memory. Not thread-safe.
+/// A node of an intrusive doubly linked ring; a hook of its own serves as the list's head. A hook
+/// unlinks itself when it is destroyed, so a list never points to freed memory. Not thread-safe.
 class ListHook {
 public:
     ListHook() = default;
@@ -15,20 +15,20 @@ public:
     ListHook& operator=(ListHook&&) = delete;
     ~ListHook() { unlink(); }
 
-    /// For a node: whether it stands in a list. For a head: whether the list has nodes.
+    /// For a node: whether it is in a list. For a head: whether the list has nodes.
     [[nodiscard]] bool isLinked() const noexcept { return m_next != this; }
 
     /// The following node; the head itself at the end of the list.
     [[nodiscard]] ListHook* next() const noexcept { return m_next; }
 
-    /// Takes the node out of its list; does nothing for a lone one.
+    /// Takes the node out of its list; does nothing when it is in none.
     void unlink() noexcept {
         m_previous->m_next = m_next;
         m_next->m_previous = m_previous;
         m_previous = m_next = this;
     }
 
-    /// Puts a lone node in front of `position`; in front of the head means at the end.
+    /// Inserts a node that is in no list before `position`; before the head means at the end.
     void insertBefore(ListHook& position) noexcept {
         m_previous = position.m_previous;
         m_next = &position;

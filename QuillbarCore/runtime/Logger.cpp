@@ -15,7 +15,7 @@ namespace quillbar {
 
 namespace {
 
-// Neither is ever destroyed: objects that log may be destroyed after it.
+// Neither object is ever destroyed: objects that log may be destroyed after it.
 LogSink& platformLog() {
     static auto* const log =
         new PlatformLog(STDERR_FILENO, std::getenv("JOURNAL_STREAM"), [](auto fields) {

@@ -30,9 +30,10 @@ public:
 
 /// The log handle of one component. A small value: copy it freely.
 ///
-/// Lines go to the `PlatformLog`: the journal, or standard error when the program runs by hand; one
-/// that repeats goes there once a minute, with its count (`CalmLog`). A program that logs ignores
-/// SIGPIPE, or a standard error whose reader has gone ends it. May be used from any thread.
+/// Lines go to the `PlatformLog`: to the journal, or to standard error when the program was started
+/// by hand. A repeated line is written once a minute, with its count (`CalmLog`). A program that
+/// logs must ignore SIGPIPE, which would end it once the reader of its standard error has gone. May
+/// be used from any thread.
 class Logger {
 public:
     /// The subsystem of every line: the application's id.
@@ -54,8 +55,9 @@ public:
         write(LogLevel::error, fmt::format(format, std::forward<Arguments>(arguments)...));
     }
 
-    /// Sends every line of the process to `sink`, which stays the caller's; null restores the
-    /// platform's log. Returns the sink before. For the main thread, while nothing logs elsewhere.
+    /// Sends every log line of the process to `sink`, which the caller owns; null restores the
+    /// platform's log. Returns the previous sink. Call it on the main thread, while no other thread
+    /// logs.
     static LogSink* setSink(LogSink* sink) noexcept;
 
 private:

@@ -28,9 +28,9 @@ public:
     [[nodiscard]] const T& operator*() const noexcept { return m_value; }
     [[nodiscard]] const T* operator->() const noexcept { return &m_value; }
 
-    /// Stores the value and tells the observers, unless it equals the one before. An observer may
-    /// set the value again: all are then told of that first, and the later ones a second time of
-    /// the newest value, never of the one it replaced.
+    /// Stores the value and calls the observers, unless it equals the value before. An observer may
+    /// set the value again: all observers are then called for that first, and those after it once
+    /// more, with the newest value. No observer is called with a value that was replaced.
     void set(T value) {
         if (value == m_value) {
             return;
@@ -40,8 +40,9 @@ public:
     }
 
     /// Calls `observer` with the value after each change, until the observation is destroyed. The
-    /// observer does not throw. It may end observations, this one among them, begin some, which are
-    /// told from the next change on, and destroy what it observes: nobody is told after that.
+    /// observer must not throw. It may end observations, its own too; it may add some, which are
+    /// called from the next change on; and it may destroy this object, after which no observer is
+    /// called.
     [[nodiscard]] Observation observe(std::function<void(const T&)> observer) const {
         return m_changed.observe([observer = std::move(observer)](const void* value) {
             observer(*static_cast<const T*>(value));
@@ -53,7 +54,7 @@ private:
     mutable ChangeSignal m_changed;
 };
 
-/// A map that tells its observers which key has changed, without copying the rest. For the main
+/// A map that tells its observers which key has changed, without copying the map. For the main
 /// thread.
 template <class Key, std::equality_comparable Value>
 class ObservedMap {
@@ -77,8 +78,8 @@ public:
         return found == m_map.end() ? nullptr : &found->second;
     }
 
-    /// Stores a value and tells the observers, unless the key already holds an equal one. `key` is
-    /// not a reference into this map, unless no observer removes it.
+    /// Stores a value and tells the observers, unless the key already holds an equal one. `key`
+    /// must not refer into this map if an observer may remove it.
     void set(const Key& key, Value value) {
         const auto [position, isNew] = m_map.try_emplace(key, value);
         if (!isNew) {
@@ -92,7 +93,7 @@ public:
 
     /// Removes a key and tells the observers, if it is there.
     void remove(const Key& key) {
-        // Kept until all are told: `key` may be the map's own.
+        // Keep the node until all observers were called: `key` may refer into it.
         if (const auto removed = m_map.extract(key)) {
             m_changed.tell(&removed.key());
         }
@@ -110,7 +111,7 @@ public:
     }
 
     /// Calls `observer` with the key after each change of its value, until the observation is
-    /// destroyed. The observer may do what one of an `Observed` may.
+    /// destroyed. The observer may do what an observer of an `Observed` may do.
     [[nodiscard]] Observation observe(std::function<void(const Key&)> observer) const {
         return m_changed.observe([observer = std::move(observer)](const void* key) {
             observer(*static_cast<const Key*>(key));

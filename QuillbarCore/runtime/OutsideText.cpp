@@ -37,7 +37,7 @@ void append(UChar32 character, icu::UnicodeString& line) {
 }  // namespace
 
 std::string oneLine(std::string_view text) {
-    // Nearly every text, such as a base asset at each turn of a list.
+    // Fast path for nearly every text, such as the base asset of each row.
     if (std::all_of(text.begin(), text.end(), isPrintableAscii)) {
         return std::string(text);
     }

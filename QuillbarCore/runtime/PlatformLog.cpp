@@ -17,7 +17,7 @@
 #include <utility>
 #include <vector>
 
-// The place in the source would be this file's, whoever logs.
+// The journal would record this file as the source of every line.
 #define SD_JOURNAL_SUPPRESS_LOCATION
 #include <systemd/sd-journal.h>
 
@@ -40,13 +40,13 @@ PlatformLog::PlatformLog(int standardError, const char* journalStream, Journal j
 
 void PlatformLog::write(std::string_view category, LogLevel level, std::string_view text) noexcept {
     try {
-        // Cut last: what is not UTF-8 becomes longer when it is replaced.
+        // Cut after cleaning, because replacing invalid UTF-8 makes the text longer.
         const std::string line = OutsideText::shortened(OutsideText::oneLine(text), kLongestText);
         if (!m_isStandardErrorJournal || !writeToJournal(category, level, line)) {
             writeToStandardError(category, level, line);
         }
     } catch (...) {
-        // A line that cannot be built (out of memory) is not worth the program.
+        // Out of memory: lose the line rather than end the program.
     }
 }
 
@@ -81,7 +81,7 @@ void PlatformLog::writeToStandardError(std::string_view category,
                                        std::string_view text) const {
     const std::string_view levelName = level == LogLevel::error ? "error" : "default";
     const std::string line = fmt::format("quillbar: {} {}: {}\n", category, levelName, text);
-    // One call, so that lines of several threads do not mix. Nobody waits for the log's reader.
+    // One call, so that lines of several threads do not mix. It does not wait for the log's reader.
     [[maybe_unused]] const auto written = writeUnblocked(m_standardError, line);
 }
 

@@ -12,15 +12,15 @@
 
 namespace quillbar {
 
-/// The platform's log. Lines go to the journal, with the subsystem and the category as fields of
-/// their own, when the process's standard error is the journal (a service, a desktop's autostart)
-/// and the journal takes them; else to standard error, each as one line of text. A standard error
-/// that is closed, or full because its reader is slow, loses the line and stops nothing, provided
-/// that the program ignores SIGPIPE.
+/// The platform's log. If standard error is the journal (a service, a desktop's autostart) and the
+/// journal accepts it, a line goes to the journal, with the subsystem and the category as fields.
+/// Otherwise it goes to standard error as one line of text. If standard error is closed, or full
+/// because its reader is slow, the line is lost and nothing waits, provided that the program
+/// ignores SIGPIPE.
 ///
-/// One line of log is one line and commands no terminal, whatever a server or another program put
-/// into an error's text (`OutsideText::oneLine`). Its text has at most `kLongestText` bytes, and one
-/// "…" more when it was cut.
+/// `OutsideText::oneLine` cleans each text, so that an error's text from a server or another
+/// program cannot forge lines or control a terminal. A text of more than `kLongestText` bytes is
+/// cut and ends with "…".
 class PlatformLog final : public LogSink {
 public:
     /// Where a text is cut, in bytes; the "…" that follows is not counted.
@@ -30,7 +30,7 @@ public:
     using Journal = std::function<bool(std::span<std::string> fields)>;
 
     /// `journalStream` is $JOURNAL_STREAM, the device and inode of the journal's own stream; null
-    /// when it is not set. Reads it here alone.
+    /// when it is not set. Only the constructor reads it.
     PlatformLog(int standardError, const char* journalStream, Journal journal);
 
     void write(std::string_view category, LogLevel level, std::string_view text) noexcept override;

@@ -17,8 +17,8 @@ namespace {
 class QtExecutor final : public QObject,
                          public Executor {
 public:
-    // What is posted waits here: ThreadSanitizer cannot see into Qt's queue of events, and so could
-    // not judge what another thread hands over there.
+    // Posted functions wait in a queue of our own: ThreadSanitizer cannot see into Qt's event
+    // queue, and so cannot check what other threads hand over there.
     void post(std::function<void()> function) override {
         {
             const std::lock_guard lock(m_lock);
@@ -56,7 +56,7 @@ private:
     }
 
     std::mutex m_lock;
-    // Guarded by the lock: as many as there are events on their way.
+    // Guarded by the lock. One function for each posted event that has not arrived.
     std::deque<std::function<void()>> m_posted;
 };
 

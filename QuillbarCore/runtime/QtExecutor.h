@@ -9,8 +9,8 @@
 namespace quillbar {
 
 /// An executor on the event loop of the thread that makes it: each turn of the loop resumes one
-/// coroutine, so that sockets, timers and windows have their share in between. Needs a
-/// QCoreApplication as long as it lives. What is still posted when it is destroyed never runs.
+/// coroutine, so that sockets, timers and windows are served in between. Needs a QCoreApplication
+/// as long as it lives. Posted functions that have not run when it is destroyed never run.
 [[nodiscard]] std::unique_ptr<Executor> makeQtExecutor();
 
 }  // namespace quillbar

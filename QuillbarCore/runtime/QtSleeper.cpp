@@ -19,7 +19,7 @@ using Monotonic = std::chrono::steady_clock;
 class TimerOperation {
 public:
     TimerOperation(Seconds span, Seconds longestTimer)
-        // In this order NaN counts as zero.
+        // std::max returns its first argument if the other one is NaN.
         : m_due(now() + std::max(Seconds::zero(), span))
         , m_longestTimer(longestTimer) {}
 

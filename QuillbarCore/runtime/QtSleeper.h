@@ -7,12 +7,12 @@
 
 namespace quillbar {
 
-/// What a single timer of the event loop can span; longer sleeps are made of several.
+/// The longest time of one timer; a longer sleep uses several timers in turn.
 inline constexpr Seconds kLongestQtTimer{1'000'000};
 
-/// A sleeper on the event loop and the monotonic clock, which stands still while the machine is
-/// suspended. It never wakes early. Zero, negative and undefined (NaN) spans wake at the next turn
-/// of the loop; any other span is kept to, infinity included.
+/// A sleeper on the event loop and the monotonic clock, which stops while the machine is suspended.
+/// It never wakes early. Zero, negative and NaN spans end at the next turn of the event loop; an
+/// infinite span never ends.
 ///
 /// `longestTimer`, greater than 0, is for tests.
 [[nodiscard]] Sleeper makeQtSleeper(Seconds longestTimer = kLongestQtTimer);

@@ -16,8 +16,8 @@ namespace {
 
 constexpr int kIdleThreadMilliseconds = 2'000;
 
-// The pool has a queue too, but ThreadSanitizer cannot see into Qt and so could not judge what is
-// handed over there.
+// The jobs wait in a queue of our own, not in the pool's: ThreadSanitizer cannot see into Qt, and
+// so cannot check what is handed over there.
 class QtWorker final : public Worker,
                        private QRunnable {
 public:
@@ -59,7 +59,7 @@ private:
         }
     }
 
-    // Absent, and not running any more, when no job waits.
+    // The next job. Absent when none waits; then the worker no longer counts as running.
     std::optional<std::function<void()>> next() {
         const std::lock_guard lock(m_lock);
         if (m_jobs.empty()) {

@@ -8,9 +8,8 @@
 
 namespace quillbar {
 
-/// A worker with one thread, which runs the jobs one after another in the order given and is given
-/// back to the system soon after the last. Destroying the worker drops the jobs that wait and waits
-/// for the one that runs.
+/// A worker with one thread, which runs the jobs one after another in the order given, and ends
+/// soon after the last. Destroying the worker drops the waiting jobs and waits for the running one.
 [[nodiscard]] std::unique_ptr<Worker> makeQtWorker();
 
 }  // namespace quillbar

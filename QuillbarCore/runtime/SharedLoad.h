@@ -14,9 +14,9 @@
 
 namespace quillbar {
 
-/// One load that many callers await: who comes while it runs gets the same result or error. The
-/// load belongs to this object, not to a caller: no caller's cancellation touches it. Destroying the
-/// object ends the load and every wait for it with `Cancelled`.
+/// One load for many callers: a caller that comes while it runs gets the same result or error. The
+/// load belongs to this object, so it goes on when a caller is cancelled. Destroying the object
+/// ends the load, and every wait for it with `Cancelled`.
 template <class T>
 class SharedLoad {
 public:
@@ -40,7 +40,7 @@ public:
             m_current.emplace();
             m_scope.spawn(run(*m_current));
         }
-        // Nothing of this object is touched after the wait: it may be gone by then.
+        // Do not use this object after the wait: it may be destroyed by then.
         const Deferred<T> result = *m_current;
         co_return co_await result.wait();
     }

@@ -41,8 +41,8 @@ struct TaskPromiseBase {
 
     TaskContext* context = nullptr;
     std::coroutine_handle<> continuation;
-    // Set while the awaiting coroutine runs this one for the first time: one that ends without
-    // suspending returns to it instead of resuming it, so the stack does not grow in a loop.
+    // Set while the awaiting coroutine starts this one. If this one ends without suspending, it
+    // returns to its caller instead of resuming it, so that awaits in a loop do not grow the stack.
     bool starting = false;
 };
 
@@ -88,7 +88,7 @@ struct TaskPromise<void> : TaskPromiseBase {
 /// A coroutine that computes a T. It is lazy and owned: nothing runs before it is awaited (once, as
 /// an rvalue) or spawned in a `TaskScope`, and destroying it destroys its frame.
 ///
-/// A destroyed task runs the destructors of its locals but no catch block: clean-up lives in
+/// A destroyed task runs the destructors of its locals but no catch block: clean-up belongs into
 /// destructors. What the coroutine throws comes out of the await; a cancelled task throws
 /// `Cancelled` out of its pending await and out of every later one.
 ///
@@ -184,9 +184,10 @@ private:
     Executor* m_executor = nullptr;
 };
 
-/// `const bool isCancelled = co_await IsCancelled();` — whether the running task has been cancelled;
-/// never suspends, and never throws. For who must know before the next await throws: an operation
-/// that completed before the cancellation still delivers its result or its error.
+/// `const bool isCancelled = co_await IsCancelled();` — whether the running task has been
+/// cancelled; never suspends, and never throws. For code that must know before the next await
+/// throws: an operation that completed before the cancellation still delivers its result or its
+/// error.
 class IsCancelled {
 public:
     [[nodiscard]] bool await_ready() const noexcept { return false; }

@@ -8,7 +8,7 @@ namespace quillbar {
 
 class Executor;
 
-/// The innermost await of a suspended chain of tasks, as cancellation sees it.
+/// The innermost await of a suspended chain of tasks, which cancelling has to stop.
 class PendingOperation {
 public:
     PendingOperation() = default;
@@ -24,8 +24,8 @@ protected:
     ~PendingOperation() = default;
 };
 
-/// What a root task and all that it awaits share. The chain root, child, … has at most one pending
-/// innermost await, and the context points to it: so cancelling needs no token parameters.
+/// What a root task shares with all tasks that it awaits. This chain of tasks has at most one
+/// pending innermost await. The context points to it, so cancelling needs no token parameters.
 class TaskContext {
 public:
     explicit TaskContext(Executor& taskExecutor)
@@ -36,7 +36,7 @@ public:
     TaskContext& operator=(TaskContext&&) = delete;
 
     /// Cancels the task: its pending await, and every later one, throws `Cancelled`. An operation
-    /// that completed before delivers its result first. Nothing is resumed inline.
+    /// that was completed before delivers its result first. Nothing is resumed inline.
     void cancel() noexcept {
         if (cancelled) {
             return;

@@ -35,7 +35,7 @@ public:
 
     RootLink link{this};
     std::shared_ptr<Root*> self = std::make_shared<Root*>(this);
-    // Last: the frame goes before everything that it may refer to.
+    // Last: the frame is destroyed before everything that it may refer to.
     Task<void> task;
 };
 
@@ -73,7 +73,8 @@ void TaskScope::cancelAll() noexcept {
 
 void TaskScope::finish(Root* root) noexcept {
     const std::exception_ptr error = root->task.handle().promise().error;
-    // Out of the list first: with the frame may go a parameter that is the last owner of the scope.
+    // Unlink first: destroying the frame may destroy a parameter that is the last owner of the
+    // scope.
     root->link.unlink();
     delete root;
     if (!error) {

@@ -14,11 +14,11 @@
 
 namespace quillbar {
 
-/// Owns running root tasks. Make it **the last member** of the object whose `this` its tasks use: it
-/// is then destroyed first, and after the object's destructor nothing of a task runs (only the
-/// destructors of its locals, inside that destructor).
+/// Owns running root tasks. Make it **the last member** of the object whose `this` its tasks use:
+/// it is then destroyed first, and no task uses the rest of the object. Nothing of a task runs
+/// later than that; its locals are destroyed in the scope's destructor.
 ///
-/// An error that leaves a root task goes to the log, category "Runtime"; `Cancelled` does not.
+/// An error that a root task throws is logged, in the category "Runtime"; `Cancelled` is not.
 ///
 /// Destroying a scope from inside one of its own tasks is a programming error and aborts; post the
 /// destruction to the executor instead.
@@ -35,7 +35,8 @@ public:
     TaskScope& operator=(TaskScope&&) = delete;
     ~TaskScope();
 
-    /// A weak handle to a root task; safe to keep and use after the task or the scope are gone.
+    /// A weak handle to a root task; safe to keep and use after the task has ended or the scope was
+    /// destroyed.
     class Handle {
     public:
         Handle() = default;
@@ -57,8 +58,8 @@ public:
     /// executor's queue, never inline.
     Handle spawn(Task<void> task);
 
-    /// The same for a callable that returns a task, such as a lambda with captures: it is kept alive
-    /// beside the task it made.
+    /// The same for a callable that returns a task, such as a lambda with captures: it is kept
+    /// alive beside the task it made.
     template <class Function>
     requires std::is_invocable_r_v<Task<void>, Function&> Handle spawn(Function function) {
         return spawn(invoke(std::move(function)));

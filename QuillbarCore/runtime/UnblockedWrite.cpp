@@ -17,8 +17,8 @@ namespace quillbar {
 
 namespace {
 
-// Opens the pipe or terminal a second time, because O_NONBLOCK belongs to what was opened and so to
-// everybody who shares it. Returns -1 when it may not be opened, or has no reader.
+// Opens the pipe or terminal a second time, because O_NONBLOCK would hold for every process that
+// shares the first descriptor. Returns -1 when it may not be opened, or has no reader.
 int openedAgain(int descriptor) noexcept {
     std::array<char, 32> path{};
     fmt::format_to_n(path.data(), path.size() - 1, "/proc/self/fd/{}", descriptor);
@@ -49,7 +49,7 @@ ssize_t writeUnblocked(int descriptor, std::string_view bytes) noexcept {
             errno = EAGAIN;
             return -1;
         }
-        // A pipe that is ready takes so many without waiting.
+        // A pipe that is ready takes this many bytes without waiting.
         bytes = bytes.substr(0, PIPE_BUF);
     }
     return ::write(descriptor, bytes.data(), bytes.size());

@@ -13,8 +13,8 @@
 
 namespace quillbar {
 
-/// Runs jobs on other threads, for the decoding of large bodies. Destroyed before the executors to
-/// which its jobs report; its destructor waits for the jobs that run.
+/// Runs jobs on other threads, for decoding large bodies. Destroy it before the executors to which
+/// its jobs report. Its destructor waits for the running jobs.
 class Worker {
 public:
     Worker() = default;
@@ -24,7 +24,7 @@ public:
     Worker& operator=(Worker&&) = delete;
     virtual ~Worker() = default;
 
-    /// Runs `job` once, later or at once, on any thread. The job does not throw.
+    /// Runs `job` once, later or at once, on any thread. The job must not throw.
     virtual void run(std::function<void()> job) = 0;
 };
 
@@ -85,7 +85,7 @@ private:
 };
 
 /// Runs `function` on the worker and delivers its result, or what it throws, on the awaiting task's
-/// thread. Cancelling abandons the result. The function holds values alone, never a `this`.
+/// thread. Cancelling abandons the result. The function must hold values only, never `this`.
 template <class Function>
 [[nodiscard]] Await<OffloadOperation<Function>> offload(Worker& worker, Function function) {
     return Await<OffloadOperation<Function>>{std::in_place, worker, std::move(function)};

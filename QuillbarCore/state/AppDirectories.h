@@ -9,7 +9,7 @@
 /// Where the application keeps its files, and where desktops look for theirs.
 namespace quillbar::AppDirectories {
 
-/// What the system says of the user's folders; an absent text is one that it does not say.
+/// The user's folders, as the system names them; absent where it names none.
 struct UserFolders final {
     /// XDG_DATA_HOME.
     std::optional<std::string> dataHome = std::nullopt;
@@ -22,8 +22,8 @@ struct UserFolders final {
 };
 
 /// The application's own folder, "Quillbar": in XDG_DATA_HOME, or else in .local/share of HOME, or
-/// else in .local/share of the home folder of the user database. One that is absent, empty or not
-/// absolute is passed over. The folder is not created.
+/// else in .local/share of the home folder of the user database. A folder that is absent, empty or
+/// not absolute is skipped. The folder is not created.
 ///
 /// Without any of the three there is nowhere to keep the user's list: ends the process with
 /// abort(), after a line on stderr.
@@ -33,8 +33,8 @@ struct UserFolders final {
 [[nodiscard]] std::filesystem::path applicationSupport();
 
 /// The user's folder of configuration files: XDG_CONFIG_HOME, or else .config of the home folder,
-/// which is found as for `applicationSupport`. Absent without any of them: nothing that the
-/// application cannot do without is kept there. The folder is not created.
+/// which is found as for `applicationSupport`. Absent without any of them: the application can do
+/// without this folder. The folder is not created.
 [[nodiscard]] std::optional<std::filesystem::path> configurationHome(const UserFolders& folders);
 
 /// The same, from the process's environment and the system's user database. For the main thread.

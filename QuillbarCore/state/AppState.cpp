@@ -58,7 +58,7 @@ AppState::AppState(AppStateDependencies dependencies)
     m_streamFailureObservation =
         m_stream.failure().observe([this](const std::optional<ConnectionFailure>& failure) {
             updateConnectionFailure();
-            // One server of the stream says nothing of the others.
+            // Other servers may serve this region: ask all of them.
             if (failure && isOfTheRegion(*failure)) {
                 askWhetherThisRegionIsServed();
             }
@@ -119,7 +119,7 @@ void AppState::handleTicker(const TickerEvent& event) {
 Task<void> AppState::runWatchdog() {
     for (;;) {
         co_await m_sleeper(m_watchdogInterval);
-        // No event drops the price of a stream that has fallen silent.
+        // A silent stream sends no event at which its old price could be dropped.
         updateLabel();
         co_await checkStaleConnection();
     }
@@ -141,14 +141,14 @@ bool AppState::isDataStale() const {
 }
 
 void AppState::noteUpdate(TimePoint now) {
-    // First, for the observers who ask whether the data are stale.
+    // First, because observers of m_lastUpdate ask whether the data are stale.
     m_updatedAt = m_monotonic();
     m_isOutsideRegion = false;
     m_lastUpdate.set(now);
 }
 
 void AppState::setTicker(const std::string& symbol, const Ticker& ticker, TimePoint now) {
-    // First, for the observers who ask how old the price is.
+    // First, because observers of m_tickers ask how old the price is.
     m_tickerReadings.insert_or_assign(symbol, Reading{.wall = now, .monotonic = m_monotonic()});
     m_tickers.set(symbol, ticker);
 }
@@ -170,7 +170,7 @@ std::optional<TimePoint> AppState::lastUpdateOf(const std::string& symbol) const
 }
 
 TimePoint AppState::byPresentClock(const Reading& past) const {
-    // Two clocks never agree to the last digit.
+    // The two clocks never agree exactly.
     constexpr Seconds kTolerance{1};
     const TimePoint now = m_now();
     const Seconds since = m_monotonic() - past.monotonic;
@@ -178,7 +178,7 @@ TimePoint AppState::byPresentClock(const Reading& past) const {
 }
 
 Seconds AppState::silence() const {
-    // A wall clock that was set back knows nothing of a silence.
+    // A wall clock that was set back does not show how long the stream has been silent.
     return std::max(m_now() - m_lastUpdate->value_or(kDistantPast), m_monotonic() - m_updatedAt);
 }
 
@@ -207,7 +207,7 @@ Task<void> AppState::refreshSnapshot() {
 
 void AppState::updateConnectionFailure() {
     std::optional<ConnectionFailure> failure = *m_stream.failure();
-    // While prices stream, this region is served; and a network that is away is a reason of its own.
+    // Without a failure this region is served, and a missing network is the better reason.
     if (failure && m_isOutsideRegion && !isOfTheNetwork(*failure)) {
         failure = ConnectionFailure{.kind = ConnectionFailure::Kind::notServedHere};
     }
@@ -269,7 +269,7 @@ void AppState::showPriceOfStream(TimePoint now) {
         m_lastLabelStamp = now;
         m_labelSecond.cancel();
     }
-    // A price is held back after the second when the wall clock goes slower than the sleeper.
+    // With a wall clock slower than the sleeper, a price can be held back after the second.
     if (!isHeldBack || !m_labelSecond.isRunning()) {
         m_labelSecond = m_scope.spawn(endLabelSecond());
     }
@@ -277,7 +277,7 @@ void AppState::showPriceOfStream(TimePoint now) {
 
 Task<void> AppState::endLabelSecond() {
     co_await m_sleeper(kLabelThrottle);
-    // A price may have been held back, and a quiet market has no later one that would show it.
+    // A price may have been held back, and in a quiet market no later one would show it.
     updateLabel();
 }
 
@@ -376,7 +376,7 @@ void AppState::setLastBoard(std::optional<RankingBoard> board) {
     }
     m_settings.set(m_settings->settingLastBoard(board));
     try {
-        // A tab is not worth waiting for the disk, which on some takes half a second.
+        // Do not wait for the disk, which may take half a second: a tab is not worth that.
         m_settingsStore.save(*m_settings, AtomicFile::Durability::process);
     } catch (const std::exception& error) {
         m_logger.log("save last board failed: {}", error.what());

@@ -49,19 +49,19 @@ struct AppStateDependencies final {
     /// Its events are consumed by the state alone.
     PriceStreaming& stream;
     WatchlistStore store;
-    /// A list in place of the stored one, which is then not read. For a state that is never edited:
-    /// an edit would save it over the user's.
+    /// A list to use in place of the stored one, which is then not read. Only for a state that is
+    /// never edited: an edit would overwrite the user's list.
     std::optional<Watchlist> watchlist = std::nullopt;
     SettingsStore settingsStore;
     CoinCatalog& catalog;
     Clock now = systemClock();
-    /// Beside the wall clock, which may be set back while a stream is silent.
+    /// Used beside the wall clock, which may be set back while a stream is silent.
     MonotonicClock monotonic = bootClock();
-    /// In which the local days are taken.
+    /// Defines the local days.
     Calendar calendar = Calendar::autoupdatingCurrent();
-    /// On a monotonic clock.
+    /// Sleeps on a monotonic clock.
     Sleeper sleeper;
-    /// How often the label and the connection are looked at.
+    /// How often the label and the connection are checked.
     Seconds watchdogInterval{30};
     /// A connected stream that has been silent for longer is started again.
     Seconds staleReconnectThreshold{90};
@@ -70,16 +70,15 @@ struct AppStateDependencies final {
 /// The observable model behind the label and the watchlist: the user's list and settings, which it
 /// saves at each edit; the latest prices, from the stream and from snapshots; the label's text.
 ///
-/// Belongs to the executor's thread. Observers are told of each change of a field, and of nothing
-/// else: a field that is set to an equal value stays silent. An observer may read any field, but it
-/// calls no edit and destroys nothing of this object; it posts such things to the executor.
+/// Belongs to the executor's thread. Observers are called for each change of a field, but not when
+/// a field is set to an equal value. An observer may read any field, but it calls no edit and
+/// destroys nothing of this object; it posts such things to the executor.
 ///
-/// Each operation that returns a task uses this object until the task ends: who awaits one ends it
-/// before destroying this object. What the object started by itself ends in its destructor.
+/// A task that an operation returns uses this object until the task ends: end it before destroying
+/// this object. The tasks that the object started itself end in its destructor.
 ///
-/// Nothing here throws but `chart` (and `Cancelled`, out of a cancelled task): a request that fails
-/// costs a line in the log and changes nothing; a save that fails keeps the edit in memory and sets
-/// `lastError`.
+/// Only `chart` throws, and every cancelled task throws `Cancelled`. A failed request is logged and
+/// changes nothing; a failed save keeps the edit in memory and sets `lastError`.
 class AppState final {
 public:
     /// The age beyond which prices are stale and the label drops them.
@@ -92,8 +91,8 @@ public:
     /// subscribes the stream to the watchlist, then fetches the snapshot and today's opens.
     Task<void> bootstrap();
 
-    /// Says that the machine woke from sleep or that a network came back: subscribes the stream
-    /// again at once, whatever its state, and fetches the snapshot.
+    /// Call it when the machine woke from sleep or a network came back: subscribes the stream again
+    /// at once, whatever its state, and fetches the snapshot.
     Task<void> resume();
 
     // What is observed. The references are valid for the life of this object.
@@ -104,20 +103,20 @@ public:
     [[nodiscard]] const ObservedMap<std::string, Ticker>& tickers() const noexcept {
         return m_tickers;
     }
-    /// Calls `observer` with each price that the stream tells, also with one that equals the last,
-    /// after it has been stored, until the observation is destroyed. Snapshots are not told.
+    /// Calls `observer` with each price of the stream after it was stored, even if it equals the
+    /// last one, until the observation is destroyed. Prices of snapshots do not count.
     [[nodiscard]] Observation observeStream(
         std::function<void(const TickerEvent& event)> observer) const {
         return m_streamed.observe([observer = std::move(observer)](const void* event) {
             observer(*static_cast<const TickerEvent*>(event));
         });
     }
-    /// What the stream told last; `disconnected` before that.
+    /// The last state that the stream reported; `disconnected` before the first.
     [[nodiscard]] const Observed<ConnectionState>& connectionState() const noexcept {
         return m_connectionState;
     }
-    /// Why no prices stream: what ended the stream's last connection, until one delivers again. It
-    /// is `notServedHere` when the last snapshot failed for that, on every server.
+    /// Why no prices arrive: what ended the stream's last connection, until one delivers again. It
+    /// is `notServedHere` if the last snapshot failed for that reason on every server.
     [[nodiscard]] const Observed<std::optional<ConnectionFailure>>& connectionFailure() const {
         return m_connectionFailure;
     }
@@ -125,36 +124,36 @@ public:
     [[nodiscard]] const Observed<std::optional<TimePoint>>& lastUpdate() const noexcept {
         return m_lastUpdate;
     }
-    /// The same, told by the wall clock as it is set at present: another time than `lastUpdate` when
-    /// the clock was set back since then. For telling the age of the data.
+    /// The same instant by the wall clock as it is set now. It differs from `lastUpdate` if the
+    /// clock was set back since then. For showing the age of the data.
     [[nodiscard]] std::optional<TimePoint> lastUpdateByPresentClock() const;
-    /// When the ticker of this symbol came, from the stream or in a snapshot, told by the wall clock
-    /// as it is set at present; absent before the first. Older than the last update for a coin that
-    /// the stream tells nothing of while others have prices.
+    /// When the last ticker of this symbol came, from the stream or in a snapshot, by the wall
+    /// clock as it is set now; absent before the first. Older than the last update for a coin
+    /// without new prices while others have some.
     [[nodiscard]] std::optional<TimePoint> lastUpdateOf(const std::string& symbol) const;
-    /// What the label says. Prices of the stream reach it at most once a second; the last one of a
-    /// second does at its end.
+    /// What the label says. It takes a price of the stream at most once a second; at the end of the
+    /// second it takes the last one that came meanwhile.
     [[nodiscard]] const Observed<PinnedQuote>& pinnedQuote() const noexcept {
         return m_pinnedQuote;
     }
-    /// The same, with the freshness of this moment: nothing is told when a price grows old between
-    /// two looks at the label.
+    /// The same with the present freshness: observers are not called when a price grows old between
+    /// two checks of the label.
     [[nodiscard]] PinnedQuote pinnedQuoteNow() const;
-    /// What a label would say of this coin, pinned or not, at this moment; of none without a coin.
-    /// Prices come in for the coins of the list alone.
+    /// What a label would say now of this coin, pinned or not, or without a coin. Only the coins of
+    /// the list get prices.
     [[nodiscard]] PinnedQuote quoteOf(std::optional<Coin> coin) const;
-    /// The text of `pinnedQuote`. It changes just after that.
+    /// The text of `pinnedQuote`. It changes just after `pinnedQuote`.
     [[nodiscard]] const Observed<std::string>& menuBarText() const noexcept {
         return m_menuBarText;
     }
-    /// What the user should know of the last edit that was not saved.
+    /// The message for the user if the last edit was not saved.
     [[nodiscard]] const Observed<std::optional<std::string>>& lastError() const noexcept {
         return m_lastError;
     }
     /// The user's settings.
     [[nodiscard]] const Observed<AppSettings>& settings() const noexcept { return m_settings; }
-    /// Each symbol's price at local midnight, as far as it has been fetched, which it is only while
-    /// the basis is `today`.
+    /// The known prices at local midnight, by symbol. They are fetched only while the basis is
+    /// `today`.
     [[nodiscard]] const ObservedMap<std::string, double>& todayOpens() const noexcept {
         return m_todayOpens.opens();
     }
@@ -162,8 +161,8 @@ public:
     // What is computed at each call.
 
     /// Whether what is shown may be out of date: the stream is not connected, or its last price is
-    /// over a minute old. A stream that is connected and has told nothing yet counts as fresh; the
-    /// label, which has nothing to show then, is stricter on purpose.
+    /// over a minute old. A connected stream that has sent nothing yet counts as fresh; the label,
+    /// which has nothing to show then, is stricter on purpose.
     [[nodiscard]] bool isDataStale() const;
 
     /// The symbol's change in percent by the basis of the settings; absent when its ticker, or the
@@ -175,28 +174,28 @@ public:
 
     // Edits of the watchlist. Each is saved at once, before the first suspension.
 
-    /// Appends a coin, subscribes the stream to it and fetches its price and open. Does nothing when
-    /// its symbol is on the list.
+    /// Appends a coin, subscribes the stream to it and fetches its price and open. Does nothing
+    /// when its symbol is on the list.
     Task<void> add(Coin coin) { return addAll({std::move(coin)}); }
-    /// The same for several coins at once, in their order: one save, one subscription, one request for
-    /// their prices. Coins whose symbol is on the list are left out.
+    /// The same for several coins at once, in their order: one save, one subscription, one request
+    /// for their prices. Coins whose symbol is on the list are left out.
     Task<void> addAll(std::vector<Coin> coins);
     /// Removes a coin with its prices and subscribes the stream to the rest. Does nothing when the
     /// symbol is not on the list.
     Task<void> remove(std::string symbol);
-    /// Moves coins as `Watchlist::moving` does (which aborts for an offset that is not on the list).
-    /// Does nothing when the order stays as it is. The stream's subscription stays too.
+    /// Moves coins as `Watchlist::moving` does (which aborts for an offset that is not on the
+    /// list). Does nothing when the order stays as it is. The stream's subscription stays too.
     Task<void> move(std::set<std::size_t> fromOffsets, std::size_t toOffset);
     /// Pins the coin, whose price the label shows at once. Saves even when nothing changes.
     void pin(std::string_view symbol);
 
     // Edits of the settings. Each is saved at once; each does nothing for the value that is set.
 
-    /// Also fetches today's opens, in the background, when they are what the basis needs.
+    /// Also fetches today's opens in the background, if the basis needs them.
     void setChangeBasis(ChangeBasis basis);
     void setAppearance(AppearanceMode mode);
-    /// None stands for the watchlist. A save that fails is logged and not shown: little is lost. It
-    /// does not wait for the disk: a power cut a few seconds later may cost the settings.
+    /// Absent for the watchlist. A failed save is logged and not shown, because little is lost. The
+    /// save does not wait for the disk: a power cut a few seconds later may cost the settings.
     void setLastBoard(std::optional<RankingBoard> board);
 
     // Requests.
@@ -204,7 +203,7 @@ public:
     /// The candles for a coin's chart, at most `timeToLive(range)` old. Throws what
     /// `BinanceAPI::klines` throws.
     Task<std::vector<Candle>> chart(std::string symbol, ChartRange range);
-    /// For how long `chart` answers with the same candles and without a request; 0 when it asks.
+    /// For how long `chart` returns the same candles without a request; 0 when it would send one.
     [[nodiscard]] Seconds chartFreshFor(std::string_view symbol, ChartRange range) const {
         return m_chartCache.freshFor(symbol, range, m_now());
     }
@@ -214,7 +213,7 @@ public:
     Task<void> refreshTodayOpens() { return m_todayOpens.refresh(); }
 
 private:
-    /// An instant, as both clocks told it.
+    /// An instant on both clocks.
     struct Reading {
         TimePoint wall;
         Seconds monotonic;
@@ -232,8 +231,8 @@ private:
     /// Notes that a ticker or a snapshot has come.
     void noteUpdate(TimePoint now);
     [[nodiscard]] TimePoint byPresentClock(const Reading& past) const;
-    /// How long ago the last ticker or snapshot came, by the clock that says longer; beyond every
-    /// threshold when none has.
+    /// The time since the last ticker or snapshot, by the clock that gives the longer time; beyond
+    /// every threshold when none has come.
     [[nodiscard]] Seconds silence() const;
     [[nodiscard]] PinnedQuote computePinnedQuote() const;
     /// How fresh the label's price is while the label shows one: `stale` or `live`.
@@ -243,7 +242,7 @@ private:
     void showPriceOfStream(TimePoint now);
     Task<void> endLabelSecond();
     void updateConnectionFailure();
-    /// By a snapshot, at most once a minute.
+    /// Requests a snapshot for that, at most once a minute.
     void askWhetherThisRegionIsServed();
 
     void applyWatchlist(Watchlist watchlist);
@@ -277,7 +276,7 @@ private:
     std::unordered_map<std::string, Reading> m_tickerReadings;
     // The last update on the monotonic clock.
     Seconds m_updatedAt{};
-    // Whether the requests, at the last look, found no server that serves this region.
+    // Whether the last snapshot found no server that serves this region.
     bool m_isOutsideRegion = false;
     TimePoint m_lastRegionRequest = kDistantPast;
     Observation m_streamFailureObservation;

@@ -13,7 +13,7 @@ namespace quillbar {
 enum class AppearanceMode : std::uint8_t {
     dark,
     light,
-    /// As the desktop is.
+    /// The same as the desktop.
     system,
 };
 

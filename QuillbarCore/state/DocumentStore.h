@@ -19,9 +19,9 @@ namespace quillbar {
 /// One of the user's documents, a small JSON file in the application's folder. For the main thread,
 /// which it blocks while it reads or writes. A movable value.
 ///
-/// `Kind` says what is peculiar to the document:
+/// `Kind` describes the document:
 ///
-///     using Document = …;                              // with schemaVersion, kCurrentSchemaVersion
+///     using Document = …;  // with schemaVersion and kCurrentSchemaVersion
 ///     static constexpr std::string_view kFileName, kLogCategory;
 ///     static const Document& defaultDocument();
 ///     static Document decode(std::string_view text);   // throws DocumentError
@@ -40,9 +40,10 @@ public:
 
     [[nodiscard]] const std::filesystem::path& path() const noexcept { return m_file.path(); }
 
-    /// The stored document. Never fails: the default, and one log line, when there is no file (as at
-    /// the first start), when it cannot be read or decoded, and when it is of another version. The
-    /// file is left as it is. A decoded document of the current version is not judged further.
+    /// The stored document. Never fails: returns the default, and logs one line, when there is no
+    /// file (as at the first start), when it cannot be read or decoded, and when it is of another
+    /// version. The file stays as it is. A decoded document of the current version is not checked
+    /// further.
     [[nodiscard]] Document load() {
         try {
             const std::string text = m_file.read();
@@ -54,18 +55,18 @@ public:
             m_file.markUnderstood();
             return document;
         } catch (const std::exception& error) {
-            // It may quote a damaged file at length.
+            // The error may quote a damaged file at length.
             Kind::logUnreadable(m_logger, OutsideText::shortened(error.what()));
             return Kind::defaultDocument();
         }
     }
 
     /// Replaces the file at once, making the folder where it is missing. A file that this store has
-    /// not understood is kept beside it first (`DocumentFile::replace`). The user's own edits are to
-    /// outlast a power cut.
+    /// not understood is kept beside it first (`DocumentFile::replace`). By default the bytes
+    /// survive a power cut, as the user's own edits must.
     ///
-    /// Throws `FileError` when it cannot be kept or written, `DocumentError` when the document holds
-    /// a text that is not UTF-8. The file is then as it was.
+    /// Throws `FileError` when the file cannot be kept or written, `DocumentError` when the
+    /// document holds a text that is not UTF-8. The file is then as it was.
     void save(const Document& document,
               AtomicFile::Durability durability = AtomicFile::Durability::powerCut) {
         const std::string text = Kind::encode(document);

@@ -16,7 +16,7 @@ namespace quillbar {
 enum class PriceFreshness {
     /// The label shows no price: none is known, or the last one is too old.
     none,
-    /// It shows one that must not be taken for live: the stream is down or silent.
+    /// It shows a price that must not be taken for live: the stream is down or silent.
     stale,
     live,
 };
@@ -50,11 +50,11 @@ struct PinnedQuote final {
     /// Whether the label must not be taken for live.
     [[nodiscard]] bool isStale() const { return freshness != PriceFreshness::live; }
 
-    /// The sign of the change as far as it is live; a change that is not known is flat.
+    /// The sign of the change, or `stale`; an unknown change is flat.
     [[nodiscard]] LabelDirection direction() const;
 
-    /// The label's text: "Quillbar" without a coin; its base asset, alone without a price, otherwise
-    /// with price and change, "BTC 67,234.50 ▲ 1.23%".
+    /// The label's text: "Quillbar" without a coin, the base asset alone without a price, and
+    /// otherwise base asset, price and change: "BTC 67,234.50 ▲ 1.23%".
     [[nodiscard]] std::string text() const;
 
     [[nodiscard]] bool operator==(const PinnedQuote&) const = default;

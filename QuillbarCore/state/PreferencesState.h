@@ -15,8 +15,8 @@
 
 namespace quillbar {
 
-/// The observable model of the user's preferences, which it saves at each edit. For the main thread,
-/// which it blocks while it reads or writes the file.
+/// The observable model of the user's preferences, which it saves at each edit. For the main
+/// thread, which it blocks while it reads or writes the file.
 class PreferencesState final {
 public:
     /// Loads the stored preferences, or the default ones as `PreferencesStore::load` does.

@@ -11,12 +11,12 @@
 
 namespace quillbar {
 
-/// What is peculiar to the stored settings, "settings.json":
+/// Describes the stored settings, "settings.json":
 ///
 ///     {"schemaVersion":1,"changeBasis":"today","appearance":"light","lastBoard":"gainers"}
 ///
-/// Version and basis are required; an absent appearance is dark. A raw text that stands for nothing
-/// fails the whole document.
+/// Version and basis are required; an absent appearance is dark. An unknown raw text fails the
+/// whole document.
 struct SettingsDocument final {
     using Document = AppSettings;
     static constexpr std::string_view kFileName = "settings.json";

@@ -22,8 +22,8 @@ constexpr Seconds kRetrySpacing{60};
 constexpr std::size_t kAskedTogether = 10;
 constexpr Seconds kPause{1};
 
-/// The whole minutes of UTC up to the instant. No local day begins within one: every zone of our
-/// time is whole minutes away from UTC.
+/// The number of whole minutes of UTC up to the instant. No local day begins within one: today all
+/// zones differ from UTC by whole minutes.
 std::int64_t minuteOf(TimePoint instant) {
     return static_cast<std::int64_t>(std::floor(instant.time_since_epoch() / Seconds(60)));
 }
@@ -53,7 +53,7 @@ void TodayOpens::check(TimePoint now) {
     if (!areWanted() || m_refreshing.isRunning()) {
         return;
     }
-    // Neither the day nor what is there changes within a minute, but for the edits that reset it.
+    // Within a minute only edits can make an open missing, and those reset m_freshMinute.
     const std::int64_t minute = minuteOf(now);
     if (m_freshMinute == minute) {
         return;
@@ -97,7 +97,7 @@ Task<void> TodayOpens::refresh() {
         if (asked > 0 && asked % kAskedTogether == 0) {
             co_await m_dependencies.sleeper(kPause);
         }
-        // The pauses leave time for edits.
+        // The user may have changed the settings or the list meanwhile.
         if (!areWanted()) {
             break;
         }
@@ -117,7 +117,7 @@ Task<void> TodayOpens::fetch(std::string symbol, LocalMidnight midnight) {
         if (candles.empty()) {
             m_logger.log("today open fetch returned an empty candle list for {}", symbol);
         } else if (m_dayKey == midnight.dayKey) {
-            // Otherwise the opens of the next day are being collected by now.
+            // If the day has changed, the opens of the next day are being fetched.
             m_opens.set(symbol, candles.front().open);
         }
     } catch (const std::exception& error) {

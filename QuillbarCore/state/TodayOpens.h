@@ -24,8 +24,8 @@ namespace quillbar {
 /// The prices of the followed coins at local midnight, for changes on the basis `today`. Nothing is
 /// fetched on another basis.
 ///
-/// Belongs to the executor's thread. Nothing here throws (but `Cancelled`, out of a cancelled task):
-/// a request that fails costs a line in the log, and the open stays unknown.
+/// Belongs to the executor's thread. Nothing here throws, except `Cancelled` out of a cancelled
+/// task. A failed request is logged, and the open stays unknown.
 class TodayOpens final {
 public:
     /// What is referred to outlives the object.
@@ -33,7 +33,7 @@ public:
         Executor& executor;
         BinanceAPI& api;
         Clock now;
-        /// In which the local days are taken.
+        /// Defines the local days.
         Calendar calendar;
         Sleeper sleeper;
         const Observed<Watchlist>& watchlist;
@@ -47,16 +47,16 @@ public:
     /// The opens that are known, by symbol.
     [[nodiscard]] const ObservedMap<std::string, double>& opens() const noexcept { return m_opens; }
 
-    /// Fetches the opens that are missing, one request each and ten a second at most, when the last
-    /// attempt is at least a minute old. Whoever awaits it ends it before destroying this object.
+    /// Fetches the missing opens if the last attempt is at least a minute old, with one request
+    /// each and at most ten a second. End the task before destroying this object.
     Task<void> refresh();
 
-    /// Starts a refresh in the background when the day is another one or an open is missing. Cheap
+    /// Starts a refresh in the background when a new day has begun or an open is missing. Cheap
     /// enough to be called with each price.
     void check(TimePoint now);
 
-    /// Says that the settings have another basis: drops the opens of another day and, on the basis
-    /// `today`, starts a refresh in the background unless one runs.
+    /// Call it when the basis in the settings has changed: drops the opens of another day and, on
+    /// the basis `today`, starts a refresh in the background unless one runs.
     void followBasis();
 
     /// Forgets the open of a coin that is no longer on the list.
@@ -78,8 +78,8 @@ private:
     ObservedMap<std::string, double> m_opens;
     std::optional<std::int64_t> m_dayKey;
     TimePoint m_lastAttempt = kDistantPast;
-    // The minute in which every open of the day was last seen to be there; absent since an edit.
-    // It spares all but the first price of a minute the look at the time zone and the list.
+    // The last minute in which all opens of the day were found; absent after an edit. With it only
+    // the first price of a minute has to look at the time zone and the list.
     std::optional<std::int64_t> m_freshMinute;
     Observation m_watchlistObservation;
     // The refresh in the background.

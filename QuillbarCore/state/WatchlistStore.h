@@ -11,7 +11,7 @@
 
 namespace quillbar {
 
-/// What is peculiar to the stored watchlist, "watchlist.json".
+/// Describes the stored watchlist, "watchlist.json".
 struct WatchlistDocument final {
     using Document = Watchlist;
     static constexpr std::string_view kFileName = "watchlist.json";

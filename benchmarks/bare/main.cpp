@@ -5,7 +5,8 @@
 #include <QDBusMessage>
 #include <QObject>
 
-/// A program of widgets that registers an item at the bar of the session bus, and does nothing else.
+/// A program of widgets that registers an item at the bar of the session bus, and does nothing
+/// else.
 int main(int argc, char** argv) {
     const QApplication application(argc, argv);
     QDBusConnection bus = QDBusConnection::sessionBus();

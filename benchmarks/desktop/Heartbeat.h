@@ -25,8 +25,8 @@ public:
 
     /// Forgets what was and begins to beat.
     void begin();
-    /// Beats no longer. The longest times between two beats since the beginning; the two need not be
-    /// of the same beats.
+    /// Beats no longer. The longest times between two beats since the beginning; the two need not
+    /// be of the same beats.
     [[nodiscard]] Longest end();
 
 private:

@@ -13,12 +13,12 @@ namespace quillbar::benchmarks {
 /// that of the call on the clock that never steps, which all processes of a machine share.
 void sayMoment(std::string_view what, std::string_view rest = {});
 
-/// The processor time of the calling thread so far. Another program that is busy does not add to it,
-/// as it adds to the time on the clock.
+/// The processor time of the calling thread so far. Another program that is busy does not add to
+/// it, as it adds to the time on the clock.
 [[nodiscard]] std::chrono::nanoseconds processorTime();
 
-/// Calls the handler with each line of standard input, from the event loop. Once a process; ends the
-/// program at the end of the input.
+/// Calls the handler with each line of standard input, from the event loop. Once a process; ends
+/// the program at the end of the input.
 void onLines(std::function<void(std::string_view line)> handler);
 
 }  // namespace quillbar::benchmarks

@@ -126,8 +126,8 @@ void sayTabs() {
     }
 }
 
-/// The sleeper of the event loop, with another time between two refreshes of the boards. Others that
-/// sleep as long do so too.
+/// The sleeper of the event loop, with another time between two refreshes of the boards. Others
+/// that sleep as long do so too.
 Sleeper sleeperBetweenPolls(Seconds interval) {
     return [interval, sleeper = makeQtSleeper()](Seconds span) {
         if (span != MarketState::kPollInterval) {

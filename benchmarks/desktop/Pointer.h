@@ -8,8 +8,8 @@
 
 namespace quillbar::benchmarks {
 
-/// The pointer of the screen that $DISPLAY names, in a user's hand: programs cannot tell what it does
-/// from the real thing. Does nothing where there is no screen or it lacks XTEST. In pixels.
+/// The pointer of the screen that $DISPLAY names, in a user's hand: programs cannot tell what it
+/// does from the real thing. Does nothing where there is no screen or it lacks XTEST. In pixels.
 class Pointer final {
 public:
     enum class Turn : std::uint8_t { up, down };

@@ -19,9 +19,9 @@ int runTrayHost(int argc, char** argv);
 /// "hidden" when the panel has gone. The line "processor" has it say "processor ... PROCESSOR";
 /// "tabs" has it say "tab ... X Y" for each tab; "beat" begins to watch its event loop, and "rest"
 /// ends that with "gap ... NANOSECONDS PROCESSOR", the longest time for which the loop did not run
-/// and the most that the main thread used of the processor within such a time. Its argument, if any,
-/// is the time between two refreshes of a board, in seconds; it says "slept" at the beginning of
-/// each such time.
+/// and the most that the main thread used of the processor within such a time. Its argument, if
+/// any, is the time between two refreshes of a board, in seconds; it says "slept" at the beginning
+/// of each such time.
 int runPanel(int argc, char** argv);
 
 /// An exchange whose only argument is how many prices it sends a second, evenly, over all its coins

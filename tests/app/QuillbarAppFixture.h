@@ -102,7 +102,8 @@ struct QuillbarAppFixture : ::testing::Test {
                       {id, QStringLiteral("clicked"), QVariant::fromValue(QDBusVariant(0)), 0U});
     }
 
-    /// Clicks the entry of the menu that has this label; the host's menu then shows what it was told.
+    /// Clicks the entry of the menu that has this label; the host's menu then shows what it was
+    /// told.
     void choose(const char* label) {
         host.readMenu();
         const int id = host.shownId(QString::fromUtf8(label));

@@ -22,8 +22,8 @@
 namespace quillbar {
 
 /// A whole desktop of the test's own: an X server without a monitor, a session bus, a window
-/// manager, a bar with a status area on top, and an exchange that no network is needed for. All of it
-/// ends with this object. Needs a QCoreApplication; one at a time.
+/// manager, a bar with a status area on top, and an exchange that no network is needed for. All of
+/// it ends with this object. Needs a QCoreApplication; one at a time.
 class Desktop final {
 public:
     /// Throws std::runtime_error naming what does not start. The bar is not waited for.

@@ -16,8 +16,8 @@ inline constexpr std::chrono::seconds kNotWhileItLasts{1'000'000};
 
 /// What becomes of the stream of prices while a fault lasts.
 struct StreamEffect {
-    /// When prices flow again at the latest, by way of another host or another attempt: counted from
-    /// a start or a waking into the fault, and from its coming over a stream that flows.
+    /// When prices flow again at the latest, by way of another host or another attempt: counted
+    /// from a start or a waking into the fault, and from its coming over a stream that flows.
     std::chrono::seconds backFromStart{0};
     std::chrono::seconds backFromLive{0};
     /// Whether each attempt fails at once, so that nearly always the next one is waited for.

@@ -23,8 +23,8 @@ void pass(Span span);
 /// Moves the wall clock alone, forwards or, below zero, backwards: somebody has set it.
 void moveWallClock(Span span);
 
-/// Lets the machine sleep: the wall clock and the time since the machine's start go on, the monotonic
-/// clock stands still, and nobody wakes.
+/// Lets the machine sleep: the wall clock and the time since the machine's start go on, the
+/// monotonic clock stands still, and nobody wakes.
 void sleepMachine(Span span);
 
 /// What the monotonic clock has counted since the process began.

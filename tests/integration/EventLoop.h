@@ -22,8 +22,8 @@ public:
 
     TaskScope::Handle spawn(Task<void> task) { return m_scope.spawn(std::move(task)); }
 
-    /// Runs a task to its end; returns its value or throws its error. Throws std::runtime_error when
-    /// it does not end.
+    /// Runs a task to its end; returns its value or throws its error. Throws std::runtime_error
+    /// when it does not end.
     template <class T>
     T run(Task<T> task) {
         const auto outcome = std::make_shared<Outcome<T>>();

@@ -11,8 +11,8 @@ namespace quillbar {
 /// Whether a simulator's authority is trusted by the process.
 enum class Trust { trusted, unknown };
 
-/// A simulator over TLS and, while it lives, the trust in its authority and in no other: to load the
-/// system's takes a tenth of a second.
+/// A simulator over TLS and, while it lives, the trust in its authority and in no other: to load
+/// the system's takes a tenth of a second.
 class TestExchange final {
 public:
     explicit TestExchange(Trust trust = Trust::trusted,

@@ -89,8 +89,8 @@ struct SettingsButtonTest : SettingsFixture {
         const QAction* const active = menu()->activeAction();
         return active == nullptr ? "" : active->text().toStdString();
     }
-    /// The items from above: "-" for a divider, "(title)" for one that cannot be chosen, a "*" behind
-    /// what is on.
+    /// The items from above: "-" for a divider, "(title)" for one that cannot be chosen, a "*"
+    /// behind what is on.
     [[nodiscard]] static std::vector<std::string> items() {
         std::vector<std::string> titles;
         for (const QAction* const each : menu()->actions()) {

@@ -30,8 +30,8 @@ struct Chapter final {
     Words chinese;
 };
 
-/// Records a part of the screen, with a pointer that goes straight to where it is sent. The chapters
-/// are listed over the left half, which has to stay empty. Needs a QGuiApplication.
+/// Records a part of the screen, with a pointer that goes straight to where it is sent. The
+/// chapters are listed over the left half, which has to stay empty. Needs a QGuiApplication.
 class Film final {
 public:
     /// The screen outlives the film. The area is in pixels of the screen.
@@ -41,16 +41,17 @@ public:
     void nextChapter();
     /// Records what changes by itself, for as long.
     void watch(std::chrono::milliseconds duration);
-    /// Shows this part of the screen also enlarged, below the words, while it is watched for as long.
+    /// Shows this part of the screen also enlarged, below the words, while it is watched for as
+    /// long.
     void magnify(QRect part, std::chrono::milliseconds duration);
     /// Takes the pointer to this place of the screen.
     void movePointer(QPoint to);
     /// Shows that a button is pressed; presses none.
     void showPress();
 
-    /// Makes the folder anew, and writes into it the pictures and `frames`: the arguments with which
-    /// img2webp, started there, makes of them one moving picture, `moving.webp`. False when that
-    /// cannot be written.
+    /// Makes the folder anew, and writes into it the pictures and `frames`: the arguments with
+    /// which img2webp, started there, makes of them one moving picture, `moving.webp`. False when
+    /// that cannot be written.
     [[nodiscard]] bool save(const QString& folder, Language language) const;
 
 private:

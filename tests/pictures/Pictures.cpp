@@ -77,7 +77,8 @@ protected:
     [[nodiscard]] static QString folder() { return QStringLiteral(QUILLBAR_PICTURES); }
 };
 
-/// Films what a person does, one thing after the other. Each goes to a place first and does it then.
+/// Films what a person does, one thing after the other. Each goes to a place first and does it
+/// then.
 class Story : public Pictures {
 protected:
     void goTo(QPoint placeOnPanel) { m_film.movePointer(panelGeometry().topLeft() + placeOnPanel); }

@@ -46,8 +46,8 @@ TEST(SmallHeapTest, givesBackWhatIsFreeBetweenBlocks) {
     constexpr std::size_t kBytes = 8 * SmallHeap::kWorthwhile;
     const std::size_t usedBefore = ::mallinfo2().uordblks;
     auto made = blocks(kBytes);
-    // A sanitizer brings an allocator of its own. Meanwhile a thread that an earlier test left to the
-    // network's session may give something back.
+    // A sanitizer brings an allocator of its own. Meanwhile a thread that an earlier test left to
+    // the network's session may give something back.
     const bool isGlibcs = ::mallinfo2().uordblks >= usedBefore + kBytes / 2;
     made.erase(made.begin(), made.end() - 1);
     const std::size_t before = ownBytes();

@@ -130,7 +130,8 @@ public:
     }
 
 private:
-    // The bus answers in the place of a program that has gone, and Qt in that of one that is silent.
+    // The bus answers in the place of a program that has gone, and Qt in that of one that is
+    // silent.
     static bool isOfTheObject(const QDBusMessage& answer) {
         return answer.type() == QDBusMessage::ReplyMessage
                || (answer.type() == QDBusMessage::ErrorMessage

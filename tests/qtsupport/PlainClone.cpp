@@ -5,9 +5,9 @@
 #include <sched.h>
 #include <sys/types.h>
 
-// ThreadSanitizer's own clone takes every child for one with a memory of its own. Qt starts programs
-// with a child that shares the parent's until it has become the program, and the parent then fails
-// for what the child noted. This one notes nothing.
+// ThreadSanitizer's own clone takes every child for one with a memory of its own. Qt starts
+// programs with a child that shares the parent's until it has become the program, and the parent
+// then fails for what the child noted. This one notes nothing.
 
 // The name under which glibc has it beside the one that the sanitizer replaces.
 extern "C" int __clone(int (*function)(void*), void* stack, int flags, void* argument, ...);

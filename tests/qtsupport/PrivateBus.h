@@ -11,7 +11,8 @@ namespace quillbar {
 /// No program of the machine is started by its name on it. Needs a QCoreApplication.
 class PrivateBus final {
 public:
-    /// Listens where it likes, or at this address. The address is empty when no bus could be started.
+    /// Listens where it likes, or at this address. The address is empty when no bus could be
+    /// started.
     explicit PrivateBus(const QString& listenAt = {});
     PrivateBus(const PrivateBus&) = delete;
     PrivateBus& operator=(const PrivateBus&) = delete;

@@ -32,7 +32,8 @@ public:
         ::close(m_descriptor);
     }
 
-    /// Whether a program has connected. The first one's connection stays open as long as this object.
+    /// Whether a program has connected. The first one's connection stays open as long as this
+    /// object.
     [[nodiscard]] bool hasClient() {
         if (m_client < 0) {
             m_client = ::accept4(m_descriptor, nullptr, nullptr, SOCK_CLOEXEC);

@@ -8,8 +8,8 @@
 namespace quillbar {
 
 /// Runs the event loop of the calling thread until the predicate holds; false when the time is over
-/// first. The predicate is asked at the start and after each batch of events, never by a clock, so a
-/// generous timeout costs nothing when things go well. Objects waiting to be deleted are deleted.
+/// first. The predicate is asked at the start and after each batch of events, never by a clock, so
+/// a generous timeout costs nothing when things go well. Objects waiting to be deleted are deleted.
 [[nodiscard]] bool spinUntil(const std::function<bool()>& predicate,
                              std::chrono::milliseconds timeout = std::chrono::seconds{20});
 

@@ -42,8 +42,8 @@ QString judged(char32_t character) {
     }
 }
 
-// ICU, which the text passes, and Qt each have a table, of a version of Unicode of its own: what only
-// the newer one has assigned has no kind that both know.
+// ICU, which the text passes, and Qt each have a table, of a version of Unicode of its own: what
+// only the newer one has assigned has no kind that both know.
 bool isInBothTables(char32_t character) {
     return !QChar::isSurrogate(character) && QChar::category(character) != QChar::Other_NotAssigned
            && u_charType(static_cast<UChar32>(character)) != U_UNASSIGNED;

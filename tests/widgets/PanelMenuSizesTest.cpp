@@ -37,7 +37,8 @@ struct PanelMenuSizesTest : ::testing::Test {
     [[nodiscard]] QRect place(int index) const {
         return menu.actionGeometry(menu.actions().at(index));
     }
-    /// What is shown of an entry; but for the round corners, which reach into the first and the last.
+    /// What is shown of an entry; but for the round corners, which reach into the first and the
+    /// last.
     [[nodiscard]] QImage picture(int index) {
         QImage image = menu.grab(place(index)).toImage();
         QPainter painter(&image);

@@ -35,7 +35,8 @@ struct PanelMenuTest : ::testing::Test {
     [[nodiscard]] QRect place(int index) const {
         return menu.actionGeometry(menu.actions().at(index));
     }
-    /// What is shown of an entry, but for its ends, where the first and the last have round corners.
+    /// What is shown of an entry, but for its ends, where the first and the last have round
+    /// corners.
     [[nodiscard]] QImage picture(int index = 0) {
         return menu.grab(place(index).adjusted(2, 0, -2, 0)).toImage();
     }
