@@ -13,8 +13,8 @@ bool isPrice(double value) {
     return std::isfinite(value) && value > 0;
 }
 
-// An alert waits for its line while it is armed, and else for the level that arms it, which is
-// reached from the other side.
+// An armed alert waits for its line. Another one waits for the level that arms it, which is reached
+// from the other side.
 bool waitsForRise(const Alert& alert) {
     return isRising(alert.kind) == alert.isArmed;
 }
@@ -114,7 +114,7 @@ AlertBook::Outcome AlertBook::take(const std::string& symbol, const Ticker& tick
     if (isPrice(ticker.openPrice24h) && std::isfinite(change)) {
         collect(pair.change, change, reached);
     }
-    // All are collected first: what is entered again may be reached by the same price.
+    // All are collected first, because the same price may reach what is entered again.
     for (const std::int64_t id : reached) {
         outcome.hasChanged = true;
         Alert& alert = m_alerts.at(id);

@@ -16,11 +16,11 @@
 
 namespace quillbar {
 
-/// The alerts, and which of them a price fires. It knows no time and no file: whoever owns it says
-/// where prices were missing, and offers it only prices that are fresh and live.
+/// Holds the alerts and finds which of them a price fires. It knows neither time nor files: its
+/// owner reports where prices were missing, and passes on only prices that are fresh and live.
 ///
-/// The lines of each pair are kept sorted, so a price costs a look at the nearest lines, however many
-/// alerts there are. Not safe to share between threads.
+/// The lines of each pair are sorted, so a price is compared with the nearest lines alone, however
+/// many alerts there are. Not safe to share between threads.
 class AlertBook final {
 public:
     /// One alert that a price fired.
@@ -40,16 +40,16 @@ public:
     /// Whether the latest price of an alert's pair is live.
     enum class Latest { live, old };
 
-    /// Takes an alert, which is sound and whose id is not taken. `latest` counts for the first alert
-    /// of its pair that is switched on.
+    /// Adds an alert that is sound and has a new id. `latest` is used for the first alert of its pair
+    /// that is switched on.
     void add(const Alert& alert, Latest latest = Latest::old);
     /// Does nothing for an id that is not there.
     void remove(std::int64_t id);
     /// Removes the alerts of a pair and returns them, by id.
     std::vector<Alert> removeAllOf(const std::string& symbol);
 
-    /// Says that prices may have been missed until now. An alert of which the next price of its pair
-    /// shows that its line was crossed meanwhile fires with `isMeanwhile`.
+    /// Notes that prices may have been missed until now. If the next price of a pair shows that an
+    /// alert's line was crossed meanwhile, the alert fires with `isMeanwhile`.
     void markGap() noexcept { ++m_gap; }
 
     /// A live price. An alert fires when it is armed and the price, or its change over 24 hours, is
@@ -69,8 +69,8 @@ public:
 
 private:
     using Level = std::pair<double, std::int64_t>;
-    /// What waits for one value: levels that are reached from below, the lowest first, and those
-    /// that are reached from above, the highest first.
+    /// The levels of one value: those that are reached from below, the lowest first, and those that
+    /// are reached from above, the highest first.
     struct Lines {
         std::set<Level> rising;
         std::set<Level, std::greater<>> falling;

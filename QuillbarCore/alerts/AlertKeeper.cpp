@@ -18,7 +18,7 @@ std::int64_t wholeSeconds(TimePoint instant) {
     return std::max<std::int64_t>(0, std::llround(instant.time_since_epoch().count()));
 }
 
-/// Most users have no alerts: a file that was never made is no reason for a line in the log.
+/// A missing file is not logged, because most users have no alerts.
 Alerts storedIn(AlertStore& store) {
     std::error_code error;
     const auto status = std::filesystem::symlink_status(store.path(), error);
@@ -266,7 +266,7 @@ void AlertKeeper::fire(const std::vector<AlertBook::Firing>& firings) {
                          .isMeanwhile = firing.isMeanwhile});
         m_logger.log("alert {} of {} fired", firing.alert.id, firing.alert.symbol);
     }
-    // In the file first: whoever is told may be killed with the process.
+    // Save first: the process may be killed while observers are called.
     save(fired);
     tell();
     m_fired.set(std::move(fired));

@@ -37,22 +37,22 @@ struct AlertKeeperDependencies final {
     Sleeper sleeper;
 };
 
-/// The user's alerts: it offers them the live prices of an `AppState`, keeps them in the file, and
-/// holds what fired until somebody has shown it.
+/// Keeps the user's alerts: passes them the live prices of an `AppState`, stores them in the file,
+/// and holds what fired until somebody has shown it.
 ///
-/// What fired is in the file before anybody is told, and leaves it once it was shown: a process that
-/// is killed in between shows it once more after its next start. Where the file cannot be written it
-/// is told nevertheless; the alert is then still armed in the file.
+/// What fired is saved before observers are called, and leaves the file once it was shown: a
+/// process that is killed in between shows it once more after its next start. If the file cannot be
+/// written, observers are called nevertheless; the alert is then still armed in the file.
 ///
-/// A price counts when it comes from the stream while the program runs without a pause. After a pause
-/// of over a minute (the machine slept, the process was stopped) what was received before it may still
-/// be waiting: prices are passed over for `kSettling`. After that, as after a lost connection and
-/// after the start, an alert fires only if its line was crossed since a price that was known before.
-/// After a minute without any price of the stream, prices that were held up on the way may come at
-/// once: of each pair the latest one counts, `kSettling` later.
+/// A price counts when it comes from the stream while the program runs without a pause. After a
+/// pause of over a minute (the machine slept, the process was stopped), prices from before it may
+/// still be waiting, so prices are ignored for `kSettling`. After that, as after a lost connection
+/// and after the start, an alert fires only if its line was crossed since the last price known
+/// before. After a minute without any price of the stream, delayed prices may come all at once: the
+/// latest one of each pair counts, `kSettling` later.
 ///
-/// The alerts of a coin go with it when it is removed. Main thread. Nothing here throws; a save that
-/// fails costs a line in the log, and `isSaved` tells it.
+/// Removing a coin removes its alerts. Main thread. Nothing here throws; a failed save is logged,
+/// and `isSaved` reports it.
 class AlertKeeper final {
 public:
     /// The age beyond which a price fires nothing.
@@ -70,17 +70,17 @@ public:
     [[nodiscard]] std::vector<Alert> alertsOf(std::string_view symbol) const;
     /// Whether an alert of the pair is switched on.
     [[nodiscard]] bool has(std::string_view symbol) const;
-    /// What fired and has not been shown, the oldest first. An alert that fires again takes the place
-    /// of what it told before.
+    /// What fired and has not been shown, the oldest first. An alert that fires again replaces its
+    /// earlier entry.
     [[nodiscard]] const Observed<std::vector<FiredAlert>>& fired() const noexcept {
         return m_fired;
     }
-    /// Whether the file holds what is told here.
+    /// Whether the file holds what this object holds.
     [[nodiscard]] bool isSaved() const noexcept { return m_isSaved; }
 
-    /// Adds an alert and saves it. Its id is given here; it is armed if the latest price known of its
-    /// pair stands on the near side. Returns the id; absent, and nothing is changed, for an alert that
-    /// is not sound.
+    /// Adds an alert and saves it. It gets a new id, and is armed if the latest known price of its
+    /// pair is on the near side of its line. Returns the id; absent, and nothing changes, for an
+    /// alert that is not sound.
     std::optional<std::int64_t> add(Alert alert);
     /// Removes an alert and saves. Does nothing for an id that is not there.
     void remove(std::int64_t id);
@@ -93,9 +93,10 @@ public:
     /// Has it fire again, and saves. It begins like an alert that is added then. Does nothing for
     /// an id that is not there, or is on already.
     void switchOn(std::int64_t id);
-    /// Brings the alerts back that went with the coin which was removed last, if it is this one.
+    /// Restores the alerts that were removed with the last removed coin, if it is this one.
     void restore(const std::string& symbol);
-    /// Says that the user has seen it. Does nothing for a serial that is not among `fired`.
+    /// Notes that the user has seen what fired. Does nothing for a serial that is not among
+    /// `fired`.
     void markShown(std::int64_t serial);
 
 private:
@@ -128,7 +129,8 @@ private:
     // The symbols of the list before its next change, and what went with the last removed coin.
     Watchlist m_watchlist;
     std::vector<Alert> m_removed;
-    // When the program was last seen running, and from when on prices count, on the monotonic clock.
+    // When the program was last seen running, and from when on prices count, on the monotonic
+    // clock.
     Seconds m_seenRunning{};
     Seconds m_trustedFrom{};
     // When the stream told its last price, and the latest prices that are held back.

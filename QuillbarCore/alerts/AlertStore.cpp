@@ -159,7 +159,7 @@ Alerts AlertsDocument::decode(std::string_view text) {
     Alerts result;
     result.schemaVersion = JSONDocument::requiredInteger(value, kSchemaVersion);
     if (result.schemaVersion != Alerts::kCurrentSchemaVersion) {
-        // Nobody knows what a later version holds; the store looks at nothing else.
+        // The rest of a later version is unknown, and the store reads nothing else of it.
         return result;
     }
     result.nextNumber = requiredWithin(value, kNextNumber, 1, Alerts::kMaximumNumber);
