@@ -187,7 +187,7 @@ TEST_F(CoinCatalogTest, acceptsAWholeNumberOfSeconds) {
     EXPECT_EQ(api.exchangeInfoRequests, 0);
 }
 
-TEST_F(CoinCatalogTest, passesOverADamagedFileInSilence) {
+TEST_F(CoinCatalogTest, ignoresADamagedFileSilently) {
     const std::string fresh = R"("fetchedAt":816350400.0)";
     for (const std::string& text : {std::string(),
                                     std::string("nonsense"),

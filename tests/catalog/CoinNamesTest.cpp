@@ -146,7 +146,7 @@ TEST(CoinNames, writesTheSymbolWhereTheBaseAssetIsAnother) {
     EXPECT_EQ(CoinNames::textOf({{"ODD", "SOL"}, {"EMPTY", ""}}), "ODD, EMPTY");
 }
 
-TEST(CoinNames, writesOneLineThatCommandsNoTerminal) {
+TEST(CoinNames, writesOneLineWithoutControlSequences) {
     EXPECT_EQ(CoinNames::textOf(coinsOf({"A\x1B[2J", "B\nC"})), "A [2J, B C");
 }
 

@@ -103,13 +103,13 @@ TEST_F(IconStoreTest, replacesAFileThatIsNoLogo) {
     EXPECT_THAT(m_icons, ElementsAre(kLogo, kLogo, kLogo));
 }
 
-TEST_F(IconStoreTest, takesTheFirstFourBytesForProof) {
+TEST_F(IconStoreTest, recognisesALogoByItsFirstFourBytes) {
     theFileHolds("btc.png", "\x89PNG");
     ask("BTC");
     EXPECT_THAT(m_icons, ElementsAre("\x89PNG"));
 }
 
-TEST_F(IconStoreTest, sharesADownloadAmongSpellings) {
+TEST_F(IconStoreTest, sharesADownloadOfUpperAndLowerCase) {
     auto answer = m_fetcher->answers.held();
     ask("ETH");
     ask("eth");
@@ -143,7 +143,7 @@ TEST_F(IconStoreTest, goesOnWhenACallerIsCancelled) {
     EXPECT_EQ(file("eth.png"), kLogo);
 }
 
-TEST_F(IconStoreTest, remembersNoFailure) {
+TEST_F(IconStoreTest, triesAgainAfterAFailure) {
     m_fetcher->answer(404);
     m_fetcher->answer(404);
     ask("NEW");
@@ -153,7 +153,7 @@ TEST_F(IconStoreTest, remembersNoFailure) {
     EXPECT_EQ(m_fetcher->requests.size(), 2U);
 }
 
-TEST_F(IconStoreTest, saysForAnHourThatALogoIsMissingOnceTheServerHasSaidSo) {
+TEST_F(IconStoreTest, callsALogoMissingForAnHourWhenTheServerDoes) {
     for (const int status : {404, 410}) {
         SCOPED_TRACE(status);
         m_fetcher->answer(status);
@@ -168,7 +168,7 @@ TEST_F(IconStoreTest, saysForAnHourThatALogoIsMissingOnceTheServerHasSaidSo) {
     }
 }
 
-TEST_F(IconStoreTest, saysNotThatALogoIsMissingWhenTheServerDidNot) {
+TEST_F(IconStoreTest, doesNotCallALogoMissingWhenTheServerDidNot) {
     for (const int status : {403, 408, 418, 429, 451, 500, 503}) {
         SCOPED_TRACE(status);
         m_fetcher->answer(status);
@@ -180,7 +180,7 @@ TEST_F(IconStoreTest, saysNotThatALogoIsMissingWhenTheServerDidNot) {
     EXPECT_FALSE(m_store->isMissing("NEW"));
 }
 
-TEST_F(IconStoreTest, saysNotThatALogoIsMissingWhenSomethingElseCameInItsPlace) {
+TEST_F(IconStoreTest, doesNotCallALogoMissingWhenAnotherBodyCame) {
     m_fetcher->answer(200, "<html>");
     ask("NEW");
     EXPECT_THAT(m_icons, ElementsAre("-"));
@@ -195,14 +195,14 @@ TEST_F(IconStoreTest, forgetsWhichLogosAreMissing) {
     EXPECT_FALSE(m_store->isMissing("NEW"));
 }
 
-TEST_F(IconStoreTest, doesNotWaitForAClockThatIsSetBackToAskForAMissingLogo) {
+TEST_F(IconStoreTest, asksForAMissingLogoAgainWhenTheClockIsSetBack) {
     m_fetcher->answer(404);
     ask("NEW");
     m_now -= Seconds(8 * 3600);
     EXPECT_FALSE(m_store->isMissing("NEW"));
 }
 
-TEST_F(IconStoreTest, missesALogoNoLongerThatHasCome) {
+TEST_F(IconStoreTest, doesNotCallALogoMissingOnceItHasCome) {
     m_fetcher->answer(404);
     m_fetcher->answer(200, kLogo);
     ask("NEW");

@@ -84,13 +84,13 @@ std::string exchangeInfo(const std::vector<std::string>& entries) {
 
 }  // namespace
 
-TEST(BinanceDecoderTest, DecodesAFrame) {
+TEST(BinanceDecoderTest, decodesAFrame) {
     const TickerEvent event = BinanceDecoder::decodeMiniTickerFrame(
         frame(R"({"e":"24hrMiniTicker","s":"BTCUSDT","c":"65000.10","o":"64000","q":"1.5E9"})"));
     EXPECT_EQ(event, (TickerEvent{"BTCUSDT", {65000.1, 64000, 1.5e9}}));
 }
 
-TEST(BinanceDecoderTest, LeavesTheVolumeOfAFrameAbsent) {
+TEST(BinanceDecoderTest, leavesTheVolumeOfAFrameAbsent) {
     for (const char* const data : {R"({"s":"BTCUSDT","c":"65000.10","o":"64000"})",
                                    R"({"s":"BTCUSDT","c":"65000.10","o":"64000","q":null})"}) {
         const TickerEvent event = BinanceDecoder::decodeMiniTickerFrame(frame(data));
@@ -98,27 +98,27 @@ TEST(BinanceDecoderTest, LeavesTheVolumeOfAFrameAbsent) {
     }
 }
 
-TEST(BinanceDecoderTest, FailsAFrameWithAnInvalidVolume) {
+TEST(BinanceDecoderTest, failsAFrameWithAnInvalidVolume) {
     const std::string bytes = frame(R"({"s":"BTCUSDT","c":"65000.10","o":"64000","q":"abc"})");
     EXPECT_EQ(
         invalidNumber([&] { static_cast<void>(BinanceDecoder::decodeMiniTickerFrame(bytes)); }),
         "abc");
 }
 
-TEST(BinanceDecoderTest, ConvertsThePricesOfAFrameInTheirOrder) {
+TEST(BinanceDecoderTest, convertsThePricesOfAFrameInTheirOrder) {
     const std::string bytes = frame(R"({"q":"third","o":"second","c":"first","s":"BTCUSDT"})");
     EXPECT_EQ(
         invalidNumber([&] { static_cast<void>(BinanceDecoder::decodeMiniTickerFrame(bytes)); }),
         "first");
 }
 
-TEST(BinanceDecoderTest, TakesTheSymbolOfAFrameAsReceived) {
+TEST(BinanceDecoderTest, takesTheSymbolOfAFrameAsReceived) {
     const TickerEvent event = BinanceDecoder::decodeMiniTickerFrame(
         R"({"data":{"o":"1","c":"2","s":"\u5e01btc"},"stream":"of another"})");
     EXPECT_EQ(event.symbol, "\u5e01btc");
 }
 
-TEST(BinanceDecoderTest, FailsAFrameThatLacksAKey) {
+TEST(BinanceDecoderTest, failsAFrameThatLacksAKey) {
     EXPECT_EQ(frameError(R"({"data":{"s":"BTCUSDT","c":"1","o":"1"}})"),
               "the key stream is missing");
     EXPECT_EQ(frameError(R"({"stream":"x"})"), "the key data is missing");
@@ -127,7 +127,7 @@ TEST(BinanceDecoderTest, FailsAFrameThatLacksAKey) {
     EXPECT_EQ(frameError(frame(R"({"s":"BTCUSDT","c":"1"})")), "the key o is missing");
 }
 
-TEST(BinanceDecoderTest, FailsAFrameWithAValueOfAnotherType) {
+TEST(BinanceDecoderTest, failsAFrameWithAValueOfAnotherType) {
     EXPECT_EQ(frameError("[]"), "the frame is not an object");
     EXPECT_EQ(frameError(R"({"stream":1,"data":{"s":"BTCUSDT","c":"1","o":"1"}})"),
               "stream is not a string");
@@ -138,7 +138,7 @@ TEST(BinanceDecoderTest, FailsAFrameWithAValueOfAnotherType) {
     EXPECT_EQ(frameError(frame(R"({"s":"BTCUSDT","c":"1","o":"1","q":2})")), "q is not a string");
 }
 
-TEST(BinanceDecoderTest, FailsWhatIsNotJSON) {
+TEST(BinanceDecoderTest, failsWhatIsNotJSON) {
     const std::string whole = frame(R"({"s":"BTCUSDT","c":"1","o":"1","n":[1,true,null]})");
     ASSERT_EQ(frameError(whole), "no error");
     for (std::size_t length = 0; length < whole.size(); ++length) {
@@ -159,44 +159,44 @@ TEST(BinanceDecoderTest, FailsWhatIsNotJSON) {
     }
 }
 
-TEST(BinanceDecoderTest, GoesOnAfterABadFrame) {
+TEST(BinanceDecoderTest, goesOnAfterABadFrame) {
     EXPECT_THAT(frameError("{"), HasSubstr("malformed JSON: "));
     EXPECT_EQ(frameError("\xEF\xBB\xBF{}"), "malformed JSON: a byte-order mark");
     EXPECT_EQ(frameError(frame(R"({"s":"BTCUSDT","c":"1","o":"1"})")), "no error");
 }
 
-TEST(BinanceDecoderTest, CountsTheLastOfARepeatedKey) {
+TEST(BinanceDecoderTest, countsTheLastOfARepeatedKey) {
     const TickerEvent event = BinanceDecoder::decodeMiniTickerFrame(
         R"({"stream":1,"stream":"x","data":[],)"
         R"("data":{"s":"A","c":"bad","o":"1","c":"2","s":"B","q":7,"q":null}})");
     EXPECT_EQ(event, (TickerEvent{"B", {2, 1, std::nullopt}}));
 }
 
-TEST(BinanceDecoderTest, ReadsEscapedKeys) {
+TEST(BinanceDecoderTest, readsEscapedKeys) {
     const TickerEvent event = BinanceDecoder::decodeMiniTickerFrame(
         R"({"str\u0065am":"x","data":{"\u0073":"A","c":"2","o":"1"}})");
     EXPECT_EQ(event.symbol, "A");
 }
 
-TEST(BinanceDecoderTest, DecodesTickers) {
+TEST(BinanceDecoderTest, decodesTickers) {
     const TickerMap tickers = BinanceDecoder::decodeTicker24hArray(
         R"([{"symbol":"BTCUSDT","lastPrice":"2","openPrice":"1","quoteVolume":"10","count":5},)"
         R"({"symbol":"ETHUSDT","lastPrice":"-0.5","openPrice":"0x1p3"}])");
     EXPECT_EQ(tickers, (TickerMap{{"BTCUSDT", {2, 1, 10}}, {"ETHUSDT", {-0.5, 8, std::nullopt}}}));
 }
 
-TEST(BinanceDecoderTest, DecodesNoTickers) {
+TEST(BinanceDecoderTest, decodesNoTickers) {
     EXPECT_THAT(BinanceDecoder::decodeTicker24hArray("[]"), IsEmpty());
 }
 
-TEST(BinanceDecoderTest, KeepsTheLaterTickerOfARepeatedSymbol) {
+TEST(BinanceDecoderTest, keepsTheLaterTickerOfARepeatedSymbol) {
     const TickerMap tickers = BinanceDecoder::decodeTicker24hArray(
         R"([{"symbol":"BTCUSDT","lastPrice":"2","openPrice":"1","quoteVolume":"10"},)"
         R"({"symbol":"BTCUSDT","lastPrice":"3","openPrice":"1"}])");
     EXPECT_EQ(tickers, (TickerMap{{"BTCUSDT", {3, 1, std::nullopt}}}));
 }
 
-TEST(BinanceDecoderTest, ConvertsTickersInTheirOrder) {
+TEST(BinanceDecoderTest, convertsTickersInTheirOrder) {
     const auto failing = [](const std::string& bytes) {
         return invalidNumber(
             [&] { static_cast<void>(BinanceDecoder::decodeTicker24hArray(bytes)); });
@@ -208,18 +208,18 @@ TEST(BinanceDecoderTest, ConvertsTickersInTheirOrder) {
               "x");
 }
 
-TEST(BinanceDecoderTest, FindsAStructuralErrorBeforeABadNumber) {
+TEST(BinanceDecoderTest, findsAStructuralErrorBeforeABadNumber) {
     EXPECT_EQ(tickersError(R"([{"symbol":"A","lastPrice":"x","openPrice":"1"},{"symbol":"B"}])"),
               "the key lastPrice is missing");
 }
 
-TEST(BinanceDecoderTest, IgnoresAnIntegerOfAnyLengthUnderAnotherKey) {
+TEST(BinanceDecoderTest, ignoresAnIntegerOfAnyLengthUnderAnotherKey) {
     const TickerMap tickers = BinanceDecoder::decodeTicker24hArray(
         R"([{"symbol":"BTCUSDT","lastPrice":"2","openPrice":"1","count":100000000000000000000}])");
     EXPECT_EQ(tickers, (TickerMap{{"BTCUSDT", {2, 1, std::nullopt}}}));
 }
 
-TEST(BinanceDecoderTest, FailsTickersOfAnotherShape) {
+TEST(BinanceDecoderTest, failsTickersOfAnotherShape) {
     EXPECT_EQ(tickersError("{}"), "the answer is not an array");
     EXPECT_EQ(tickersError("[[]]"), "a ticker is not an object");
     EXPECT_EQ(tickersError(R"([{"lastPrice":"1","openPrice":"1"}])"), "the key symbol is missing");
@@ -230,7 +230,7 @@ TEST(BinanceDecoderTest, FailsTickersOfAnotherShape) {
               "quoteVolume is not a string");
 }
 
-TEST(BinanceDecoderTest, KeepsThePairsThatAreTradedInUSDT) {
+TEST(BinanceDecoderTest, keepsThePairsThatAreTradedInUSDT) {
     const auto coins = BinanceDecoder::decodeExchangeInfo(
         exchangeInfo({listing("BTCUSDT", "TRADING", "BTC", "USDT"),
                       listing("ETHBTC", "TRADING", "ETH", "BTC"),
@@ -240,7 +240,7 @@ TEST(BinanceDecoderTest, KeepsThePairsThatAreTradedInUSDT) {
     EXPECT_THAT(coins, ElementsAre(Coin{"BTCUSDT", "BTC"}));
 }
 
-TEST(BinanceDecoderTest, KeepsTheOrderAndTheRepetitionsOfTheExchange) {
+TEST(BinanceDecoderTest, keepsTheOrderAndTheRepetitionsOfTheExchange) {
     const auto coins = BinanceDecoder::decodeExchangeInfo(
         exchangeInfo({listing("TUSDT", "TRADING", "T", "USDT"),
                       listing("1INCHUSDT", "TRADING", "1INCH", "USDT"),
@@ -249,7 +249,7 @@ TEST(BinanceDecoderTest, KeepsTheOrderAndTheRepetitionsOfTheExchange) {
                 ElementsAre(Coin{"TUSDT", "T"}, Coin{"1INCHUSDT", "1INCH"}, Coin{"TUSDT", "T"}));
 }
 
-TEST(BinanceDecoderTest, FailsExchangeInformationOfAnotherShape) {
+TEST(BinanceDecoderTest, failsExchangeInformationOfAnotherShape) {
     EXPECT_EQ(exchangeInfoError("[]"), "the answer is not an object");
     EXPECT_EQ(exchangeInfoError("{}"), "the key symbols is missing");
     EXPECT_EQ(exchangeInfoError(R"({"symbols":{}})"), "symbols is not an array");
@@ -263,7 +263,7 @@ TEST(BinanceDecoderTest, FailsExchangeInformationOfAnotherShape) {
               "status is not a string");
 }
 
-TEST(BinanceDecoderTest, DecodesExchangeInformationOfManyMegabytes) {
+TEST(BinanceDecoderTest, decodesExchangeInformationOfManyMegabytes) {
     std::vector<std::string> entries;
     for (int index = 0; index < 30'000; ++index) {
         const std::string base = fmt::format("C{}", index);
@@ -276,17 +276,17 @@ TEST(BinanceDecoderTest, DecodesExchangeInformationOfManyMegabytes) {
     EXPECT_EQ(coins.back(), (Coin{"C29999USDT", "C29999"}));
 }
 
-TEST(BinanceDecoderTest, DecodesAKline) {
+TEST(BinanceDecoderTest, decodesAKline) {
     const auto candles = BinanceDecoder::decodeKlines(
         R"([[1700000000123,"1","2","0.5","1.5","999",1700000299999,"1",5,"1","1","0"]])");
     EXPECT_THAT(candles, ElementsAre(Candle{TimePoint(Seconds(1700000000.123)), 1, 2, 0.5, 1.5}));
 }
 
-TEST(BinanceDecoderTest, DecodesNoKlines) {
+TEST(BinanceDecoderTest, decodesNoKlines) {
     EXPECT_THAT(BinanceDecoder::decodeKlines("[]"), IsEmpty());
 }
 
-TEST(BinanceDecoderTest, KeepsTheOrderOfKlinesAndIgnoresWhatFollows) {
+TEST(BinanceDecoderTest, keepsTheOrderOfKlinesAndIgnoresWhatFollows) {
     const auto candles =
         BinanceDecoder::decodeKlines(R"([[2000,"1","1","1","1"],[-1500,"2","2","2","2",null,{}]])");
     EXPECT_THAT(candles,
@@ -294,12 +294,12 @@ TEST(BinanceDecoderTest, KeepsTheOrderOfKlinesAndIgnoresWhatFollows) {
                             Candle{TimePoint(Seconds(-1.5)), 2, 2, 2, 2}));
 }
 
-TEST(BinanceDecoderTest, TakesTheLargestOpenTime) {
+TEST(BinanceDecoderTest, takesTheLargestOpenTime) {
     const auto candles = BinanceDecoder::decodeKlines(R"([[9223372036854775807,"1","1","1","1"]])");
     EXPECT_EQ(candles.at(0).openTime, TimePoint(Seconds(9223372036854775807.0 / 1000.0)));
 }
 
-TEST(BinanceDecoderTest, FailsAnOpenTimeThatIsNoSigned64BitInteger) {
+TEST(BinanceDecoderTest, failsAnOpenTimeThatIsNoSigned64BitInteger) {
     for (const char* const openTime :
          {"1.0", "1.5", "1e3", "9223372036854775808", "\"1700000000123\"", "null", "true"}) {
         EXPECT_EQ(klinesError(fmt::format(R"([[{},"1","1","1","1"]])", openTime)),
@@ -308,7 +308,7 @@ TEST(BinanceDecoderTest, FailsAnOpenTimeThatIsNoSigned64BitInteger) {
     }
 }
 
-TEST(BinanceDecoderTest, FailsKlinesOfAnotherShape) {
+TEST(BinanceDecoderTest, failsKlinesOfAnotherShape) {
     EXPECT_EQ(klinesError(R"({"code":-1121})"), "the answer is not an array");
     EXPECT_EQ(klinesError("[{}]"), "a kline is not an array");
     EXPECT_EQ(klinesError("[[]]"), "a kline has 0 elements");
@@ -316,14 +316,14 @@ TEST(BinanceDecoderTest, FailsKlinesOfAnotherShape) {
     EXPECT_EQ(klinesError(R"([[1,"1","1","1",1]])"), "a kline's price is not a string");
 }
 
-TEST(BinanceDecoderTest, ConvertsThePricesOfAKlineInTheirOrder) {
+TEST(BinanceDecoderTest, convertsThePricesOfAKlineInTheirOrder) {
     EXPECT_EQ(invalidNumber([] {
                   static_cast<void>(BinanceDecoder::decodeKlines(R"([[1,"1","b","c","d"]])"));
               }),
               "b");
 }
 
-TEST(BinanceDecoderTest, DecodesOnManyThreadsAtOnce) {
+TEST(BinanceDecoderTest, decodesOnManyThreadsAtOnce) {
     std::vector<std::thread> threads;
     std::vector<int> right(4);
     for (int& count : right) {

@@ -65,7 +65,7 @@ struct BinanceRESTClientTest : ::testing::Test {
 
 }  // namespace
 
-TEST_F(BinanceRESTClientTest, AsksForKlines) {
+TEST_F(BinanceRESTClientTest, asksForKlines) {
     fetcher->answer(200, R"([[1000,"1","2","0.5","1.5"]])");
     const TaskRun run(executor, client.klines("BTCUSDT", "5m", 288, std::nullopt));
     EXPECT_THAT(fetcher->requests,
@@ -75,7 +75,7 @@ TEST_F(BinanceRESTClientTest, AsksForKlines) {
     EXPECT_THAT(log.lines(), IsEmpty());
 }
 
-TEST_F(BinanceRESTClientTest, AsksForKlinesFromATimeOn) {
+TEST_F(BinanceRESTClientTest, asksForKlinesFromATimeOn) {
     fetcher->answer(200, "[]");
     const TaskRun run(executor, client.klines("BTCUSDT", "1m", 1, 1700000000000));
     EXPECT_THAT(fetcher->requests,
@@ -84,14 +84,14 @@ TEST_F(BinanceRESTClientTest, AsksForKlinesFromATimeOn) {
     EXPECT_THAT(run.value(), IsEmpty());
 }
 
-TEST_F(BinanceRESTClientTest, EncodesWhatAQueryCannotHold) {
+TEST_F(BinanceRESTClientTest, percentEncodesTheQuery) {
     const TaskRun run(executor, client.klines("A&b=c d/\u5e01~", "5m", -1, std::nullopt));
     EXPECT_THAT(fetcher->requests,
                 ElementsAre("https://api.binance.com/api/v3/klines"
                             "?symbol=A%26b%3Dc%20d%2F%E5%B8%81~&interval=5m&limit=-1"));
 }
 
-TEST_F(BinanceRESTClientTest, AsksForExchangeInformationWithoutAQuery) {
+TEST_F(BinanceRESTClientTest, asksForExchangeInformationWithoutAQuery) {
     fetcher->answer(200,
                     R"({"symbols":[{"symbol":"BTCUSDT","status":"TRADING",)"
                     R"("baseAsset":"BTC","quoteAsset":"USDT"}]})");
@@ -100,7 +100,7 @@ TEST_F(BinanceRESTClientTest, AsksForExchangeInformationWithoutAQuery) {
     EXPECT_THAT(run.value(), ElementsAre(Coin{"BTCUSDT", "BTC"}));
 }
 
-TEST_F(BinanceRESTClientTest, AsksForTheTickersOfSomePairsInTheirOrder) {
+TEST_F(BinanceRESTClientTest, asksForTheTickersOfSomePairsInTheirOrder) {
     fetcher->answer(200, kTickersBody);
     const TaskRun run(executor, client.ticker24h({"BTCUSDT", "ETHUSDT", "BTCUSDT"}));
     EXPECT_THAT(fetcher->requests,
@@ -109,13 +109,13 @@ TEST_F(BinanceRESTClientTest, AsksForTheTickersOfSomePairsInTheirOrder) {
     EXPECT_EQ(run.value(), kTickers);
 }
 
-TEST_F(BinanceRESTClientTest, AsksForTheTickersOfNoPairsWithoutAQuestion) {
+TEST_F(BinanceRESTClientTest, asksForTheTickersOfAnEmptyListToo) {
     const TaskRun run(executor, client.ticker24h({}));
     EXPECT_THAT(fetcher->requests,
                 ElementsAre("https://api.binance.com/api/v3/ticker/24hr?symbols=%5B%5D"));
 }
 
-TEST_F(BinanceRESTClientTest, AsksForAllTickers) {
+TEST_F(BinanceRESTClientTest, asksForAllTickers) {
     fetcher->answer(200, kTickersBody);
     const TaskRun run(executor, client.ticker24hAll());
     EXPECT_THAT(fetcher->requests,
@@ -123,7 +123,7 @@ TEST_F(BinanceRESTClientTest, AsksForAllTickers) {
     EXPECT_EQ(run.value(), kTickers);
 }
 
-TEST_F(BinanceRESTClientTest, AppendsToABaseWithASlashOnce) {
+TEST_F(BinanceRESTClientTest, appendsToABaseWithASlashOnce) {
     const auto mirror =
         std::make_shared<EndpointSelector>(std::vector<std::string>{"http://[::1]:8080/"});
     BinanceRESTClient mirrored(fetcher, mirror, worker);
@@ -131,7 +131,7 @@ TEST_F(BinanceRESTClientTest, AppendsToABaseWithASlashOnce) {
     EXPECT_THAT(fetcher->requests, ElementsAre("http://[::1]:8080/exchangeInfo"));
 }
 
-TEST_F(BinanceRESTClientTest, MovesToTheNextEndpointAfterAServerError) {
+TEST_F(BinanceRESTClientTest, movesToTheNextEndpointAfterAServerError) {
     fetcher->answer(503, "busy");
     fetcher->answer(200, kTickersBody);
     EXPECT_EQ(tickers().value(), kTickers);
@@ -147,7 +147,7 @@ TEST_F(BinanceRESTClientTest, MovesToTheNextEndpointAfterAServerError) {
     EXPECT_EQ(fetcher->requests.back(), url(1));
 }
 
-TEST_F(BinanceRESTClientTest, MovesToTheNextEndpointAfterATransportError) {
+TEST_F(BinanceRESTClientTest, movesToTheNextEndpointAfterATransportError) {
     fetcher->fail(URLError(URLError::Code::timedOut, "timed out"));
     fetcher->answer(200, kTickersBody);
     EXPECT_EQ(tickers().value(), kTickers);
@@ -156,7 +156,7 @@ TEST_F(BinanceRESTClientTest, MovesToTheNextEndpointAfterATransportError) {
                 ElementsAre("REST|error|request failed for " + url(0) + ": timed out"));
 }
 
-TEST_F(BinanceRESTClientTest, GivesUpAfterEveryEndpointWithTheLastError) {
+TEST_F(BinanceRESTClientTest, givesUpAfterEveryEndpointWithTheLastError) {
     for (int attempt = 0; attempt < 5; ++attempt) {
         fetcher->fail(URLError(URLError::Code::cannotConnect, "refused"));
     }
@@ -169,7 +169,7 @@ TEST_F(BinanceRESTClientTest, GivesUpAfterEveryEndpointWithTheLastError) {
     EXPECT_THAT(log.lines("Endpoint"), SizeIs(5));
 }
 
-TEST_F(BinanceRESTClientTest, TriesTheLastEndpointAgainInsteadOfTheFirst) {
+TEST_F(BinanceRESTClientTest, triesTheLastEndpointAgainInsteadOfTheFirst) {
     for (int index = 0; index < 5; ++index) {
         endpoints->markFailed(index);
     }
@@ -180,7 +180,7 @@ TEST_F(BinanceRESTClientTest, TriesTheLastEndpointAgainInsteadOfTheFirst) {
     EXPECT_EQ(endpointInUse(), 5);
 }
 
-TEST_F(BinanceRESTClientTest, TakesOtherEndpointsWithItsCopies) {
+TEST_F(BinanceRESTClientTest, takesOtherEndpointsWithItsCopies) {
     BinanceRESTClient copy = client;
     client.useEndpoints(
         std::make_shared<EndpointSelector>(std::vector<std::string>{"https://new"}));
@@ -192,7 +192,7 @@ TEST_F(BinanceRESTClientTest, TakesOtherEndpointsWithItsCopies) {
     EXPECT_THAT(fetcher->requests, ElementsAre(url, url));
 }
 
-TEST_F(BinanceRESTClientTest, LetsARequestUnderWayKeepItsEndpoints) {
+TEST_F(BinanceRESTClientTest, letsARequestUnderWayKeepItsEndpoints) {
     const auto other = std::make_shared<EndpointSelector>(std::vector<std::string>{"a", "b"});
     // As it is when the failure of the last endpoint brings others.
     const auto replaced = std::make_shared<EndpointSelector>(
@@ -208,7 +208,7 @@ TEST_F(BinanceRESTClientTest, LetsARequestUnderWayKeepItsEndpoints) {
     EXPECT_EQ(other->current()->index, 0);
 }
 
-TEST_F(BinanceRESTClientTest, ThrowsAClientErrorAtOnce) {
+TEST_F(BinanceRESTClientTest, throwsAClientErrorAtOnce) {
     for (const int status : {400, 404, 418, 429, 451, 0, 100, 302}) {
         fetcher->requests.clear();
         log.clear();
@@ -227,7 +227,7 @@ TEST_F(BinanceRESTClientTest, ThrowsAClientErrorAtOnce) {
     }
 }
 
-TEST_F(BinanceRESTClientTest, TakesEveryStatusFrom200To299) {
+TEST_F(BinanceRESTClientTest, takesEveryStatusFrom200To299) {
     for (const int status : {200, 204, 299}) {
         fetcher->answer(status, kTickersBody);
         EXPECT_EQ(tickers().value(), kTickers) << status;
@@ -239,7 +239,7 @@ TEST_F(BinanceRESTClientTest, TakesEveryStatusFrom200To299) {
     }
 }
 
-TEST_F(BinanceRESTClientTest, PassesDecodingErrorsOnWithoutATryElsewhere) {
+TEST_F(BinanceRESTClientTest, doesNotTryElsewhereAfterADecodingError) {
     fetcher->answer(200, "<html>");
     EXPECT_THROW(static_cast<void>(tickers().value()), JSONDecodingError);
     fetcher->answer(200, R"([{"symbol":"A","lastPrice":"x","openPrice":"1"}])");
@@ -252,7 +252,7 @@ TEST_F(BinanceRESTClientTest, PassesDecodingErrorsOnWithoutATryElsewhere) {
     EXPECT_EQ(endpointInUse(), 0);
 }
 
-TEST_F(BinanceRESTClientTest, ThrowsWithoutARequestWhenThereIsNoEndpoint) {
+TEST_F(BinanceRESTClientTest, throwsWithoutARequestWhenThereIsNoEndpoint) {
     BinanceRESTClient nowhere(
         fetcher, std::make_shared<EndpointSelector>(std::vector<std::string>{}), worker);
     const TaskRun run(executor, nowhere.exchangeInfo());
@@ -265,7 +265,7 @@ TEST_F(BinanceRESTClientTest, ThrowsWithoutARequestWhenThereIsNoEndpoint) {
     EXPECT_THAT(fetcher->requests, IsEmpty());
 }
 
-TEST_F(BinanceRESTClientTest, LogsACancelledRequestAndLeavesTheEndpoint) {
+TEST_F(BinanceRESTClientTest, logsACancelledRequestAndLeavesTheEndpoint) {
     fetcher->answers.held();
     Tickers run(executor, client.ticker24h({"BTCUSDT"}));
     EXPECT_FALSE(run.isDone());
@@ -278,7 +278,7 @@ TEST_F(BinanceRESTClientTest, LogsACancelledRequestAndLeavesTheEndpoint) {
     EXPECT_EQ(endpointInUse(), 0);
 }
 
-TEST_F(BinanceRESTClientTest, ThrowsACancelledTransferAtOnce) {
+TEST_F(BinanceRESTClientTest, throwsACancelledTransferAtOnce) {
     fetcher->fail(URLError(URLError::Code::cancelled, "the transfer was cancelled"));
     EXPECT_THROW(static_cast<void>(tickers().value()), URLError);
     EXPECT_THAT(fetcher->requests, SizeIs(1));
@@ -288,7 +288,7 @@ TEST_F(BinanceRESTClientTest, ThrowsACancelledTransferAtOnce) {
     EXPECT_EQ(endpointInUse(), 0);
 }
 
-TEST_F(BinanceRESTClientTest, EndsSilentlyWhenItsTaskIsDestroyed) {
+TEST_F(BinanceRESTClientTest, endsSilentlyWhenItsTaskIsDestroyed) {
     fetcher->answers.held();
     {
         const Tickers run(executor, client.ticker24h({"BTCUSDT"}));
@@ -299,7 +299,7 @@ TEST_F(BinanceRESTClientTest, EndsSilentlyWhenItsTaskIsDestroyed) {
     EXPECT_THAT(log.lines(), IsEmpty());
 }
 
-TEST_F(BinanceRESTClientTest, SharesItsEndpointsWithItsCopies) {
+TEST_F(BinanceRESTClientTest, sharesItsEndpointsWithItsCopies) {
     BinanceRESTClient copy = client;
     fetcher->answer(500);
     fetcher->answer(200, kTickersBody);
@@ -310,7 +310,7 @@ TEST_F(BinanceRESTClientTest, SharesItsEndpointsWithItsCopies) {
     EXPECT_EQ(fetcher->requests.back(), url(1));
 }
 
-TEST_F(BinanceRESTClientTest, MovesOnceForRequestsThatFailTogether) {
+TEST_F(BinanceRESTClientTest, movesOnceForRequestsThatFailTogether) {
     const Deferred<HTTPResponse> first = fetcher->answers.held();
     const Deferred<HTTPResponse> second = fetcher->answers.held();
     fetcher->answer(200, kTickersBody);
@@ -329,7 +329,7 @@ TEST_F(BinanceRESTClientTest, MovesOnceForRequestsThatFailTogether) {
     EXPECT_THAT(log.lines("Endpoint"), SizeIs(1));
 }
 
-TEST_F(BinanceRESTClientTest, DecodesTheLargeBodiesOnTheWorkerAlone) {
+TEST_F(BinanceRESTClientTest, decodesOnlyTheLargeBodiesOnTheWorker) {
     HeldWorker held;
     BinanceRESTClient working(fetcher, endpoints, held);
     fetcher->answer(200, kTickersBody);
@@ -354,7 +354,7 @@ TEST_F(BinanceRESTClientTest, DecodesTheLargeBodiesOnTheWorkerAlone) {
     EXPECT_THAT(coins.value(), IsEmpty());
 }
 
-TEST_F(BinanceRESTClientTest, AbandonsTheDecodingOfACancelledRequest) {
+TEST_F(BinanceRESTClientTest, abandonsTheDecodingOfACancelledRequest) {
     HeldWorker held;
     BinanceRESTClient working(fetcher, endpoints, held);
     fetcher->answer(200, kTickersBody);

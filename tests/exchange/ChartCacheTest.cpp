@@ -30,11 +30,11 @@ auto at(const ChartCache& cache, ChartRange range, double age) {
 
 }  // namespace
 
-TEST(ChartCacheTest, HoldsNothingAtFirst) {
+TEST(ChartCacheTest, holdsNothingAtFirst) {
     EXPECT_EQ(ChartCache().value("BTCUSDT", ChartRange::day, kStored), std::nullopt);
 }
 
-TEST(ChartCacheTest, ReturnsCandlesUntilTheirTimeIsOver) {
+TEST(ChartCacheTest, returnsCandlesUntilTheirTimeIsOver) {
     const ChartCache day = with(1, ChartRange::day);
     EXPECT_THAT(at(day, ChartRange::day, 0), Optional(Eq(candles(1))));
     EXPECT_THAT(at(day, ChartRange::day, 299.9), Optional(Eq(candles(1))));
@@ -45,11 +45,11 @@ TEST(ChartCacheTest, ReturnsCandlesUntilTheirTimeIsOver) {
     EXPECT_EQ(at(with(1, ChartRange::month), ChartRange::month, 7200), std::nullopt);
 }
 
-TEST(ChartCacheTest, TakesCandlesOfTheFutureAsFresh) {
+TEST(ChartCacheTest, takesCandlesOfTheFutureAsFresh) {
     EXPECT_THAT(at(with(1, ChartRange::day), ChartRange::day, -1e6), Optional(Eq(candles(1))));
 }
 
-TEST(ChartCacheTest, TellsHowLongCandlesStayFresh) {
+TEST(ChartCacheTest, tellsHowLongCandlesStayFresh) {
     const auto freshFor = [](const ChartCache& cache, ChartRange range, double age) {
         return cache.freshFor("BTCUSDT", range, kStored + Seconds(age)).count();
     };
@@ -64,7 +64,7 @@ TEST(ChartCacheTest, TellsHowLongCandlesStayFresh) {
     EXPECT_EQ(day.freshFor("ETHUSDT", ChartRange::day, kStored), Seconds(0));
 }
 
-TEST(ChartCacheTest, KeepsPairsAndRangesApart) {
+TEST(ChartCacheTest, keepsPairsAndRangesApart) {
     const ChartCache cache = with(1, ChartRange::day)
                                  .inserting(candles(2), "BTCUSDT", ChartRange::week, kStored)
                                  .inserting(candles(3), "ETHUSDT", ChartRange::day, kStored);
@@ -75,7 +75,7 @@ TEST(ChartCacheTest, KeepsPairsAndRangesApart) {
     EXPECT_EQ(cache.value("ethusdt", ChartRange::day, kStored), std::nullopt);
 }
 
-TEST(ChartCacheTest, KeepsTheLaterOfTwoInsertionsWithItsTime) {
+TEST(ChartCacheTest, keepsTheLaterOfTwoInsertionsWithItsTime) {
     const ChartCache cache =
         with(1, ChartRange::day)
             .inserting(candles(2), "BTCUSDT", ChartRange::day, kStored + Seconds(200));
@@ -83,13 +83,13 @@ TEST(ChartCacheTest, KeepsTheLaterOfTwoInsertionsWithItsTime) {
     EXPECT_EQ(at(cache, ChartRange::day, 500), std::nullopt);
 }
 
-TEST(ChartCacheTest, StoresAnEmptyListLikeAnyOther) {
+TEST(ChartCacheTest, storesAnEmptyListLikeAnyOther) {
     const ChartCache cache =
         with(1, ChartRange::day).inserting({}, "BTCUSDT", ChartRange::day, kStored);
     EXPECT_THAT(at(cache, ChartRange::day, 1), Optional(Eq(std::vector<Candle>{})));
 }
 
-TEST(ChartCacheTest, LeavesTheReceiverOfAnInsertionAsItWas) {
+TEST(ChartCacheTest, leavesTheReceiverOfAnInsertionAsItWas) {
     const ChartCache cache = with(1, ChartRange::day);
     const ChartCache copy = cache;
     const ChartCache other = cache.inserting(candles(2), "BTCUSDT", ChartRange::day, kStored);

@@ -9,11 +9,11 @@ namespace quillbar {
 
 using ::testing::ElementsAre;
 
-TEST(ChartRangeTest, ListsItsCasesInTheirOrder) {
+TEST(ChartRangeTest, listsItsCasesInTheirOrder) {
     EXPECT_THAT(kChartRanges, ElementsAre(ChartRange::day, ChartRange::week, ChartRange::month));
 }
 
-TEST(ChartRangeTest, DescribesADay) {
+TEST(ChartRangeTest, describesADay) {
     EXPECT_EQ(rawValue(ChartRange::day), "day");
     EXPECT_EQ(displayName(ChartRange::day), "1D");
     EXPECT_EQ(interval(ChartRange::day), "5m");
@@ -21,7 +21,7 @@ TEST(ChartRangeTest, DescribesADay) {
     EXPECT_EQ(timeToLive(ChartRange::day), Seconds(300));
 }
 
-TEST(ChartRangeTest, DescribesAWeek) {
+TEST(ChartRangeTest, describesAWeek) {
     EXPECT_EQ(rawValue(ChartRange::week), "week");
     EXPECT_EQ(displayName(ChartRange::week), "1W");
     EXPECT_EQ(interval(ChartRange::week), "1h");
@@ -29,7 +29,7 @@ TEST(ChartRangeTest, DescribesAWeek) {
     EXPECT_EQ(timeToLive(ChartRange::week), Seconds(1800));
 }
 
-TEST(ChartRangeTest, DescribesAMonth) {
+TEST(ChartRangeTest, describesAMonth) {
     EXPECT_EQ(rawValue(ChartRange::month), "month");
     EXPECT_EQ(displayName(ChartRange::month), "1M");
     EXPECT_EQ(interval(ChartRange::month), "4h");
@@ -37,7 +37,7 @@ TEST(ChartRangeTest, DescribesAMonth) {
     EXPECT_EQ(timeToLive(ChartRange::month), Seconds(7200));
 }
 
-TEST(ChartRangeTest, IsMadeFromItsRawValuesAlone) {
+TEST(ChartRangeTest, isMadeFromItsRawValuesAlone) {
     for (const ChartRange range : kChartRanges) {
         EXPECT_EQ(chartRange(rawValue(range)), range);
     }

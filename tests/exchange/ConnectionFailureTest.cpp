@@ -51,15 +51,15 @@ TEST(ConnectionFailureTest, namesTheStatusOfAServerThatRefuses) {
     EXPECT_EQ(said(BinanceError(429)), "服务器返回 429");
 }
 
-TEST(ConnectionFailureTest, ofAnAnswerWithoutAStatusIsThatNoServerIsLeft) {
+TEST(ConnectionFailureTest, saysThatNoServerIsLeftForAnAnswerWithoutAStatus) {
     EXPECT_EQ(said(BinanceError(0)), "没有可用的服务器");
 }
 
-TEST(ConnectionFailureTest, ofAFarewellIsThatTheServerWentAway) {
+TEST(ConnectionFailureTest, saysThatTheServerClosedForACloseFrame) {
     EXPECT_EQ(displayName({.kind = Kind::closedByServer}), "服务器关闭了连接");
 }
 
-TEST(ConnectionFailureTest, knowsItsOwnSideAndNothingOfOtherErrors) {
+TEST(ConnectionFailureTest, tellsCancellationsFromUnknownErrors) {
     EXPECT_EQ(said(Cancelled()), "连接已取消");
     EXPECT_EQ(said(std::runtime_error("broken")), "连接出现异常");
     EXPECT_EQ(said(5), "连接出现异常");

@@ -151,14 +151,14 @@ private:
 
 }  // namespace
 
-TEST(DecimalTextTest, TakesThePricesOfTheExchange) {
+TEST(DecimalTextTest, takesThePricesOfTheExchange) {
     expectNumber("65000.10", 65000.1);
     expectNumber("64000", 64000);
     expectNumber("0.00000000", 0);
     expectNumber("1.5E9", 1.5e9);
 }
 
-TEST(DecimalTextTest, TakesEveryFormOfADecimalNumber) {
+TEST(DecimalTextTest, takesEveryFormOfADecimalNumber) {
     expectNumber("-0.5", -0.5);
     expectNumber("+0.5", 0.5);
     expectNumber("1e-8", 1e-8);
@@ -170,7 +170,7 @@ TEST(DecimalTextTest, TakesEveryFormOfADecimalNumber) {
     expectNumber("-0", -0.0);
 }
 
-TEST(DecimalTextTest, TakesHexadecimalNumbers) {
+TEST(DecimalTextTest, takesHexadecimalNumbers) {
     expectNumber("0x1p3", 8);
     expectNumber("0X1.8P+1", 3);
     expectNumber("-0x.8", -0.5);
@@ -178,7 +178,7 @@ TEST(DecimalTextTest, TakesHexadecimalNumbers) {
     expectNumber("0x10p-4", 1);
 }
 
-TEST(DecimalTextTest, RefusesTheEmptyTextAndWhiteSpace) {
+TEST(DecimalTextTest, refusesTheEmptyTextAndWhiteSpace) {
     expectRejected("");
     for (const char* const space : {" ", "\t", "\n", "\v", "\f", "\r"}) {
         expectRejected(space);
@@ -189,7 +189,7 @@ TEST(DecimalTextTest, RefusesTheEmptyTextAndWhiteSpace) {
     expectRejected("- 1");
 }
 
-TEST(DecimalTextTest, RefusesWhatIsNotANumberToItsEnd) {
+TEST(DecimalTextTest, refusesTrailingCharacters) {
     for (const char* const text :
          {"abc",  "1,5",     "1.2.3", "1e",  "1e+",   "1e5x", "e5",   ".",    "-",
           "+",    "--1",     "+-1",   "-+1", "0x",    "0x.",  "0xp3", "0xg",  "0x-1",
@@ -198,20 +198,20 @@ TEST(DecimalTextTest, RefusesWhatIsNotANumberToItsEnd) {
     }
 }
 
-TEST(DecimalTextTest, RefusesInfinitiesAndNaNs) {
+TEST(DecimalTextTest, refusesInfinitiesAndNaNs) {
     for (const char* const text :
          {"inf", "-inf", "+INF", "infinity", "nan", "NaN", "-nan", "nan(1)", "0xinf", "0xnan"}) {
         expectRejected(text);
     }
 }
 
-TEST(DecimalTextTest, RefusesATextWithANulInside) {
+TEST(DecimalTextTest, refusesATextWithANulInside) {
     expectRejected(std::string_view("1\0", 2));
     expectRejected(std::string_view("\0", 1));
     expectRejected(std::string_view("1\0002", 3));
 }
 
-TEST(DecimalTextTest, RefusesWhatIsTooLargeForADouble) {
+TEST(DecimalTextTest, refusesWhatIsTooLargeForADouble) {
     expectNumber("1.7976931348623157e308", std::numeric_limits<double>::max());
     expectRejected("1.8e308");
     expectRejected("-1e309");
@@ -224,7 +224,7 @@ TEST(DecimalTextTest, RefusesWhatIsTooLargeForADouble) {
     EXPECT_LT(decimalNumber("0x1.fffffffffffffp1023"), kInfinity);
 }
 
-TEST(DecimalTextTest, TakesWhatIsTooSmallForADoubleAsZeroOrDenormal) {
+TEST(DecimalTextTest, takesWhatIsTooSmallForADoubleAsZeroOrDenormal) {
     expectNumber("5e-324", std::numeric_limits<double>::denorm_min());
     expectNumber("2.2250738585072011e-308", 2.2250738585072011e-308);
     expectNumber("1e-400", 0);
@@ -237,13 +237,13 @@ TEST(DecimalTextTest, TakesWhatIsTooSmallForADoubleAsZeroOrDenormal) {
     expectNumber("0x." + std::string(300, '0') + "1", 0);
 }
 
-TEST(DecimalTextTest, TakesAZeroWithAnyExponent) {
+TEST(DecimalTextTest, takesAZeroWithAnyExponent) {
     expectNumber("0e999999999999", 0);
     expectNumber("-0.0e-999999999999", -0.0);
     expectNumber("0x0p999999999999", 0);
 }
 
-TEST(DecimalTextTest, AgreesWithStrtodOnRandomTexts) {
+TEST(DecimalTextTest, agreesWithStrtodOnRandomTexts) {
     const StrtodJudge judge;
     RandomTexts texts;
     int accepted = 0;
@@ -265,19 +265,19 @@ TEST(DecimalTextTest, AgreesWithStrtodOnRandomTexts) {
     EXPECT_LT(accepted, kCount * 3 / 4 + kCount / 8);
 }
 
-TEST(BinanceDecodingErrorTest, QuotesTheTextOnOneLine) {
+TEST(BinanceDecodingErrorTest, quotesTheTextOnOneLine) {
     EXPECT_STREQ(BinanceDecodingError("abc").what(), "invalidNumber(\"abc\")");
     EXPECT_STREQ(BinanceDecodingError("a\"\\\n").what(), "invalidNumber(\"a\\\"\\\\\\x0a\")");
 }
 
-TEST(BinanceDecodingErrorTest, ShortensALongText) {
+TEST(BinanceDecodingErrorTest, shortensALongText) {
     const std::string text(1000, '9');
     const BinanceDecodingError error(text);
     EXPECT_EQ(error.invalidNumber(), text);
     EXPECT_EQ(error.what(), "invalidNumber(\"" + std::string(64, '9') + "\"...)");
 }
 
-TEST(BinanceDecodingErrorTest, EqualsWithTheSameText) {
+TEST(BinanceDecodingErrorTest, equalsWithTheSameText) {
     EXPECT_EQ(BinanceDecodingError("abc"), BinanceDecodingError("abc"));
     EXPECT_NE(BinanceDecodingError("abc"), BinanceDecodingError("abd"));
 }

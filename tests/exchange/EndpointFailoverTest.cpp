@@ -29,19 +29,19 @@ std::string text(const Error& error) {
 
 }  // namespace
 
-TEST(EndpointFailoverTest, TriesElsewhereForServerErrors) {
+TEST(EndpointFailoverTest, triesElsewhereForServerErrors) {
     EXPECT_TRUE(isTriedElsewhere(BinanceError(500)));
     EXPECT_TRUE(isTriedElsewhere(BinanceError(503)));
     EXPECT_TRUE(isTriedElsewhere(BinanceError(599)));
 }
 
-TEST(EndpointFailoverTest, DoesNotTryElsewhereForOtherStatuses) {
+TEST(EndpointFailoverTest, doesNotTryElsewhereForOtherStatuses) {
     for (const int status : {0, 100, 199, 300, 302, 400, 403, 418, 429, 451, 499, 600, -1}) {
         EXPECT_FALSE(isTriedElsewhere(BinanceError(status))) << status;
     }
 }
 
-TEST(EndpointFailoverTest, TriesElsewhereForTransportErrorsThatAreNoCancellation) {
+TEST(EndpointFailoverTest, triesElsewhereForTransportErrorsExceptCancellations) {
     using Code = URLError::Code;
     for (const Code code : {Code::timedOut,
                             Code::cannotFindHost,
@@ -57,7 +57,7 @@ TEST(EndpointFailoverTest, TriesElsewhereForTransportErrorsThatAreNoCancellation
     EXPECT_FALSE(isTriedElsewhere(URLError(Code::cancelled, "")));
 }
 
-TEST(EndpointFailoverTest, DoesNotTryElsewhereForOtherErrors) {
+TEST(EndpointFailoverTest, doesNotTryElsewhereForOtherErrors) {
     EXPECT_FALSE(isTriedElsewhere(Cancelled{}));
     EXPECT_FALSE(isTriedElsewhere(BinanceDecodingError("abc")));
     EXPECT_FALSE(isTriedElsewhere(JSONDecodingError("malformed")));
@@ -65,14 +65,14 @@ TEST(EndpointFailoverTest, DoesNotTryElsewhereForOtherErrors) {
     EXPECT_FALSE(isTriedElsewhere(42));
 }
 
-TEST(BinanceErrorTest, NamesItsStatusAndEqualsWithTheSame) {
+TEST(BinanceErrorTest, namesItsStatusAndEqualsWithTheSame) {
     EXPECT_STREQ(BinanceError(503).what(), "httpStatus(503)");
     EXPECT_EQ(BinanceError(503).httpStatus(), 503);
     EXPECT_EQ(BinanceError(503), BinanceError(503));
     EXPECT_NE(BinanceError(503), BinanceError(500));
 }
 
-TEST(ErrorTextTest, SaysWhatWentWrong) {
+TEST(ErrorTextTest, saysWhatWentWrong) {
     EXPECT_EQ(text(BinanceError(503)), "httpStatus(503)");
     EXPECT_EQ(text(Cancelled{}), "cancelled");
     EXPECT_EQ(text(42), "an error of an unknown type");

@@ -69,7 +69,7 @@ TEST_F(EndpointRenewalTest, isNotHeldUpByAClockThatWasSetBack) {
     EXPECT_THAT(renewed, SizeIs(2));
 }
 
-TEST_F(EndpointRenewalTest, beginsAnewAtEveryHint) {
+TEST_F(EndpointRenewalTest, beginsAnewAtEachRenewal) {
     renewal.renew();
     renewal.renew();
     EXPECT_THAT(renewed, SizeIs(2));
@@ -84,7 +84,7 @@ TEST_F(EndpointRenewalTest, ignoresALateReportOfAnEndpointThatWasLeft) {
     EXPECT_THAT(renewed, IsEmpty());
 }
 
-TEST_F(EndpointRenewalTest, hasNothingToBeginAnewWithASingleEndpoint) {
+TEST_F(EndpointRenewalTest, doesNotBeginAnewWithASingleEndpoint) {
     EndpointRenewal single{{"one"}, [this] { return now; }};
     int count = 0;
     single.whenRenewed([&count](const auto&) { ++count; });
@@ -92,7 +92,7 @@ TEST_F(EndpointRenewalTest, hasNothingToBeginAnewWithASingleEndpoint) {
     EXPECT_EQ(count, 0);
 }
 
-TEST_F(EndpointRenewalTest, needsNobodyWhoUsesIt) {
+TEST_F(EndpointRenewalTest, worksWithoutAUser) {
     EndpointRenewal unused{{"one", "two"}, [this] { return now; }};
     failThroughout(*unused.makeSelector());
     unused.renew();

@@ -29,7 +29,7 @@ void walkTo(EndpointSelector& selector, int index) {
 
 }  // namespace
 
-TEST(BinanceEndpointsTest, ListsTheRESTBasesInTheirOrder) {
+TEST(BinanceEndpointsTest, listsTheRESTBasesInTheirOrder) {
     EXPECT_THAT(BinanceEndpoints::rest(),
                 ElementsAre("https://api.binance.com/api/v3",
                             "https://data-api.binance.vision/api/v3",
@@ -39,21 +39,21 @@ TEST(BinanceEndpointsTest, ListsTheRESTBasesInTheirOrder) {
                             "https://api4.binance.com/api/v3"));
 }
 
-TEST(BinanceEndpointsTest, ListsTheStreamBasesInTheirOrder) {
+TEST(BinanceEndpointsTest, listsTheStreamBasesInTheirOrder) {
     EXPECT_THAT(BinanceEndpoints::stream(),
                 ElementsAre("wss://stream.binance.com:9443",
                             "wss://data-stream.binance.vision:443",
                             "wss://stream.binance.com:443"));
 }
 
-TEST(EndpointSelectorTest, BeginsWithTheFirst) {
+TEST(EndpointSelectorTest, beginsWithTheFirst) {
     const EndpointSelector selector(BinanceEndpoints::rest());
     EXPECT_EQ(selector.count(), 6);
     EXPECT_EQ(selector.current(),
               (EndpointSelector::Endpoint{"https://api.binance.com/api/v3", 0}));
 }
 
-TEST(EndpointSelectorTest, TellsOfEachFailureOfTheLast) {
+TEST(EndpointSelectorTest, tellsOfEachFailureOfTheLast) {
     int exhausted = 0;
     EndpointSelector selector({"one", "two"}, [&exhausted] { ++exhausted; });
     selector.markFailed(0);
@@ -66,7 +66,7 @@ TEST(EndpointSelectorTest, TellsOfEachFailureOfTheLast) {
     EXPECT_EQ(currentIndex(selector), 1);
 }
 
-TEST(EndpointSelectorTest, MovesOnceForTwoFailuresOfTheSameEndpoint) {
+TEST(EndpointSelectorTest, movesOnceForTwoFailuresOfTheSameEndpoint) {
     const CapturedLog log;
     EndpointSelector selector(BinanceEndpoints::rest());
     selector.markFailed(0);
@@ -78,7 +78,7 @@ TEST(EndpointSelectorTest, MovesOnceForTwoFailuresOfTheSameEndpoint) {
                             "https://data-api.binance.vision/api/v3"));
 }
 
-TEST(EndpointSelectorTest, StaysOnTheLast) {
+TEST(EndpointSelectorTest, staysOnTheLast) {
     EndpointSelector selector(BinanceEndpoints::rest());
     walkTo(selector, 5);
     const CapturedLog log;
@@ -88,7 +88,7 @@ TEST(EndpointSelectorTest, StaysOnTheLast) {
     EXPECT_THAT(log.lines(), IsEmpty());
 }
 
-TEST(EndpointSelectorTest, IgnoresTheFailureOfAnotherEndpoint) {
+TEST(EndpointSelectorTest, ignoresTheFailureOfAnotherEndpoint) {
     EndpointSelector selector(BinanceEndpoints::rest());
     walkTo(selector, 1);
     const CapturedLog log;
@@ -99,7 +99,7 @@ TEST(EndpointSelectorTest, IgnoresTheFailureOfAnotherEndpoint) {
     EXPECT_THAT(log.lines(), IsEmpty());
 }
 
-TEST(EndpointSelectorTest, HasNothingToOfferFromAnEmptyList) {
+TEST(EndpointSelectorTest, hasNoCurrentEndpointInAnEmptyList) {
     const CapturedLog log;
     EndpointSelector selector({});
     EXPECT_EQ(selector.count(), 0);

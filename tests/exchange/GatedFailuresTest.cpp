@@ -59,7 +59,7 @@ struct GatedFailuresTest : ::testing::Test {
 
 }  // namespace
 
-TEST_F(GatedFailuresTest, pausesForAHostWhoseServerFails) {
+TEST_F(GatedFailuresTest, pauseForAHostWhoseServerFails) {
     for (const int status : {500, 503, 599}) {
         fetcher->forgetFailures();
         theHostsAnswer(status);
@@ -69,7 +69,7 @@ TEST_F(GatedFailuresTest, pausesForAHostWhoseServerFails) {
     }
 }
 
-TEST_F(GatedFailuresTest, pausesForAHostThatCannotBeReached) {
+TEST_F(GatedFailuresTest, pauseForAHostThatCannotBeReached) {
     for (const Code code : {Code::timedOut,
                             Code::cannotFindHost,
                             Code::cannotConnect,
@@ -89,7 +89,7 @@ TEST_F(GatedFailuresTest, pausesForAHostThatCannotBeReached) {
     }
 }
 
-TEST_F(GatedFailuresTest, asksOnWhereTheHostIsWellWhateverItSays) {
+TEST_F(GatedFailuresTest, keepAskingAHostThatAnswersWhateverItsStatus) {
     for (const int status : {0, 200, 302, 400, 403, 404, 451, 499, 600}) {
         theHostsAnswer(status);
         EXPECT_EQ(sentOf(10), 10U) << status;
@@ -100,7 +100,7 @@ TEST_F(GatedFailuresTest, asksOnWhereTheHostIsWellWhateverItSays) {
     }
 }
 
-TEST_F(GatedFailuresTest, asksOneHostWhileItPausesForAnother) {
+TEST_F(GatedFailuresTest, askOneHostDuringThePauseOfAnother) {
     theHostsAnswer(503);
     EXPECT_EQ(sentOf(10), 3U);
     theHostsAnswer(200);
@@ -110,7 +110,7 @@ TEST_F(GatedFailuresTest, asksOneHostWhileItPausesForAnother) {
     EXPECT_EQ(sentOf(10), 10U);
 }
 
-TEST_F(GatedFailuresTest, sendsOneRequestAfterEachPause) {
+TEST_F(GatedFailuresTest, sendOneRequestAfterEachPause) {
     theHostsAnswer(503);
     sentOf(10);
     std::size_t sent = 0;
@@ -122,7 +122,7 @@ TEST_F(GatedFailuresTest, sendsOneRequestAfterEachPause) {
     EXPECT_EQ(sent, 5U + 8U);
 }
 
-TEST_F(GatedFailuresTest, takesACancelledRequestForNoAnswer) {
+TEST_F(GatedFailuresTest, ignoreACancelledRequest) {
     theHostsAnswer(503);
     sentOf(3);
     time.advance(Seconds(2));

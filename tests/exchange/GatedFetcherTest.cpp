@@ -103,7 +103,7 @@ TEST_F(GatedFetcherTest, passesOrdinaryAnswersOn) {
     EXPECT_THAT(m_log.lines(), IsEmpty());
 }
 
-TEST_F(GatedFetcherTest, asksNoMoreUntilTheTimeHasPassed) {
+TEST_F(GatedFetcherTest, sendsNothingUntilTheTimeHasPassed) {
     theServiceAnswers(429, "30");
     EXPECT_EQ(ask(), 429);
     m_time.advance(Seconds(29.9));
@@ -131,14 +131,14 @@ TEST_F(GatedFetcherTest, logsOnceWhenItClosesAndOnceWhenItOpens) {
                             "ServiceGate|default|exchange may be asked again"));
 }
 
-TEST_F(GatedFetcherTest, keepsAwayFromTheOtherHostsToo) {
+TEST_F(GatedFetcherTest, stopsRequestsToTheOtherHostsToo) {
     theServiceAnswers(418, "600");
     ask("https://one.test/x");
     EXPECT_EQ(ask("https://two.test/x"), 418);
     EXPECT_THAT(m_service->requests, SizeIs(1));
 }
 
-TEST_F(GatedFetcherTest, believesSecondsAndNothingElse) {
+TEST_F(GatedFetcherTest, acceptsOnlySecondsAsRetryAfter) {
     EXPECT_NEAR(pauseAfter(429, "119"), 119, 1);
     EXPECT_NEAR(pauseAfter(429, std::nullopt), 60, 1);
     for (const char* const nonsense :
@@ -198,7 +198,7 @@ TEST_F(GatedFetcherTest, isNotHeldByAClockThatWasSetBackHoweverOftenItIsRestarte
     EXPECT_EQ(ask(), 200);
 }
 
-TEST_F(GatedFetcherTest, isClosedForNoLongerThanAServiceCanAskWhateverItsFileHolds) {
+TEST_F(GatedFetcherTest, limitsItsPauseWhateverItsFileHolds) {
     const double now = (m_time.now() - kReferenceDate).count();
     for (const double closedAt : {now, now + 1e6}) {
         writeContents(m_folder.path() / "exchange-gate.json",
@@ -236,7 +236,7 @@ TEST_F(GatedFetcherTest, doesNotShortenThePauseOfAnotherProcess) {
     EXPECT_EQ(ask(), 418);
 }
 
-TEST_F(GatedFetcherTest, opensThoughAFileThatItCannotReplaceHoldsATimeToCome) {
+TEST_F(GatedFetcherTest, opensThoughAFileThatItCannotReplaceHoldsAFutureTime) {
     const double later = (m_time.now() - kReferenceDate).count() + 1e6;
     const auto file = m_folder.path() / "exchange-gate.json";
     const std::string bytes =
@@ -251,7 +251,7 @@ TEST_F(GatedFetcherTest, opensThoughAFileThatItCannotReplaceHoldsATimeToCome) {
     EXPECT_EQ(ask(), 200);
 }
 
-TEST_F(GatedFetcherTest, isProlongedByAnAnswerThatWasOnItsWayAndNeverShortened) {
+TEST_F(GatedFetcherTest, isProlongedByALateAnswerAndNeverShortened) {
     auto first = m_service->answers.held();
     auto second = m_service->answers.held();
     auto third = m_service->answers.held();

@@ -94,7 +94,7 @@ TEST_F(KnownPairsTest, goesOnWithoutThePairsThatTheExchangeDoesNotKnow) {
                             "REST|error|the exchange does not know LOSTUSDT, going on without it"));
 }
 
-TEST_F(KnownPairsTest, asksNoMoreForAPairThatTheExchangeDoesNotKnow) {
+TEST_F(KnownPairsTest, doesNotAskAgainForAnUnknownPair) {
     theExchangeRefuses();
     exchange.ticker24hAllAnswers.value(tickersOf({"BTCUSDT"}));
     ask({"GONEUSDT", "BTCUSDT"});

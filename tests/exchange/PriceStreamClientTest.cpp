@@ -24,25 +24,25 @@ class PriceStreamClientTest : public ::testing::Test,
 
 }  // namespace
 
-TEST(PriceStreamURLTest, JoinsTheNamesOfTheStreams) {
+TEST(PriceStreamURLTest, joinsTheNamesOfTheStreams) {
     EXPECT_EQ(PriceStreamClient::streamURL({"BTCUSDT", "ETHUSDT"}, BinanceEndpoints::stream()[0]),
               "wss://stream.binance.com:9443/stream?streams=btcusdt@miniTicker/ethusdt@miniTicker");
 }
 
-TEST(PriceStreamURLTest, KeepsOrderAndRepetitions) {
+TEST(PriceStreamURLTest, keepsOrderAndRepetitions) {
     EXPECT_EQ(PriceStreamClient::streamURL({"b", "A", "B", "1000SATSUSDT"}, "wss://host"),
               "wss://host/stream?streams="
               "b@miniTicker/a@miniTicker/b@miniTicker/1000satsusdt@miniTicker");
     EXPECT_EQ(PriceStreamClient::streamURL({}, "wss://host"), "wss://host/stream?streams=");
 }
 
-TEST_F(PriceStreamClientTest, StartsNothingByItself) {
+TEST_F(PriceStreamClientTest, startsNothingByItself) {
     advance(100);
     EXPECT_THAT(takeEvents(), IsEmpty());
     EXPECT_THAT(connections.made, IsEmpty());
 }
 
-TEST_F(PriceStreamClientTest, TellsOfOneHealthyConnection) {
+TEST_F(PriceStreamClientTest, tellsOfOneHealthyConnection) {
     watch({"BTCUSDT"});
     frame("BTCUSDT", "65000");
     frame("BTCUSDT", "65001");
@@ -52,7 +52,7 @@ TEST_F(PriceStreamClientTest, TellsOfOneHealthyConnection) {
     EXPECT_THAT(log.lines(), IsEmpty());
 }
 
-TEST_F(PriceStreamClientTest, SkipsInvalidSymbols) {
+TEST_F(PriceStreamClientTest, skipsInvalidSymbols) {
     watch({"BTCUSDT", "btc-usdt", "", "ETHUSDT"});
     EXPECT_THAT(log.lines(),
                 ElementsAre("PriceStream|error|skipping invalid symbol: btc-usdt",
@@ -61,13 +61,13 @@ TEST_F(PriceStreamClientTest, SkipsInvalidSymbols) {
                 ElementsAre("wss://one:9443/stream?streams=btcusdt@miniTicker/ethusdt@miniTicker"));
 }
 
-TEST_F(PriceStreamClientTest, TakesASCIILettersAndDigitsAlone) {
+TEST_F(PriceStreamClientTest, takesASCIILettersAndDigitsAlone) {
     watch({"a0Z9", "\u5e01USDT", "A B", "A/B", "A\n", "\u00c5USDT"});
     EXPECT_THAT(urls(), ElementsAre("wss://one:9443/stream?streams=a0z9@miniTicker"));
     EXPECT_THAT(log.lines(), SizeIs(5));
 }
 
-TEST_F(PriceStreamClientTest, OpensNothingWithoutASymbol) {
+TEST_F(PriceStreamClientTest, opensNothingWithoutASymbol) {
     watch({});
     EXPECT_THAT(takeEvents(), ElementsAre("disconnected"));
     watch({"-"});
@@ -76,7 +76,7 @@ TEST_F(PriceStreamClientTest, OpensNothingWithoutASymbol) {
     EXPECT_THAT(log.lines(), ElementsAre("PriceStream|error|skipping invalid symbol: -"));
 }
 
-TEST_F(PriceStreamClientTest, ClosesTheConnectionWhenNoSymbolIsLeft) {
+TEST_F(PriceStreamClientTest, closesTheConnectionWhenNoSymbolIsLeft) {
     watch({"BTCUSDT"});
     takeEvents();
     watch({});
@@ -87,7 +87,7 @@ TEST_F(PriceStreamClientTest, ClosesTheConnectionWhenNoSymbolIsLeft) {
     EXPECT_THAT(log.lines(), IsEmpty());
 }
 
-TEST_F(PriceStreamClientTest, DropsABadFrameAndGoesOn) {
+TEST_F(PriceStreamClientTest, dropsABadFrameAndGoesOn) {
     watch({"BTCUSDT"});
     frame("BTCUSDT", "65,000");
     frame("BTCUSDT", "65001");
@@ -101,7 +101,7 @@ TEST_F(PriceStreamClientTest, DropsABadFrameAndGoesOn) {
     EXPECT_EQ(openCount(), 1U);
 }
 
-TEST_F(PriceStreamClientTest, DeliversWhatCameBeforeTheEnd) {
+TEST_F(PriceStreamClientTest, deliversWhatCameBeforeTheEnd) {
     watch({"BTCUSDT"});
     connections.last().frame("BTCUSDT", "1");
     connections.last().frame("BTCUSDT", "2");
@@ -110,7 +110,7 @@ TEST_F(PriceStreamClientTest, DeliversWhatCameBeforeTheEnd) {
                 ElementsAre("connecting", "connected", "BTCUSDT 1", "BTCUSDT 2", "waitingRetry"));
 }
 
-TEST_F(PriceStreamClientTest, ClosesAConnectionThatEnded) {
+TEST_F(PriceStreamClientTest, closesAConnectionThatEnded) {
     watch({"BTCUSDT"});
     closeByServer();
     EXPECT_EQ(connections.last().cancelCount, 1);
@@ -120,7 +120,7 @@ TEST_F(PriceStreamClientTest, ClosesAConnectionThatEnded) {
     EXPECT_EQ(openCount(), 0U);
 }
 
-TEST_F(PriceStreamClientTest, ConnectsAgainForTheSameSymbols) {
+TEST_F(PriceStreamClientTest, connectsAgainForTheSameSymbols) {
     watch({"BTCUSDT"});
     watch({"BTCUSDT"});
     EXPECT_THAT(takeEvents(), ElementsAre("connecting", "connected", "connecting", "connected"));
@@ -131,7 +131,7 @@ TEST_F(PriceStreamClientTest, ConnectsAgainForTheSameSymbols) {
     EXPECT_THAT(log.lines(), IsEmpty());
 }
 
-TEST_F(PriceStreamClientTest, ReadsOnlyTheConnectionOfTheLastSymbols) {
+TEST_F(PriceStreamClientTest, readsOnlyTheConnectionOfTheLastSymbols) {
     watch({"BTCUSDT"});
     watch({"ETHUSDT"});
     takeEvents();
@@ -141,7 +141,7 @@ TEST_F(PriceStreamClientTest, ReadsOnlyTheConnectionOfTheLastSymbols) {
     EXPECT_EQ(urls().back(), "wss://one:9443/stream?streams=ethusdt@miniTicker");
 }
 
-TEST_F(PriceStreamClientTest, ConnectsOnceForSymbolsThatChangeTwiceInATurn) {
+TEST_F(PriceStreamClientTest, connectsOnceForSymbolsThatChangeTwiceInATurn) {
     TaskScope scope(executor);
     scope.spawn(client->setSymbols({"BTCUSDT"}));
     scope.spawn(client->setSymbols({"ETHUSDT"}));
@@ -150,7 +150,7 @@ TEST_F(PriceStreamClientTest, ConnectsOnceForSymbolsThatChangeTwiceInATurn) {
     EXPECT_THAT(takeEvents(), ElementsAre("connecting", "connected"));
 }
 
-TEST_F(PriceStreamClientTest, LogsAnErrorThatArrivedBeforeTheCancellation) {
+TEST_F(PriceStreamClientTest, logsAnErrorThatArrivedBeforeTheCancellation) {
     watch({"BTCUSDT"});
     takeEvents();
     TaskScope scope(executor);
@@ -162,7 +162,7 @@ TEST_F(PriceStreamClientTest, LogsAnErrorThatArrivedBeforeTheCancellation) {
     EXPECT_EQ(time.sleepingCount(), 0U);
 }
 
-TEST_F(PriceStreamClientTest, DoesNotLogAnEndThatArrivedBeforeTheCancellation) {
+TEST_F(PriceStreamClientTest, doesNotLogAnEndThatArrivedBeforeTheCancellation) {
     watch({"BTCUSDT"});
     takeEvents();
     TaskScope scope(executor);
@@ -173,7 +173,7 @@ TEST_F(PriceStreamClientTest, DoesNotLogAnEndThatArrivedBeforeTheCancellation) {
     EXPECT_EQ(endpointInUse(), 0);
 }
 
-TEST_F(PriceStreamClientTest, DropsThePricesOfPairsThatWereNotAskedFor) {
+TEST_F(PriceStreamClientTest, dropsThePricesOfPairsThatWereNotAskedFor) {
     watch({"BTCUSDT", "ethusdt"});
     takeEvents();
     frame("SPAMUSDT", "1");
@@ -189,7 +189,7 @@ TEST_F(PriceStreamClientTest, DropsThePricesOfPairsThatWereNotAskedFor) {
     EXPECT_THAT(takeEvents(), IsEmpty());
 }
 
-TEST_F(PriceStreamClientTest, TakesPricesWhateverTheCaseOfTheirSymbols) {
+TEST_F(PriceStreamClientTest, takesPricesWhateverTheCaseOfTheirSymbols) {
     watch({"btcusdt", "EthUSDT"});
     takeEvents();
     frame("btcusdt", "1");
@@ -199,7 +199,7 @@ TEST_F(PriceStreamClientTest, TakesPricesWhateverTheCaseOfTheirSymbols) {
     EXPECT_THAT(log.lines(), IsEmpty());
 }
 
-TEST_F(PriceStreamClientTest, StopsWhileItReads) {
+TEST_F(PriceStreamClientTest, stopsWhileItReads) {
     watch({"BTCUSDT"});
     takeEvents();
     stop();
@@ -211,7 +211,7 @@ TEST_F(PriceStreamClientTest, StopsWhileItReads) {
     EXPECT_THAT(log.lines(), IsEmpty());
 }
 
-TEST_F(PriceStreamClientTest, ClosesTheConnectionWithinTheCallThatEndsIt) {
+TEST_F(PriceStreamClientTest, closesTheConnectionWithinTheCallThatEndsIt) {
     watch({"BTCUSDT"});
     TaskScope scope(executor);
     scope.spawn(client->setSymbols({"BTCUSDT"}));
@@ -224,7 +224,7 @@ TEST_F(PriceStreamClientTest, ClosesTheConnectionWithinTheCallThatEndsIt) {
     EXPECT_EQ(openCount(), 0U);
 }
 
-TEST_F(PriceStreamClientTest, StopsWhileItWaits) {
+TEST_F(PriceStreamClientTest, stopsWhileItWaits) {
     watch({"BTCUSDT"});
     fail();
     takeEvents();
@@ -236,13 +236,13 @@ TEST_F(PriceStreamClientTest, StopsWhileItWaits) {
     EXPECT_THAT(connections.made, SizeIs(1));
 }
 
-TEST_F(PriceStreamClientTest, TellsDisconnectedAtEveryStop) {
+TEST_F(PriceStreamClientTest, tellsDisconnectedAtEveryStop) {
     stop();
     stop();
     EXPECT_THAT(takeEvents(), ElementsAre("disconnected", "disconnected"));
 }
 
-TEST_F(PriceStreamClientTest, StartsAgainAfterAStop) {
+TEST_F(PriceStreamClientTest, startsAgainAfterAStop) {
     watch({"BTCUSDT"});
     stop();
     takeEvents();
@@ -251,7 +251,7 @@ TEST_F(PriceStreamClientTest, StartsAgainAfterAStop) {
     EXPECT_THAT(takeEvents(), ElementsAre("connecting", "connected", "ETHUSDT 2"));
 }
 
-TEST_F(PriceStreamClientTest, ClosesItsConnectionWhenDestroyedWhileItReads) {
+TEST_F(PriceStreamClientTest, closesItsConnectionWhenDestroyedWhileItReads) {
     watch({"BTCUSDT"});
     takeEvents();
     destroy();
@@ -260,7 +260,7 @@ TEST_F(PriceStreamClientTest, ClosesItsConnectionWhenDestroyedWhileItReads) {
     EXPECT_THAT(log.lines(), IsEmpty());
 }
 
-TEST_F(PriceStreamClientTest, LeavesNothingWhenDestroyedWhileItWaits) {
+TEST_F(PriceStreamClientTest, leavesNothingWhenDestroyedWhileItWaits) {
     watch({"BTCUSDT"});
     fail();
     takeEvents();
@@ -271,7 +271,7 @@ TEST_F(PriceStreamClientTest, LeavesNothingWhenDestroyedWhileItWaits) {
     EXPECT_THAT(connections.made, SizeIs(1));
 }
 
-TEST_F(PriceStreamClientTest, LetsOthersRunDuringAFlood) {
+TEST_F(PriceStreamClientTest, letsOthersRunDuringAFlood) {
     watch({"BTCUSDT"});
     takeEvents();
     int turns = 0;

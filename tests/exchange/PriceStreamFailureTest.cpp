@@ -93,7 +93,7 @@ TEST_F(PriceStreamFailureTest, isKeptWhileOtherPairsAreTried) {
     EXPECT_EQ(failure(), Failure{.kind = Kind::lost});
 }
 
-TEST_F(PriceStreamFailureTest, isNoneOfAConnectionThatWasReplacedOrStopped) {
+TEST_F(PriceStreamFailureTest, isAbsentForAConnectionThatWasReplacedOrStopped) {
     watch({"BTCUSDT"});
     frame("BTCUSDT", "65000");
     watch({"ETHUSDT"});
@@ -113,7 +113,7 @@ TEST_F(PriceStreamFailureTest, isForgottenWhenNothingIsToBeStreamed) {
     EXPECT_EQ(failure(), std::nullopt);
 }
 
-TEST_F(PriceStreamWithoutEndpointTest, isThatNoServerIsLeft) {
+TEST_F(PriceStreamWithoutEndpointTest, failsBecauseNoServerIsLeft) {
     watch({"BTCUSDT"});
     EXPECT_EQ(failure(), Failure{.kind = Kind::noServer});
     EXPECT_THAT(takeEvents(), ElementsAre("disconnected"));

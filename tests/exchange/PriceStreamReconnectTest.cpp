@@ -32,7 +32,7 @@ protected:
 
 }  // namespace
 
-TEST_F(PriceStreamReconnectTest, WalksThroughTheEndpointsWithGrowingDelays) {
+TEST_F(PriceStreamReconnectTest, walksThroughTheEndpointsWithGrowingDelays) {
     watch({"BTCUSDT"});
     EXPECT_EQ(endpointInUse(), 0);
     fail("refused");
@@ -63,7 +63,7 @@ TEST_F(PriceStreamReconnectTest, WalksThroughTheEndpointsWithGrowingDelays) {
     EXPECT_EQ(openCount(), 1U);
 }
 
-TEST_F(PriceStreamReconnectTest, WaitsTheJitteredTime) {
+TEST_F(PriceStreamReconnectTest, waitsTheJitteredTime) {
     const ReconnectPolicy doubled{
         Seconds(1), Seconds(60), [](double seconds) { return seconds * 2; }};
     PriceStreamClient other(executor,
@@ -80,7 +80,7 @@ TEST_F(PriceStreamReconnectTest, WaitsTheJitteredTime) {
     EXPECT_THAT(time.requested, ElementsAre(2));
 }
 
-TEST_F(PriceStreamReconnectTest, StartsOverAfterAStableConnectionOnTheSameEndpoint) {
+TEST_F(PriceStreamReconnectTest, startsOverAfterAStableConnectionOnTheSameEndpoint) {
     watch({"BTCUSDT"});
     failAndWait(1);
     failAndWait(2);
@@ -97,7 +97,7 @@ TEST_F(PriceStreamReconnectTest, StartsOverAfterAStableConnectionOnTheSameEndpoi
     EXPECT_EQ(time.requested.back(), 2) << "the count goes on from one";
 }
 
-TEST_F(PriceStreamReconnectTest, KeepsTheFirstEndpointAfterAStableConnection) {
+TEST_F(PriceStreamReconnectTest, keepsTheFirstEndpointAfterAStableConnection) {
     watch({"BTCUSDT"});
     frame("BTCUSDT", "65000");
     advance(31);
@@ -107,7 +107,7 @@ TEST_F(PriceStreamReconnectTest, KeepsTheFirstEndpointAfterAStableConnection) {
     EXPECT_THAT(log.lines(), ElementsAre("PriceStream|default|stream closed by server"));
 }
 
-TEST_F(PriceStreamReconnectTest, TakesExactlyTheThresholdAsStableHoweverItEnds) {
+TEST_F(PriceStreamReconnectTest, takesExactlyTheThresholdAsStableHoweverItEnds) {
     watch({"BTCUSDT"});
     frame("BTCUSDT", "65000");
     advance(30);
@@ -117,7 +117,7 @@ TEST_F(PriceStreamReconnectTest, TakesExactlyTheThresholdAsStableHoweverItEnds) 
     EXPECT_THAT(log.lines(), ElementsAre("PriceStream|error|connection failed: reset"));
 }
 
-TEST_F(PriceStreamReconnectTest, CountsALongConnectionWithoutAFrameAsFailed) {
+TEST_F(PriceStreamReconnectTest, countsALongConnectionWithoutAFrameAsFailed) {
     watch({"BTCUSDT"});
     advance(31);
     closeByServer();
@@ -128,7 +128,7 @@ TEST_F(PriceStreamReconnectTest, CountsALongConnectionWithoutAFrameAsFailed) {
     EXPECT_THAT(time.requested, ElementsAre(1, 2));
 }
 
-TEST_F(PriceStreamReconnectTest, CountsAShortConnectionWithFramesAsFailed) {
+TEST_F(PriceStreamReconnectTest, countsAShortConnectionWithFramesAsFailed) {
     watch({"BTCUSDT"});
     frame("BTCUSDT", "65000");
     advance(29);
@@ -141,7 +141,7 @@ TEST_F(PriceStreamReconnectTest, CountsAShortConnectionWithFramesAsFailed) {
     EXPECT_THAT(time.requested, ElementsAre(1, 2));
 }
 
-TEST_F(PriceStreamReconnectTest, CountsABadFrameAsADelivery) {
+TEST_F(PriceStreamReconnectTest, countsABadFrameAsADelivery) {
     watch({"BTCUSDT"});
     message("{}");
     advance(30);
@@ -149,7 +149,7 @@ TEST_F(PriceStreamReconnectTest, CountsABadFrameAsADelivery) {
     EXPECT_EQ(endpointInUse(), 0);
 }
 
-TEST_F(PriceStreamReconnectTest, EndsABackOffForOtherSymbolsAndForgetsItsAttempts) {
+TEST_F(PriceStreamReconnectTest, endsABackOffForOtherSymbolsAndForgetsItsAttempts) {
     watch({"BTCUSDT"});
     failAndWait(1);
     fail();
@@ -162,14 +162,14 @@ TEST_F(PriceStreamReconnectTest, EndsABackOffForOtherSymbolsAndForgetsItsAttempt
     EXPECT_THAT(time.requested, ElementsAre(1, 2, 1));
 }
 
-TEST_F(PriceStreamReconnectTest, SharesItsEndpointsWithOthers) {
+TEST_F(PriceStreamReconnectTest, sharesItsEndpointsWithOthers) {
     watch({"BTCUSDT"});
     endpoints->markFailed(0);
     fail();
     EXPECT_EQ(endpointInUse(), 1) << "the endpoint that failed was no longer in use";
 }
 
-TEST_F(PriceStreamReconnectTest, WakesLateAfterTheMachineSlept) {
+TEST_F(PriceStreamReconnectTest, wakesLateAfterTheMachineSlept) {
     watch({"BTCUSDT"});
     fail();
     takeEvents();
@@ -178,7 +178,7 @@ TEST_F(PriceStreamReconnectTest, WakesLateAfterTheMachineSlept) {
     EXPECT_THAT(connections.made, SizeIs(2));
 }
 
-TEST_F(PriceStreamReconnectTest, TakesAClockThatWasSetBackAsUnstable) {
+TEST_F(PriceStreamReconnectTest, takesAClockThatWasSetBackAsUnstable) {
     watch({"BTCUSDT"});
     frame("BTCUSDT", "1");
     advance(40);
@@ -187,7 +187,7 @@ TEST_F(PriceStreamReconnectTest, TakesAClockThatWasSetBackAsUnstable) {
     EXPECT_EQ(endpointInUse(), 1);
 }
 
-TEST_F(PriceStreamReconnectTest, SurvivesASleeperThatFails) {
+TEST_F(PriceStreamReconnectTest, survivesASleeperThatFails) {
     PriceStreamClient other(
         executor,
         connections.factory(),
@@ -207,7 +207,7 @@ TEST_F(PriceStreamReconnectTest, SurvivesASleeperThatFails) {
     EXPECT_EQ(openCount(), 1U);
 }
 
-TEST_F(PriceStreamReconnectTest, EndsABackOffForTheSameSymbols) {
+TEST_F(PriceStreamReconnectTest, endsABackOffForTheSameSymbols) {
     watch({"BTCUSDT", "ETHUSDT"});
     failAndWait(1);
     fail();
@@ -218,7 +218,7 @@ TEST_F(PriceStreamReconnectTest, EndsABackOffForTheSameSymbols) {
     EXPECT_EQ(urls().back(), "wss://three/stream?streams=btcusdt@miniTicker/ethusdt@miniTicker");
 }
 
-TEST(PriceStreamWithoutEndpointsTest, GivesUpForGood) {
+TEST(PriceStreamWithoutEndpointsTest, givesUpForGood) {
     PriceStreamSession session(std::vector<std::string>{});
     session.watch({"BTCUSDT"});
     EXPECT_THAT(session.takeEvents(), ElementsAre("disconnected"));

@@ -115,7 +115,7 @@ void disturbConnection(PriceStreamSession& session, const Step& disturb) {
 
 }  // namespace
 
-TEST(PriceStreamScenarioTest, RunsToItsEndUndisturbed) {
+TEST(PriceStreamScenarioTest, runsToItsEndUndisturbed) {
     PriceStreamSession session;
     std::vector<std::string> all;
     for (const Step& step : script()) {
@@ -137,19 +137,19 @@ TEST(PriceStreamScenarioTest, RunsToItsEndUndisturbed) {
     EXPECT_THAT(session.time.requested, ElementsAre(1, 2));
 }
 
-TEST(PriceStreamScenarioTest, RecoversFromAFailureAtEveryStep) {
+TEST(PriceStreamScenarioTest, recoversFromAFailureAtEveryStep) {
     disturbEverywhere(
         [](auto& session) { disturbConnection(session, [](auto& own) { own.fail(); }); },
         expectPriceArrives);
 }
 
-TEST(PriceStreamScenarioTest, RecoversFromAFarewellAtEveryStep) {
+TEST(PriceStreamScenarioTest, recoversFromAFarewellAtEveryStep) {
     disturbEverywhere(
         [](auto& session) { disturbConnection(session, [](auto& own) { own.closeByServer(); }); },
         expectPriceArrives);
 }
 
-TEST(PriceStreamScenarioTest, RecoversFromThreeFailuresInARowAtEveryStep) {
+TEST(PriceStreamScenarioTest, recoversFromThreeFailuresInARowAtEveryStep) {
     disturbEverywhere(
         [](auto& session) {
             for (int count = 0; count < 3; ++count) {
@@ -160,7 +160,7 @@ TEST(PriceStreamScenarioTest, RecoversFromThreeFailuresInARowAtEveryStep) {
         expectPriceArrives);
 }
 
-TEST(PriceStreamScenarioTest, TakesOtherSymbolsAtEveryStep) {
+TEST(PriceStreamScenarioTest, takesOtherSymbolsAtEveryStep) {
     disturbEverywhere(
         [](auto& session) {
             session.watch({"BTCUSDT", "ETHUSDT"});
@@ -172,7 +172,7 @@ TEST(PriceStreamScenarioTest, TakesOtherSymbolsAtEveryStep) {
         });
 }
 
-TEST(PriceStreamScenarioTest, TakesTheSameSymbolsAgainAtEveryStep) {
+TEST(PriceStreamScenarioTest, takesTheSameSymbolsAgainAtEveryStep) {
     disturbEverywhere(
         [](auto& session) {
             const auto made = session.connections.made.size();
@@ -182,7 +182,7 @@ TEST(PriceStreamScenarioTest, TakesTheSameSymbolsAgainAtEveryStep) {
         expectPriceArrives);
 }
 
-TEST(PriceStreamScenarioTest, StopsAtEveryStep) {
+TEST(PriceStreamScenarioTest, stopsAtEveryStep) {
     disturbEverywhere([](auto& session) { session.stop(); },
                       [](auto& session) {
                           session.advance(1000);
@@ -193,7 +193,7 @@ TEST(PriceStreamScenarioTest, StopsAtEveryStep) {
                       });
 }
 
-TEST(PriceStreamScenarioTest, LeavesNothingWhenDestroyedAtEveryStep) {
+TEST(PriceStreamScenarioTest, leavesNothingWhenDestroyedAtEveryStep) {
     disturbEverywhere([](auto& session) { session.destroy(); },
                       [](auto& session) {
                           const auto made = session.connections.made.size();
@@ -205,7 +205,7 @@ TEST(PriceStreamScenarioTest, LeavesNothingWhenDestroyedAtEveryStep) {
                       });
 }
 
-TEST(PriceStreamScenarioTest, LeavesNothingWhenDestroyedWithWorkQueuedAtEveryStep) {
+TEST(PriceStreamScenarioTest, leavesNothingWhenDestroyedWithWorkQueuedAtEveryStep) {
     disturbEverywhere(
         [](auto& session) {
             TaskScope scope(session.executor);

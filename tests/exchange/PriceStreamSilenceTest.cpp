@@ -66,7 +66,7 @@ TEST_F(PriceStreamSilenceTest, aServerThatSaysNothingIsLeft) {
     EXPECT_EQ(base(), "wss://two");
 }
 
-TEST_F(PriceStreamSilenceTest, aServerThatSaysNothingOfUseIsLeft) {
+TEST_F(PriceStreamSilenceTest, aServerThatSendsNoPriceIsLeft) {
     watch({"BTCUSDT"});
     for (int second = 0; second < 25; ++second) {
         message("{}");
@@ -85,7 +85,7 @@ TEST_F(PriceStreamSilenceTest, aServerIsKeptOnceItHasToldAPrice) {
     EXPECT_THAT(connections.made, SizeIs(1));
 }
 
-TEST_F(PriceStreamSilenceTest, aConnectionThatBreaksIsNotBlamedForSilence) {
+TEST_F(PriceStreamSilenceTest, aConnectionThatBreaksDoesNotCountAsSilent) {
     watch({"BTCUSDT"});
     advance(10);
     fail();
@@ -107,14 +107,14 @@ TEST_F(PriceStreamSilenceTest, theWaitEndsWithTheStream) {
     EXPECT_EQ(connections.last().cancelCount, before);
 }
 
-TEST_F(PriceStreamSilenceTest, silentServersAreLeftThoughTheWatchdogBeginsAnew) {
+TEST_F(PriceStreamSilenceTest, silentServersAreLeftThoughTheWatchdogReconnects) {
     watch({"BTCUSDT"});
     advance(5);
     restartOften(2 * kWatchdog);
     EXPECT_EQ(endpointInUse(), 2);
 }
 
-TEST_F(PriceStreamSilenceTest, whereAllAreSilentTheMarketIsQuietAndTheLastIsKept) {
+TEST_F(PriceStreamSilenceTest, whenAllServersAreSilentTheLastOneIsKept) {
     watch({"BTCUSDT"});
     advance(kLimit + 1 + kLimit + 2 + kLimit + 4);
     EXPECT_EQ(base(), "wss://three");
@@ -128,7 +128,7 @@ TEST_F(PriceStreamSilenceTest, whereAllAreSilentTheMarketIsQuietAndTheLastIsKept
     EXPECT_THAT(connections.made, SizeIs(4));
 }
 
-TEST_F(PriceStreamSilenceTest, aQuietMarketIsBelievedForTenMinutes) {
+TEST_F(PriceStreamSilenceTest, aQuietMarketIsAcceptedForTenMinutes) {
     watch({"BTCUSDT"});
     advance(kLimit + 1 + kLimit + 2 + kLimit + 4);
     advance(600);
@@ -140,7 +140,7 @@ TEST_F(PriceStreamSilenceTest, aQuietMarketIsBelievedForTenMinutes) {
     EXPECT_EQ(openCount(), 0U);
 }
 
-TEST_F(PriceStreamSilenceTest, theTenMinutesPassThoughTheWatchdogBeginsAnew) {
+TEST_F(PriceStreamSilenceTest, theTenMinutesPassThoughTheWatchdogReconnects) {
     watch({"BTCUSDT"});
     advance(kLimit + 1 + kLimit + 2 + kLimit + 4);
     takeEvents();
@@ -170,7 +170,7 @@ TEST_F(PriceStreamSilenceTest, otherEndpointsAreUsedFromTheNextAttemptOn) {
     EXPECT_EQ(base(), "wss://new");
 }
 
-TEST_F(PriceStreamSilenceTest, behindTwoBlackHolesAPriceComesWithinHalfAMinute) {
+TEST_F(PriceStreamSilenceTest, behindTwoHostsThatNeverAnswerAPriceComesWithinHalfAMinute) {
     const double handshake = std::chrono::duration<double>(WebSocketLimits{}.handshake).count();
     double passed = 0;
     watch({"BTCUSDT"});
@@ -195,7 +195,7 @@ struct RenewedStreamTest : PriceStreamSilenceTest {
     EndpointRenewal renewal{bases(), time.clock()};
 };
 
-TEST_F(RenewedStreamTest, aFirstServerThatIsWellAgainIsUsedWithinTwoMinutes) {
+TEST_F(RenewedStreamTest, aRecoveredFirstServerIsUsedWithinTwoMinutes) {
     const TimePoint begin = time.now();
     watch({"BTCUSDT"});
     // Swallowed by a firewall, then mute, then with nothing but junk.
@@ -211,7 +211,7 @@ TEST_F(RenewedStreamTest, aFirstServerThatIsWellAgainIsUsedWithinTwoMinutes) {
     EXPECT_LT(time.now() - begin, Seconds(120));
 }
 
-TEST_F(RenewedStreamTest, anOutageThatHasPassedPinsNobodyToTheLastServer) {
+TEST_F(RenewedStreamTest, anOutageThatHasPassedDoesNotKeepTheLastServer) {
     watch({"BTCUSDT"});
     // Eight seconds without any network.
     for (const double backOff : {1.0, 2.0, 4.0}) {
@@ -221,7 +221,7 @@ TEST_F(RenewedStreamTest, anOutageThatHasPassedPinsNobodyToTheLastServer) {
     EXPECT_EQ(base(), "wss://one");
 }
 
-TEST_F(PriceStreamSilenceTest, leavesAServerThatTellsOtherPricesThanThoseAskedFor) {
+TEST_F(PriceStreamSilenceTest, aServerThatSendsOtherPricesThanThoseAskedForIsLeft) {
     watch({"BTCUSDT"});
     frame("SPAMUSDT", "1");
     advance(kLimit);

@@ -30,7 +30,7 @@ ReconnectPolicy plainPolicy() {
 
 }  // namespace
 
-TEST(ReconnectPolicyTest, DoublesTheDelayUpToTheCeiling) {
+TEST(ReconnectPolicyTest, doublesTheDelayUpToTheCeiling) {
     std::vector<double> delays;
     for (int attempt = 1; attempt <= 9; ++attempt) {
         delays.push_back(plainPolicy().delay(attempt).count());
@@ -38,12 +38,12 @@ TEST(ReconnectPolicyTest, DoublesTheDelayUpToTheCeiling) {
     EXPECT_THAT(delays, ElementsAre(1, 2, 4, 8, 16, 32, 60, 60, 60));
 }
 
-TEST(ReconnectPolicyTest, StaysAtTheCeilingHoweverManyAttempts) {
+TEST(ReconnectPolicyTest, staysAtTheCeilingHoweverManyAttempts) {
     EXPECT_EQ(plainPolicy().delay(40), Seconds(60));
     EXPECT_EQ(plainPolicy().delay(std::numeric_limits<int>::max()), Seconds(60));
 }
 
-TEST(ReconnectPolicyTest, CapsTheExponentAtSixteen) {
+TEST(ReconnectPolicyTest, capsTheExponentAtSixteen) {
     ReconnectPolicy patient = plainPolicy();
     patient.maxDelay = Seconds(1e9);
     EXPECT_EQ(patient.delay(16), Seconds(32768));
@@ -51,18 +51,18 @@ TEST(ReconnectPolicyTest, CapsTheExponentAtSixteen) {
     EXPECT_EQ(patient.delay(18), Seconds(65536));
 }
 
-TEST(ReconnectPolicyTest, TakesAttemptsBelowOneAsSmallerStill) {
+TEST(ReconnectPolicyTest, givesSmallerDelaysForAttemptsBelowOne) {
     EXPECT_EQ(plainPolicy().delay(0), Seconds(0.5));
     EXPECT_EQ(plainPolicy().delay(std::numeric_limits<int>::min()), Seconds(0));
 }
 
-TEST(ReconnectPolicyTest, JittersTheDelayBelowTheCeiling) {
+TEST(ReconnectPolicyTest, jittersTheDelayBelowTheCeiling) {
     const ReconnectPolicy jittered = policy([](double seconds) { return seconds * 1.5; });
     EXPECT_EQ(jittered.delay(2), Seconds(3));
     EXPECT_EQ(jittered.delay(40), Seconds(90));
 }
 
-TEST(ReconnectPolicyTest, DrawsItsJitterFromAFifthAroundTheDelay) {
+TEST(ReconnectPolicyTest, drawsItsJitterFromAFifthAroundTheDelay) {
     const ReconnectPolicy::Jitter jitter = ReconnectPolicy::randomJitter();
     std::vector<double> drawn;
     for (int round = 0; round < 1000; ++round) {
@@ -75,7 +75,7 @@ TEST(ReconnectPolicyTest, DrawsItsJitterFromAFifthAroundTheDelay) {
     EXPECT_GT(std::set<double>(drawn.begin(), drawn.end()).size(), 900U);
 }
 
-TEST(ReconnectPolicyTest, DrawsAnotherSequenceEachTime) {
+TEST(ReconnectPolicyTest, drawsAnotherSequenceEachTime) {
     const ReconnectPolicy first{Seconds(1), Seconds(60)};
     const ReconnectPolicy second{Seconds(1), Seconds(60)};
     EXPECT_NE(first.delay(1), second.delay(1));

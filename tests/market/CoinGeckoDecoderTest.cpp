@@ -74,7 +74,7 @@ std::string refusalOf(const std::string& body) {
     return "none";
 }
 
-TEST(CoinGeckoDecoder, saysWhatIsNotTheServicesAnswer) {
+TEST(CoinGeckoDecoder, refusesAnotherAnswerThanTheServices) {
     for (const char* const body : {"{}", "null", R"({"error":"x"})"}) {
         EXPECT_EQ(refusalOf(body), "the answer is not an array") << body;
     }

@@ -63,7 +63,7 @@ TEST_F(CoinGeckoRESTClientTest, asksForOnePageOfTheLargest) {
     EXPECT_THAT(m_log.lines(), IsEmpty());
 }
 
-TEST_F(CoinGeckoRESTClientTest, asksForOneToTwoHundredAndFifty) {
+TEST_F(CoinGeckoRESTClientTest, limitsTheCountTo250) {
     for (const auto& [count, asked] : {std::pair(0, "per_page=1&"),
                                        std::pair(-5, "per_page=1&"),
                                        std::pair(250, "per_page=250&"),
@@ -73,7 +73,7 @@ TEST_F(CoinGeckoRESTClientTest, asksForOneToTwoHundredAndFifty) {
     }
 }
 
-TEST_F(CoinGeckoRESTClientTest, throwsAStatusAfterOneLine) {
+TEST_F(CoinGeckoRESTClientTest, throwsAStatusAndLogsItOnce) {
     for (const int status : {429, 201, 299, 500, 0}) {
         m_log.clear();
         m_fetcher->answer(status, kBTC);

@@ -27,7 +27,7 @@ std::string symbolsOf(const std::vector<Coin>& coins) {
 const std::vector<Coin> kLiveCoins{coin("A"), coin("B"), coin("C")};
 const std::vector<RankedCoin> kLiveRows{row(1, "C", 30), row(2, "A", 10), row(3, "D", 40)};
 
-TEST(FrozenOrder, thatIsEmptyChangesNothing) {
+TEST(FrozenOrder, changesNothingWhenItIsEmpty) {
     EXPECT_EQ(FrozenOrder::project(kLiveCoins, std::vector<std::string>{}), kLiveCoins);
     EXPECT_EQ(FrozenOrder::project(kLiveRows, std::vector<FrozenRank>{}), kLiveRows);
 }

@@ -67,7 +67,7 @@ TEST_F(MarketCapCacheTest, givesBackAnOldList) {
     EXPECT_EQ(m_cache.load()->fetchedAt, TimePoint(Seconds(978307200)));
 }
 
-TEST_F(MarketCapCacheTest, passesOverWhatItCannotRead) {
+TEST_F(MarketCapCacheTest, ignoresWhatItCannotRead) {
     EXPECT_EQ(m_cache.load(), std::nullopt);
     for (
         const char* const bytes :

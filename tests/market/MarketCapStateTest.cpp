@@ -89,7 +89,7 @@ TEST_F(MarketCapStateTest, refreshesNoMoreThanEveryFiveMinutes) {
     EXPECT_THAT(m_api.counts, SizeIs(2));
 }
 
-TEST_F(MarketCapStateTest, takesAListOfTheFutureForOld) {
+TEST_F(MarketCapStateTest, takesAListFromTheFutureAsOld) {
     refresh();
     m_time.setClock(m_time.now() - Seconds(8 * 3600));
     refresh();

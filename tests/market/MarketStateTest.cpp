@@ -178,7 +178,7 @@ TEST_F(MarketStateTest, pollsWhileItsBoardsAreRead) {
     EXPECT_FALSE(m_market->isPolling());
 }
 
-TEST_F(MarketStateTest, takesASnapshotForDemand) {
+TEST_F(MarketStateTest, countsASnapshotAsDemand) {
     m_market->startPolling();
     m_time.advance(Seconds(59));
     (void)m_market->snapshot();
@@ -281,7 +281,7 @@ TEST_F(MarketStateTest, canBeDestroyedBetweenTwoRefreshes) {
     EXPECT_EQ(m_api.ticker24hAllRequests, 1);
 }
 
-TEST_F(MarketStateTest, tellsItsObserversOfNothingThatHasNotChanged) {
+TEST_F(MarketStateTest, doesNotTellOfWhatHasNotChanged) {
     refresh();
     int changes = 0;
     const Observation tickers = m_market->tickers().observe([&](const auto&) { ++changes; });

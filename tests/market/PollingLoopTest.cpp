@@ -111,7 +111,7 @@ TEST_F(PollingLoopTest, stopsAfterTheFirstSleepThatEndsTooLongAfterTheLastLook) 
     EXPECT_FALSE(m_loop->isRunning());
 }
 
-TEST_F(PollingLoopTest, givesUpThoughTheClockIsSetBack) {
+TEST_F(PollingLoopTest, stopsThoughTheClockIsSetBack) {
     m_loop->start();
     m_time.advance(Seconds(15));
     m_time.setClock(m_start - Seconds(8 * 3600));
@@ -130,7 +130,7 @@ TEST_F(PollingLoopTest, keepsGoingForThoseWhoLookThoughTheClockIsSetBack) {
     EXPECT_TRUE(m_loop->isRunning());
 }
 
-TEST_F(PollingLoopTest, startsAgainAfterItHasGivenUp) {
+TEST_F(PollingLoopTest, startsAgainAfterItStoppedItself) {
     m_loop->start();
     m_time.advance(Seconds(100));
     ASSERT_FALSE(m_loop->isRunning());

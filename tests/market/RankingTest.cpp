@@ -78,7 +78,7 @@ TEST_F(RankingTest, ordersEqualValuesBySymbol) {
     }
 }
 
-TEST_F(RankingTest, takesAnOpenOfZeroForNoChange) {
+TEST_F(RankingTest, takesAnOpenOfZeroAsNoChange) {
     pair("DEAD", 5, 0);
     pair("UP", 2, 1);
     pair("DOWN", 1, 2);
@@ -93,7 +93,7 @@ TEST_F(RankingTest, leavesAnUnknownVolumeOffTheVolumeBoardAlone) {
     EXPECT_EQ(ranked(Board::gainers), "1UNKNOWN 2KNOWN");
 }
 
-TEST_F(RankingTest, keepsWhatHasTradedEnoughWhenAskedTo) {
+TEST_F(RankingTest, keepsOnlyCoinsThatHaveTradedEnoughWhenAskedTo) {
     pair("THIN", 9, 1, 99.9);
     pair("ENOUGH", 2, 1, 100);
     pair("UNKNOWN", 3, 1);
@@ -109,7 +109,7 @@ TEST_F(RankingTest, carriesTheTickerAndNoMarketCap) {
     EXPECT_EQ(rows.front(), (RankedCoin{.rank = 1, .coin = {"AUSDT", "A"}, .ticker = {3, 1, 4}}));
 }
 
-TEST(RankingBoards, areRankedByTheExchangeButForMarketCaps) {
+TEST(RankingBoards, areRankedByTheExchangeExceptMarketCaps) {
     EXPECT_EQ(Ranking::exchangeBoard(RankingBoard::gainers), Board::gainers);
     EXPECT_EQ(Ranking::exchangeBoard(RankingBoard::losers), Board::losers);
     EXPECT_EQ(Ranking::exchangeBoard(RankingBoard::volume), Board::volume);

@@ -203,7 +203,7 @@ TEST(Calendar, takesTheZoneThatTheMachineNamesWhenItsRulesAreAPlainFile) {
     EXPECT_EQ(currentDate(std::nullopt, machine.systemFolder()), k14th);
 }
 
-TEST(Calendar, takesAMachineWithoutRulesForOneInUTCAsTheCLibraryDoes) {
+TEST(Calendar, usesUTCOnAMachineWithoutRulesAsTheCLibraryDoes) {
     const Machine machine;
     machine.nameTheZone("Asia/Shanghai");
     EXPECT_EQ(currentDate(std::nullopt, machine.systemFolder()), k14th);

@@ -57,7 +57,7 @@ struct AsyncStreamTest : TaskFixture {
     std::optional<Source> source;
 };
 
-TEST_F(AsyncStreamTest, DeliversInOrderWhatWasPushedBeforeAndAfterTheConsumerCame) {
+TEST_F(AsyncStreamTest, deliversInOrderWhatWasPushedBeforeAndAfterTheConsumerCame) {
     source->push("a");
     source->push("b");
     consume();
@@ -69,7 +69,7 @@ TEST_F(AsyncStreamTest, DeliversInOrderWhatWasPushedBeforeAndAfterTheConsumerCam
     EXPECT_THAT(events, ElementsAre("a", "b", "c", "d"));
 }
 
-TEST_F(AsyncStreamTest, EndsAfterWhatWasPushedBefore) {
+TEST_F(AsyncStreamTest, endsAfterWhatWasPushedBefore) {
     source->push("a");
     source->finish();
     EXPECT_TRUE(source->isTerminated());
@@ -77,21 +77,21 @@ TEST_F(AsyncStreamTest, EndsAfterWhatWasPushedBefore) {
     EXPECT_THAT(events, ElementsAre("a", "end"));
 }
 
-TEST_F(AsyncStreamTest, EndsForAConsumerThatWaits) {
+TEST_F(AsyncStreamTest, endsForAConsumerThatWaits) {
     consume();
     source->finish();
     executor.run();
     EXPECT_THAT(events, ElementsAre("end"));
 }
 
-TEST_F(AsyncStreamTest, StaysEndedHoweverOftenItIsAsked) {
+TEST_F(AsyncStreamTest, staysEndedHoweverOftenItIsAsked) {
     source->finish();
     consume();
     consume();
     EXPECT_THAT(events, ElementsAre("end", "end"));
 }
 
-TEST_F(AsyncStreamTest, FailsAfterWhatWasPushedBefore) {
+TEST_F(AsyncStreamTest, failsAfterWhatWasPushedBefore) {
     consume();
     source->push("a");
     source->push("b");
@@ -102,13 +102,13 @@ TEST_F(AsyncStreamTest, FailsAfterWhatWasPushedBefore) {
     EXPECT_THAT(events, ElementsAre("a", "b", "reset", "reset"));
 }
 
-TEST_F(AsyncStreamTest, FailsWithAnErrorCaughtElsewhere) {
+TEST_F(AsyncStreamTest, failsWithAnErrorCaughtElsewhere) {
     source->fail(std::make_exception_ptr(std::out_of_range("caught")));
     consume();
     EXPECT_THAT(events, ElementsAre("caught"));
 }
 
-TEST_F(AsyncStreamTest, IgnoresWhatComesAfterItsEnd) {
+TEST_F(AsyncStreamTest, ignoresWhatComesAfterItsEnd) {
     source->push("a");
     source->finish();
     source->push("b");
@@ -117,7 +117,7 @@ TEST_F(AsyncStreamTest, IgnoresWhatComesAfterItsEnd) {
     EXPECT_THAT(events, ElementsAre("a", "end"));
 }
 
-TEST_F(AsyncStreamTest, EndsWhenItsLastSourceGoes) {
+TEST_F(AsyncStreamTest, endsWhenItsLastSourceIsDestroyed) {
     consume();
     std::optional<Source> copy = source;
     dropSource();
@@ -129,7 +129,7 @@ TEST_F(AsyncStreamTest, EndsWhenItsLastSourceGoes) {
     EXPECT_THAT(events, ElementsAre("a", "end"));
 }
 
-TEST_F(AsyncStreamTest, TellsTheProducerThatTheConsumerHasGone) {
+TEST_F(AsyncStreamTest, tellsTheProducerThatTheConsumerHasGone) {
     source->onTermination([this] { note("terminated"); });
     EXPECT_FALSE(source->isTerminated());
     dropStream();
@@ -141,7 +141,7 @@ TEST_F(AsyncStreamTest, TellsTheProducerThatTheConsumerHasGone) {
     EXPECT_THAT(events, ElementsAre("terminated")) << "once";
 }
 
-TEST_F(AsyncStreamTest, TellsTheProducerOfEachEnd) {
+TEST_F(AsyncStreamTest, tellsTheProducerOfEachEnd) {
     source->onTermination([this] { note("terminated"); });
     source->finish();
     EXPECT_THAT(events, ElementsAre("terminated"));
@@ -149,13 +149,13 @@ TEST_F(AsyncStreamTest, TellsTheProducerOfEachEnd) {
     EXPECT_THAT(events, ElementsAre("terminated", "at once"));
 }
 
-TEST_F(AsyncStreamTest, TellsTheProducerWhenItsLastSourceGoes) {
+TEST_F(AsyncStreamTest, tellsTheProducerWhenItsLastSourceIsDestroyed) {
     source->onTermination([this] { note("terminated"); });
     dropSource();
     EXPECT_THAT(events, ElementsAre("terminated"));
 }
 
-TEST_F(AsyncStreamTest, IsDroppedWithATaskThatIsCancelledOrDestroyed) {
+TEST_F(AsyncStreamTest, isDroppedWithATaskThatIsCancelledOrDestroyed) {
     std::optional<TaskScope> inner(std::in_place, executor);
     source->onTermination([this] { note("terminated"); });
     inner->spawn([this, taken = std::move(stream)]() mutable { return noteAll(taken); });
@@ -165,7 +165,7 @@ TEST_F(AsyncStreamTest, IsDroppedWithATaskThatIsCancelledOrDestroyed) {
 }
 
 // The stream is a local of the coroutine that waits for it, and so destroyed after the wait.
-TEST_F(AsyncStreamTest, MayLiveInTheFrameThatWaitsForIt) {
+TEST_F(AsyncStreamTest, mayLiveInTheCoroutineThatAwaitsIt) {
     std::optional<TaskScope> inner(std::in_place, executor);
     source->onTermination([this] { note("terminated"); });
     inner->spawn([this]() -> Task<void> {
@@ -184,14 +184,14 @@ TEST_F(AsyncStreamTest, MayLiveInTheFrameThatWaitsForIt) {
     EXPECT_THAT(events, ElementsAre("a", "terminated"));
 }
 
-TEST_F(AsyncStreamTest, EndsForAConsumerWhenItIsDestroyedUnderIt) {
+TEST_F(AsyncStreamTest, endsForAConsumerWhenItIsDestroyedUnderIt) {
     consume();
     dropStream();
     executor.run();
     EXPECT_THAT(events, ElementsAre("end"));
 }
 
-TEST_F(AsyncStreamTest, CancelsTheWaitAloneAndKeepsTheStream) {
+TEST_F(AsyncStreamTest, keepsTheStreamWhenAWaitIsCancelled) {
     const auto handle = consume();
     handle.cancel();
     source->push("a");
@@ -202,7 +202,7 @@ TEST_F(AsyncStreamTest, CancelsTheWaitAloneAndKeepsTheStream) {
     EXPECT_THAT(events, ElementsAre("a"));
 }
 
-TEST_F(AsyncStreamTest, DeliversWhatWasPushedBeforeTheConsumerWasCancelled) {
+TEST_F(AsyncStreamTest, deliversWhatWasPushedBeforeTheConsumerWasCancelled) {
     const auto handle = consume();
     source->push("a");
     handle.cancel();
@@ -210,20 +210,20 @@ TEST_F(AsyncStreamTest, DeliversWhatWasPushedBeforeTheConsumerWasCancelled) {
     EXPECT_THAT(events, ElementsAre("a", "cancelled"));
 }
 
-TEST_F(AsyncStreamTest, HasEndedWhenItIsNoStream) {
+TEST_F(AsyncStreamTest, hasEndedWhenItIsDefaultConstructed) {
     dropStream();
     consume();
     EXPECT_THAT(events, ElementsAre("end"));
 }
 
-TEST_F(AsyncStreamTest, KeepsTheLastCallbackAlone) {
+TEST_F(AsyncStreamTest, callsOnlyTheLastCallback) {
     source->onTermination([this] { note("first"); });
     source->onTermination([this] { note("second"); });
     dropStream();
     EXPECT_THAT(events, ElementsAre("second"));
 }
 
-TEST_F(AsyncStreamTest, LetsItsCallbackDestroyBothEnds) {
+TEST_F(AsyncStreamTest, letsItsCallbackDestroyBothEnds) {
     source->onTermination([this] {
         dropSource();
         dropStream();
@@ -233,7 +233,7 @@ TEST_F(AsyncStreamTest, LetsItsCallbackDestroyBothEnds) {
     EXPECT_THAT(events, ElementsAre("both gone"));
 }
 
-TEST_F(AsyncStreamTest, LetsItsCallbackDestroyTheSourceWhenTheConsumerGoes) {
+TEST_F(AsyncStreamTest, letsItsCallbackDestroyTheSourceWhenTheConsumerGoes) {
     source->onTermination([this] {
         dropSource();
         note("source gone");
@@ -242,7 +242,7 @@ TEST_F(AsyncStreamTest, LetsItsCallbackDestroyTheSourceWhenTheConsumerGoes) {
     EXPECT_THAT(events, ElementsAre("source gone"));
 }
 
-TEST_F(AsyncStreamTest, EndsTheOneItHeldWhenItIsAssignedAnother) {
+TEST_F(AsyncStreamTest, endsItsOldStreamWhenAnotherIsAssigned) {
     source->onTermination([this] { note("first terminated"); });
     auto [other, otherSource] = Stream::make();
     stream = std::move(other);
@@ -252,7 +252,7 @@ TEST_F(AsyncStreamTest, EndsTheOneItHeldWhenItIsAssignedAnother) {
     EXPECT_THAT(events, ElementsAre("a"));
 }
 
-TEST_F(AsyncStreamTest, CarriesValuesThatCannotBeCopied) {
+TEST_F(AsyncStreamTest, carriesValuesThatCannotBeCopied) {
     auto [boxes, boxSource] = AsyncStream<std::unique_ptr<int>>::make();
     boxSource.push(std::make_unique<int>(3));
     start([this, taken = std::move(boxes)]() mutable -> Task<void> {
@@ -262,7 +262,7 @@ TEST_F(AsyncStreamTest, CarriesValuesThatCannotBeCopied) {
     EXPECT_THAT(events, ElementsAre("3"));
 }
 
-TEST_F(AsyncStreamTest, GivesOtherTasksTurnsDuringAFlood) {
+TEST_F(AsyncStreamTest, givesOtherTasksTurnsDuringAFlood) {
     constexpr int kValues = 10'000;
     int received = 0;
     bool isOver = false;
@@ -293,7 +293,7 @@ TEST_F(AsyncStreamTest, GivesOtherTasksTurnsDuringAFlood) {
     EXPECT_LE(longestRun, 256);
 }
 
-TEST_F(AsyncStreamTest, CancelsAConsumerThatWaitsForItsTurn) {
+TEST_F(AsyncStreamTest, cancelsAConsumerThatWaitsForItsTurn) {
     for (int i = 0; i < 1000; ++i) {
         source->push("value");
     }

@@ -42,7 +42,7 @@ void failAt(HookedFileOperations& operations, std::size_t call, int code) {
     };
 }
 
-TEST_F(AtomicFileFailureTest, SynchronisesTheBytesBeforeTheyTakeTheirPlaceAndTheFolderAfter) {
+TEST_F(AtomicFileFailureTest, synchronisesTheBytesBeforeTheyTakeTheirPlaceAndTheFolderAfter) {
     AtomicFile::write(file, "new", operations);
     EXPECT_THAT(operations.calls,
                 ElementsAre("makeDirectory",
@@ -56,7 +56,7 @@ TEST_F(AtomicFileFailureTest, SynchronisesTheBytesBeforeTheyTakeTheirPlaceAndThe
                             "close"));
 }
 
-TEST_F(AtomicFileFailureTest, WaitsForNoDiskWhenOnlyTheProcessIsToBeOutlasted) {
+TEST_F(AtomicFileFailureTest, doesNotWaitForTheDiskWhenItNeedNotSurviveAPowerCut) {
     AtomicFile::write(file, "new", operations, AtomicFile::Durability::process);
     EXPECT_THAT(operations.calls,
                 ElementsAre("makeDirectory", "openTemporary", "write", "close", "rename"));
@@ -64,7 +64,7 @@ TEST_F(AtomicFileFailureTest, WaitsForNoDiskWhenOnlyTheProcessIsToBeOutlasted) {
     EXPECT_THAT(namesIn(folder), ElementsAre("document.json"));
 }
 
-TEST_F(AtomicFileFailureTest, KeepsTheOldBytesWholeWhicheverCallFails) {
+TEST_F(AtomicFileFailureTest, keepsTheOldBytesWholeWhicheverCallFails) {
     for (std::size_t failing = 0; failing < kCalls; ++failing) {
         SCOPED_TRACE(failing);
         AtomicFile::write(file, "old");
@@ -85,7 +85,7 @@ TEST_F(AtomicFileFailureTest, KeepsTheOldBytesWholeWhicheverCallFails) {
     }
 }
 
-TEST_F(AtomicFileFailureTest, LeavesNoPartOfAFileWhereThereWasNoneWhicheverCallFails) {
+TEST_F(AtomicFileFailureTest, leavesNoPartOfAFileWhereThereWasNoneWhicheverCallFails) {
     const path deep = folder / "a" / "b" / "document.json";
     bool isFailing = true;
     for (std::size_t call = 0; isFailing; ++call) {
@@ -104,7 +104,7 @@ TEST_F(AtomicFileFailureTest, LeavesNoPartOfAFileWhereThereWasNoneWhicheverCallF
     }
 }
 
-TEST_F(AtomicFileFailureTest, SaysWhichStepFailed) {
+TEST_F(AtomicFileFailureTest, saysWhichStepFailed) {
     const auto failureAt = [this](std::size_t failing) {
         HookedFileOperations failingOnce;
         failAt(failingOnce, failing, EIO);
@@ -124,20 +124,20 @@ TEST_F(AtomicFileFailureTest, SaysWhichStepFailed) {
     EXPECT_EQ(failureAt(7), about("synchronise the folder", folder));
 }
 
-TEST_F(AtomicFileFailureTest, AcceptsAFolderThatCannotBeSynchronised) {
+TEST_F(AtomicFileFailureTest, acceptsAFolderThatCannotBeSynchronised) {
     failAt(operations, kFirstAfterRename, EINVAL);
     AtomicFile::write(file, "new", operations);
     EXPECT_EQ(AtomicFile::read(file), "new");
 }
 
-TEST_F(AtomicFileFailureTest, WritesOnAfterShortWrites) {
+TEST_F(AtomicFileFailureTest, continuesAfterShortWrites) {
     operations.longestWrite = 3;
     AtomicFile::write(file, "0123456789", operations);
     EXPECT_EQ(std::count(operations.calls.begin(), operations.calls.end(), "write"), 4);
     EXPECT_EQ(AtomicFile::read(file), "0123456789");
 }
 
-TEST_F(AtomicFileFailureTest, TriesAgainWhatASignalInterrupted) {
+TEST_F(AtomicFileFailureTest, repeatsACallThatASignalInterrupted) {
     for (const std::string_view interrupted : {"write", "synchronise", "close"}) {
         SCOPED_TRACE(interrupted);
         HookedFileOperations interruptedTwice;
@@ -153,7 +153,7 @@ TEST_F(AtomicFileFailureTest, TriesAgainWhatASignalInterrupted) {
     }
 }
 
-TEST_F(AtomicFileFailureTest, ClosesEveryDescriptorWhicheverCallFails) {
+TEST_F(AtomicFileFailureTest, closesEveryDescriptorWhicheverCallFails) {
     const auto openDescriptors = [] { return namesIn("/proc/self/fd").size(); };
     const std::size_t before = openDescriptors();
     for (std::size_t failing = 0; failing < kCalls; ++failing) {
@@ -196,7 +196,7 @@ bool isKilledWriting(const path& to, std::size_t call, Moment moment) {
     return WIFSIGNALED(status) && WTERMSIG(status) == SIGKILL;
 }
 
-TEST_F(AtomicFileFailureTest, IsTheOldOrTheNewOneWheneverTheProcessIsKilled) {
+TEST_F(AtomicFileFailureTest, leavesTheOldOrTheNewFileWheneverTheProcessIsKilled) {
     // One write more than above: two bytes, then one.
     constexpr std::size_t kRename = kFirstAfterRename;
     for (const Moment moment : {Moment::beforeCall, Moment::afterCall}) {
@@ -215,7 +215,7 @@ TEST_F(AtomicFileFailureTest, IsTheOldOrTheNewOneWheneverTheProcessIsKilled) {
     }
 }
 
-TEST_F(AtomicFileFailureTest, NeverMixesTwoWriters) {
+TEST_F(AtomicFileFailureTest, neverMixesTwoWriters) {
     constexpr int kRounds = 40;
     constexpr std::size_t kSize = 100'000;
     AtomicFile::write(file, std::string(kSize, 'a'));

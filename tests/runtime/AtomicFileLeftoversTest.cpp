@@ -30,7 +30,7 @@ struct AtomicFileLeftoversTest : AtomicFileFixture {
     }
 };
 
-TEST_F(AtomicFileLeftoversTest, theNextSaveTakesAwayWhatAKilledOneLeft) {
+TEST_F(AtomicFileLeftoversTest, areRemovedByTheNextSave) {
     AtomicFile::write(file, "old");
     const pid_t writer = ::fork();
     ASSERT_GE(writer, 0);
@@ -58,20 +58,20 @@ TEST_F(AtomicFileLeftoversTest, theNextSaveTakesAwayWhatAKilledOneLeft) {
     EXPECT_EQ(AtomicFile::read(file), "newest");
 }
 
-TEST_F(AtomicFileLeftoversTest, alsoAfterTheClockWentBack) {
+TEST_F(AtomicFileLeftoversTest, areRemovedAfterTheClockWasSetBack) {
     leave(".document.json.saving-abcdef", -seconds{3600});
     AtomicFile::write(file, "new");
     EXPECT_THAT(namesIn(folder), ElementsAre("document.json"));
 }
 
-TEST_F(AtomicFileLeftoversTest, stayWhereASaveWaitsForNoDisk) {
+TEST_F(AtomicFileLeftoversTest, stayWhenASaveDoesNotWaitForTheDisk) {
     leave(".document.json.saving-abcdef", seconds{61});
     AtomicFile::write(file, "new", operations, AtomicFile::Durability::process);
     EXPECT_THAT(namesIn(folder),
                 UnorderedElementsAre("document.json", ".document.json.saving-abcdef"));
 }
 
-TEST_F(AtomicFileLeftoversTest, nothingElseIsTakenAway) {
+TEST_F(AtomicFileLeftoversTest, otherFilesAreNotRemoved) {
     const std::vector<std::string> kept{".document.json.saving-abcde",
                                         ".document.json.saving-abcdefg",
                                         ".document.json.backup",
@@ -94,7 +94,7 @@ TEST_F(AtomicFileLeftoversTest, nothingElseIsTakenAway) {
     EXPECT_THAT(names, Contains(".document.json.saving-folder"));
 }
 
-TEST_F(AtomicFileLeftoversTest, aLeftoverThatCannotBeTakenAwayFailsNoSave) {
+TEST_F(AtomicFileLeftoversTest, doNotFailTheSaveWhenTheyCannotBeRemoved) {
     leave(".document.json.saving-abcdef", seconds{61});
     operations.before = [](std::size_t /*number*/, std::string_view name) {
         return name == "remove" ? EACCES : 0;
@@ -104,7 +104,7 @@ TEST_F(AtomicFileLeftoversTest, aLeftoverThatCannotBeTakenAwayFailsNoSave) {
     EXPECT_THAT(operations.calls, Contains("remove"));
 }
 
-TEST_F(AtomicFileLeftoversTest, aSaveThatFailsTakesNothingAway) {
+TEST_F(AtomicFileLeftoversTest, stayWhenASaveFails) {
     leave(".document.json.saving-abcdef", seconds{61});
     operations.before = [](std::size_t /*number*/, std::string_view name) {
         return name == "rename" ? EIO : 0;

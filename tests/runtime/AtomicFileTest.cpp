@@ -31,7 +31,7 @@ using AtomicFileTest = AtomicFileFixture;
 
 // Reading
 
-TEST_F(AtomicFileTest, ReadsWhatWasWritten) {
+TEST_F(AtomicFileTest, readsWhatWasWritten) {
     std::string bytes(200'000, '\0');
     for (std::size_t i = 0; i < bytes.size(); ++i) {
         bytes[i] = static_cast<char>(i * 31 % 256);
@@ -42,7 +42,7 @@ TEST_F(AtomicFileTest, ReadsWhatWasWritten) {
     }
 }
 
-TEST_F(AtomicFileTest, ReadsUpToTheMaximumSizeAndNoMore) {
+TEST_F(AtomicFileTest, readsUpToTheMaximumSizeAndNoMore) {
     AtomicFile::write(file, "12345");
     EXPECT_EQ(AtomicFile::read(file, 5), "12345");
     const Failure failure = readFailure(file, 4);
@@ -50,26 +50,26 @@ TEST_F(AtomicFileTest, ReadsUpToTheMaximumSizeAndNoMore) {
     EXPECT_EQ(failure.code, EFBIG);
 }
 
-TEST_F(AtomicFileTest, CannotReadWhatIsMissing) {
+TEST_F(AtomicFileTest, cannotReadWhatIsMissing) {
     const Failure failure = readFailure(file);
     EXPECT_EQ(failure.text, fmt::format("cannot open {}: {}", file.string(), reasonOf(ENOENT)));
     EXPECT_EQ(failure.code, ENOENT);
 }
 
-TEST_F(AtomicFileTest, CannotReadAFolder) {
+TEST_F(AtomicFileTest, cannotReadAFolder) {
     const Failure failure = readFailure(folder);
     EXPECT_EQ(failure.text, fmt::format("cannot read {}: {}", folder.string(), reasonOf(EISDIR)));
     EXPECT_EQ(failure.code, EISDIR);
 }
 
-TEST_F(AtomicFileTest, CannotReadAPipeAndDoesNotWaitForItsWriter) {
+TEST_F(AtomicFileTest, cannotReadAPipeAndDoesNotWaitForItsWriter) {
     ASSERT_EQ(::mkfifo(file.c_str(), 0600), 0);
     const Failure failure = readFailure(file);
     EXPECT_EQ(failure.text, fmt::format("cannot read {}: not a regular file", file.string()));
     EXPECT_EQ(failure.code, 0);
 }
 
-TEST_F(AtomicFileTest, CannotReadASocket) {
+TEST_F(AtomicFileTest, cannotReadASocket) {
     const int descriptor = ::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0);
     sockaddr_un address{};
     address.sun_family = AF_UNIX;
@@ -80,7 +80,7 @@ TEST_F(AtomicFileTest, CannotReadASocket) {
     ::close(descriptor);
 }
 
-TEST_F(AtomicFileTest, CannotReadAFileWhoseBytesCannotBeRead) {
+TEST_F(AtomicFileTest, cannotReadAFileWhoseBytesCannotBeRead) {
     // A regular file in every respect, but that its first page is no memory.
     const path memory = "/proc/self/mem";
     const Failure failure = readFailure(memory);
@@ -90,7 +90,7 @@ TEST_F(AtomicFileTest, CannotReadAFileWhoseBytesCannotBeRead) {
 
 // Writing
 
-TEST_F(AtomicFileTest, MakesTheFileAndItsFoldersForTheUserAlone) {
+TEST_F(AtomicFileTest, makesTheFileAndItsFoldersAccessibleToTheUserOnly) {
     const mode_t previous = ::umask(0);
     const path deep = folder / "a" / "b" / "document.json";
     AtomicFile::write(deep, "new");
@@ -101,7 +101,7 @@ TEST_F(AtomicFileTest, MakesTheFileAndItsFoldersForTheUserAlone) {
     EXPECT_EQ(modeOf(folder / "a" / "b"), 0700U);
 }
 
-TEST_F(AtomicFileTest, ReplacesTheFileAndLeavesNothingElse) {
+TEST_F(AtomicFileTest, replacesTheFileAndLeavesNothingElse) {
     AtomicFile::write(file, "a long old content");
     ASSERT_EQ(::chmod(file.c_str(), 0644), 0);
     AtomicFile::write(file, "new");
@@ -110,7 +110,7 @@ TEST_F(AtomicFileTest, ReplacesTheFileAndLeavesNothingElse) {
     EXPECT_THAT(namesIn(folder), ElementsAre("document.json"));
 }
 
-TEST_F(AtomicFileTest, WritesAFileInTheCurrentFolder) {
+TEST_F(AtomicFileTest, writesAFileInTheCurrentFolder) {
     const path previous = std::filesystem::current_path();
     std::filesystem::current_path(folder);
     AtomicFile::write("document.json", "new");
@@ -118,7 +118,7 @@ TEST_F(AtomicFileTest, WritesAFileInTheCurrentFolder) {
     EXPECT_EQ(AtomicFile::read(file), "new");
 }
 
-TEST_F(AtomicFileTest, LeavesAReaderTheFileThatItHasOpened) {
+TEST_F(AtomicFileTest, keepsTheOldFileForAReaderThatHasItOpen) {
     AtomicFile::write(file, "old");
     const int descriptor = ::open(file.c_str(), O_RDONLY | O_CLOEXEC);
     AtomicFile::write(file, "new");
@@ -128,7 +128,7 @@ TEST_F(AtomicFileTest, LeavesAReaderTheFileThatItHasOpened) {
     EXPECT_EQ(std::string_view(buffer.data(), static_cast<std::size_t>(count)), "old");
 }
 
-TEST_F(AtomicFileTest, CannotReplaceAFolder) {
+TEST_F(AtomicFileTest, cannotReplaceAFolder) {
     std::filesystem::create_directory(file);
     const Failure failure = writeFailure(file, operations);
     EXPECT_EQ(failure.text, fmt::format("cannot replace {}: {}", file.string(), reasonOf(EISDIR)));
@@ -136,7 +136,7 @@ TEST_F(AtomicFileTest, CannotReplaceAFolder) {
     EXPECT_THAT(namesIn(folder), ElementsAre("document.json"));
 }
 
-TEST_F(AtomicFileTest, CannotWriteBelowAFile) {
+TEST_F(AtomicFileTest, cannotWriteBelowAFile) {
     AtomicFile::write(file, "old");
     const Failure failure = writeFailure(file / "document.json", operations);
     EXPECT_EQ(failure.code, ENOTDIR);
@@ -146,7 +146,7 @@ TEST_F(AtomicFileTest, CannotWriteBelowAFile) {
 
 // Symbolic links
 
-TEST_F(AtomicFileTest, ReplacesTheFileBehindASymbolicLink) {
+TEST_F(AtomicFileTest, replacesTheTargetOfASymbolicLink) {
     const path real = folder / "elsewhere" / "real.json";
     AtomicFile::write(real, "old");
     std::filesystem::create_symlink(real, file);
@@ -157,7 +157,7 @@ TEST_F(AtomicFileTest, ReplacesTheFileBehindASymbolicLink) {
     EXPECT_THAT(namesIn(folder), UnorderedElementsAre("document.json", "elsewhere"));
 }
 
-TEST_F(AtomicFileTest, FollowsAChainOfRelativeSymbolicLinks) {
+TEST_F(AtomicFileTest, followsAChainOfRelativeSymbolicLinks) {
     std::filesystem::create_directories(folder / "one");
     std::filesystem::create_directories(folder / "two");
     AtomicFile::write(folder / "two" / "real.json", "old");
@@ -169,7 +169,7 @@ TEST_F(AtomicFileTest, FollowsAChainOfRelativeSymbolicLinks) {
     EXPECT_EQ(AtomicFile::read(folder / "two" / "real.json"), "new");
 }
 
-TEST_F(AtomicFileTest, MakesTheFileToWhichASymbolicLinkPointsInVain) {
+TEST_F(AtomicFileTest, makesTheMissingTargetOfASymbolicLink) {
     const path real = folder / "not yet" / "real.json";
     std::filesystem::create_symlink(real, file);
     AtomicFile::write(file, "new");
@@ -178,7 +178,7 @@ TEST_F(AtomicFileTest, MakesTheFileToWhichASymbolicLinkPointsInVain) {
     EXPECT_EQ(modeOf(folder / "not yet"), 0700U);
 }
 
-TEST_F(AtomicFileTest, CannotFollowSymbolicLinksInACircle) {
+TEST_F(AtomicFileTest, cannotFollowSymbolicLinksInACircle) {
     std::filesystem::create_symlink("other", file);
     std::filesystem::create_symlink("document.json", folder / "other");
     const Failure failure = writeFailure(file, operations);

@@ -73,7 +73,7 @@ struct AwaitTest : TaskFixture {
     Completion completion;
 };
 
-TEST_F(AwaitTest, StartsAndGivesTheResultOnceDone) {
+TEST_F(AwaitTest, startsTheOperationAndGivesItsResult) {
     startAwaiting(scope);
     EXPECT_THAT(takeEvents(), ElementsAre("ready", "start"));
     completion();
@@ -82,19 +82,19 @@ TEST_F(AwaitTest, StartsAndGivesTheResultOnceDone) {
     EXPECT_THAT(events, ElementsAre("result", "got 7"));
 }
 
-TEST_F(AwaitTest, DoesNotStartWhatIsReady) {
+TEST_F(AwaitTest, doesNotStartAnOperationThatIsReady) {
     isReady = true;
     startAwaiting(scope);
     EXPECT_THAT(events, ElementsAre("ready", "result", "got 7"));
 }
 
-TEST_F(AwaitTest, MayBeDoneInsideStart) {
+TEST_F(AwaitTest, mayBeDoneInsideStart) {
     isDoneInStart = true;
     startAwaiting(scope);
     EXPECT_THAT(events, ElementsAre("ready", "start", "result", "got 7"));
 }
 
-TEST_F(AwaitTest, IsDoneOnceHoweverOftenItIsTold) {
+TEST_F(AwaitTest, completesOnceHoweverOftenItIsTold) {
     startAwaiting(scope);
     completion();
     completion();
@@ -103,7 +103,7 @@ TEST_F(AwaitTest, IsDoneOnceHoweverOftenItIsTold) {
     EXPECT_TRUE(scope.isEmpty());
 }
 
-TEST_F(AwaitTest, ThrowsWhatTheResultThrows) {
+TEST_F(AwaitTest, throwsWhatTheResultThrows) {
     resultFails = true;
     startAwaiting(scope);
     completion();
@@ -111,14 +111,14 @@ TEST_F(AwaitTest, ThrowsWhatTheResultThrows) {
     EXPECT_THAT(events, ElementsAre("ready", "start", "result", "result failed"));
 }
 
-TEST_F(AwaitTest, ThrowsWhatStartThrowsAndStopsNothingThatHasNotStarted) {
+TEST_F(AwaitTest, doesNotStopAnOperationWhoseStartThrows) {
     startFails = true;
     startAwaiting(scope);
     EXPECT_THAT(events, ElementsAre("ready", "start", "start failed"));
     EXPECT_TRUE(scope.isEmpty());
 }
 
-TEST_F(AwaitTest, ForgetsAnOperationThatCouldNotStart) {
+TEST_F(AwaitTest, forgetsAnOperationThatCouldNotStart) {
     startFails = true;
     const auto handle = start([this]() -> Task<void> {
         try {
@@ -134,7 +134,7 @@ TEST_F(AwaitTest, ForgetsAnOperationThatCouldNotStart) {
     EXPECT_THAT(events, ElementsAre("stop"));
 }
 
-TEST_F(AwaitTest, ThrowsWhatStartThrowsThoughItSaidThatItIsDone) {
+TEST_F(AwaitTest, throwsWhatStartThrowsAfterCompleting) {
     isDoneInStart = true;
     startFails = true;
     startAwaiting(scope);
@@ -142,7 +142,7 @@ TEST_F(AwaitTest, ThrowsWhatStartThrowsThoughItSaidThatItIsDone) {
     EXPECT_TRUE(scope.isEmpty());
 }
 
-TEST_F(AwaitTest, IsStoppedOnceWhenCancelled) {
+TEST_F(AwaitTest, isStoppedOnceWhenCancelled) {
     const auto handle = startAwaiting(scope);
     (void)takeEvents();
     handle.cancel();
@@ -152,7 +152,7 @@ TEST_F(AwaitTest, IsStoppedOnceWhenCancelled) {
     EXPECT_THAT(events, ElementsAre("stop", "cancelled"));
 }
 
-TEST_F(AwaitTest, IsStoppedOnceWhenDestroyedWhileWaiting) {
+TEST_F(AwaitTest, isStoppedOnceWhenDestroyedWhileWaiting) {
     {
         TaskScope inner(executor);
         startAwaiting(inner);
@@ -161,7 +161,7 @@ TEST_F(AwaitTest, IsStoppedOnceWhenDestroyedWhileWaiting) {
     EXPECT_THAT(events, ElementsAre("stop"));
 }
 
-TEST_F(AwaitTest, IsNotStoppedWhenDestroyedBetweenDoneAndResumed) {
+TEST_F(AwaitTest, isNotStoppedWhenDestroyedBetweenDoneAndResumed) {
     {
         TaskScope inner(executor);
         startAwaiting(inner);
@@ -173,7 +173,7 @@ TEST_F(AwaitTest, IsNotStoppedWhenDestroyedBetweenDoneAndResumed) {
     EXPECT_THAT(events, ElementsAre());
 }
 
-TEST_F(AwaitTest, AsksNothingOfTheOperationOfACancelledTask) {
+TEST_F(AwaitTest, doesNotUseTheOperationOfACancelledTask) {
     const auto handle = scope.spawn([this]() -> Task<void> {
         note("begun");
         co_await Await<Operation>(std::in_place, *this);
@@ -183,7 +183,7 @@ TEST_F(AwaitTest, AsksNothingOfTheOperationOfACancelledTask) {
     EXPECT_THAT(events, ElementsAre("begun"));
 }
 
-TEST_F(AwaitTest, TellsTheOperationItsExecutor) {
+TEST_F(AwaitTest, tellsTheOperationItsExecutor) {
     startAwaiting(scope);
     EXPECT_EQ(&completion.executor(), &executor);
 }

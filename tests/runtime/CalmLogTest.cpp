@@ -48,7 +48,7 @@ TEST_F(CalmLogTest, writesDifferentLinesAsTheyCome) {
             "Coins|default|one", "Coins|default|two", "Coins|error|two", "Other|default|two"));
 }
 
-TEST_F(CalmLogTest, writesALineThatRepeatsOnceAMinuteWithItsCount) {
+TEST_F(CalmLogTest, writesARepeatedLineOnceAMinuteWithItsCount) {
     for (int second = 0; second < 180; ++second) {
         say("refused", LogLevel::error);
         now += seconds(1);
@@ -59,7 +59,7 @@ TEST_F(CalmLogTest, writesALineThatRepeatsOnceAMinuteWithItsCount) {
                             "Coins|error|refused (repeated 60 times)"));
 }
 
-TEST_F(CalmLogTest, tellsTheCountWithTheNextLineAfterTheMinute) {
+TEST_F(CalmLogTest, writesTheCountWithTheNextLineAfterTheMinute) {
     say("refused");
     say("refused");
     say("refused");
@@ -81,7 +81,7 @@ TEST_F(CalmLogTest, writesALineAgainThatCameAMinuteAgo) {
     EXPECT_THAT(takeLines(), ElementsAre("Coins|default|refused", "Coins|default|refused"));
 }
 
-TEST_F(CalmLogTest, remembersAMinuteLongThatALineRepeated) {
+TEST_F(CalmLogTest, remembersARepeatedLineForAMinute) {
     say("refused");
     say("refused");
     now += seconds(60);
@@ -110,7 +110,7 @@ TEST_F(CalmLogTest, losesNoCountWhenMoreLinesComeThanItRemembers) {
     EXPECT_THAT(lines, ::testing::Contains("Coins|default|refused (repeated 1 times)"));
 }
 
-TEST_F(CalmLogTest, leavesOutTheDifferentLinesThatAreTooManyForAMinute) {
+TEST_F(CalmLogTest, leavesOutLinesBeyondTheLimitOfAMinute) {
     for (std::size_t line = 0; line < CalmLog::kMostLines + 5; ++line) {
         say(fmt::format("nonsense {}", line), LogLevel::error);
     }
@@ -127,7 +127,7 @@ TEST_F(CalmLogTest, leavesOutTheDifferentLinesThatAreTooManyForAMinute) {
         ElementsAre("Coins|error|left out 5 more lines within a minute", "Coins|error|two"));
 }
 
-TEST_F(CalmLogTest, countsALineThatRepeatsOnceAmongTheDifferentOnes) {
+TEST_F(CalmLogTest, countsARepeatedLineOnceTowardsTheLimit) {
     for (std::size_t time = 0; time < 2 * CalmLog::kMostLines; ++time) {
         say("refused");
     }

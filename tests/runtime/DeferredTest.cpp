@@ -43,7 +43,7 @@ struct DeferredTest : TaskFixture {
     Deferred<std::string> deferred;
 };
 
-TEST_F(DeferredTest, GivesItsValueToAllWhoWaitAndAllWhoComeLater) {
+TEST_F(DeferredTest, givesItsValueToAllWhoWaitAndAllWhoComeLater) {
     EXPECT_FALSE(deferred.isSettled());
     wait("1");
     wait("2");
@@ -56,7 +56,7 @@ TEST_F(DeferredTest, GivesItsValueToAllWhoWaitAndAllWhoComeLater) {
     EXPECT_THAT(events, ElementsAre("1=v", "2=v", "3=v"));
 }
 
-TEST_F(DeferredTest, ThrowsItsErrorToAllWhoWaitAndAllWhoComeLater) {
+TEST_F(DeferredTest, throwsItsErrorToAllWhoWaitAndAllWhoComeLater) {
     wait("1");
     wait("2");
     fail("x");
@@ -66,7 +66,7 @@ TEST_F(DeferredTest, ThrowsItsErrorToAllWhoWaitAndAllWhoComeLater) {
     EXPECT_THAT(events, ElementsAre("1!x", "2!x", "3!x"));
 }
 
-TEST_F(DeferredTest, IsSettledOnce) {
+TEST_F(DeferredTest, isSettledOnce) {
     deferred.setValue("first");
     deferred.setValue("second");
     fail("late");
@@ -74,7 +74,7 @@ TEST_F(DeferredTest, IsSettledOnce) {
     EXPECT_THAT(events, ElementsAre("1=first"));
 }
 
-TEST_F(DeferredTest, KeepsItsFirstError) {
+TEST_F(DeferredTest, keepsItsFirstError) {
     fail("first");
     fail("second");
     deferred.setValue("late");
@@ -82,7 +82,7 @@ TEST_F(DeferredTest, KeepsItsFirstError) {
     EXPECT_THAT(events, ElementsAre("1!first"));
 }
 
-TEST_F(DeferredTest, CancelsOneWaiterAlone) {
+TEST_F(DeferredTest, cancelsOneWaiterWithoutTheOthers) {
     wait("1");
     const auto second = wait("2");
     wait("3");
@@ -94,7 +94,7 @@ TEST_F(DeferredTest, CancelsOneWaiterAlone) {
     EXPECT_THAT(events, ElementsAre("1=v", "3=v"));
 }
 
-TEST_F(DeferredTest, ForgetsADestroyedWaiter) {
+TEST_F(DeferredTest, forgetsADestroyedWaiter) {
     std::optional<TaskScope> inner(std::in_place, executor);
     wait("1");
     inner->spawn(noteOutcome("2"));
@@ -105,7 +105,7 @@ TEST_F(DeferredTest, ForgetsADestroyedWaiter) {
     EXPECT_THAT(events, ElementsAre("1=v"));
 }
 
-TEST_F(DeferredTest, IsOneThroughAllItsCopies) {
+TEST_F(DeferredTest, sharesItsValueWithItsCopies) {
     const Deferred<std::string> copy = deferred;
     wait("1");
     copy.setValue("v");

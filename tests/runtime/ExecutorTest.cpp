@@ -44,14 +44,14 @@ struct WakingTest : ::testing::Test {
     TaskScope scope{executor};
 };
 
-TEST_F(WakingTest, AsksToRunOnceForAllThatIsQueuedBeforeItRuns) {
+TEST_F(WakingTest, asksToRunOnceForAllThatIsQueuedBeforeItRuns) {
     EXPECT_EQ(executor.wakes, 0);
     spawnTurns(1);
     spawnTurns(1);
     EXPECT_EQ(executor.wakes, 1);
 }
 
-TEST_F(WakingTest, AsksAgainBeforeItResumesWhileMoreIsQueued) {
+TEST_F(WakingTest, asksAgainBeforeItResumesWhileMoreIsQueued) {
     int wakesInside = 0;
     scope.spawn([&]() -> Task<void> {
         wakesInside = executor.wakes;
@@ -64,7 +64,7 @@ TEST_F(WakingTest, AsksAgainBeforeItResumesWhileMoreIsQueued) {
     EXPECT_EQ(executor.wakes, 2) << "nothing is left to run";
 }
 
-TEST_F(WakingTest, AsksAgainForWhatIsQueuedWhileItRuns) {
+TEST_F(WakingTest, asksAgainForWhatIsQueuedWhileItRuns) {
     spawnTurns(3);
     EXPECT_TRUE(executor.runOne());
     EXPECT_EQ(executor.wakes, 2);
@@ -75,7 +75,7 @@ TEST_F(WakingTest, AsksAgainForWhatIsQueuedWhileItRuns) {
     EXPECT_TRUE(scope.isEmpty());
 }
 
-TEST_F(WakingTest, AsksAgainAfterARunThatFoundNothing) {
+TEST_F(WakingTest, asksAgainAfterARunThatFoundNothing) {
     {
         TaskScope inner(executor);
         inner.spawn([]() -> Task<void> { co_return; });
@@ -87,7 +87,7 @@ TEST_F(WakingTest, AsksAgainAfterARunThatFoundNothing) {
 
 using ExecutorTest = TaskFixture;
 
-TEST_F(ExecutorTest, IsIdleWithNothingQueued) {
+TEST_F(ExecutorTest, isIdleWithNothingQueued) {
     EXPECT_TRUE(executor.isIdle());
     EXPECT_FALSE(executor.runOne());
     scope.spawn([]() -> Task<void> { co_return; });
@@ -96,7 +96,7 @@ TEST_F(ExecutorTest, IsIdleWithNothingQueued) {
     EXPECT_TRUE(executor.isIdle());
 }
 
-TEST_F(ExecutorTest, ResumesInTurns) {
+TEST_F(ExecutorTest, resumesInTurns) {
     const auto twice = [this](std::string name) -> Task<void> {
         note(name + "1");
         co_await yieldTurn();
@@ -108,7 +108,7 @@ TEST_F(ExecutorTest, ResumesInTurns) {
     EXPECT_THAT(events, ElementsAre("a1", "b1", "a2", "b2"));
 }
 
-TEST_F(ExecutorTest, QueuesACoroutineOnce) {
+TEST_F(ExecutorTest, queuesACoroutineOnce) {
     ReadyNode node;
     executor.enqueue(node);
     executor.enqueue(node);
@@ -116,7 +116,7 @@ TEST_F(ExecutorTest, QueuesACoroutineOnce) {
     EXPECT_TRUE(executor.isIdle());
 }
 
-TEST_F(ExecutorTest, RunsANestedLoopInsideATask) {
+TEST_F(ExecutorTest, runsANestedLoopInsideATask) {
     start([this]() -> Task<void> {
         scope.spawn([this]() -> Task<void> {
             note("nested");
@@ -131,7 +131,7 @@ TEST_F(ExecutorTest, RunsANestedLoopInsideATask) {
     EXPECT_TRUE(scope.isEmpty());
 }
 
-TEST_F(ExecutorTest, PostsInOrderAndNeverInline) {
+TEST_F(ExecutorTest, postsInOrderAndNeverInline) {
     executor.post([this] {
         note("first");
         executor.post([this] { note("third"); });
@@ -142,7 +142,7 @@ TEST_F(ExecutorTest, PostsInOrderAndNeverInline) {
     EXPECT_THAT(events, ElementsAre("first", "second", "third"));
 }
 
-TEST_F(ExecutorTest, TakesPostsOfOtherThreadsAndRunsThemOnItsOwn) {
+TEST_F(ExecutorTest, takesPostsOfOtherThreadsAndRunsThemOnItsOwn) {
     constexpr std::size_t kThreads = 4;
     constexpr std::size_t kPosts = 500;
     std::vector<std::thread::id> ranOn;

@@ -29,13 +29,13 @@ std::vector<int> valuesOf(const ListHook& head) {
     return values;
 }
 
-TEST(ListHookTest, IsALoneHookAtFirst) {
+TEST(ListHookTest, isInNoListAtFirst) {
     const ListHook head;
     EXPECT_FALSE(head.isLinked());
     EXPECT_EQ(head.next(), &head);
 }
 
-TEST(ListHookTest, AppendsInFrontOfTheHeadAndInsertsInFrontOfANode) {
+TEST(ListHookTest, appendsInFrontOfTheHeadAndInsertsInFrontOfANode) {
     ListHook head;
     Number first(1);
     Number second(2);
@@ -48,7 +48,7 @@ TEST(ListHookTest, AppendsInFrontOfTheHeadAndInsertsInFrontOfANode) {
     EXPECT_THAT(valuesOf(head), ElementsAre(1, 2, 3));
 }
 
-TEST(ListHookTest, UnlinksANodeAndLeavesTheRest) {
+TEST(ListHookTest, unlinksANodeAndLeavesTheRest) {
     ListHook head;
     Number first(1);
     Number second(2);
@@ -65,7 +65,7 @@ TEST(ListHookTest, UnlinksANodeAndLeavesTheRest) {
     EXPECT_THAT(valuesOf(head), ElementsAre(1, 3, 2));
 }
 
-TEST(ListHookTest, LeavesItsListWhenDestroyed) {
+TEST(ListHookTest, leavesItsListWhenDestroyed) {
     ListHook head;
     std::optional<Number> first(std::in_place, 1);
     first->insertBefore(head);
@@ -79,7 +79,7 @@ TEST(ListHookTest, LeavesItsListWhenDestroyed) {
     EXPECT_THAT(valuesOf(head), IsEmpty());
 }
 
-TEST(ListHookTest, MayOutliveItsHead) {
+TEST(ListHookTest, mayOutliveItsHead) {
     Number first(1);
     Number second(2);
     {

@@ -31,7 +31,7 @@ using ::testing::IsEmpty;
 
 constexpr Logger kLogger("Coins");
 
-TEST(LoggerTest, GivesItsLinesToTheSink) {
+TEST(LoggerTest, givesItsLinesToTheSink) {
     const CapturedLog log;
     kLogger.log("{} coins in {} s", 3, 1.5);
     kLogger.error("no {}", "answer");
@@ -42,7 +42,7 @@ TEST(LoggerTest, GivesItsLinesToTheSink) {
                             "Coins|default|no arguments: 100 %"));
 }
 
-TEST(LoggerTest, GivesItsLinesToTheSinkBeforeWhenOneIsTakenAway) {
+TEST(LoggerTest, givesItsLinesToThePreviousSinkWhenOneIsRemoved) {
     const CapturedLog outer;
     {
         const CapturedLog inner;
@@ -53,14 +53,14 @@ TEST(LoggerTest, GivesItsLinesToTheSinkBeforeWhenOneIsTakenAway) {
     EXPECT_THAT(outer.lines(), ElementsAre("Coins|default|outer"));
 }
 
-TEST(LoggerTest, TellsWhichSinkWasThere) {
+TEST(LoggerTest, tellsWhichSinkWasThere) {
     const CapturedLog outer;
     CapturedLog inner;
     EXPECT_EQ(Logger::setSink(nullptr), &inner);
     EXPECT_EQ(Logger::setSink(&inner), nullptr);
 }
 
-TEST(LoggerTest, MayBeUsedFromAnyThread) {
+TEST(LoggerTest, mayBeUsedFromAnyThread) {
     const CapturedLog log;
     std::vector<std::thread> threads;
     for (int i = 0; i < 4; ++i) {
@@ -131,7 +131,7 @@ int statusOfProcess(int standardError, const std::function<void()>& action) {
     return status;
 }
 
-TEST(LoggerTest, WritesToStandardErrorWithoutASink) {
+TEST(LoggerTest, writesToStandardErrorWithoutASink) {
     Pipe pipe;
     EXPECT_EQ(statusOfProcess(pipe.writing(),
                               [] {
@@ -145,7 +145,7 @@ TEST(LoggerTest, WritesToStandardErrorWithoutASink) {
               "quillbar: Coins error: no answer\n");
 }
 
-TEST(LoggerTest, WritesALineThatRepeatsOnce) {
+TEST(LoggerTest, writesARepeatedLineOnce) {
     Pipe pipe;
     EXPECT_EQ(statusOfProcess(pipe.writing(),
                               [] {
@@ -158,7 +158,7 @@ TEST(LoggerTest, WritesALineThatRepeatsOnce) {
     EXPECT_EQ(pipe.readAll(), "quillbar: Coins error: no answer\n");
 }
 
-TEST(LoggerTest, SurvivesAStandardErrorWhoseReaderHasGone) {
+TEST(LoggerTest, survivesAStandardErrorWhoseReaderHasGone) {
     Pipe pipe;
     pipe.closeReading();
     EXPECT_EQ(statusOfProcess(pipe.writing(),
@@ -169,7 +169,7 @@ TEST(LoggerTest, SurvivesAStandardErrorWhoseReaderHasGone) {
               0);
 }
 
-TEST(LoggerTest, SurvivesAClosedStandardError) {
+TEST(LoggerTest, survivesAClosedStandardError) {
     EXPECT_EQ(statusOfProcess(STDERR_FILENO,
                               [] {
                                   ::close(STDERR_FILENO);
@@ -178,7 +178,7 @@ TEST(LoggerTest, SurvivesAClosedStandardError) {
               0);
 }
 
-TEST(LoggerTest, DropsALineRatherThanWaitForASlowReader) {
+TEST(LoggerTest, dropsALineRatherThanWaitForASlowReader) {
     Pipe pipe;
     std::string before;
     for (const std::string bytes(4096, 'a'); writeUnblocked(pipe.writing(), bytes) > 0;) {
@@ -218,22 +218,22 @@ struct PlatformLogTest : ::testing::Test {
     std::vector<std::string> journalled;
 };
 
-TEST_F(PlatformLogTest, WritesOneLineForEachWhateverItsTextHolds) {
+TEST_F(PlatformLogTest, writesOneLineWhateverItsTextHolds) {
     logWith(nullptr).write("Coins", LogLevel::error, "a\nb\r\nc\t\x1B[2Jd\x7F\xC3\xA9");
     EXPECT_EQ(pipe.readAll(), "quillbar: Coins error: a b  c  [2Jd \xC3\xA9\n");
 }
 
-TEST_F(PlatformLogTest, LetsNoTextCommandTheTerminalOrTurnItAround) {
+TEST_F(PlatformLogTest, removesControlAndDirectionCharacters) {
     logWith(nullptr).write("Coins", LogLevel::error, "a\u009b2Jb\u202ec\u2028d\xff");
     EXPECT_EQ(pipe.readAll(), "quillbar: Coins error: a 2Jbc d\uFFFD\n");
 }
 
-TEST_F(PlatformLogTest, CutsALineThatAnotherProgramMadeLong) {
+TEST_F(PlatformLogTest, cutsALineThatAnotherProgramMadeLong) {
     logWith(nullptr).write("Coins", LogLevel::error, std::string(1001, 'a'));
     EXPECT_EQ(pipe.readAll(), "quillbar: Coins error: " + std::string(1000, 'a') + "…\n");
 }
 
-TEST_F(PlatformLogTest, CutsALineThatIsLongOnlyOnceItIsHarmless) {
+TEST_F(PlatformLogTest, cutsALineThatBecomesLongByCleaning) {
     logWith(nullptr).write("Coins", LogLevel::error, std::string(1000, '\xff'));
     std::string kept;
     for (int character = 0; character < 333; ++character) {
@@ -242,13 +242,13 @@ TEST_F(PlatformLogTest, CutsALineThatIsLongOnlyOnceItIsHarmless) {
     EXPECT_EQ(pipe.readAll(), "quillbar: Coins error: " + kept + "…\n");
 }
 
-TEST_F(PlatformLogTest, WritesToStandardErrorWhenThatIsNotTheJournal) {
+TEST_F(PlatformLogTest, writesToStandardErrorWhenThatIsNotTheJournal) {
     logWith("1:2").write("Coins", LogLevel::standard, "text");
     EXPECT_EQ(pipe.readAll(), "quillbar: Coins default: text\n");
     EXPECT_THAT(journalled, IsEmpty());
 }
 
-TEST_F(PlatformLogTest, SendsToTheJournalWhenStandardErrorIsTheJournal) {
+TEST_F(PlatformLogTest, sendsToTheJournalWhenStandardErrorIsTheJournal) {
     logWith(streamOfPipe().c_str()).write("Coins", LogLevel::standard, "two\nlines\u202e");
     EXPECT_EQ(pipe.readAll(), "");
     EXPECT_THAT(journalled,
@@ -259,19 +259,19 @@ TEST_F(PlatformLogTest, SendsToTheJournalWhenStandardErrorIsTheJournal) {
                             "QUILLBAR_CATEGORY=Coins"));
 }
 
-TEST_F(PlatformLogTest, SendsAnErrorWithItsPriority) {
+TEST_F(PlatformLogTest, sendsAnErrorWithItsPriority) {
     logWith(streamOfPipe().c_str()).write("Coins", LogLevel::error, "text");
     ASSERT_EQ(journalled.size(), 5U);
     EXPECT_EQ(journalled[1], "PRIORITY=3");
 }
 
-TEST_F(PlatformLogTest, WritesToStandardErrorWhenNoJournalTakesTheLine) {
+TEST_F(PlatformLogTest, writesToStandardErrorWhenNoJournalTakesTheLine) {
     isJournalThere = false;
     logWith(streamOfPipe().c_str()).write("Coins", LogLevel::standard, "text");
     EXPECT_EQ(pipe.readAll(), "quillbar: Coins default: text\n");
 }
 
-TEST_F(PlatformLogTest, FindsNoJournalWhereNoneListens) {
+TEST_F(PlatformLogTest, findsNoJournalWhereNoneListens) {
     std::vector<std::string> fields{"MESSAGE=text"};
     EXPECT_FALSE(PlatformLog::sendToJournal(fields, "/nonexistent/socket"));
 }

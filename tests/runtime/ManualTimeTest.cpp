@@ -34,12 +34,12 @@ struct ManualTimeTest : TaskFixture {
     const TimePoint begin = time.now();
 };
 
-TEST_F(ManualTimeTest, BeginsWhereItIsTold) {
+TEST_F(ManualTimeTest, beginsWhereItIsTold) {
     EXPECT_EQ(begin, TimePoint(1794657600s));
     EXPECT_EQ(ManualTime(executor, TimePoint(5s)).now(), TimePoint(5s));
 }
 
-TEST_F(ManualTimeTest, WakesInOrderEachAtItsInstant) {
+TEST_F(ManualTimeTest, wakesInOrderEachAtItsInstant) {
     startPause("third", 3s);
     startPause("first", 1s);
     startPause("second", 2500ms);
@@ -50,7 +50,7 @@ TEST_F(ManualTimeTest, WakesInOrderEachAtItsInstant) {
     EXPECT_EQ(time.sleepingCount(), 0U);
 }
 
-TEST_F(ManualTimeTest, WakesThoseDueAtOneInstantInTheirOrder) {
+TEST_F(ManualTimeTest, wakesThoseDueAtOneInstantInTheirOrder) {
     startPause("a", 2s);
     startPause("b", 2s);
     time.advance(1s);
@@ -59,7 +59,7 @@ TEST_F(ManualTimeTest, WakesThoseDueAtOneInstantInTheirOrder) {
     EXPECT_THAT(events, ElementsAre("a at 2", "b at 2", "c at 2"));
 }
 
-TEST_F(ManualTimeTest, WakesAtItsDueTimeAndNotBefore) {
+TEST_F(ManualTimeTest, wakesAtItsDueTimeAndNotBefore) {
     startPause("it", 2s);
     time.advance(1999ms);
     EXPECT_THAT(events, IsEmpty());
@@ -67,7 +67,7 @@ TEST_F(ManualTimeTest, WakesAtItsDueTimeAndNotBefore) {
     EXPECT_THAT(events, ElementsAre("it at 2"));
 }
 
-TEST_F(ManualTimeTest, WakesASleeperWhoseTimeIsASumOfFractions) {
+TEST_F(ManualTimeTest, wakesASleeperWhoseTimeIsASumOfFractions) {
     startPause("it", 1s);
     for (int i = 0; i < 10; ++i) {
         time.advance(Seconds(0.1));
@@ -75,14 +75,14 @@ TEST_F(ManualTimeTest, WakesASleeperWhoseTimeIsASumOfFractions) {
     EXPECT_EQ(events.size(), 1U);
 }
 
-TEST_F(ManualTimeTest, DoesNotDriftOverManySteps) {
+TEST_F(ManualTimeTest, doesNotDriftOverManySteps) {
     for (int i = 0; i < 36'000; ++i) {
         time.advance(Seconds(0.1));
     }
     EXPECT_NEAR(elapsed(), 3600, 1e-6);
 }
 
-TEST_F(ManualTimeTest, StepsThroughSleepsThatBeginOnTheWay) {
+TEST_F(ManualTimeTest, stepsThroughSleepsThatBeginOnTheWay) {
     start([this]() -> Task<void> {
         for (int i = 0; i < 3; ++i) {
             co_await pause(2s);
@@ -100,7 +100,7 @@ TEST_F(ManualTimeTest, StepsThroughSleepsThatBeginOnTheWay) {
             "loop at 2", "nested at 3", "loop at 4", "nested at 5", "loop at 6", "nested at 7"));
 }
 
-TEST_F(ManualTimeTest, RunsWhatIsQueuedBeforeTimePasses) {
+TEST_F(ManualTimeTest, runsWhatIsQueuedBeforeTimePasses) {
     scope.spawn([this]() -> Task<void> {
         noteInstant("begun");
         co_await pause(1s);
@@ -110,14 +110,14 @@ TEST_F(ManualTimeTest, RunsWhatIsQueuedBeforeTimePasses) {
     EXPECT_THAT(events, ElementsAre("begun at 0", "woken at 1"));
 }
 
-TEST_F(ManualTimeTest, WakesASleepOfNoTimeAtTheNextStep) {
+TEST_F(ManualTimeTest, wakesASleepOfNoTimeAtTheNextStep) {
     startPause("it", 0s);
     EXPECT_THAT(events, IsEmpty());
     time.advance(0s);
     EXPECT_THAT(events, ElementsAre("it at 0"));
 }
 
-TEST_F(ManualTimeTest, WakesAllLateAfterAJump) {
+TEST_F(ManualTimeTest, wakesAllLateAfterAJump) {
     startPause("second", 2s);
     startPause("first", 1s);
     startPause("later", 100s);
@@ -127,7 +127,7 @@ TEST_F(ManualTimeTest, WakesAllLateAfterAJump) {
     EXPECT_THAT(events, ElementsAre("first at 50", "second at 50", "later at 100"));
 }
 
-TEST_F(ManualTimeTest, DoesNotMakeUpForTheSleepsMissedInAJump) {
+TEST_F(ManualTimeTest, doesNotMakeUpForTheSleepsMissedInAJump) {
     start([this]() -> Task<void> {
         for (;;) {
             co_await pause(1s);
@@ -140,7 +140,7 @@ TEST_F(ManualTimeTest, DoesNotMakeUpForTheSleepsMissedInAJump) {
     EXPECT_THAT(events, ElementsAre("tick at 30", "tick at 31"));
 }
 
-TEST_F(ManualTimeTest, SetsTheWallClockAlone) {
+TEST_F(ManualTimeTest, setsTheWallClockAlone) {
     startPause("it", 10s);
     const Clock clock = time.clock();
     time.setClock(begin + 1h);
@@ -155,7 +155,7 @@ TEST_F(ManualTimeTest, SetsTheWallClockAlone) {
     EXPECT_EQ(clock(), begin - 24h);
 }
 
-TEST_F(ManualTimeTest, GoesOnFromAClockThatIsSetOnTheWay) {
+TEST_F(ManualTimeTest, goesOnFromAClockThatIsSetOnTheWay) {
     start([this]() -> Task<void> {
         co_await pause(1s);
         time.setClock(begin + 1000s);
@@ -166,7 +166,7 @@ TEST_F(ManualTimeTest, GoesOnFromAClockThatIsSetOnTheWay) {
     EXPECT_EQ(elapsed(), 1004);
 }
 
-TEST_F(ManualTimeTest, HasAMonotonicClockThatGoesOnWhateverTheWallClockIsSetTo) {
+TEST_F(ManualTimeTest, hasAMonotonicClockThatGoesOnWhateverTheWallClockIsSetTo) {
     const MonotonicClock clock = time.monotonicClock();
     const Seconds start = clock();
     time.advance(5s);
@@ -177,7 +177,7 @@ TEST_F(ManualTimeTest, HasAMonotonicClockThatGoesOnWhateverTheWallClockIsSetTo) 
     EXPECT_EQ(time.now(), begin - 23h);
 }
 
-TEST_F(ManualTimeTest, ForgetsACancelledSleep) {
+TEST_F(ManualTimeTest, forgetsACancelledSleep) {
     const auto handle = startPause("it", 1s);
     EXPECT_EQ(time.sleepingCount(), 1U);
     handle.cancel();
@@ -186,7 +186,7 @@ TEST_F(ManualTimeTest, ForgetsACancelledSleep) {
     EXPECT_THAT(events, IsEmpty());
 }
 
-TEST_F(ManualTimeTest, RemembersEveryLengthAskedFor) {
+TEST_F(ManualTimeTest, remembersEveryLengthAskedFor) {
     startPause("a", 1500ms);
     startPause("b", 3s);
     time.advance(2s);

@@ -29,14 +29,14 @@ struct ObservedTest : ::testing::Test {
     Observed<int> value{1};
 };
 
-TEST_F(ObservedTest, HoldsItsValue) {
+TEST_F(ObservedTest, holdsItsValue) {
     EXPECT_EQ(value.get(), 1);
     EXPECT_EQ(*value, 1);
     EXPECT_EQ(*Observed<int>(), 0);
     EXPECT_EQ(Observed<std::string>("text")->size(), 4U);
 }
 
-TEST_F(ObservedTest, TellsEveryObserverOfAChangeInTheirOrder) {
+TEST_F(ObservedTest, tellsEveryObserverOfAChangeInTheirOrder) {
     const auto a = observe("a");
     const auto b = observe("b");
     EXPECT_THAT(events, IsEmpty());
@@ -45,13 +45,13 @@ TEST_F(ObservedTest, TellsEveryObserverOfAChangeInTheirOrder) {
     EXPECT_EQ(*value, 2);
 }
 
-TEST_F(ObservedTest, IsSilentAboutAnEqualValue) {
+TEST_F(ObservedTest, doesNotTellOfAnEqualValue) {
     const auto a = observe("a");
     value.set(1);
     EXPECT_THAT(events, IsEmpty());
 }
 
-TEST_F(ObservedTest, EndsAnObservationWithItsHandle) {
+TEST_F(ObservedTest, endsAnObservationWithItsHandle) {
     {
         const auto a = observe("a");
         value.set(2);
@@ -60,7 +60,7 @@ TEST_F(ObservedTest, EndsAnObservationWithItsHandle) {
     EXPECT_THAT(events, ElementsAre("a:2"));
 }
 
-TEST_F(ObservedTest, EndsAnObservationWhoseHandleIsAssignedAnother) {
+TEST_F(ObservedTest, endsAnObservationWhoseHandleIsAssignedAnother) {
     auto handle = observe("a");
     handle = observe("b");
     value.set(2);
@@ -70,7 +70,7 @@ TEST_F(ObservedTest, EndsAnObservationWhoseHandleIsAssignedAnother) {
     EXPECT_THAT(events, ElementsAre("b:2"));
 }
 
-TEST_F(ObservedTest, LetsAnObserverEndItsOwnObservation) {
+TEST_F(ObservedTest, letsAnObserverEndItsOwnObservation) {
     Observation own;
     own = value.observe([&](int to) {
         note("own", to);
@@ -82,7 +82,7 @@ TEST_F(ObservedTest, LetsAnObserverEndItsOwnObservation) {
     EXPECT_THAT(events, ElementsAre("own:2", "b:2", "b:3"));
 }
 
-TEST_F(ObservedTest, LetsAnObserverEndALaterOne) {
+TEST_F(ObservedTest, letsAnObserverEndALaterOne) {
     Observation later;
     const auto first = value.observe([&](int to) {
         note("first", to);
@@ -93,7 +93,7 @@ TEST_F(ObservedTest, LetsAnObserverEndALaterOne) {
     EXPECT_THAT(events, ElementsAre("first:2"));
 }
 
-TEST_F(ObservedTest, LetsAnObserverBeginAnObservationThatIsToldOfTheNextChange) {
+TEST_F(ObservedTest, letsAnObserverBeginAnObservationThatIsToldOfTheNextChange) {
     std::optional<Observation> added;
     const auto first = value.observe([&](int to) {
         note("first", to);
@@ -107,7 +107,7 @@ TEST_F(ObservedTest, LetsAnObserverBeginAnObservationThatIsToldOfTheNextChange) 
     EXPECT_THAT(events, ElementsAre("first:2", "first:3", "added:3"));
 }
 
-TEST_F(ObservedTest, TellsLaterObserversOnlyTheNewestValueWhenAnObserverSetsIt) {
+TEST_F(ObservedTest, tellsLaterObserversOnlyTheNewestValueWhenAnObserverSetsIt) {
     const auto before = observe("before");
     const auto correcting = value.observe([&](int to) {
         if (to > 10) {
@@ -120,7 +120,7 @@ TEST_F(ObservedTest, TellsLaterObserversOnlyTheNewestValueWhenAnObserverSetsIt) 
     EXPECT_EQ(*value, 10);
 }
 
-TEST_F(ObservedTest, MayGoBeforeItsObservations) {
+TEST_F(ObservedTest, mayBeDestroyedBeforeItsObservations) {
     std::optional<Observed<int>> shortLived(std::in_place, 1);
     auto observation = shortLived->observe([](int /*to*/) {});
     EXPECT_TRUE(observation.connected());
@@ -129,7 +129,7 @@ TEST_F(ObservedTest, MayGoBeforeItsObservations) {
     observation.disconnect();
 }
 
-TEST_F(ObservedTest, MayBeDestroyedByAnObserverAndTellsNobodyAfterThat) {
+TEST_F(ObservedTest, mayBeDestroyedByAnObserverAndTellsNobodyAfterThat) {
     std::optional<Observed<std::string>> shortLived(std::in_place, "one");
     const auto first = shortLived->observe([&](const std::string& /*to*/) { shortLived.reset(); });
     // Two more: only from the second on does the signal look at itself again.
@@ -152,7 +152,7 @@ struct ObservedMapTest : ::testing::Test {
     ObservedMap<std::string, int> map;
 };
 
-TEST_F(ObservedMapTest, HoldsItsValues) {
+TEST_F(ObservedMapTest, holdsItsValues) {
     EXPECT_EQ(map.find("a"), nullptr);
     map.set("a", 1);
     map.set("b", 2);
@@ -163,7 +163,7 @@ TEST_F(ObservedMapTest, HoldsItsValues) {
     EXPECT_THAT(map.get(), UnorderedElementsAre(Pair("a", 1), Pair("b", 2)));
 }
 
-TEST_F(ObservedMapTest, TellsWhichKeyHasChanged) {
+TEST_F(ObservedMapTest, tellsWhichKeyHasChanged) {
     const auto all = observeAll();
     map.set("a", 1);
     map.set("b", 2);
@@ -172,7 +172,7 @@ TEST_F(ObservedMapTest, TellsWhichKeyHasChanged) {
     EXPECT_THAT(events, ElementsAre("a=1", "b=2", "a=3", "no b"));
 }
 
-TEST_F(ObservedMapTest, IsSilentAboutWhatDoesNotChange) {
+TEST_F(ObservedMapTest, doesNotTellOfWhatDoesNotChange) {
     map.set("a", 1);
     const auto all = observeAll();
     map.set("a", 1);
@@ -180,7 +180,7 @@ TEST_F(ObservedMapTest, IsSilentAboutWhatDoesNotChange) {
     EXPECT_THAT(events, IsEmpty());
 }
 
-TEST_F(ObservedMapTest, TellsOfEveryKeyWhenItIsCleared) {
+TEST_F(ObservedMapTest, tellsOfEveryKeyWhenItIsCleared) {
     map.set("a", 1);
     map.set("b", 2);
     const auto all = observeAll();
@@ -191,7 +191,7 @@ TEST_F(ObservedMapTest, TellsOfEveryKeyWhenItIsCleared) {
     EXPECT_EQ(events.size(), 2U);
 }
 
-TEST_F(ObservedMapTest, MayBeFilledAgainByAnObserverWhileItIsCleared) {
+TEST_F(ObservedMapTest, mayBeFilledAgainByAnObserverWhileItIsCleared) {
     map.set("a", 1);
     const auto keeping = map.observe([this](const std::string& key) {
         if (map.find(key) == nullptr) {
@@ -205,21 +205,21 @@ TEST_F(ObservedMapTest, MayBeFilledAgainByAnObserverWhileItIsCleared) {
 // Long enough to live on the heap, so that a dangling reference to one is found out.
 const std::string kLongKey(64, 'k');
 
-TEST_F(ObservedMapTest, RemovesAKeyGivenByAReferenceIntoItself) {
+TEST_F(ObservedMapTest, removesAKeyGivenByAReferenceIntoItself) {
     map.set(kLongKey, 1);
     const auto all = observeAll();
     map.remove(map->begin()->first);
     EXPECT_THAT(events, ElementsAre("no " + kLongKey));
 }
 
-TEST_F(ObservedMapTest, MayGoBeforeItsObservations) {
+TEST_F(ObservedMapTest, mayBeDestroyedBeforeItsObservations) {
     std::optional<ObservedMap<std::string, int>> shortLived(std::in_place);
     const auto observation = shortLived->observe([](const std::string& /*key*/) {});
     shortLived.reset();
     EXPECT_FALSE(observation.connected());
 }
 
-TEST_F(ObservedMapTest, MayBeDestroyedByAnObserverAndTellsNobodyAfterThat) {
+TEST_F(ObservedMapTest, mayBeDestroyedByAnObserverAndTellsNobodyAfterThat) {
     std::optional<ObservedMap<std::string, int>> shortLived(std::in_place);
     const auto first = shortLived->observe([&](const std::string& /*key*/) { shortLived.reset(); });
     int told = 0;
@@ -229,7 +229,7 @@ TEST_F(ObservedMapTest, MayBeDestroyedByAnObserverAndTellsNobodyAfterThat) {
     EXPECT_EQ(told, 0);
 }
 
-TEST_F(ObservedMapTest, MayBeDestroyedByAnObserverWhileItTellsOfManyKeys) {
+TEST_F(ObservedMapTest, mayBeDestroyedByAnObserverWhileItTellsOfManyKeys) {
     std::optional<ObservedMap<std::string, int>> shortLived(std::in_place);
     for (const char* const key : {"a", "b", "c"}) {
         shortLived->set(key, 1);

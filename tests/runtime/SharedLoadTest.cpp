@@ -56,7 +56,7 @@ struct SharedLoadTest : TaskFixture {
                                                 }};
 };
 
-TEST_F(SharedLoadTest, LoadsOnceForAllWhoComeWhileItRuns) {
+TEST_F(SharedLoadTest, loadsOnceForAllWhoComeWhileItRuns) {
     EXPECT_FALSE(load->isInFlight());
     call("1");
     EXPECT_TRUE(load->isInFlight());
@@ -68,7 +68,7 @@ TEST_F(SharedLoadTest, LoadsOnceForAllWhoComeWhileItRuns) {
     EXPECT_FALSE(load->isInFlight());
 }
 
-TEST_F(SharedLoadTest, LoadsAgainOnceItHasLoaded) {
+TEST_F(SharedLoadTest, loadsAgainOnceItHasLoaded) {
     call("1");
     time.advance(5s);
     (void)takeEvents();
@@ -78,7 +78,7 @@ TEST_F(SharedLoadTest, LoadsAgainOnceItHasLoaded) {
     EXPECT_THAT(events, ElementsAre("~load 2", "2=data 2"));
 }
 
-TEST_F(SharedLoadTest, ThrowsTheErrorToAllWhoWaitAndLoadsAgain) {
+TEST_F(SharedLoadTest, throwsTheErrorToAllWhoWaitAndLoadsAgain) {
     fails = true;
     call("1");
     call("2");
@@ -92,7 +92,7 @@ TEST_F(SharedLoadTest, ThrowsTheErrorToAllWhoWaitAndLoadsAgain) {
     EXPECT_THAT(events, ElementsAre("~load 2", "3=data 2"));
 }
 
-TEST_F(SharedLoadTest, ThrowsWhatTheLoadThrowsBeforeItIsATask) {
+TEST_F(SharedLoadTest, throwsWhatTheLoadThrowsBeforeItIsATask) {
     load.emplace(executor, [this]() -> Task<std::string> {
         ++loads;
         throw std::runtime_error("no task");
@@ -102,7 +102,7 @@ TEST_F(SharedLoadTest, ThrowsWhatTheLoadThrowsBeforeItIsATask) {
     EXPECT_FALSE(load->isInFlight());
 }
 
-TEST_F(SharedLoadTest, GoesOnWhenOneCallerIsCancelled) {
+TEST_F(SharedLoadTest, goesOnWhenOneCallerIsCancelled) {
     call("1");
     const auto second = call("2");
     call("3");
@@ -113,7 +113,7 @@ TEST_F(SharedLoadTest, GoesOnWhenOneCallerIsCancelled) {
     EXPECT_THAT(events, ElementsAre("~load 1", "1=data 1", "3=data 1"));
 }
 
-TEST_F(SharedLoadTest, GoesOnWhenEveryCallerIsCancelled) {
+TEST_F(SharedLoadTest, goesOnWhenEveryCallerIsCancelled) {
     const auto only = call("1");
     only.cancel();
     executor.run();
@@ -124,7 +124,7 @@ TEST_F(SharedLoadTest, GoesOnWhenEveryCallerIsCancelled) {
     EXPECT_THAT(events, ElementsAre("1 cancelled", "~load 1", "2=data 1"));
 }
 
-TEST_F(SharedLoadTest, EndsTheLoadAndEveryWaitWhenDestroyed) {
+TEST_F(SharedLoadTest, endsTheLoadAndEveryWaitWhenDestroyed) {
     call("1");
     call("2");
     load.reset();
@@ -134,7 +134,7 @@ TEST_F(SharedLoadTest, EndsTheLoadAndEveryWaitWhenDestroyed) {
     EXPECT_THAT(events, ElementsAre("~load 1", "1 cancelled", "2 cancelled"));
 }
 
-TEST_F(SharedLoadTest, KeepsTheResultForWhoHasNotFetchedItWhenDestroyed) {
+TEST_F(SharedLoadTest, keepsTheResultForAWaiterWhenDestroyed) {
     const Deferred<std::string> data;
     load.emplace(executor, [&data]() -> Task<std::string> { co_return co_await data.wait(); });
     call("1");

@@ -105,7 +105,7 @@ struct ReconnectingClientTest : TaskFixture {
                                              pause};
 };
 
-TEST_F(ReconnectingClientTest, ConnectsAgainAfterItsBackOff) {
+TEST_F(ReconnectingClientTest, connectsAgainAfterItsBackOff) {
     refused = {true, true, false, true, false};
     consume();
     EXPECT_THAT(takeEvents(), ElementsAre("connecting", "wait 1"));
@@ -129,7 +129,7 @@ TEST_F(ReconnectingClientTest, ConnectsAgainAfterItsBackOff) {
     EXPECT_THAT(takeEvents(), ElementsAre("connecting", "live"));
 }
 
-TEST_F(ReconnectingClientTest, StopsWaitingWhenItsConsumerIsCancelled) {
+TEST_F(ReconnectingClientTest, stopsWaitingWhenItsConsumerIsCancelled) {
     refused = {true};
     const auto consumer = consume();
     EXPECT_EQ(time.sleepingCount(), 1U);
@@ -141,7 +141,7 @@ TEST_F(ReconnectingClientTest, StopsWaitingWhenItsConsumerIsCancelled) {
     EXPECT_EQ(connects, 1);
 }
 
-TEST_F(ReconnectingClientTest, ClosesItsConnectionWhenItsConsumerIsCancelled) {
+TEST_F(ReconnectingClientTest, closesItsConnectionWhenItsConsumerIsCancelled) {
     const auto consumer = consume();
     EXPECT_EQ(closed, 0);
     consumer.cancel();
@@ -149,7 +149,7 @@ TEST_F(ReconnectingClientTest, ClosesItsConnectionWhenItsConsumerIsCancelled) {
     EXPECT_EQ(closed, 1);
 }
 
-TEST_F(ReconnectingClientTest, ClosesItsConnectionWithinItsDestructorThoughAMessageIsOnItsWay) {
+TEST_F(ReconnectingClientTest, closesItsConnectionWithinItsDestructorThoughAMessageIsOnItsWay) {
     consume();
     connections[0].push("never delivered");
     client.reset();
@@ -159,7 +159,7 @@ TEST_F(ReconnectingClientTest, ClosesItsConnectionWithinItsDestructorThoughAMess
     EXPECT_TRUE(scope.isEmpty());
 }
 
-TEST_F(ReconnectingClientTest, StopsWaitingWithinItsDestructor) {
+TEST_F(ReconnectingClientTest, stopsWaitingWithinItsDestructor) {
     refused = {true};
     consume();
     client.reset();
@@ -223,14 +223,14 @@ struct PollingModelTest : TaskFixture {
     std::optional<PollingModel> model;
 };
 
-TEST_F(PollingModelTest, KeepsItsValueThroughAnError) {
+TEST_F(PollingModelTest, keepsItsValueThroughAnError) {
     makeModel();
     EXPECT_THAT(events, IsEmpty());
     time.advance(120s);
     EXPECT_THAT(events, ElementsAre("v1/", "v1/boom", "v3/"));
 }
 
-TEST_F(PollingModelTest, PollsNoMoreOnceItIsDestroyed) {
+TEST_F(PollingModelTest, pollsNoMoreOnceItIsDestroyed) {
     makeModel();
     time.advance(1s);
     model.reset();
@@ -239,7 +239,7 @@ TEST_F(PollingModelTest, PollsNoMoreOnceItIsDestroyed) {
     EXPECT_EQ(fetches, 1);
 }
 
-TEST_F(PollingModelTest, MayBeDestroyedByWhatItsObserverPosts) {
+TEST_F(PollingModelTest, mayBeDestroyedByWhatItsObserverPosts) {
     makeModel();
     model->onChange = [this] { executor.post([this] { model.reset(); }); };
     executor.run();

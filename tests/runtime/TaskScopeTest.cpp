@@ -44,7 +44,7 @@ Task<void> noting(TaskFixture& test, std::string event) {
     co_return;
 }
 
-TEST_F(TaskScopeTest, StartsTasksFromTheQueueInTheirOrder) {
+TEST_F(TaskScopeTest, startsTasksFromTheQueueInTheirOrder) {
     scope.spawn(noting(*this, "first"));
     scope.spawn(noting(*this, "second"));
     EXPECT_THAT(events, IsEmpty());
@@ -52,7 +52,7 @@ TEST_F(TaskScopeTest, StartsTasksFromTheQueueInTheirOrder) {
     EXPECT_THAT(events, ElementsAre("first", "second"));
 }
 
-TEST_F(TaskScopeTest, IsEmptyOnceItsTasksHaveEnded) {
+TEST_F(TaskScopeTest, isEmptyOnceItsTasksHaveEnded) {
     EXPECT_TRUE(scope.isEmpty());
     scope.spawn([this]() -> Task<void> { co_await pause(1s); });
     EXPECT_FALSE(scope.isEmpty());
@@ -63,7 +63,7 @@ TEST_F(TaskScopeTest, IsEmptyOnceItsTasksHaveEnded) {
     EXPECT_EQ(&scope.executor(), &executor);
 }
 
-TEST_F(TaskScopeTest, SpawnsFromWithinATaskWithoutRunningItInline) {
+TEST_F(TaskScopeTest, spawnsFromWithinATaskWithoutRunningItInline) {
     start([this]() -> Task<void> {
         note("outer begins");
         scope.spawn(noting(*this, "inner"));
@@ -73,7 +73,7 @@ TEST_F(TaskScopeTest, SpawnsFromWithinATaskWithoutRunningItInline) {
     EXPECT_THAT(events, ElementsAre("outer begins", "outer ends", "inner"));
 }
 
-TEST_F(TaskScopeTest, KeepsACallableAliveAsLongAsItsTask) {
+TEST_F(TaskScopeTest, keepsACallableAliveAsLongAsItsTask) {
     auto text = std::make_shared<std::string>("kept");
     const std::weak_ptr<std::string> watched = text;
     start([this, kept = std::move(text)]() -> Task<void> {
@@ -86,7 +86,7 @@ TEST_F(TaskScopeTest, KeepsACallableAliveAsLongAsItsTask) {
     EXPECT_TRUE(watched.expired());
 }
 
-TEST_F(TaskScopeTest, LogsTheErrorThatEndsATask) {
+TEST_F(TaskScopeTest, logsTheErrorThatEndsATask) {
     start([]() -> Task<void> {
         throw std::runtime_error("the moon is down");
         co_return;
@@ -96,7 +96,7 @@ TEST_F(TaskScopeTest, LogsTheErrorThatEndsATask) {
     EXPECT_TRUE(scope.isEmpty());
 }
 
-TEST_F(TaskScopeTest, LogsAnErrorOfAnUnknownType) {
+TEST_F(TaskScopeTest, logsAnErrorOfAnUnknownType) {
     start([]() -> Task<void> {
         throw 5;
         co_return;
@@ -105,12 +105,12 @@ TEST_F(TaskScopeTest, LogsAnErrorOfAnUnknownType) {
                 ElementsAre("Runtime|error|a task ended with an error of an unknown type"));
 }
 
-TEST_F(TaskScopeTest, LogsTheErrorOfACallableThatMadeNoTask) {
+TEST_F(TaskScopeTest, logsTheErrorOfACallableThatMadeNoTask) {
     start([]() -> Task<void> { throw std::runtime_error("no task"); });
     EXPECT_THAT(log.lines(), ElementsAre("Runtime|error|a task ended with an error: no task"));
 }
 
-TEST_F(TaskScopeTest, IsSilentAboutACancelledTask) {
+TEST_F(TaskScopeTest, isSilentAboutACancelledTask) {
     const auto handle = start([this]() -> Task<void> { co_await pause(1s); });
     handle.cancel();
     executor.run();
@@ -118,7 +118,7 @@ TEST_F(TaskScopeTest, IsSilentAboutACancelledTask) {
     EXPECT_THAT(log.lines(), IsEmpty());
 }
 
-TEST_F(TaskScopeTest, RunsATaskCancelledBeforeItsStartUpToItsFirstAwait) {
+TEST_F(TaskScopeTest, runsATaskCancelledBeforeItsStartUpToItsFirstAwait) {
     const auto handle = scope.spawn([this]() -> Task<void> {
         note("begun");
         co_await pause(1s);
@@ -130,7 +130,7 @@ TEST_F(TaskScopeTest, RunsATaskCancelledBeforeItsStartUpToItsFirstAwait) {
     EXPECT_TRUE(scope.isEmpty());
 }
 
-TEST_F(TaskScopeTest, LetsATaskCancelItself) {
+TEST_F(TaskScopeTest, letsATaskCancelItself) {
     TaskScope::Handle handle;
     handle = scope.spawn([&]() -> Task<void> {
         handle.cancel();
@@ -142,7 +142,7 @@ TEST_F(TaskScopeTest, LetsATaskCancelItself) {
     EXPECT_THAT(events, ElementsAre("goes on to its next await"));
 }
 
-TEST_F(TaskScopeTest, CancelsOneTaskAlone) {
+TEST_F(TaskScopeTest, cancelsOneTaskAlone) {
     const auto first = start([this]() -> Task<void> {
         co_await pause(1s);
         note("first");
@@ -156,7 +156,7 @@ TEST_F(TaskScopeTest, CancelsOneTaskAlone) {
     EXPECT_THAT(events, ElementsAre("second"));
 }
 
-TEST_F(TaskScopeTest, CancelsEveryTask) {
+TEST_F(TaskScopeTest, cancelsEveryTask) {
     start([this]() -> Task<void> { co_await pause(1s); });
     start([this]() -> Task<void> { co_await pause(2s); });
     scope.cancelAll();
@@ -165,7 +165,7 @@ TEST_F(TaskScopeTest, CancelsEveryTask) {
     EXPECT_TRUE(scope.isEmpty());
 }
 
-TEST_F(TaskScopeTest, GivesHandlesThatOutliveTheirTask) {
+TEST_F(TaskScopeTest, givesHandlesThatOutliveTheirTask) {
     const TaskScope::Handle nothing;
     nothing.cancel();
     EXPECT_FALSE(nothing.isRunning());
@@ -177,7 +177,7 @@ TEST_F(TaskScopeTest, GivesHandlesThatOutliveTheirTask) {
     handle.cancel();
 }
 
-TEST_F(TaskScopeTest, GivesHandlesThatOutliveTheirScope) {
+TEST_F(TaskScopeTest, givesHandlesThatOutliveTheirScope) {
     std::optional<TaskScope> inner(std::in_place, executor);
     const auto handle = inner->spawn([this]() -> Task<void> { co_await pause(1s); });
     executor.run();
@@ -186,7 +186,7 @@ TEST_F(TaskScopeTest, GivesHandlesThatOutliveTheirScope) {
     handle.cancel();
 }
 
-TEST_F(TaskScopeTest, RunsNothingOfItsTasksOnceItIsDestroyed) {
+TEST_F(TaskScopeTest, runsNothingOfItsTasksOnceItIsDestroyed) {
     {
         TaskScope inner(executor);
         inner.spawn([this]() -> Task<void> {
@@ -202,7 +202,7 @@ TEST_F(TaskScopeTest, RunsNothingOfItsTasksOnceItIsDestroyed) {
     EXPECT_THAT(events, IsEmpty());
 }
 
-TEST_F(TaskScopeTest, DestroysATaskWhoseResumptionIsQueued) {
+TEST_F(TaskScopeTest, destroysATaskWhoseResumptionIsQueued) {
     std::optional<TaskScope> inner(std::in_place, executor);
     inner->spawn([this]() -> Task<void> {
         const Trace trace(*this, "task");
@@ -216,7 +216,7 @@ TEST_F(TaskScopeTest, DestroysATaskWhoseResumptionIsQueued) {
     EXPECT_TRUE(executor.isIdle());
 }
 
-TEST_F(TaskScopeTest, MayBeDestroyedByATaskOfAnotherScope) {
+TEST_F(TaskScopeTest, mayBeDestroyedByATaskOfAnotherScope) {
     std::optional<TaskScope> inner(std::in_place, executor);
     inner->spawn([this]() -> Task<void> {
         const Trace trace(*this, "task");
@@ -231,7 +231,7 @@ TEST_F(TaskScopeTest, MayBeDestroyedByATaskOfAnotherScope) {
     EXPECT_THAT(events, ElementsAre("~task", "destroyed", "goes on"));
 }
 
-TEST_F(TaskScopeTest, IsDestroyedWithAnOwnerWhomItsTaskAloneHolds) {
+TEST_F(TaskScopeTest, mayBeDestroyedWithAnOwnerThatOnlyItsTaskHolds) {
     struct Owner {
         explicit Owner(TaskFixture& fixture)
             : trace(fixture, "owner")
@@ -253,7 +253,7 @@ TEST_F(TaskScopeTest, IsDestroyedWithAnOwnerWhomItsTaskAloneHolds) {
     EXPECT_THAT(events, ElementsAre("last words", "~sibling", "~owner"));
 }
 
-TEST_F(TaskScopeTest, DestroysWhatItsTasksSpawnWhileTheyAreDestroyed) {
+TEST_F(TaskScopeTest, destroysWhatItsTasksSpawnWhileTheyAreDestroyed) {
     std::optional<TaskScope> inner(std::in_place, executor);
     TaskScope& spawning = *inner;
     spawning.spawn([&]() -> Task<void> {
@@ -266,7 +266,7 @@ TEST_F(TaskScopeTest, DestroysWhatItsTasksSpawnWhileTheyAreDestroyed) {
     EXPECT_THAT(events, IsEmpty());
 }
 
-TEST_F(TaskScopeTest, LetsDestroyedTasksCancelThemselvesAndEachOther) {
+TEST_F(TaskScopeTest, letsDestroyedTasksCancelThemselvesAndEachOther) {
     std::optional<TaskScope> inner(std::in_place, executor);
     TaskScope::Handle first;
     TaskScope::Handle second;
@@ -321,15 +321,15 @@ void destroyAScopeInALoopNestedInItsOwnTask() {
     executor.run();
 }
 
-TEST_F(TaskScopeDeathTest, AbortsWhenDestroyedFromInsideItsOwnTask) {
+TEST_F(TaskScopeDeathTest, abortsWhenDestroyedFromInsideItsOwnTask) {
     EXPECT_DEATH(destroyAScopeInItsOwnTask(), kComplaint);
 }
 
-TEST_F(TaskScopeDeathTest, AbortsWhenDestroyedFromALoopNestedInItsOwnTask) {
+TEST_F(TaskScopeDeathTest, abortsWhenDestroyedFromALoopNestedInItsOwnTask) {
     EXPECT_DEATH(destroyAScopeInALoopNestedInItsOwnTask(), kComplaint);
 }
 
-TEST_F(TaskScopeTest, MayBeDestroyedByAFunctionThatItsTaskPosts) {
+TEST_F(TaskScopeTest, mayBeDestroyedByAFunctionThatItsTaskPosts) {
     std::optional<TaskScope> inner(std::in_place, executor);
     inner->spawn([&]() -> Task<void> {
         const Trace trace(*this, "task");

@@ -99,7 +99,7 @@ Task<int> markedOneLater(StackSpan& span) {
     co_return 1;
 }
 
-TEST_F(TaskTest, RunsNothingBeforeItIsAwaited) {
+TEST_F(TaskTest, runsNothingBeforeItIsAwaited) {
     {
         const Task<int> task = noteAndAnswer(*this);
         executor.run();
@@ -107,7 +107,7 @@ TEST_F(TaskTest, RunsNothingBeforeItIsAwaited) {
     EXPECT_THAT(events, IsEmpty());
 }
 
-TEST_F(TaskTest, GivesItsValueToWhoAwaitsIt) {
+TEST_F(TaskTest, givesItsValueToTheTaskThatAwaitsIt) {
     start([this]() -> Task<void> {
         const int value = co_await noteAndAnswer(*this);
         note(fmt::format("got {}", value));
@@ -115,7 +115,7 @@ TEST_F(TaskTest, GivesItsValueToWhoAwaitsIt) {
     EXPECT_THAT(events, ElementsAre("ran", "got 42"));
 }
 
-TEST_F(TaskTest, RunsWhenAwaitedNotWhenMade) {
+TEST_F(TaskTest, runsWhenAwaitedNotWhenMade) {
     start([this]() -> Task<void> {
         Task<int> task = noteAndAnswer(*this);
         note("made");
@@ -125,7 +125,7 @@ TEST_F(TaskTest, RunsWhenAwaitedNotWhenMade) {
     EXPECT_THAT(events, ElementsAre("made", "ran", "got 42"));
 }
 
-TEST_F(TaskTest, GivesAValueThatCannotBeCopied) {
+TEST_F(TaskTest, givesAValueThatCannotBeCopied) {
     start([this]() -> Task<void> {
         const std::unique_ptr<std::string> value = co_await boxed("text");
         note(*value);
@@ -133,7 +133,7 @@ TEST_F(TaskTest, GivesAValueThatCannotBeCopied) {
     EXPECT_THAT(events, ElementsAre("text"));
 }
 
-TEST_F(TaskTest, TakesItsParametersWithItWhenNobodyAwaitsIt) {
+TEST_F(TaskTest, takesItsParametersWithItWhenNobodyAwaitsIt) {
     const auto kept = std::make_shared<int>(1);
     {
         const Task<void> task = keeping(kept);
@@ -142,7 +142,7 @@ TEST_F(TaskTest, TakesItsParametersWithItWhenNobodyAwaitsIt) {
     EXPECT_EQ(kept.use_count(), 1);
 }
 
-TEST_F(TaskTest, MovesItsFrameAndDestroysTheOneItHadBefore) {
+TEST_F(TaskTest, movesItsFrameAndDestroysTheOneItHadBefore) {
     const auto first = std::make_shared<int>(1);
     const auto second = std::make_shared<int>(2);
     Task<void> task = keeping(first);
@@ -154,7 +154,7 @@ TEST_F(TaskTest, MovesItsFrameAndDestroysTheOneItHadBefore) {
     EXPECT_EQ(second.use_count(), 1);
 }
 
-TEST_F(TaskTest, ThrowsItsErrorThroughEveryLevelThatDoesNotCatchIt) {
+TEST_F(TaskTest, throwsItsErrorThroughEveryLevelThatDoesNotCatchIt) {
     start([this]() -> Task<void> {
         try {
             co_await failing(*this, 3);
@@ -165,7 +165,7 @@ TEST_F(TaskTest, ThrowsItsErrorThroughEveryLevelThatDoesNotCatchIt) {
     EXPECT_THAT(events, ElementsAre("~level 0", "~level 1", "~level 2", "~level 3", "boom"));
 }
 
-TEST_F(TaskTest, ThrowsAnErrorThatComesAfterASuspension) {
+TEST_F(TaskTest, throwsAnErrorThatComesAfterASuspension) {
     start([this]() -> Task<void> {
         const auto late = [this]() -> Task<int> {
             co_await pause(1s);
@@ -181,7 +181,7 @@ TEST_F(TaskTest, ThrowsAnErrorThatComesAfterASuspension) {
     EXPECT_THAT(events, ElementsAre("late"));
 }
 
-TEST_F(TaskTest, IsCancelledAtItsInnermostAwait) {
+TEST_F(TaskTest, isCancelledAtItsInnermostAwait) {
     const auto handle = start([this]() -> Task<void> {
         try {
             co_await napping(*this, 2);
@@ -199,7 +199,7 @@ TEST_F(TaskTest, IsCancelledAtItsInnermostAwait) {
     EXPECT_FALSE(handle.isRunning());
 }
 
-TEST_F(TaskTest, FailsEveryFurtherAwaitOnceItIsCancelled) {
+TEST_F(TaskTest, failsEveryFurtherAwaitOnceItIsCancelled) {
     const auto handle = start([this]() -> Task<void> {
         for (int attempt = 0; attempt < 3; ++attempt) {
             try {
@@ -217,7 +217,7 @@ TEST_F(TaskTest, FailsEveryFurtherAwaitOnceItIsCancelled) {
     EXPECT_EQ(time.sleepingCount(), 0U);
 }
 
-TEST_F(TaskTest, FailsAnAwaitOfWhatIsReadyOnceItIsCancelled) {
+TEST_F(TaskTest, failsTheAwaitOfAReadyOperationOnceItIsCancelled) {
     const Deferred<int> settled;
     settled.setValue(1);
     const auto handle = start([&]() -> Task<void> {
@@ -234,7 +234,7 @@ TEST_F(TaskTest, FailsAnAwaitOfWhatIsReadyOnceItIsCancelled) {
     EXPECT_THAT(events, ElementsAre("cancelled"));
 }
 
-TEST_F(TaskTest, ReceivesWhatWasDoneBeforeItWasCancelled) {
+TEST_F(TaskTest, receivesAResultFromBeforeItsCancellation) {
     const Deferred<int> result;
     const auto handle = start([&]() -> Task<void> {
         const int value = co_await result.wait();
@@ -249,7 +249,7 @@ TEST_F(TaskTest, ReceivesWhatWasDoneBeforeItWasCancelled) {
     EXPECT_FALSE(handle.isRunning());
 }
 
-TEST_F(TaskTest, PassesACancellationThroughACatchOfErrors) {
+TEST_F(TaskTest, passesACancellationThroughACatchOfErrors) {
     const auto handle = start([this]() -> Task<void> {
         for (;;) {
             try {
@@ -265,7 +265,7 @@ TEST_F(TaskTest, PassesACancellationThroughACatchOfErrors) {
     EXPECT_FALSE(handle.isRunning());
 }
 
-TEST_F(TaskTest, RunsDestructorsButNoCatchBlockWhenDestroyed) {
+TEST_F(TaskTest, runsDestructorsButNoCatchBlockWhenDestroyed) {
     {
         TaskScope inner(executor);
         inner.spawn([this]() -> Task<void> {
@@ -284,7 +284,7 @@ TEST_F(TaskTest, RunsDestructorsButNoCatchBlockWhenDestroyed) {
     EXPECT_EQ(time.sleepingCount(), 0U);
 }
 
-TEST_F(TaskTest, KnowsItsExecutor) {
+TEST_F(TaskTest, knowsItsExecutor) {
     start([this]() -> Task<void> {
         const Executor& current = co_await CurrentExecutor();
         note(&current == &executor ? "this executor" : "another executor");
@@ -292,7 +292,7 @@ TEST_F(TaskTest, KnowsItsExecutor) {
     EXPECT_THAT(events, ElementsAre("this executor"));
 }
 
-TEST_F(TaskTest, KnowsThatItHasBeenCancelledWhenItReceivesWhatWasDoneBefore) {
+TEST_F(TaskTest, knowsThatItIsCancelledWhenItReceivesAnEarlierResult) {
     const Deferred<int> result;
     const auto handle = start([&]() -> Task<void> {
         const bool isCancelledBefore = co_await IsCancelled();
@@ -309,7 +309,7 @@ TEST_F(TaskTest, KnowsThatItHasBeenCancelledWhenItReceivesWhatWasDoneBefore) {
     EXPECT_FALSE(handle.isRunning());
 }
 
-TEST_F(TaskTest, IsNotCancelledByTheCancellationOfAnother) {
+TEST_F(TaskTest, isNotCancelledByTheCancellationOfAnother) {
     const Deferred<int> result;
     start([&]() -> Task<void> {
         co_await result.wait();
@@ -323,7 +323,7 @@ TEST_F(TaskTest, IsNotCancelledByTheCancellationOfAnother) {
     EXPECT_THAT(events, ElementsAre("not cancelled"));
 }
 
-TEST_F(TaskTest, AwaitsInALoopOnAStackThatDoesNotGrow) {
+TEST_F(TaskTest, awaitsInALoopOnAStackThatDoesNotGrow) {
     constexpr int kCount = 100'000;
     StackSpan span;
     int sum = 0;
@@ -337,7 +337,7 @@ TEST_F(TaskTest, AwaitsInALoopOnAStackThatDoesNotGrow) {
     EXPECT_LT(span.bytes(), 4096U);
 }
 
-TEST_F(TaskTest, AwaitsWhatSuspendsInALoopOnAStackThatDoesNotGrow) {
+TEST_F(TaskTest, awaitsWhatSuspendsInALoopOnAStackThatDoesNotGrow) {
     constexpr int kCount = 100'000;
     StackSpan span;
     int sum = 0;
@@ -351,7 +351,7 @@ TEST_F(TaskTest, AwaitsWhatSuspendsInALoopOnAStackThatDoesNotGrow) {
     EXPECT_LT(span.bytes(), 4096U);
 }
 
-TEST_F(TaskTest, ReturnsThroughThousandsOfLevels) {
+TEST_F(TaskTest, returnsThroughThousandsOfLevels) {
     start([this]() -> Task<void> {
         const int depth = co_await countedDown(*this, 2000);
         note(fmt::format("{} levels", depth));
@@ -360,7 +360,7 @@ TEST_F(TaskTest, ReturnsThroughThousandsOfLevels) {
     EXPECT_THAT(events, ElementsAre("2000 levels"));
 }
 
-TEST_F(TaskTest, IsCancelledThroughThousandsOfLevels) {
+TEST_F(TaskTest, isCancelledThroughThousandsOfLevels) {
     const auto handle = start([this]() -> Task<void> {
         co_await countedDown(*this, 2000);
         note("not reached");

@@ -13,7 +13,7 @@ namespace {
 
 using namespace std::chrono_literals;
 
-TEST(TimeTest, ReadsTheWallClock) {
+TEST(TimeTest, readsTheWallClock) {
     const Clock clock = systemClock();
     const auto before = std::chrono::system_clock::now();
     const TimePoint now = clock();
@@ -22,12 +22,12 @@ TEST(TimeTest, ReadsTheWallClock) {
     EXPECT_LE(now - 1us, std::chrono::system_clock::now());
 }
 
-TEST(TimeTest, HoldsFractionsOfASecond) {
+TEST(TimeTest, holdsFractionsOfASecond) {
     const TimePoint instant(Seconds(1794657600.25));
     EXPECT_EQ(instant + 250ms, TimePoint(Seconds(1794657600.5)));
 }
 
-TEST(TimeTest, HasADistantPastFromWhichEveryAgeIsLong) {
+TEST(TimeTest, hasADistantPastFromWhichEveryAgeIsLong) {
     const TimePoint firstInstant(0s);
     EXPECT_LT(kDistantPast, firstInstant);
     EXPECT_GT(firstInstant - kDistantPast, Seconds(24h * 365 * 10'000));
@@ -39,7 +39,7 @@ double bootTime() {
     return static_cast<double>(reading.tv_sec) + static_cast<double>(reading.tv_nsec) / 1e9;
 }
 
-TEST(TimeTest, HasAMonotonicClockThatCountsTheSleepOfTheMachine) {
+TEST(TimeTest, hasAMonotonicClockThatCountsTheSleepOfTheMachine) {
     const MonotonicClock clock = bootClock();
     const double before = bootTime();
     const double reading = clock().count();
@@ -47,7 +47,7 @@ TEST(TimeTest, HasAMonotonicClockThatCountsTheSleepOfTheMachine) {
     EXPECT_LE(reading, bootTime());
 }
 
-TEST(TimeTest, TakesForYoungWhatIsLessThanTheSpanAgo) {
+TEST(TimeTest, takesAnInstantWithinTheSpanForYoung) {
     const TimePoint now(Seconds(1794657600));
     EXPECT_TRUE(isYoungerThan(60s, now, now));
     EXPECT_TRUE(isYoungerThan(60s, now - 59s, now));
@@ -55,7 +55,7 @@ TEST(TimeTest, TakesForYoungWhatIsLessThanTheSpanAgo) {
     EXPECT_FALSE(isYoungerThan(60s, kDistantPast, now));
 }
 
-TEST(TimeTest, TakesForOldWhatIsYetToCome) {
+TEST(TimeTest, takesAnInstantInTheFutureForOld) {
     const TimePoint now(Seconds(1794657600));
     EXPECT_FALSE(isYoungerThan(60s, now + 1ms, now));
     EXPECT_FALSE(isYoungerThan(60s, now + 3600s, now));

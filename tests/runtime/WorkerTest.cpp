@@ -128,26 +128,26 @@ std::string failed() {
     throw std::runtime_error("could not decode");
 }
 
-TEST_F(WorkerTest, GivesTheResultOfTheFunction) {
+TEST_F(WorkerTest, givesTheResultOfTheFunction) {
     InlineWorker worker;
     startOffload(worker, worked);
     EXPECT_THAT(events, ElementsAre("worked"));
 }
 
-TEST_F(WorkerTest, ThrowsWhatTheFunctionThrows) {
+TEST_F(WorkerTest, throwsWhatTheFunctionThrows) {
     InlineWorker worker;
     startOffload(worker, failed);
     EXPECT_THAT(events, ElementsAre("could not decode"));
 }
 
-TEST_F(WorkerTest, ThrowsWhatTheWorkerThrows) {
+TEST_F(WorkerTest, throwsWhatTheWorkerThrows) {
     RefusingWorker worker;
     const auto handle = startOffload(worker, worked);
     EXPECT_THAT(events, ElementsAre("refused"));
     EXPECT_FALSE(handle.isRunning());
 }
 
-TEST_F(WorkerTest, LetsOtherTasksRunMeanwhile) {
+TEST_F(WorkerTest, letsOtherTasksRunMeanwhile) {
     HeldWorker worker;
     startOffload(worker, worked);
     start([this]() -> Task<void> {
@@ -160,7 +160,7 @@ TEST_F(WorkerTest, LetsOtherTasksRunMeanwhile) {
     EXPECT_THAT(events, ElementsAre("meanwhile", "worked"));
 }
 
-TEST_F(WorkerTest, AbandonsTheResultForACancelledTask) {
+TEST_F(WorkerTest, abandonsTheResultForACancelledTask) {
     HeldWorker worker;
     const auto handle = startOffload(worker, worked);
     handle.cancel();
@@ -171,7 +171,7 @@ TEST_F(WorkerTest, AbandonsTheResultForACancelledTask) {
     EXPECT_THAT(events, ElementsAre("cancelled"));
 }
 
-TEST_F(WorkerTest, AbandonsAResultThatIsOnItsWay) {
+TEST_F(WorkerTest, abandonsAResultThatIsOnItsWay) {
     HeldWorker worker;
     const auto handle = startOffload(worker, worked);
     worker.runAll();
@@ -180,7 +180,7 @@ TEST_F(WorkerTest, AbandonsAResultThatIsOnItsWay) {
     EXPECT_THAT(events, ElementsAre("cancelled"));
 }
 
-TEST_F(WorkerTest, AbandonsTheResultForADestroyedTask) {
+TEST_F(WorkerTest, abandonsTheResultForADestroyedTask) {
     HeldWorker worker;
     {
         TaskScope inner(executor);
@@ -195,7 +195,7 @@ TEST_F(WorkerTest, AbandonsTheResultForADestroyedTask) {
     EXPECT_THAT(events, IsEmpty());
 }
 
-TEST_F(WorkerTest, KeepsWhatTheFunctionHoldsUntilItHasRun) {
+TEST_F(WorkerTest, keepsWhatTheFunctionHoldsUntilItHasRun) {
     HeldWorker worker;
     auto held = std::make_shared<std::string>("held");
     const std::weak_ptr<std::string> watched = held;
@@ -208,7 +208,7 @@ TEST_F(WorkerTest, KeepsWhatTheFunctionHoldsUntilItHasRun) {
     EXPECT_TRUE(watched.expired());
 }
 
-TEST_F(WorkerTest, CarriesValuesThatCannotBeCopied) {
+TEST_F(WorkerTest, carriesValuesThatCannotBeCopied) {
     InlineWorker worker;
     start([this, &worker]() -> Task<void> {
         const auto make = [] { return std::make_unique<int>(4); };
@@ -218,7 +218,7 @@ TEST_F(WorkerTest, CarriesValuesThatCannotBeCopied) {
     EXPECT_THAT(events, ElementsAre("4"));
 }
 
-TEST_F(WorkerTest, RunsOnAnotherThreadAndAnswersOnThisOne) {
+TEST_F(WorkerTest, runsOnAnotherThreadAndAnswersOnThisOne) {
     ThreadWorker worker;
     const auto thisThread = std::this_thread::get_id();
     scope.spawn([&]() -> Task<void> {
@@ -233,7 +233,7 @@ TEST_F(WorkerTest, RunsOnAnotherThreadAndAnswersOnThisOne) {
     EXPECT_THAT(events, ElementsAre("worked there", "answered here"));
 }
 
-TEST_F(WorkerTest, CarriesExceptionsFromAnotherThread) {
+TEST_F(WorkerTest, carriesExceptionsFromAnotherThread) {
     ThreadWorker worker;
     startOffload(worker, failed);
     worker.finish();
@@ -241,7 +241,7 @@ TEST_F(WorkerTest, CarriesExceptionsFromAnotherThread) {
     EXPECT_THAT(events, ElementsAre("could not decode"));
 }
 
-TEST_F(WorkerTest, DoesTheWorkOfManyTasksWhileTheExecutorRuns) {
+TEST_F(WorkerTest, doesTheWorkOfManyTasksWhileTheExecutorRuns) {
     constexpr int kTasks = 300;
     ThreadWorker worker;
     int sum = 0;
@@ -262,7 +262,7 @@ TEST_F(WorkerTest, DoesTheWorkOfManyTasksWhileTheExecutorRuns) {
     EXPECT_EQ(sum, kTasks * (kTasks - 1));
 }
 
-TEST_F(WorkerTest, AbandonsTheWorkOfAnotherThreadAtAnyMoment) {
+TEST_F(WorkerTest, abandonsTheWorkOfAnotherThreadAtAnyMoment) {
     constexpr int kRounds = 300;
     ThreadWorker worker;
     int answered = 0;

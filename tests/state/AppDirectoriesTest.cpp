@@ -30,7 +30,7 @@ TEST(AppDirectories, takesTheUserDatabaseWithoutAHomeFolder) {
               "/users/me/.local/share/Quillbar");
 }
 
-TEST(AppDirectories, passesOverWhatIsEmptyOrNotAbsolute) {
+TEST(AppDirectories, skipsFoldersThatAreEmptyOrNotAbsolute) {
     EXPECT_EQ(applicationSupport({"", "/home/me", nullopt}), "/home/me/.local/share/Quillbar");
     EXPECT_EQ(applicationSupport({"data", "me", "/users/me"}), "/users/me/.local/share/Quillbar");
     EXPECT_EQ(applicationSupport({"~/data", "", "/users/me"}), "/users/me/.local/share/Quillbar");
@@ -49,7 +49,7 @@ TEST(AppDirectories, readsTheHomeFolderFromTheEnvironment) {
     EXPECT_EQ(applicationSupport(), "/home/me/.local/share/Quillbar");
 }
 
-TEST(AppDirectories, readsTheUserDatabaseAtLast) {
+TEST(AppDirectories, readsTheUserDatabaseLast) {
     const TemporaryEnvironment dataHome("XDG_DATA_HOME", nullopt);
     const TemporaryEnvironment home("HOME", nullopt);
     const std::filesystem::path folder = applicationSupport();
@@ -64,7 +64,7 @@ TEST(AppDirectories, prefersTheConfigurationHome) {
     EXPECT_EQ(configurationHome({.databaseHome = "/users/me"}), "/users/me/.config");
 }
 
-TEST(AppDirectories, knowsNoConfigurationHomeWhereNothingTellsOne) {
+TEST(AppDirectories, hasNoConfigurationHomeWithoutAnyFolder) {
     EXPECT_EQ(configurationHome({}), nullopt);
     EXPECT_EQ(configurationHome({.dataHome = "/data", .home = "me", .databaseHome = ""}), nullopt);
 }

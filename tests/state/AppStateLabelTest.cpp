@@ -105,7 +105,7 @@ TEST_F(AppStateLabelTest, showsThePriceAfterTheEndOfASecondAtOnce) {
     EXPECT_EQ(label(), "BTC 120.00 ▲20.00%");
 }
 
-TEST_F(AppStateLabelTest, showsAPriceThatTheWallClockAloneHeldBackASecondLater) {
+TEST_F(AppStateLabelTest, showsAPriceHeldBackByASlowWallClockASecondLater) {
     startConnected(listOf({"BTC"}));
     price("BTC", 100);
     const TimePoint shownAt = time.now();
@@ -118,7 +118,7 @@ TEST_F(AppStateLabelTest, showsAPriceThatTheWallClockAloneHeldBackASecondLater) 
     EXPECT_EQ(label(), "BTC 110.00 ▲10.00%");
 }
 
-TEST_F(AppStateLabelTest, waitsForTheEndOfOneSecondAtATimeAndForNoneAfterIt) {
+TEST_F(AppStateLabelTest, waitsForTheEndOfOneSecondAtATime) {
     startConnected(listOf({"BTC"}));
     const std::size_t watchdogAlone = time.sleepingCount();
     for (int tick = 0; tick < 10; ++tick) {
@@ -266,7 +266,7 @@ TEST_F(AppStateFreshnessTest, isFreshForAMinuteWhenTheClockWasSetBack) {
     EXPECT_TRUE(state->isDataStale());
 }
 
-TEST_F(AppStateFreshnessTest, isToldToTheObserversOfTheUpdateItself) {
+TEST_F(AppStateFreshnessTest, isUpToDateForObserversOfTheUpdate) {
     startConnected(listOf({"BTC"}));
     price("BTC", 100);
     time.advance(Seconds(61));

@@ -31,7 +31,7 @@ TEST_F(AppStateRegionTest, tellsThatNoServerServesThisRegion) {
     EXPECT_EQ(*state->connectionFailure(), late);
 }
 
-TEST_F(AppStateRegionTest, doesNotBlameTheRegionForANetworkThatIsAway) {
+TEST_F(AppStateRegionTest, doesNotBlameTheRegionForAMissingNetwork) {
     start();
     api.ticker24hAnswers.error(URLError(URLError::Code::notServedHere, "failed"));
     run(state->refreshSnapshot());
@@ -70,7 +70,7 @@ TEST_F(AppStateRegionTest, asksOnceAMinuteWhetherTheRegionIsServedWhenAStreamIsR
     EXPECT_EQ(*state->connectionFailure(), refused);
 }
 
-TEST_F(AppStateRegionTest, blamesTheRegionForNothingWhilePricesStreamAndAfterwards) {
+TEST_F(AppStateRegionTest, doesNotBlameTheRegionOncePricesHaveStreamed) {
     start();
     api.ticker24hAnswers.error(URLError(URLError::Code::notServedHere, "failed"));
     run(state->refreshSnapshot());

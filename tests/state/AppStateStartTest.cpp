@@ -129,7 +129,7 @@ TEST_F(AppStateLifetimeTest, endsABackgroundRefreshWhenItIsDestroyed) {
     EXPECT_THAT(log.lines(), IsEmpty());
 }
 
-TEST_F(AppStateLifetimeTest, mayGoOnceTheStartUpSequenceHasBeenCancelled) {
+TEST_F(AppStateLifetimeTest, mayBeDestroyedOnceTheStartIsCancelled) {
     theUserHas(listOf({"BTC"}));
     const auto snapshot = api.ticker24hAnswers.held();
     start();

@@ -19,7 +19,7 @@ using Symbols = std::vector<std::string>;
 
 struct AppStateEventsTest : AppStateFixture {};
 
-TEST_F(AppStateEventsTest, followsTheConnectionAndTellsOfChangesAlone) {
+TEST_F(AppStateEventsTest, followsTheConnectionAndTellsOnlyOfChanges) {
     start();
     Notes<ConnectionState> states(state->connectionState());
     tell(ConnectionState::disconnected);
@@ -137,7 +137,7 @@ TEST_F(AppStateWatchdogTest, restartsASilentStreamThoughTheClockIsSetBack) {
     EXPECT_EQ(restartCount(), 1U);
 }
 
-TEST_F(AppStateWatchdogTest, leavesAStreamThatHasToldNothingYet) {
+TEST_F(AppStateWatchdogTest, leavesAStreamThatHasSentNothingYet) {
     api.ticker24hAnswers.otherwiseError(BinanceError(503));
     startConnected(listOf({"BTC"}));
     time.advance(Seconds(600));
@@ -335,7 +335,7 @@ TEST_F(AppStateAgeTest, anObserverOfAPriceFindsItsTime) {
     EXPECT_EQ(seen, time.now());
 }
 
-TEST_F(AppStateAgeTest, isToldByAClockThatWasSetBackSince) {
+TEST_F(AppStateAgeTest, followsAClockThatWasSetBackSince) {
     startConnected(listOf({"BTC", "ETH"}));
     price("BTC", 1);
     time.setClock(time.now() - Seconds(8 * 3600));
@@ -346,7 +346,7 @@ TEST_F(AppStateAgeTest, isToldByAClockThatWasSetBackSince) {
     EXPECT_NEAR((*state->lastUpdateOf("BTCUSDT") - update).count(), 0, 0.001);
 }
 
-TEST_F(AppStateAgeTest, aCoinThatIsRemovedTakesItsTimeWithIt) {
+TEST_F(AppStateAgeTest, aRemovedCoinLosesItsTime) {
     startConnected(listOf({"BTC", "ETH"}));
     price("ETH", 1);
     run(state->remove("ETHUSDT"));

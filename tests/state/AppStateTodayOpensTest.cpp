@@ -72,7 +72,7 @@ TEST_F(AppStateTodayOpensTest, asksForTheOpensOfALongListTenASecond) {
     EXPECT_EQ(todayOpen("C24"), 100);
 }
 
-TEST_F(AppStateTodayOpensTest, asksOfALongListNothingThatAnEditHasMadeNeedless) {
+TEST_F(AppStateTodayOpensTest, doesNotAskForWhatAnEditHasMadeNeedless) {
     std::vector<std::string> baseAssets;
     for (int coin = 0; coin < 35; ++coin) {
         baseAssets.push_back("C" + std::to_string(coin));
@@ -323,7 +323,7 @@ TEST_F(AppStateTodayOpensTest, keepsTheOpensOverAChangeOfBasisWithinADay) {
     EXPECT_EQ(todayOpen("BTC"), 100);
 }
 
-TEST_F(AppStateTodayOpensTest, takesNoAnswerOfYesterdayForToday) {
+TEST_F(AppStateTodayOpensTest, ignoresAnAnswerThatBelongsToYesterday) {
     theUserHas(listOf({"BTC", "ETH"}));
     time.setClock(time.now() + Seconds(12 * 3600 - 30));
     const auto yesterdays = api.klinesAnswers.held();

@@ -184,7 +184,7 @@ TEST_F(AppStateWatchlistTest, pinsAndSaves) {
     EXPECT_EQ(label(), "ETH");
 }
 
-TEST_F(AppStateWatchlistTest, savesAPinThatChangesNothingButTellsNobody) {
+TEST_F(AppStateWatchlistTest, savesAPinThatChangesNothingWithoutTellingObservers) {
     startConnected(listOf({"BTC"}));
     Notes<Watchlist> lists(state->watchlist());
     for (const char* const symbol : {"BTCUSDT", "UNKNOWNUSDT"}) {

@@ -53,7 +53,7 @@ TEST(PinnedQuoteTest, isTheCoinAloneWhenThePriceIsTooOld) {
     EXPECT_TRUE(quote.isStale());
 }
 
-TEST(PinnedQuoteTest, showsNoPriceThatIsNotKnown) {
+TEST(PinnedQuoteTest, showsNoUnknownPrice) {
     PinnedQuote quote = bitcoin();
     quote.ticker.reset();
     EXPECT_FALSE(quote.showsPrice());
@@ -155,7 +155,7 @@ TEST_F(AppStatePinnedQuoteTest, tellsNobodyOfAConnectionThatStays) {
     EXPECT_THAT(quotes.values, IsEmpty());
 }
 
-TEST_F(AppStatePinnedQuoteTest, isTheSameForAllThatTheStateTellsOfOtherCoins) {
+TEST_F(AppStatePinnedQuoteTest, staysTheSameWhenOtherCoinsChange) {
     startConnected(listOf({"BTC", "ETH"}));
     price("BTC", 101);
     time.advance(Seconds(1));
@@ -179,7 +179,7 @@ TEST_F(AppStatePinnedQuoteTest, followsThePinAndTheBasisAtOnce) {
     EXPECT_EQ(quote().direction(), LabelDirection::flat);
 }
 
-TEST_F(AppStatePinnedQuoteTest, canBeHadOfACoinThatIsNotPinned) {
+TEST_F(AppStatePinnedQuoteTest, existsForACoinThatIsNotPinned) {
     startConnected(listOf({"BTC", "ETH"}));
     price("ETH", 50);
     PinnedQuote ether{.coin = coinOf("ETH"),

@@ -102,7 +102,7 @@ TEST_F(PreferencesStateTest, theColorsThatAreSetAlreadyAreNotSavedAgain) {
     EXPECT_EQ(entryCount(folder.path()), 0U);
 }
 
-TEST_F(PreferencesStateTest, anEditThatCannotBeSavedHoldsAndSaysSo) {
+TEST_F(PreferencesStateTest, anEditThatCannotBeSavedIsKeptAndReported) {
     PreferencesState state = started();
     log.clear();
     files.breakAll();

@@ -7,7 +7,7 @@
 namespace quillbar {
 namespace {
 
-TEST(Preferences, ofAFirstStartAreGreenForRising) {
+TEST(Preferences, areGreenForRisingAtAFirstStart) {
     const Preferences& preferences = Preferences::defaultPreferences();
     EXPECT_EQ(preferences.schemaVersion, 1);
     EXPECT_EQ(preferences.changeColors, ChangeColors::greenUp);
@@ -23,7 +23,7 @@ TEST(Preferences, ofAFirstStartWordTheLabelWithCoinPriceAndChange) {
     EXPECT_EQ(label.rotationSeconds, 10);
 }
 
-TEST(Preferences, anEditReplacesItsFieldAlone) {
+TEST(Preferences, areReplacedOneFieldAtATime) {
     const Preferences before{7, ChangeColors::greenUp};
     EXPECT_EQ(before.settingChangeColors(ChangeColors::blueUp),
               (Preferences{7, ChangeColors::blueUp}));

@@ -54,7 +54,7 @@ TEST_F(WatchlistStoreTest, loadsTheDefaultForACoinWithoutItsBaseAsset) {
                             R"(("baseAsset" is missing), using default)"));
 }
 
-TEST_F(WatchlistStoreTest, judgesTheVersionOnlyOfWhatItCanDecode) {
+TEST_F(WatchlistStoreTest, checksTheVersionOnlyOfADocumentThatItCanDecode) {
     EXPECT_EQ(load(R"({"schemaVersion":2,"list":[]})"), Watchlist::defaultWatchlist());
     EXPECT_THAT(log.lines(),
                 ElementsAre("WatchlistStore|default|load watchlist failed "
