@@ -16,8 +16,6 @@ namespace {
 
 using ::testing::ElementsAre;
 
-constexpr int kRow = TableRow::kHeight;
-
 struct CoinListDragTest : CoinListFixture {
     void TearDown() override {
         if (rows != nullptr) {

@@ -33,6 +33,8 @@ namespace quillbar {
 /// The watchlist in a window of the panel's width, over a real AppState. A coin's chart is a widget
 /// named "chart BTC". Base assets stand for their pairs.
 struct CoinListFixture : ViewFixture {
+    static constexpr int kRow = 28;
+
     /// Shows this list, connected.
     void show(const Watchlist& list) {
         startConnected(list);
@@ -46,6 +48,16 @@ struct CoinListFixture : ViewFixture {
         alerts();
         make();
         showActive(*window);
+    }
+
+    /// Shows BTC, ETH and SOL, whose changes are +1, +3 and +2 percent, sorted by change.
+    void showThreeByChange() {
+        show({"BTC", "ETH", "SOL"});
+        tick("BTC", {101, 100, 3e8});
+        tick("ETH", {103, 100, 1e8});
+        tick("SOL", {102, 100, 2e8});
+        click("涨跌");
+        ASSERT_EQ(order(), (std::vector<std::string>{"ETH", "SOL", "BTC"}));
     }
 
     /// Makes the view, over the state that is built, in a window that is not shown.
@@ -129,6 +141,10 @@ struct CoinListFixture : ViewFixture {
             names.push_back(cell->baseAsset());
         }
         return names;
+    }
+    /// Waits until the rows are in this order; false if that does not happen.
+    [[nodiscard]] bool comesTo(const std::vector<std::string>& expected) {
+        return spinUntil([&] { return order() == expected; });
     }
     [[nodiscard]] CoinCell* coinCell(const std::string& baseAsset) const {
         return widgetsOf<CoinCell>(*row(baseAsset)).front();
