@@ -40,11 +40,11 @@ AppState::AppState(AppStateDependencies dependencies)
     , m_settingsStore(std::move(dependencies.settingsStore))
     , m_catalog(dependencies.catalog)
     , m_now(std::move(dependencies.now))
-    , m_monotonic(std::move(dependencies.monotonic))
     , m_sleeper(std::move(dependencies.sleeper))
     , m_watchdogInterval(dependencies.watchdogInterval)
     , m_staleReconnectThreshold(dependencies.staleReconnectThreshold)
     , m_watchlist(dependencies.watchlist ? *std::move(dependencies.watchlist) : m_store.load())
+    , m_priceTimes(m_now, std::move(dependencies.monotonic))
     , m_settings(m_settingsStore.load())
     , m_todayOpens({.executor = dependencies.executor,
                     .api = m_api,
@@ -127,7 +127,8 @@ Task<void> AppState::runWatchdog() {
 
 Task<void> AppState::checkStaleConnection() {
     const bool isSilent = *m_connectionState == ConnectionState::connected
-                          && m_lastUpdate->has_value() && silence() > m_staleReconnectThreshold;
+                          && lastUpdate()->has_value()
+                          && m_priceTimes.silence() > m_staleReconnectThreshold;
     if (isSilent) {
         co_await subscribeStream();
     }
@@ -137,49 +138,18 @@ bool AppState::isDataStale() const {
     if (*m_connectionState != ConnectionState::connected) {
         return true;
     }
-    return m_lastUpdate->has_value() && silence() > kStaleDataThreshold;
+    return lastUpdate()->has_value() && m_priceTimes.silence() > kStaleDataThreshold;
 }
 
 void AppState::noteUpdate(TimePoint now) {
-    // First, because observers of m_lastUpdate ask whether the data are stale.
-    m_updatedAt = m_monotonic();
     m_isOutsideRegion = false;
-    m_lastUpdate.set(now);
+    m_priceTimes.noteUpdate(now);
 }
 
 void AppState::setTicker(const std::string& symbol, const Ticker& ticker, TimePoint now) {
     // First, because observers of m_tickers ask how old the price is.
-    m_tickerReadings.insert_or_assign(symbol, Reading{.wall = now, .monotonic = m_monotonic()});
+    m_priceTimes.noteTicker(symbol, now);
     m_tickers.set(symbol, ticker);
-}
-
-std::optional<TimePoint> AppState::lastUpdateByPresentClock() const {
-    const std::optional<TimePoint>& update = *m_lastUpdate;
-    if (!update) {
-        return std::nullopt;
-    }
-    return byPresentClock({.wall = *update, .monotonic = m_updatedAt});
-}
-
-std::optional<TimePoint> AppState::lastUpdateOf(const std::string& symbol) const {
-    const auto found = m_tickerReadings.find(symbol);
-    if (found == m_tickerReadings.end()) {
-        return std::nullopt;
-    }
-    return byPresentClock(found->second);
-}
-
-TimePoint AppState::byPresentClock(const Reading& past) const {
-    // The two clocks never agree exactly.
-    constexpr Seconds kTolerance{1};
-    const TimePoint now = m_now();
-    const Seconds since = m_monotonic() - past.monotonic;
-    return now - past.wall + kTolerance < since ? now - since : past.wall;
-}
-
-Seconds AppState::silence() const {
-    // A wall clock that was set back does not show how long the stream has been silent.
-    return std::max(m_now() - m_lastUpdate->value_or(kDistantPast), m_monotonic() - m_updatedAt);
 }
 
 Task<void> AppState::refreshSnapshot() {
@@ -237,7 +207,7 @@ PinnedQuote AppState::quoteOf(std::optional<Coin> coin) const {
     if (const Ticker* const ticker = quote.coin ? m_tickers.find(quote.coin->symbol) : nullptr) {
         quote.ticker = *ticker;
         quote.changePercent = displayPercent(quote.coin->symbol);
-        if (silence() <= kStaleDataThreshold) {
+        if (m_priceTimes.silence() <= kStaleDataThreshold) {
             quote.freshness = presentFreshness();
         }
     }
@@ -324,7 +294,7 @@ Task<void> AppState::remove(std::string symbol) {
         co_return;
     }
     applyWatchlist(std::move(edited));
-    m_tickerReadings.erase(symbol);
+    m_priceTimes.remove(symbol);
     m_tickers.remove(symbol);
     m_todayOpens.remove(symbol);
     co_await subscribeStream();

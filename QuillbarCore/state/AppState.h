@@ -26,6 +26,7 @@
 #include "QuillbarCore/state/AppearanceMode.h"
 #include "QuillbarCore/state/AppSettings.h"
 #include "QuillbarCore/state/PinnedQuote.h"
+#include "QuillbarCore/state/PriceTimes.h"
 #include "QuillbarCore/state/SettingsStore.h"
 #include "QuillbarCore/state/TodayOpens.h"
 #include "QuillbarCore/state/WatchlistStore.h"
@@ -36,7 +37,6 @@
 #include <set>
 #include <string>
 #include <string_view>
-#include <unordered_map>
 #include <utility>
 #include <vector>
 
@@ -122,15 +122,19 @@ public:
     }
     /// When the last ticker or snapshot came; absent before the first.
     [[nodiscard]] const Observed<std::optional<TimePoint>>& lastUpdate() const noexcept {
-        return m_lastUpdate;
+        return m_priceTimes.lastUpdate();
     }
     /// The same instant by the wall clock as it is set now. It differs from `lastUpdate` if the
     /// clock was set back since then. For showing the age of the data.
-    [[nodiscard]] std::optional<TimePoint> lastUpdateByPresentClock() const;
+    [[nodiscard]] std::optional<TimePoint> lastUpdateByPresentClock() const {
+        return m_priceTimes.lastUpdateByPresentClock();
+    }
     /// When the last ticker of this symbol came, from the stream or in a snapshot, by the wall
     /// clock as it is set now; absent before the first. Older than the last update for a coin
     /// without new prices while others have some.
-    [[nodiscard]] std::optional<TimePoint> lastUpdateOf(const std::string& symbol) const;
+    [[nodiscard]] std::optional<TimePoint> lastUpdateOf(const std::string& symbol) const {
+        return m_priceTimes.lastUpdateOf(symbol);
+    }
     /// What the label says. It takes a price of the stream at most once a second; at the end of the
     /// second it takes the last one that came meanwhile.
     [[nodiscard]] const Observed<PinnedQuote>& pinnedQuote() const noexcept {
@@ -213,12 +217,6 @@ public:
     Task<void> refreshTodayOpens() { return m_todayOpens.refresh(); }
 
 private:
-    /// An instant on both clocks.
-    struct Reading {
-        TimePoint wall;
-        Seconds monotonic;
-    };
-
     Task<void> consumeEvents();
     void handle(const PriceEvent& event);
     void handleTicker(const TickerEvent& event);
@@ -230,10 +228,6 @@ private:
     void setTicker(const std::string& symbol, const Ticker& ticker, TimePoint now);
     /// Notes that a ticker or a snapshot has come.
     void noteUpdate(TimePoint now);
-    [[nodiscard]] TimePoint byPresentClock(const Reading& past) const;
-    /// The time since the last ticker or snapshot, by the clock that gives the longer time; beyond
-    /// every threshold when none has come.
-    [[nodiscard]] Seconds silence() const;
     [[nodiscard]] PinnedQuote computePinnedQuote() const;
     /// How fresh the label's price is while the label shows one: `stale` or `live`.
     [[nodiscard]] PriceFreshness presentFreshness() const;
@@ -254,7 +248,6 @@ private:
     SettingsStore m_settingsStore;
     CoinCatalog& m_catalog;
     Clock m_now;
-    MonotonicClock m_monotonic;
     Sleeper m_sleeper;
     Seconds m_watchdogInterval;
     Seconds m_staleReconnectThreshold;
@@ -265,17 +258,13 @@ private:
     mutable ChangeSignal m_streamed;
     Observed<ConnectionState> m_connectionState{ConnectionState::disconnected};
     Observed<std::optional<ConnectionFailure>> m_connectionFailure;
-    Observed<std::optional<TimePoint>> m_lastUpdate;
+    PriceTimes m_priceTimes;
     Observed<PinnedQuote> m_pinnedQuote;
     Observed<std::string> m_menuBarText;
     Observed<std::optional<std::string>> m_lastError;
     Observed<AppSettings> m_settings;
     TodayOpens m_todayOpens;
 
-    // When each ticker came.
-    std::unordered_map<std::string, Reading> m_tickerReadings;
-    // The last update on the monotonic clock.
-    Seconds m_updatedAt{};
     // Whether the last snapshot found no server that serves this region.
     bool m_isOutsideRegion = false;
     TimePoint m_lastRegionRequest = kDistantPast;
