@@ -2,19 +2,13 @@
 // SPDX-License-Identifier: MIT
 #include "Quillbar/widgets/PopoverPlacement.h"
 
-#include <algorithm>
+#include "Quillbar/widgets/MovedInside.h"
+
+#include <QPoint>
+
 #include <cmath>
 
 namespace quillbar::PopoverPlacement {
-
-namespace {
-
-// Moves the start of a span of `length` so that the span is inside [first, last].
-int inside(int wanted, int length, int first, int last) {
-    return std::max(first, std::min(wanted, last + 1 - length));
-}
-
-}  // namespace
 
 QRect rectangle(QRect anchor, QSize wanted, QRect workArea) {
     const QSize size = wanted.boundedTo(workArea.size());
@@ -22,12 +16,7 @@ QRect rectangle(QRect anchor, QSize wanted, QRect workArea) {
     const int above = anchor.top() - kGap - size.height();
     const bool hasRoomBelow = below + size.height() <= workArea.bottom() + 1;
     const int y = hasRoomBelow || above < workArea.top() ? below : above;
-    return {
-        QPoint(
-            inside(
-                anchor.right() + 1 - size.width(), size.width(), workArea.left(), workArea.right()),
-            inside(y, size.height(), workArea.top(), workArea.bottom())),
-        size};
+    return movedInside({QPoint(anchor.right() + 1 - size.width(), y), size}, workArea);
 }
 
 int wholeInPixels(int width, double scale) {

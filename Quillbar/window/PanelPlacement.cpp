@@ -2,16 +2,13 @@
 // SPDX-License-Identifier: MIT
 #include "Quillbar/window/PanelPlacement.h"
 
+#include "Quillbar/widgets/MovedInside.h"
+
 #include <algorithm>
 
 namespace quillbar::PanelPlacement {
 
 namespace {
-
-// Moves the start of a span of `length` so that the span is inside [first, last].
-int inside(int wanted, int length, int first, int last) {
-    return std::max(first, std::min(wanted, last + 1 - length));
-}
 
 int besidePointer(int pointer, int length, int middleOfScreen) {
     return pointer < middleOfScreen ? pointer + kPointerOffset + kGap
@@ -43,9 +40,7 @@ QRect rectangle(QPoint anchor, QSize wanted, QRect screen, QRect workArea) {
     const int y = workArea.contains(anchor)
                       ? besidePointer(anchor.y(), size.height(), screen.center().y())
                       : anchor.y() - size.height() / 2;
-    return {QPoint(inside(x, size.width(), room.left(), room.right()),
-                   inside(y, size.height(), room.top(), room.bottom())),
-            size};
+    return movedInside({QPoint(x, y), size}, room);
 }
 
 QRect withoutBar(QRect workArea, QRect screen, QRect bar) {
@@ -85,10 +80,7 @@ QRect rectangleWithoutAnchor(QSize wanted, QRect screen, QRect workArea) {
 }
 
 QRect rectangleAt(QPoint topLeft, QSize wanted, QRect workArea) {
-    const QSize size = wanted.boundedTo(workArea.size());
-    return {QPoint(inside(topLeft.x(), size.width(), workArea.left(), workArea.right()),
-                   inside(topLeft.y(), size.height(), workArea.top(), workArea.bottom())),
-            size};
+    return movedInside({topLeft, wanted}, workArea);
 }
 
 }  // namespace quillbar::PanelPlacement
