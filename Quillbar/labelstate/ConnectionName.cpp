@@ -2,6 +2,10 @@
 // SPDX-License-Identifier: MIT
 #include "Quillbar/labelstate/ConnectionName.h"
 
+#include "QuillbarCore/model/RawValue.h"
+
+#include <array>
+
 namespace quillbar {
 
 std::string_view displayName(ConnectionState connection) {
@@ -33,15 +37,11 @@ std::string_view rawValue(ConnectionState connection) {
 }
 
 std::optional<ConnectionState> connectionFromRawValue(std::string_view rawText) {
-    for (const auto connection : {ConnectionState::disconnected,
-                                  ConnectionState::connecting,
-                                  ConnectionState::connected,
-                                  ConnectionState::waitingRetry}) {
-        if (rawText == rawValue(connection)) {
-            return connection;
-        }
-    }
-    return std::nullopt;
+    constexpr std::array kAll{ConnectionState::disconnected,
+                              ConnectionState::connecting,
+                              ConnectionState::connected,
+                              ConnectionState::waitingRetry};
+    return valueWithRawText(rawText, kAll);
 }
 
 }  // namespace quillbar

@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "QuillbarCore/alerts/Alert.h"
 
+#include "QuillbarCore/model/RawValue.h"
+
 #include <cmath>
 #include <limits>
 
@@ -22,12 +24,7 @@ std::string_view rawValue(AlertKind kind) {
 }
 
 std::optional<AlertKind> alertKindFromRawValue(std::string_view rawText) {
-    for (const AlertKind kind : kAllAlertKinds) {
-        if (rawValue(kind) == rawText) {
-            return kind;
-        }
-    }
-    return std::nullopt;
+    return valueWithRawText(rawText, kAllAlertKinds);
 }
 
 bool isRising(AlertKind kind) {

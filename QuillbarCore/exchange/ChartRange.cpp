@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "QuillbarCore/exchange/ChartRange.h"
 
+#include "QuillbarCore/model/RawValue.h"
+
 #include <cstddef>
 
 namespace quillbar {
@@ -34,12 +36,7 @@ std::string_view rawValue(ChartRange range) {
 }
 
 std::optional<ChartRange> chartRange(std::string_view rawValue) {
-    for (const ChartRange range : kChartRanges) {
-        if (description(range).rawValue == rawValue) {
-            return range;
-        }
-    }
-    return std::nullopt;
+    return valueWithRawText(rawValue, kChartRanges);
 }
 
 std::string_view displayName(ChartRange range) {

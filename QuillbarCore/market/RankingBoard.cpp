@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "QuillbarCore/market/RankingBoard.h"
 
+#include "QuillbarCore/model/RawValue.h"
+
 namespace quillbar {
 
 std::string_view rawValue(RankingBoard board) {
@@ -19,12 +21,7 @@ std::string_view rawValue(RankingBoard board) {
 }
 
 std::optional<RankingBoard> rankingBoardFromRawValue(std::string_view rawText) {
-    for (const RankingBoard board : kAllRankingBoards) {
-        if (rawValue(board) == rawText) {
-            return board;
-        }
-    }
-    return std::nullopt;
+    return valueWithRawText(rawText, kAllRankingBoards);
 }
 
 std::string_view displayName(RankingBoard board) {

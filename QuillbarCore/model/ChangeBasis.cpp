@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "QuillbarCore/model/ChangeBasis.h"
 
+#include "QuillbarCore/model/RawValue.h"
+
 namespace quillbar {
 
 std::string_view rawValue(ChangeBasis basis) {
@@ -9,12 +11,7 @@ std::string_view rawValue(ChangeBasis basis) {
 }
 
 std::optional<ChangeBasis> changeBasisFromRawValue(std::string_view rawText) {
-    for (const ChangeBasis basis : kAllChangeBases) {
-        if (rawValue(basis) == rawText) {
-            return basis;
-        }
-    }
-    return std::nullopt;
+    return valueWithRawText(rawText, kAllChangeBases);
 }
 
 std::string_view displayName(ChangeBasis basis) {

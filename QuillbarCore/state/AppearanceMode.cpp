@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "QuillbarCore/state/AppearanceMode.h"
 
+#include "QuillbarCore/model/RawValue.h"
+
 namespace quillbar {
 
 std::string_view rawValue(AppearanceMode mode) {
@@ -17,12 +19,7 @@ std::string_view rawValue(AppearanceMode mode) {
 }
 
 std::optional<AppearanceMode> appearanceModeFromRawValue(std::string_view rawText) {
-    for (const AppearanceMode mode : kAllAppearanceModes) {
-        if (rawValue(mode) == rawText) {
-            return mode;
-        }
-    }
-    return std::nullopt;
+    return valueWithRawText(rawText, kAllAppearanceModes);
 }
 
 std::string_view displayName(AppearanceMode mode) {

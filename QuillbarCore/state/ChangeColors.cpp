@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "QuillbarCore/state/ChangeColors.h"
 
+#include "QuillbarCore/model/RawValue.h"
+
 namespace quillbar {
 
 std::string_view rawValue(ChangeColors colors) {
@@ -17,12 +19,7 @@ std::string_view rawValue(ChangeColors colors) {
 }
 
 std::optional<ChangeColors> changeColorsFromRawValue(std::string_view rawText) {
-    for (const ChangeColors colors : kAllChangeColors) {
-        if (rawValue(colors) == rawText) {
-            return colors;
-        }
-    }
-    return std::nullopt;
+    return valueWithRawText(rawText, kAllChangeColors);
 }
 
 std::string_view displayName(ChangeColors colors) {

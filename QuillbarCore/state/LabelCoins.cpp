@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "QuillbarCore/state/LabelCoins.h"
 
+#include "QuillbarCore/model/RawValue.h"
+
 namespace quillbar {
 
 std::string_view rawValue(LabelCoins coins) {
@@ -17,12 +19,7 @@ std::string_view rawValue(LabelCoins coins) {
 }
 
 std::optional<LabelCoins> labelCoinsFromRawValue(std::string_view rawText) {
-    for (const LabelCoins coins : kAllLabelCoins) {
-        if (rawValue(coins) == rawText) {
-            return coins;
-        }
-    }
-    return std::nullopt;
+    return valueWithRawText(rawText, kAllLabelCoins);
 }
 
 std::string_view displayName(LabelCoins coins) {

@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "QuillbarCore/state/LabelWording.h"
 
+#include "QuillbarCore/model/RawValue.h"
+
 namespace quillbar {
 
 std::string_view rawValue(LabelWording wording) {
@@ -23,12 +25,7 @@ std::string_view rawValue(LabelWording wording) {
 }
 
 std::optional<LabelWording> labelWordingFromRawValue(std::string_view rawText) {
-    for (const LabelWording wording : kAllLabelWordings) {
-        if (rawValue(wording) == rawText) {
-            return wording;
-        }
-    }
-    return std::nullopt;
+    return valueWithRawText(rawText, kAllLabelWordings);
 }
 
 std::string_view displayName(LabelWording wording) {
