@@ -150,7 +150,7 @@ std::optional<int> askRunningApplication(int argc,
     case RunningApplication::Outcome::done:
         return 0;
     case RunningApplication::Outcome::failed:
-        return fail(kFailureStatus, "Quillbar 正在运行,但没有应答");
+        return fail(kFailureStatus, "Quillbar 正在运行，但没有应答");
     case RunningApplication::Outcome::notRunning:
         break;
     }
@@ -176,7 +176,7 @@ int runApplication(int argc,
                    const ActivationTokens& tokens) {
     const auto variables = processEnvironment();
     if (!hasScreen(variables)) {
-        return fail(kFailureStatus, "没有图形会话;在终端里请使用 quillbar-label");
+        return fail(kFailureStatus, "没有图形会话；在终端里请使用 quillbar-label");
     }
     if (const auto platform = choosePlatform(variables)) {
         qputenv("QT_QPA_PLATFORM", QByteArray::fromStdString(*platform));
@@ -186,7 +186,7 @@ int runApplication(int argc,
     std::optional<QApplication> application;
     {
         const DisplayFailure failure(
-            "quillbar", "无法连接显示服务器;在终端里请使用 quillbar-label", kFailureStatus);
+            "quillbar", "无法连接显示服务器；在终端里请使用 quillbar-label", kFailureStatus);
         application.emplace(argc, argv);
     }
     QApplication::setQuitOnLastWindowClosed(false);
@@ -203,7 +203,7 @@ int runApplication(int argc,
     const auto bus = SessionBus::connect(variables);
     if (!bus && options.manner == StartManner::background) {
         // No command could reach it, and without a tray of the older protocol no click either.
-        return fail(kFailureStatus, "没有会话总线,无法在后台运行");
+        return fail(kFailureStatus, "没有会话总线，无法在后台运行");
     }
     int status = 0;
     {

@@ -156,7 +156,7 @@ std::optional<Glyph> MarketRowView::rankGlyph() const {
 }
 
 QString MarketRowView::sentence(SecondaryColumn column) const {
-    return QStringLiteral("%1, %2, 价格 %3, 涨跌 %4, %5 %6")
+    return QStringLiteral("%1，%2，价格 %3，涨跌 %4，%5 %6")
         .arg(m_rank->text(),
              OneLineText::of(m_entry.coin.baseAsset),
              m_price->text(),

@@ -203,7 +203,7 @@ bool CoinDetailView::isOutdated() const {
 void CoinDetailView::refresh() {
     const bool hasCandles = !m_candles.empty();
     m_chart->setAccessibleName(
-        OneLineText::of(m_coin.baseAsset + " 走势图, "
+        OneLineText::of(m_coin.baseAsset + " 走势图，"
                         + std::string(displayName(m_candlesRange.value_or(m_range)))));
     m_chart->setCandles(m_candles, RangeSelector::nameOf(m_candlesRange.value_or(m_range)));
     m_chart->setOutdated(isOutdated());

@@ -26,7 +26,7 @@ public:
     Segment(ChartRange range, QWidget* parent)
         : PlainButton(parent) {
         setText(QString::fromUtf8(displayName(range)));
-        setAccessibleName(QStringLiteral("走势范围: ") + nameOf(range));
+        setAccessibleName(QStringLiteral("走势范围：") + nameOf(range));
         setCheckable(true);
         setAutoExclusive(true);
         setFixedSize(kSegmentWidth, kHeight);

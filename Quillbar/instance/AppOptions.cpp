@@ -10,29 +10,29 @@ namespace quillbar {
 
 namespace {
 
-constexpr std::string_view kHelp = R"(用法:quillbar [选项]
+constexpr std::string_view kHelp = R"(用法：quillbar [选项]
 
-在桌面的状态栏里显示固定币种的实时价格,点击后打开行情面板。
-已在运行时,再次启动会显示或隐藏面板。
+在桌面的状态栏里显示固定币种的实时价格，点击后打开行情面板。
+已在运行时，再次启动会显示或隐藏面板。
 
-选项:
+选项：
   --show           显示面板
-  --toggle         显示或隐藏面板,适合绑定快捷键
+  --toggle         显示或隐藏面板，适合绑定快捷键
   --preferences    显示偏好设置
-  --discreet       隐藏或重新显示状态栏里的数字,适合绑定快捷键
+  --discreet       隐藏或重新显示状态栏里的数字，适合绑定快捷键
   --quit           退出正在运行的程序
-  --background     在后台启动,不打开面板,适合开机自启;已在运行时什么也不做
+  --background     在后台启动，不打开面板，适合开机自启；已在运行时什么也不做
   --help           显示本说明
   --version        显示版本
 
-退出状态:0 成功;1 无法启动,或没有可以操作的程序;2 参数或环境变量有误。
+退出状态：0 成功；1 无法启动，或没有可以操作的程序；2 参数或环境变量有误。
 
-环境变量:
-  QUILLBAR_REST_ENDPOINTS      行情接口地址,以逗号分隔
-  QUILLBAR_STREAM_ENDPOINTS    实时行情地址,以逗号分隔
+环境变量：
+  QUILLBAR_REST_ENDPOINTS      行情接口地址，以逗号分隔
+  QUILLBAR_STREAM_ENDPOINTS    实时行情地址，以逗号分隔
   QUILLBAR_MARKETCAP_ENDPOINT  市值接口地址
   QUILLBAR_ICON_ENDPOINT       图标地址
-  QUILLBAR_CA_FILE             额外信任的证书颁发机构(PEM 文件)
+  QUILLBAR_CA_FILE             额外信任的证书颁发机构（PEM 文件）
 )";
 
 /// What the program does with this option alone.
@@ -72,7 +72,7 @@ std::variant<AppOptions, AppInformation, AppUsageError> parseAppOptions(
         }
         const auto request = requestOf(argument);
         if (!request) {
-            return AppUsageError{fmt::format("未知的参数「{}」,请看 --help", argument)};
+            return AppUsageError{fmt::format("未知的参数「{}」，请看 --help", argument)};
         }
         if (options != AppOptions{} && options != *request) {
             return AppUsageError{

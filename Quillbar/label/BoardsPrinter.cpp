@@ -44,7 +44,7 @@ std::string boardText(RankingBoard board,
                       const std::optional<std::string>& note) {
     std::string text = fmt::format("{}", displayName(board));
     if (note && !rows.empty()) {
-        text += fmt::format(" ({})", *note);
+        text += fmt::format("（{}）", *note);
     }
     text += '\n';
     for (const RankedCoin& row : rows) {

@@ -16,31 +16,31 @@ namespace quillbar {
 
 namespace {
 
-constexpr std::string_view kHelp = R"(用法:quillbar-label [选项]
+constexpr std::string_view kHelp = R"(用法：quillbar-label [选项]
 
-显示固定币种的实时价格,适用于状态栏和终端。
+显示固定币种的实时价格，适用于状态栏和终端。
 
-选项:
-  --once           等到价格后输出一行并退出(默认,最多等 15 秒)
+选项：
+  --once           等到价格后输出一行并退出（默认，最多等 15 秒）
   --follow         每当文字变化时输出一行
   --boards         输出涨幅、跌幅、成交额、市值四个榜单的前十名并退出
-  --format 格式    text(默认)、json 或 waybar,不能与 --boards 同用
-  --template 模板  自己写文字,如 '{symbol} {price:.0} {change}',不能与 --boards 同用
-  --symbol 币种    输出这个币种,如 ETH 或 ETH/USDT,可多次使用,不能与 --boards 同用
+  --format 格式    text（默认）、json 或 waybar，不能与 --boards 同用
+  --template 模板  自己写文字，如 '{symbol} {price:.0} {change}'，不能与 --boards 同用
+  --symbol 币种    输出这个币种，如 ETH 或 ETH/USDT，可多次使用，不能与 --boards 同用
   --help           显示本说明
   --version        显示版本
 
-模板里可用 {symbol}(币种)、{price}(价格)、{arrow}(箭头)和 {change}(涨跌幅,模板里没有箭头时带正负号)。
-冒号后依次可写 < 或 >(靠左或靠右)、宽度和小数位数,如 {price:>10.2};大括号本身写作 {{ 和 }}。
+模板里可用 {symbol}（币种）、{price}（价格）、{arrow}（箭头）和 {change}（涨跌幅，模板里没有箭头时带正负号）。
+冒号后依次可写 < 或 >（靠左或靠右）、宽度和小数位数，如 {price:>10.2}；大括号本身写作 {{ 和 }}。
 没有当前价格时只输出币种名称。json 和 waybar 的 text 也按模板。
 
-退出状态:0 成功;2 参数或环境变量有误;3 未能及时得到价格;4 未能写出结果。
+退出状态：0 成功；2 参数或环境变量有误；3 未能及时得到价格；4 未能写出结果。
 
-环境变量:
-  QUILLBAR_REST_ENDPOINTS      行情接口地址,以逗号分隔
-  QUILLBAR_STREAM_ENDPOINTS    实时行情地址,以逗号分隔
+环境变量：
+  QUILLBAR_REST_ENDPOINTS      行情接口地址，以逗号分隔
+  QUILLBAR_STREAM_ENDPOINTS    实时行情地址，以逗号分隔
   QUILLBAR_MARKETCAP_ENDPOINT  市值接口地址
-  QUILLBAR_CA_FILE             额外信任的证书颁发机构(PEM 文件)
+  QUILLBAR_CA_FILE             额外信任的证书颁发机构（PEM 文件）
 )";
 
 std::optional<LabelMode> modeNamed(std::string_view option) {
@@ -79,10 +79,10 @@ bool hasValue(std::string_view option) {
 
 std::string_view valueMissing(std::string_view option) {
     if (option == kFormatOption) {
-        return "--format 需要一个格式:text、json 或 waybar";
+        return "--format 需要一个格式：text、json 或 waybar";
     }
-    return option == kTemplateOption ? "--template 需要一个模板,如 '{symbol} {price}'"
-                                     : "--symbol 需要一个币种,如 ETH";
+    return option == kTemplateOption ? "--template 需要一个模板，如 '{symbol} {price}'"
+                                     : "--symbol 需要一个币种，如 ETH";
 }
 
 /// What has been read so far. An option that is not given is absent.
@@ -106,7 +106,7 @@ std::optional<LabelUsageError> takeMode(LabelMode mode, GivenOptions& given) {
 std::optional<LabelUsageError> takeFormat(const std::string& name, GivenOptions& given) {
     given.format = formatNamed(name);
     if (!given.format) {
-        return LabelUsageError{fmt::format("未知的格式「{}」,可用 text、json 或 waybar", name)};
+        return LabelUsageError{fmt::format("未知的格式「{}」，可用 text、json 或 waybar", name)};
     }
     return std::nullopt;
 }
@@ -115,7 +115,7 @@ std::optional<LabelUsageError> takeTemplate(const std::string& text, GivenOption
     auto parsed = LabelTemplate::parse(text);
     if (const auto* const error = std::get_if<LabelTemplateError>(&parsed)) {
         return LabelUsageError{
-            fmt::format("--template 的第 {} 个字符:{}", error->position, error->text)};
+            fmt::format("--template 的第 {} 个字符：{}", error->position, error->text)};
     }
     given.labelTemplate = std::get<LabelTemplate>(std::move(parsed));
     return std::nullopt;
@@ -125,7 +125,7 @@ std::optional<LabelUsageError> takeCoin(const std::string& name, GivenOptions& g
     const std::optional<Coin> coin = coinNamed(name);
     if (!coin) {
         return LabelUsageError{fmt::format(
-            "「{}」不是 USDT 交易对,请写 ETH 或 ETH/USDT,多个币种请多次使用 --symbol", name)};
+            "「{}」不是 USDT 交易对，请写 ETH 或 ETH/USDT，多个币种请多次使用 --symbol", name)};
     }
     if (std::ranges::find(given.coins, *coin) == given.coins.end()) {
         given.coins.push_back(*coin);
@@ -144,7 +144,7 @@ std::optional<LabelUsageError> takeValue(std::string_view option,
 
 std::variant<LabelOptions, LabelInformation, LabelUsageError> together(GivenOptions given) {
     if (given.mode == LabelMode::boards && given.format) {
-        return LabelUsageError{"--boards 只能输出文本,不能与 --format 同用"};
+        return LabelUsageError{"--boards 只能输出文本，不能与 --format 同用"};
     }
     if (given.mode == LabelMode::boards && given.labelTemplate) {
         return LabelUsageError{"--boards 不能与 --template 同用"};
@@ -176,7 +176,7 @@ std::variant<LabelOptions, LabelInformation, LabelUsageError> parseLabelOptions(
         if (const auto mode = modeNamed(*argument)) {
             error = takeMode(*mode, given);
         } else if (!hasValue(option)) {
-            error = LabelUsageError{fmt::format("未知的参数「{}」,请看 --help", *argument)};
+            error = LabelUsageError{fmt::format("未知的参数「{}」，请看 --help", *argument)};
         } else if (equals != std::string::npos) {
             error = takeValue(option, argument->substr(equals + 1), given);
         } else if (++argument != arguments.end()) {

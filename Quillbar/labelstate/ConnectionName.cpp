@@ -17,7 +17,7 @@ std::string_view displayName(ConnectionState connection) {
     case ConnectionState::connected:
         return "已连接";
     case ConnectionState::waitingRetry:
-        return "连接中断,等待重试";
+        return "连接中断，等待重试";
     }
     return "";
 }

@@ -57,7 +57,7 @@ private:
         } else if (rest.front() == '{') {
             readField();
         } else if (rest.front() == '}') {
-            fail(m_at, "「}」之前没有「{」,要写大括号本身请用「}}」");
+            fail(m_at, "「}」之前没有「{」，要写大括号本身请用「}}」");
         } else {
             appendLiteral(rest.front());
             ++m_at;
@@ -67,7 +67,7 @@ private:
     void readField() {
         m_end = m_text.find_first_of("{}", m_at + 1);
         if (m_end == std::string_view::npos || m_text[m_end] == '{') {
-            fail(m_at, "「{」之后没有「}」,要写大括号本身请用「{{」");
+            fail(m_at, "「{」之后没有「}」，要写大括号本身请用「{{」");
             return;
         }
         ++m_at;
@@ -75,7 +75,7 @@ private:
         const std::string_view name = inside.substr(0, inside.find(':'));
         Field field;
         if (!readName(name, field)) {
-            fail(m_at, fmt::format("未知的字段「{}」,可用 symbol、price、arrow 或 change", name));
+            fail(m_at, fmt::format("未知的字段「{}」，可用 symbol、price、arrow 或 change", name));
             return;
         }
         m_at += name.size();
@@ -109,8 +109,8 @@ private:
         readDecimals(field);
         if (m_at == begin || m_at != m_end) {
             fail(m_at,
-                 fmt::format("冒号后依次可写:< 或 >(靠左或靠右)、宽度(1 到 {})、"
-                             "小数位数(.0 到 .{}),如「>10.2」",
+                 fmt::format("冒号后依次可写：< 或 >（靠左或靠右）、宽度（1 到 {}）、"
+                             "小数位数（.0 到 .{}），如「>10.2」",
                              kWidest,
                              kMostDecimals));
         }
@@ -128,7 +128,7 @@ private:
         if (const auto width = readNumber(1, kWidest)) {
             field.width = *width;
         } else {
-            fail(m_at, fmt::format("这里应是宽度,1 到 {}", kWidest));
+            fail(m_at, fmt::format("这里应是宽度，1 到 {}", kWidest));
         }
     }
 
@@ -142,7 +142,7 @@ private:
         ++m_at;
         field.decimals = readNumber(0, kMostDecimals);
         if (!field.decimals) {
-            fail(m_at, fmt::format("这里应是小数位数,0 到 {}", kMostDecimals));
+            fail(m_at, fmt::format("这里应是小数位数，0 到 {}", kMostDecimals));
         }
     }
 

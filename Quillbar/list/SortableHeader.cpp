@@ -23,8 +23,8 @@ QString spoken(const QString& title, std::optional<SortDirection> direction) {
         return title;
     }
     return title
-           + (direction == SortDirection::descending ? QStringLiteral(",降序")
-                                                     : QStringLiteral(",升序"));
+           + (direction == SortDirection::descending ? QStringLiteral("，降序")
+                                                     : QStringLiteral("，升序"));
 }
 
 }  // namespace

@@ -56,7 +56,7 @@ public:
         auto* const button =
             new GlyphButton(Glyph::xmark, kGlyphSize, QSize(kButtonSize, kButtonSize), this);
         button->setToolTip(QStringLiteral("知道了"));
-        button->setAccessibleName(QStringLiteral("知道了, ") + text);
+        button->setAccessibleName(QStringLiteral("知道了，") + text);
         connect(button, &QAbstractButton::clicked, this, [&alerts, serial = fired.serial] {
             alerts.markShown(serial);
         });

@@ -47,7 +47,7 @@ void AlertRow::setAlert(const Alert& alert) {
     m_switch->setTexts(coin + u' ' + AlertText::condition(alert.kind, alert.threshold),
                        AlertText::state(alert) + QStringLiteral(" · ") + AlertText::manner(alert));
     m_switch->setChecked(alert.isOn);
-    m_delete->setAccessibleName(QStringLiteral("删除提醒, ") + coin + u' '
+    m_delete->setAccessibleName(QStringLiteral("删除提醒，") + coin + u' '
                                 + AlertText::description(alert));
 }
 

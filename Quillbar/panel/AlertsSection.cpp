@@ -55,7 +55,7 @@ AlertsSection::AlertsSection(const ViewEnvironment& environment,
         preferences.setAlertSound(isOn);
     });
     add(m_sound);
-    m_empty->setText(QStringLiteral("还没有价格提醒。在自选列表的一行上点右键,选“价格提醒…”。"));
+    m_empty->setText(QStringLiteral("还没有价格提醒。在自选列表的一行上点右键，选“价格提醒…”。"));
     add(m_empty);
     auto* const list = new QWidget(this);
     list->setLayout(m_list);
@@ -65,7 +65,7 @@ AlertsSection::AlertsSection(const ViewEnvironment& environment,
     add(list);
     makeOffer();
     add(m_offer);
-    m_error->setText(QStringLiteral("提醒未能保存到磁盘,重启后会丢失"));
+    m_error->setText(QStringLiteral("提醒未能保存到磁盘，重启后会丢失"));
     m_error->setAccessibleName(m_error->text());
     Announcement::mark(*m_error);
     add(m_error);
@@ -158,7 +158,7 @@ void AlertsSection::remove(std::int64_t id) {
     m_offer->hide();
     m_offer->setAccessibleName(text);
     m_offerText->setText(text);
-    m_takeBack->setAccessibleName(QStringLiteral("撤销, ") + text);
+    m_takeBack->setAccessibleName(QStringLiteral("撤销，") + text);
     m_offering.cancel();
     m_offering = m_scope.spawn(offerForAWhile());
 }

@@ -63,7 +63,7 @@ QString ConnectionBanner::advice(const std::optional<ConnectionFailure>& failure
     case ConnectionFailure::Kind::proxyFailed:
         return QStringLiteral(
             "连不上代理。请检查 https_proxy、all_proxy 或桌面网络设置里的代理。\n"
-            "改了变量后,按 Ctrl+Q 退出后重新启动");
+            "改了变量后，按 Ctrl+Q 退出后重新启动");
     case ConnectionFailure::Kind::hostNotFound:
     case ConnectionFailure::Kind::cannotConnect:
     case ConnectionFailure::Kind::timedOut:
@@ -71,9 +71,9 @@ QString ConnectionBanner::advice(const std::optional<ConnectionFailure>& failure
         return reason
                + QStringLiteral(
                    "。请检查网络。\n"
-                   "需要代理时,在桌面的网络设置里填写;\n"
-                   "或设置 https_proxy、all_proxy,按 Ctrl+Q 退出后重新启动。\n"
-                   "也可以改用自己的镜像:QUILLBAR_REST_ENDPOINTS、QUILLBAR_STREAM_ENDPOINTS");
+                   "需要代理时，在桌面的网络设置里填写；\n"
+                   "或设置 https_proxy、all_proxy，按 Ctrl+Q 退出后重新启动。\n"
+                   "也可以改用自己的镜像：QUILLBAR_REST_ENDPOINTS、QUILLBAR_STREAM_ENDPOINTS");
     default:
         return reason;
     }

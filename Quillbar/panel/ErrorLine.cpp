@@ -43,7 +43,7 @@ void ErrorLine::refresh() {
     } else if (isOutsideRegion(*m_state.connectionFailure())) {
         line = QString::fromStdString(displayName(**m_state.connectionFailure()));
     } else if (m_state.watchlist()->coins.size() > Watchlist::kMaximumFollowed) {
-        line = QStringLiteral("自选列表过长,只更新前 %1 个币种").arg(Watchlist::kMaximumFollowed);
+        line = QStringLiteral("自选列表过长，只更新前 %1 个币种").arg(Watchlist::kMaximumFollowed);
     }
     if (line == text()) {
         return;

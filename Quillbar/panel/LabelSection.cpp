@@ -66,7 +66,7 @@ QString problemOf(const QString& text) {
     if (error == nullptr) {
         return {};
     }
-    return QStringLiteral("第 %1 个字符:%2")
+    return QStringLiteral("第 %1 个字符：%2")
         .arg(QString::number(error->position), QString::fromStdString(error->text));
 }
 
@@ -117,7 +117,7 @@ void LabelSection::makeTemplateField() {
     stack->addWidget(m_problem);
     auto* const help = makeLine(&ThemeColors::Resolved::secondaryText, m_own);
     help->setText(
-        QStringLiteral("可用 {symbol}、{price}、{arrow}、{change};{price:.0} 不带小数,"
+        QStringLiteral("可用 {symbol}、{price}、{arrow}、{change}；{price:.0} 不带小数，"
                        "{change:>7} 靠右占 7 格"));
     stack->addWidget(help);
     add(m_own);
@@ -170,7 +170,7 @@ void LabelSection::refreshPreview() {
     const std::string words =
         LabelWords::of(isExample ? exampleQuote() : quote, m_preferences.preferences()->label).text;
     const QString text = OneLineText::of(words).left(kLongestPreview);
-    const QString line = (isExample ? QStringLiteral("示例:") : QStringLiteral("预览:")) + text;
+    const QString line = (isExample ? QStringLiteral("示例：") : QStringLiteral("预览：")) + text;
     if (line != m_preview->text()) {
         m_preview->setText(line);
     }

@@ -41,7 +41,7 @@ public:
         setContentsMargins(
             kHorizontalPadding, kVerticalPadding, kButtonMargin + kButtonSize, kVerticalPadding);
         m_button->setToolTip(QStringLiteral("关闭提示"));
-        m_button->setAccessibleName(QStringLiteral("关闭提示, ") + text);
+        m_button->setAccessibleName(QStringLiteral("关闭提示，") + text);
         connect(
             m_button, &QAbstractButton::clicked, this, [&notices, told] { notices.remove(told); });
     }

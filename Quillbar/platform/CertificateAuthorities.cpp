@@ -33,7 +33,7 @@ std::string reasonOf(const FileError& error) {
     case EFBIG:
         return "太大";
     default:
-        return fmt::format("无法读取(错误 {})", error.code());
+        return fmt::format("无法读取（错误 {}）", error.code());
     }
 }
 

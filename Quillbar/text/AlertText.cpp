@@ -38,8 +38,9 @@ QString description(const Alert& alert) {
 
 QString manner(const Alert& alert) {
     QString text =
-        alert.margin ? QStringLiteral("重复(%1 %2 后)").arg(wayBack(alert.kind), marginText(alert))
-                     : QStringLiteral("仅一次");
+        alert.margin
+            ? QStringLiteral("重复（%1 %2 后）").arg(wayBack(alert.kind), marginText(alert))
+            : QStringLiteral("仅一次");
     if (!alert.note.empty()) {
         text += QStringLiteral(" · ") + OneLineText::of(alert.note);
     }

@@ -9,7 +9,7 @@ namespace quillbar {
 /// The hint for users without a pinned coin: how to get a price into the item. It names the entry
 /// of a coin's menu.
 [[nodiscard]] inline QString pinHint() {
-    return QStringLiteral("右键任一币种,固定到菜单栏");
+    return QStringLiteral("右键任一币种，固定到菜单栏");
 }
 
 }  // namespace quillbar

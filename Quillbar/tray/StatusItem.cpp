@@ -215,7 +215,7 @@ void StatusItem::refreshTooltip() {
     const bool hasNames = !isPaused || m_host.emptyTooltip == TrayHost::EmptyTooltip::nothing;
     QString description = m_face->text;
     if (m_firedAlerts > 0) {
-        description += QStringLiteral(", ") + firedText(m_firedAlerts);
+        description += QStringLiteral("，") + firedText(m_firedAlerts);
     }
     m_item.setDescription(hasNames ? description : QString());
 

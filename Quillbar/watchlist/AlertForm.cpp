@@ -72,15 +72,15 @@ protected:
 QString textOf(AlertInput::Problem problem) {
     switch (problem) {
     case AlertInput::Problem::nothing:
-        return QStringLiteral("输入价格,或带 % 的 24 小时涨跌");
+        return QStringLiteral("输入价格，或带 % 的 24 小时涨跌");
     case AlertInput::Problem::noNumber:
-        return QStringLiteral("不是价格,也不是带 % 的涨跌");
+        return QStringLiteral("不是价格，也不是带 % 的涨跌");
     case AlertInput::Problem::noPriceYet:
-        return QStringLiteral("还没有价格,请稍后再试");
+        return QStringLiteral("还没有价格，请稍后再试");
     case AlertInput::Problem::isThere:
         break;
     }
-    return QStringLiteral("现在就是这个数;高于它提醒上涨,低于它提醒下跌");
+    return QStringLiteral("现在就是这个数；高于它提醒上涨，低于它提醒下跌");
 }
 
 }  // namespace
@@ -147,8 +147,8 @@ QSize AlertForm::sizeHint() const {
 
 void AlertForm::makeFields(QVBoxLayout& stack) {
     m_present = new ThemedLabel(systemFont(kTextSize), &ThemeColors::Resolved::secondaryText, this);
-    m_value = new SearchField(QStringLiteral("价格,或如 5%"), this);
-    m_value->setAccessibleName(QStringLiteral("提醒的价格,或带百分号的 24 小时涨跌"));
+    m_value = new SearchField(QStringLiteral("价格，或如 5%"), this);
+    m_value->setAccessibleName(QStringLiteral("提醒的价格，或带百分号的 24 小时涨跌"));
     m_meaning = new ThemedLabel(systemFont(kTextSize), &ThemeColors::Resolved::secondaryText, this);
     m_meaning->setWordWrap(true);
     stack.addWidget(m_present);
@@ -175,7 +175,7 @@ void AlertForm::makeChoices(QVBoxLayout& stack) {
     row->addWidget(m_margin);
     row->addStretch(1);
     stack.addLayout(row);
-    m_note = new SearchField(QStringLiteral("备注(可不填)"), this);
+    m_note = new SearchField(QStringLiteral("备注（可不填）"), this);
     m_note->setAccessibleName(QStringLiteral("备注"));
     stack.addWidget(m_note);
     m_add = new TextButton(QStringLiteral("添加提醒"), this);
@@ -237,7 +237,7 @@ void AlertForm::refresh() {
         isReady = m_once->isChecked() || margin(line).has_value();
         meaning = isReady
                       ? AlertText::condition(line.kind, line.threshold) + QStringLiteral(" 时提醒")
-                      : QStringLiteral("往回的幅度应小于所填的数,如 1%");
+                      : QStringLiteral("往回的幅度应小于所填的数，如 1%");
     }
     m_meaning->setText(meaning);
     m_meaning->setAccessibleName(meaning);
@@ -264,7 +264,7 @@ void AlertForm::refreshList() {
         auto* const button = new GlyphButton(
             Glyph::xmark, kGlyphSize, QSize(kGlyphButtonSize, kGlyphButtonSize), row);
         button->setToolTip(QStringLiteral("删除提醒"));
-        button->setAccessibleName(QStringLiteral("删除提醒, ") + text);
+        button->setAccessibleName(QStringLiteral("删除提醒，") + text);
         connect(button, &QAbstractButton::clicked, this, [this, id = alert.id] {
             m_environment.alerts->remove(id);
         });
@@ -303,7 +303,7 @@ void AlertForm::add() {
         return;
     }
     if (!m_environment.alerts->isSaved()) {
-        m_meaning->setText(QStringLiteral("提醒未能保存到磁盘,重启后会丢失"));
+        m_meaning->setText(QStringLiteral("提醒未能保存到磁盘，重启后会丢失"));
         return;
     }
     // A copy, because the call may delete the form.

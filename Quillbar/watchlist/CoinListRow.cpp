@@ -68,7 +68,7 @@ void CoinListRow::describePlace(std::size_t index) {
     if (index != m_index || count != m_count) {
         m_index = index;
         m_count = count;
-        setAccessibleDescription(QStringLiteral("第 %1 位,共 %2 位").arg(index + 1).arg(count));
+        setAccessibleDescription(QStringLiteral("第 %1 位，共 %2 位").arg(index + 1).arg(count));
     }
 }
 

@@ -83,12 +83,12 @@ bool CoinRowView::hasAlert() const {
 }
 
 QString CoinRowView::spokenText() const {
-    const QString text = QStringLiteral("%1, 价格 %2, 涨跌 %3, 成交额 %4")
+    const QString text = QStringLiteral("%1，价格 %2，涨跌 %3，成交额 %4")
                              .arg(OneLineText::of(m_coin.baseAsset),
                                   m_price->text(),
                                   m_change->text(),
                                   m_volume->text());
-    return hasAlert() ? text + QStringLiteral(", 有价格提醒") : text;
+    return hasAlert() ? text + QStringLiteral("，有价格提醒") : text;
 }
 
 }  // namespace quillbar

@@ -62,7 +62,7 @@ QStringList ListOffer::notes() const {
         lines.append(QStringLiteral("已添加 ") + enumeration(watched));
     }
     if (list.isCut) {
-        lines.append(QStringLiteral("内容太长,只读了前面 %1 个").arg(list.names.size()));
+        lines.append(QStringLiteral("内容太长，只读了前面 %1 个").arg(list.names.size()));
     }
     return lines;
 }
@@ -70,9 +70,9 @@ QStringList ListOffer::notes() const {
 QString ListOffer::spoken() const {
     QStringList parts = notes();
     if (!fresh.empty()) {
-        parts.prepend(title() + QStringLiteral(", ") + names());
+        parts.prepend(title() + QStringLiteral("，") + names());
     }
-    return parts.join(QStringLiteral(", "));
+    return parts.join(QStringLiteral("，"));
 }
 
 }  // namespace quillbar

@@ -28,7 +28,7 @@ ListOfferRow::ListOfferRow(Content content, std::function<void()> pick, QWidget*
 void ListOfferRow::present(const std::string& /*id*/, std::size_t /*index*/) {
     const ListOffer& offer = m_content();
     setTexts({.name = offer.title(), .beside = offer.names()});
-    setAccessibleName(offer.title() + QStringLiteral(", ") + offer.names());
+    setAccessibleName(offer.title() + QStringLiteral("，") + offer.names());
 }
 
 void ListOfferRow::paintEvent(QPaintEvent* event) {

@@ -34,8 +34,8 @@ void SearchResultRow::present(const std::string& id, std::size_t index) {
     const QString pair = pairOf(coin);
     const QString atEnd = watched == Watched::yes ? QStringLiteral("已添加") : QString();
     setTexts({.name = base, .beside = pair, .atEnd = atEnd});
-    const QString name = base + QStringLiteral(", ") + pair;
-    setAccessibleName(atEnd.isEmpty() ? name : name + QStringLiteral(", ") + atEnd);
+    const QString name = base + QStringLiteral("，") + pair;
+    setAccessibleName(atEnd.isEmpty() ? name : name + QStringLiteral("，") + atEnd);
 }
 
 QString SearchResultRow::pairOf(const Coin& coin) {

@@ -72,7 +72,7 @@ void CheckRow::setTexts(const QString& title, const QString& details) {
     }
     setText(title);
     m_details = details;
-    setAccessibleName(details.isEmpty() ? title : title + QStringLiteral(", ") + details);
+    setAccessibleName(details.isEmpty() ? title : title + QStringLiteral("，") + details);
     updateGeometry();
     update();
 }

@@ -52,7 +52,7 @@ TEST_F(AppAlertsTest, withoutAServerThePanelListsWhatFired) {
     ASSERT_TRUE(spinUntil([&seen] {
         for (QWidget* const each : panel()->findChildren<QWidget*>()) {
             if (each->isVisible()
-                && each->accessibleName().startsWith(QStringLiteral("知道了, "))) {
+                && each->accessibleName().startsWith(QStringLiteral("知道了，"))) {
                 seen = each;
             }
         }

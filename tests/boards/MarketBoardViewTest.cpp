@@ -129,7 +129,7 @@ TEST_F(MarketBoardViewTest, aRowShowsItsCoinAsTheFormattersSay) {
     EXPECT_EQ(changeCell("NEW")->text(), QStringLiteral("0.00%")) << "it has no open";
     EXPECT_EQ(secondaryCell("NEW")->text(), QStringLiteral("—"));
     EXPECT_EQ(row("BTC")->accessibleName(),
-              QStringLiteral("1, BTC, 价格 67,234.50, 涨跌 +1.23%, 成交额 15.00亿"));
+              QStringLiteral("1，BTC，价格 67,234.50，涨跌 +1.23%，成交额 15.00亿"));
 }
 
 TEST_F(MarketBoardViewTest, theMarketCapBoardTellsOfMarketCapsInPlaceOfVolumes) {
@@ -141,7 +141,7 @@ TEST_F(MarketBoardViewTest, theMarketCapBoardTellsOfMarketCapsInPlaceOfVolumes) 
     EXPECT_NE(named(*view, QStringLiteral("市值")), nullptr);
     EXPECT_EQ(named(*view, QStringLiteral("成交额")), nullptr);
     EXPECT_EQ(row("ETH")->accessibleName(),
-              QStringLiteral("2, ETH, 价格 120.00, 涨跌 +20.00%, 市值 4200.00亿"));
+              QStringLiteral("2，ETH，价格 120.00，涨跌 +20.00%，市值 4200.00亿"));
     EXPECT_EQ(rows->accessibleName(), QStringLiteral("市值榜"));
 }
 
@@ -333,7 +333,7 @@ TEST_F(MarketBoardViewTest, isAListOfItemsToAScreenReader) {
     QAccessibleInterface* const item = QAccessible::queryAccessibleInterface(row("SOL"));
     EXPECT_EQ(item->role(), QAccessible::ListItem);
     EXPECT_EQ(item->text(QAccessible::Name),
-              QStringLiteral("1, SOL, 价格 130.00, 涨跌 +30.00%, 成交额 1.00亿"));
+              QStringLiteral("1，SOL，价格 130.00，涨跌 +30.00%，成交额 1.00亿"));
     EXPECT_EQ(QAccessible::queryAccessibleInterface(addButton("SOL"))->role(), QAccessible::Button);
 }
 

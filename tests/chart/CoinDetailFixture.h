@@ -25,9 +25,9 @@
 namespace quillbar {
 
 // The names of the buttons.
-inline const QString kDay = QStringLiteral("走势范围: 一天");
-inline const QString kWeek = QStringLiteral("走势范围: 一周");
-inline const QString kMonth = QStringLiteral("走势范围: 一个月");
+inline const QString kDay = QStringLiteral("走势范围：一天");
+inline const QString kWeek = QStringLiteral("走势范围：一周");
+inline const QString kMonth = QStringLiteral("走势范围：一个月");
 inline const QString kRetry = QStringLiteral("重试");
 
 inline const QString& nameOf(ChartRange range) {

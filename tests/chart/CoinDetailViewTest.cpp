@@ -183,10 +183,10 @@ TEST_F(CoinDetailViewTest, showsThatTheCandlesAreStillThoseOfAnotherRange) {
     const auto held = api.klinesAnswers.held();
     choose(ChartRange::week);
     EXPECT_EQ(seen(), "spinner+faint chart");
-    EXPECT_EQ(chart().accessibleName(), QStringLiteral("BTC 走势图, 1D"));
+    EXPECT_EQ(chart().accessibleName(), QStringLiteral("BTC 走势图，1D"));
     answer(held, {200, 210});
     EXPECT_EQ(seen(), "+chart");
-    EXPECT_EQ(chart().accessibleName(), QStringLiteral("BTC 走势图, 1W"));
+    EXPECT_EQ(chart().accessibleName(), QStringLiteral("BTC 走势图，1W"));
 }
 
 TEST_F(CoinDetailViewTest, stopsWhenItIsHiddenAndLoadsAgainWhenShown) {

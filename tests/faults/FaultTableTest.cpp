@@ -70,7 +70,7 @@ struct FaultTableTest : ::testing::TestWithParam<std::tuple<Fault, Situation>> {
     /// What the user, or the system, wants once the fault is there.
     void ask() {
         if (situation() == Situation::withAChart) {
-            world.click("走势范围: 一周");
+            world.click("走势范围：一周");
         } else if (situation() == Situation::inTheSearch) {
             world.type("SOL");
         } else if (situation() == Situation::waking) {

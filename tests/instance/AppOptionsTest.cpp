@@ -56,7 +56,7 @@ TEST(AppOptionsTest, anActionMayBeRepeatedButNotContradicted) {
 }
 
 TEST(AppOptionsTest, theHelpNamesEveryOptionAndVariable) {
-    EXPECT_THAT(informationOf({"--help"}), StartsWith("用法:quillbar [选项]\n"));
+    EXPECT_THAT(informationOf({"--help"}), StartsWith("用法：quillbar [选项]\n"));
     EXPECT_EQ(informationOf({"-h"}), informationOf({"--help"}));
     for (const char* const name : {"--show",
                                    "--toggle",
@@ -79,10 +79,10 @@ TEST(AppOptionsTest, theVersionIsOneLine) {
 }
 
 TEST(AppOptionsTest, anythingElseIsAnErrorInOneLine) {
-    EXPECT_EQ(errorOf({"--loud"}), "未知的参数「--loud」,请看 --help");
-    EXPECT_EQ(errorOf({"panel"}), "未知的参数「panel」,请看 --help");
-    EXPECT_EQ(errorOf({""}), "未知的参数「」,请看 --help");
-    EXPECT_EQ(errorOf({"--show", "--Quit"}), "未知的参数「--Quit」,请看 --help");
+    EXPECT_EQ(errorOf({"--loud"}), "未知的参数「--loud」，请看 --help");
+    EXPECT_EQ(errorOf({"panel"}), "未知的参数「panel」，请看 --help");
+    EXPECT_EQ(errorOf({""}), "未知的参数「」，请看 --help");
+    EXPECT_EQ(errorOf({"--show", "--Quit"}), "未知的参数「--Quit」，请看 --help");
 }
 
 }  // namespace

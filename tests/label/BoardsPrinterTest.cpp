@@ -130,7 +130,7 @@ TEST_F(BoardsPrinterTest, saysHowOldTheMarketCapsAreThatCouldNotBeRefreshed) {
     print();
     ASSERT_EQ(m_texts.size(), 1U);
     EXPECT_TRUE(m_texts.front().ends_with(
-        "\n市值 (数据为20 天前的)\n  1  BTC            67,234.50     +1.23%  1.35万亿\n"))
+        "\n市值（数据为20 天前的）\n  1  BTC            67,234.50     +1.23%  1.35万亿\n"))
         << m_texts.front();
     EXPECT_TRUE(m_texts.front().starts_with("涨幅\n")) << "the prices are fresh";
     EXPECT_THAT(m_statuses, ElementsAre(0));

@@ -138,7 +138,7 @@ TEST(LabelLine, forWaybarWithoutAPriceTellsTheConnection) {
     snapshot.text = "BTC";
     snapshot.quote.coin = Coin{"BTCUSDT", "BTC"};
     snapshot.quote.connection = ConnectionState::waitingRetry;
-    EXPECT_EQ(lineAsJSON(snapshot, LabelFormat::waybar)["tooltip"], "连接中断,等待重试");
+    EXPECT_EQ(lineAsJSON(snapshot, LabelFormat::waybar)["tooltip"], "连接中断，等待重试");
 }
 
 TEST(LabelLine, forWaybarNeverCallsASilentConnectionSound) {
@@ -158,7 +158,7 @@ TEST(LabelLine, forWaybarSaysWhyTheConnectionIsDown) {
     snapshot.quote.connection = ConnectionState::waitingRetry;
     snapshot.failure = "服务器返回 451";
     EXPECT_EQ(lineAsJSON(snapshot, LabelFormat::waybar)["tooltip"],
-              "连接中断,等待重试\n服务器返回 451");
+              "连接中断，等待重试\n服务器返回 451");
     snapshot.quote.connection = ConnectionState::connected;
     EXPECT_EQ(lineAsJSON(snapshot, LabelFormat::waybar)["tooltip"], "正在连接\n服务器返回 451");
     snapshot.failure.reset();

@@ -60,13 +60,13 @@ TEST(LabelOptions, wordTheTextInEitherSpelling) {
 
 TEST(LabelOptions, tellWhereATemplateIsWrong) {
     EXPECT_EQ(errorOf({"--template", "币 {prize}"}),
-              "--template 的第 4 个字符:未知的字段「prize」,可用 symbol、price、arrow 或 change");
+              "--template 的第 4 个字符：未知的字段「prize」，可用 symbol、price、arrow 或 change");
     EXPECT_EQ(errorOf({"--template={price", "--help"}),
-              "--template 的第 1 个字符:「{」之后没有「}」,要写大括号本身请用「{{」");
-    EXPECT_EQ(errorOf({"--template="}), "--template 的第 1 个字符:模板不能为空");
-    EXPECT_EQ(errorOf({"--template"}), "--template 需要一个模板,如 '{symbol} {price}'");
+              "--template 的第 1 个字符：「{」之后没有「}」，要写大括号本身请用「{{」");
+    EXPECT_EQ(errorOf({"--template="}), "--template 的第 1 个字符：模板不能为空");
+    EXPECT_EQ(errorOf({"--template"}), "--template 需要一个模板，如 '{symbol} {price}'");
     EXPECT_EQ(errorOf({"--boards", "--template={price}"}), "--boards 不能与 --template 同用");
-    EXPECT_EQ(errorOf({"--templat={price}"}), "未知的参数「--templat={price}」,请看 --help");
+    EXPECT_EQ(errorOf({"--templat={price}"}), "未知的参数「--templat={price}」，请看 --help");
 }
 
 TEST(LabelOptions, nameCoinsOnceEach) {
@@ -76,11 +76,11 @@ TEST(LabelOptions, nameCoinsOnceEach) {
 }
 
 TEST(LabelOptions, tellHowACoinIsNamed) {
-    const std::string rest = "不是 USDT 交易对,请写 ETH 或 ETH/USDT,多个币种请多次使用 --symbol";
+    const std::string rest = "不是 USDT 交易对，请写 ETH 或 ETH/USDT，多个币种请多次使用 --symbol";
     EXPECT_EQ(errorOf({"--symbol", "ETH/BTC"}), "「ETH/BTC」" + rest);
     EXPECT_EQ(errorOf({"--symbol=ETH,BTC", "--help"}), "「ETH,BTC」" + rest);
     EXPECT_EQ(errorOf({"--symbol="}), "「」" + rest);
-    EXPECT_EQ(errorOf({"--symbol"}), "--symbol 需要一个币种,如 ETH");
+    EXPECT_EQ(errorOf({"--symbol"}), "--symbol 需要一个币种，如 ETH");
     EXPECT_EQ(errorOf({"--symbol=ETH", "--boards"}), "--boards 不能与 --symbol 同用");
 }
 
@@ -88,15 +88,15 @@ TEST(LabelOptions, thatMakeNoSenseAreToldInOneLine) {
     EXPECT_EQ(errorOf({"--once", "--follow"}), "--once、--follow 与 --boards 只能使用其一");
     EXPECT_EQ(errorOf({"--boards", "--once"}), "--once、--follow 与 --boards 只能使用其一");
     EXPECT_EQ(errorOf({"--follow", "--boards"}), "--once、--follow 与 --boards 只能使用其一");
-    EXPECT_EQ(errorOf({"--folow"}), "未知的参数「--folow」,请看 --help");
-    EXPECT_EQ(errorOf({"price"}), "未知的参数「price」,请看 --help");
-    EXPECT_EQ(errorOf({"--format"}), "--format 需要一个格式:text、json 或 waybar");
-    EXPECT_EQ(errorOf({"--format", "xml"}), "未知的格式「xml」,可用 text、json 或 waybar");
-    EXPECT_EQ(errorOf({"--format="}), "未知的格式「」,可用 text、json 或 waybar");
+    EXPECT_EQ(errorOf({"--folow"}), "未知的参数「--folow」，请看 --help");
+    EXPECT_EQ(errorOf({"price"}), "未知的参数「price」，请看 --help");
+    EXPECT_EQ(errorOf({"--format"}), "--format 需要一个格式：text、json 或 waybar");
+    EXPECT_EQ(errorOf({"--format", "xml"}), "未知的格式「xml」，可用 text、json 或 waybar");
+    EXPECT_EQ(errorOf({"--format="}), "未知的格式「」，可用 text、json 或 waybar");
 }
 
 TEST(LabelOptions, giveTheBoardsNoFormat) {
-    const std::string text = "--boards 只能输出文本,不能与 --format 同用";
+    const std::string text = "--boards 只能输出文本，不能与 --format 同用";
     EXPECT_EQ(errorOf({"--boards", "--format", "json"}), text);
     EXPECT_EQ(errorOf({"--format=waybar", "--boards"}), text);
     EXPECT_EQ(errorOf({"--format=text", "--boards"}), text);
@@ -119,9 +119,9 @@ TEST(LabelOptions, helpNamesEveryOptionAndExitStatus) {
                                    "waybar",
                                    "--help",
                                    "--version",
-                                   "0 成功;",
-                                   "2 参数或环境变量有误;",
-                                   "3 未能及时得到价格;",
+                                   "0 成功；",
+                                   "2 参数或环境变量有误；",
+                                   "3 未能及时得到价格；",
                                    "4 未能写出结果。",
                                    "最多等 15 秒",
                                    "前十名",

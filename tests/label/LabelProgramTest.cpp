@@ -149,17 +149,17 @@ TEST_F(LabelProgramTest, refusesWrongOptionsInOneLine) {
     run({QStringLiteral("--loud")});
     EXPECT_EQ(exitStatus(), 2);
     EXPECT_EQ(m_output, "");
-    EXPECT_EQ(m_errors, "quillbar-label: 未知的参数「--loud」,请看 --help\n");
+    EXPECT_EQ(m_errors, "quillbar-label: 未知的参数「--loud」，请看 --help\n");
     m_errors.clear();
     run({QStringLiteral("--template={prize}")});
     EXPECT_EQ(exitStatus(), 2);
     EXPECT_EQ(m_output, "");
-    EXPECT_THAT(m_errors, StartsWith("quillbar-label: --template 的第 2 个字符:未知的字段"));
+    EXPECT_THAT(m_errors, StartsWith("quillbar-label: --template 的第 2 个字符：未知的字段"));
     m_errors.clear();
     run({QStringLiteral("--boards"), QStringLiteral("--format=json")});
     EXPECT_EQ(exitStatus(), 2);
     EXPECT_EQ(m_output, "");
-    EXPECT_EQ(m_errors, "quillbar-label: --boards 只能输出文本,不能与 --format 同用\n");
+    EXPECT_EQ(m_errors, "quillbar-label: --boards 只能输出文本，不能与 --format 同用\n");
 }
 
 TEST_F(LabelProgramTest, refusesAMalformedOverrideInOneLine) {
@@ -182,11 +182,11 @@ TEST_F(LabelProgramTest, refusesAnAuthorityFileItCannotRead) {
 TEST_F(LabelProgramTest, saysWhatIsWrongInOneLineWhateverItQuotes) {
     run({QStringLiteral("--lo\nud\x1B[2J\u009B2J\u202E")});
     EXPECT_EQ(exitStatus(), 2);
-    EXPECT_EQ(m_errors, "quillbar-label: 未知的参数「--lo ud [2J 2J」,请看 --help\n");
+    EXPECT_EQ(m_errors, "quillbar-label: 未知的参数「--lo ud [2J 2J」，请看 --help\n");
     m_errors.clear();
     run({QStringLiteral("--format=js\r\non")});
     EXPECT_EQ(exitStatus(), 2);
-    EXPECT_EQ(m_errors, "quillbar-label: 未知的格式「js  on」,可用 text、json 或 waybar\n");
+    EXPECT_EQ(m_errors, "quillbar-label: 未知的格式「js  on」，可用 text、json 或 waybar\n");
     m_errors.clear();
     m_environment.insert(QStringLiteral("QUILLBAR_CA_FILE"), QStringLiteral("/no\nwhere"));
     run({});
@@ -197,7 +197,7 @@ TEST_F(LabelProgramTest, saysWhatIsWrongInOneLineWhateverItQuotes) {
 TEST_F(LabelProgramTest, explainsItself) {
     run({QStringLiteral("--help")});
     EXPECT_EQ(exitStatus(), 0);
-    EXPECT_THAT(m_output, StartsWith("用法:quillbar-label"));
+    EXPECT_THAT(m_output, StartsWith("用法：quillbar-label"));
     m_output.clear();
     run({QStringLiteral("--version")});
     EXPECT_EQ(exitStatus(), 0);

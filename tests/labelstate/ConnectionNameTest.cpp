@@ -13,7 +13,7 @@ TEST(ConnectionName, isAWordForTheUserAndOneForPrograms) {
     EXPECT_EQ(displayName(ConnectionState::disconnected), "未连接");
     EXPECT_EQ(displayName(ConnectionState::connecting), "正在连接");
     EXPECT_EQ(displayName(ConnectionState::connected), "已连接");
-    EXPECT_EQ(displayName(ConnectionState::waitingRetry), "连接中断,等待重试");
+    EXPECT_EQ(displayName(ConnectionState::waitingRetry), "连接中断，等待重试");
     EXPECT_EQ(rawValue(ConnectionState::disconnected), "disconnected");
     EXPECT_EQ(rawValue(ConnectionState::connecting), "connecting");
     EXPECT_EQ(rawValue(ConnectionState::connected), "connected");

@@ -122,7 +122,7 @@ TEST(LabelTemplate, writesABraceForTwo) {
 }
 
 TEST(LabelTemplate, tellsWhichFieldsThereAre) {
-    const std::string allowed = ",可用 symbol、price、arrow 或 change";
+    const std::string allowed = "，可用 symbol、price、arrow 或 change";
     EXPECT_EQ(mistakeIn("{symbol} {prize}"), "11 未知的字段「prize」" + allowed);
     EXPECT_EQ(mistakeIn("币 {}"), "4 未知的字段「」" + allowed);
     EXPECT_EQ(mistakeIn("{ price}"), "2 未知的字段「 price」" + allowed);
@@ -131,8 +131,8 @@ TEST(LabelTemplate, tellsWhichFieldsThereAre) {
 }
 
 TEST(LabelTemplate, tellsWhichBraceStandsAlone) {
-    const std::string open = "「{」之后没有「}」,要写大括号本身请用「{{」";
-    const std::string close = "「}」之前没有「{」,要写大括号本身请用「}}」";
+    const std::string open = "「{」之后没有「}」，要写大括号本身请用「{{」";
+    const std::string close = "「}」之前没有「{」，要写大括号本身请用「}}」";
     EXPECT_EQ(mistakeIn("{symbol} {"), "10 " + open);
     EXPECT_EQ(mistakeIn("{price"), "1 " + open);
     EXPECT_EQ(mistakeIn("{price {symbol}"), "1 " + open);
@@ -142,8 +142,8 @@ TEST(LabelTemplate, tellsWhichBraceStandsAlone) {
 
 TEST(LabelTemplate, tellsWhatMayStandBehindTheColon) {
     const std::string allowed =
-        "冒号后依次可写:< 或 >(靠左或靠右)、宽度(1 到 99)、"
-        "小数位数(.0 到 .8),如「>10.2」";
+        "冒号后依次可写：< 或 >（靠左或靠右）、宽度（1 到 99）、"
+        "小数位数（.0 到 .8），如「>10.2」";
     EXPECT_EQ(mistakeIn("{price:}"), "8 " + allowed);
     EXPECT_EQ(mistakeIn("{price:^9}"), "8 " + allowed);
     EXPECT_EQ(mistakeIn("{price:9x}"), "9 " + allowed);
@@ -153,7 +153,7 @@ TEST(LabelTemplate, tellsWhatMayStandBehindTheColon) {
 }
 
 TEST(LabelTemplate, tellsWhichWidthsThereAre) {
-    const std::string widths = "这里应是宽度,1 到 99";
+    const std::string widths = "这里应是宽度，1 到 99";
     EXPECT_EQ(mistakeIn("{price:<}"), "9 " + widths);
     EXPECT_EQ(mistakeIn("{price:>.2}"), "9 " + widths);
     EXPECT_EQ(mistakeIn("{price:<<9}"), "9 " + widths);
@@ -165,7 +165,7 @@ TEST(LabelTemplate, tellsWhichWidthsThereAre) {
 }
 
 TEST(LabelTemplate, tellsHowManyDecimalsThereAreAndOfWhat) {
-    const std::string decimals = "这里应是小数位数,0 到 8";
+    const std::string decimals = "这里应是小数位数，0 到 8";
     EXPECT_EQ(mistakeIn("{price:.}"), "9 " + decimals);
     EXPECT_EQ(mistakeIn("{change:8.9}"), "11 " + decimals);
     EXPECT_EQ(mistakeIn("{change:.99999999999999999999}"), "10 " + decimals);

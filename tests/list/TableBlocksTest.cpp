@@ -245,9 +245,9 @@ TEST(SortableHeaderTest, tellsTheDirectionAloud) {
     EXPECT_EQ(header.toolTip(), QStringLiteral("点击排序:降序 → 升序 → 手动顺序"));
     EXPECT_EQ(header.accessibleName(), QStringLiteral("价格"));
     header.setDirection(SortDirection::descending);
-    EXPECT_EQ(header.accessibleName(), QStringLiteral("价格,降序"));
+    EXPECT_EQ(header.accessibleName(), QStringLiteral("价格，降序"));
     header.setDirection(SortDirection::ascending);
-    EXPECT_EQ(header.accessibleName(), QStringLiteral("价格,升序"));
+    EXPECT_EQ(header.accessibleName(), QStringLiteral("价格，升序"));
     header.setDirection(std::nullopt);
     EXPECT_EQ(header.accessibleName(), QStringLiteral("价格"));
 }

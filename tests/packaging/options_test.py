@@ -41,9 +41,9 @@ class Options(unittest.TestCase):
     def test_the_help_tells_the_exit_statuses_of_the_table(self):
         for program in PROGRAMS:
             with self.subTest(program):
-                statuses = ";".join(f"{status['value']} {status['zh']}"
+                statuses = "；".join(f"{status['value']} {status['zh']}"
                                      for status in TABLE[program]["statuses"])
-                self.assertIn(f"退出状态:{statuses}。\n", run(program, "--help").stdout)
+                self.assertIn(f"退出状态：{statuses}。\n", run(program, "--help").stdout)
 
     def test_the_letter_of_an_option_is_the_option(self):
         for program in PROGRAMS:

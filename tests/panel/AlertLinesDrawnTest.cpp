@@ -80,7 +80,7 @@ TEST_F(AlertLinesDrawnTest, theTextBeginsAtTwelvePointsAndTheGlyphEndsThere) {
 TEST_F(AlertLinesDrawnTest, theButtonSaysWhatItDoes) {
     showTwo();
     EXPECT_EQ(button(0).toolTip(), QStringLiteral("知道了"));
-    EXPECT_EQ(button(1).accessibleName(), QStringLiteral("知道了, ") + text(1).text());
+    EXPECT_EQ(button(1).accessibleName(), QStringLiteral("知道了，") + text(1).text());
 }
 
 TEST_F(AlertLinesDrawnTest, theButtonMayDeleteItsOwnLine) {

@@ -68,7 +68,7 @@ TEST_F(AlertLinesTest, theButtonSaysThatItWasSeen) {
     showTwo();
     fireBoth();
     for (QWidget* const each : lines().findChildren<QWidget*>()) {
-        if (each->accessibleName().startsWith(QStringLiteral("知道了, "))
+        if (each->accessibleName().startsWith(QStringLiteral("知道了，"))
             && each->accessibleName().contains(QStringLiteral("BTC"))) {
             QTest::mouseClick(each, Qt::LeftButton);
             break;

@@ -23,14 +23,14 @@ namespace {
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 
-const QString kSound = QStringLiteral("提示音, 价格提醒出现时响一声");
-const QString kBTC = QStringLiteral("BTC 价格 ≥ 110.00, 等待触发 · 仅一次");
+const QString kSound = QStringLiteral("提示音，价格提醒出现时响一声");
+const QString kBTC = QStringLiteral("BTC 价格 ≥ 110.00，等待触发 · 仅一次");
 const QString kETH =
-    QStringLiteral("ETH 24 小时涨跌 ≤ -5.00%, 等待触发 · 重复(回升 1.00% 后) · 买");
-const QString kDeleteBTC = QStringLiteral("删除提醒, BTC 价格 ≥ 110.00 · 仅一次");
+    QStringLiteral("ETH 24 小时涨跌 ≤ -5.00%，等待触发 · 重复（回升 1.00% 后） · 买");
+const QString kDeleteBTC = QStringLiteral("删除提醒，BTC 价格 ≥ 110.00 · 仅一次");
 const QString kDeleteETH =
-    QStringLiteral("删除提醒, ETH 24 小时涨跌 ≤ -5.00% · 重复(回升 1.00% 后) · 买");
-const QString kUndoBTC = QStringLiteral("撤销, 已删除 BTC 价格 ≥ 110.00");
+    QStringLiteral("删除提醒，ETH 24 小时涨跌 ≤ -5.00% · 重复（回升 1.00% 后） · 买");
+const QString kUndoBTC = QStringLiteral("撤销，已删除 BTC 价格 ≥ 110.00");
 
 /// The page of preferences over BTC and ETH, which both cost 100 after 100.
 struct AlertsSectionTest : PanelFixture {
@@ -100,7 +100,7 @@ struct AlertsSectionTest : PanelFixture {
 TEST_F(AlertsSectionTest, saysInWordsThatThereIsNoneAndHowToAddOne) {
     openPage();
     EXPECT_TRUE(says("提醒"));
-    EXPECT_TRUE(says("还没有价格提醒。在自选列表的一行上点右键,选“价格提醒…”。"));
+    EXPECT_TRUE(says("还没有价格提醒。在自选列表的一行上点右键，选“价格提醒…”。"));
     EXPECT_THAT(rows(), IsEmpty());
     addBTC();
     EXPECT_FALSE(says("还没有价格提醒"));
@@ -116,9 +116,10 @@ TEST_F(AlertsSectionTest, followsWhatBecomesOfAnAlert) {
     price("BTC", 111);
     EXPECT_THAT(rows(), ElementsAre(kETH)) << "it fired, and fires once";
     price("ETH", 94);
-    EXPECT_THAT(rows(),
-                ElementsAre(QStringLiteral(
-                    "ETH 24 小时涨跌 ≤ -5.00%, 回升到 -4.00% 后生效 · 重复(回升 1.00% 后) · 买")));
+    EXPECT_THAT(
+        rows(),
+        ElementsAre(QStringLiteral(
+            "ETH 24 小时涨跌 ≤ -5.00%，回升到 -4.00% 后生效 · 重复（回升 1.00% 后） · 买")));
     price("ETH", 97);
     EXPECT_THAT(rows(), ElementsAre(kETH));
 }
@@ -126,7 +127,7 @@ TEST_F(AlertsSectionTest, followsWhatBecomesOfAnAlert) {
 TEST_F(AlertsSectionTest, aClickSwitchesAnAlertOffAndOn) {
     openPageWithTwo();
     click(kBTC);
-    const QString off = QStringLiteral("BTC 价格 ≥ 110.00, 已关闭 · 仅一次");
+    const QString off = QStringLiteral("BTC 价格 ≥ 110.00，已关闭 · 仅一次");
     EXPECT_THAT(rows(), ElementsAre(QStringLiteral("-") + off, kETH));
     EXPECT_FALSE(AlertStore(folder.path()).load().alerts.at(0).isOn);
     click(off);
@@ -170,7 +171,7 @@ TEST_F(AlertsSectionTest, theKeyboardSwitchesDeletesAndBringsBack) {
     press(Qt::Key_Tab);
     EXPECT_EQ(focused(), kBTC);
     press(Qt::Key_Space);
-    EXPECT_EQ(focused(), QStringLiteral("BTC 价格 ≥ 110.00, 已关闭 · 仅一次"));
+    EXPECT_EQ(focused(), QStringLiteral("BTC 价格 ≥ 110.00，已关闭 · 仅一次"));
     press(Qt::Key_Space);
     press(Qt::Key_Tab);
     EXPECT_EQ(focused(), kDeleteBTC);
@@ -239,7 +240,7 @@ TEST_F(AlertsSectionTest, saysWhatCouldNotBeSavedUntilItIs) {
     EXPECT_FALSE(says("提醒未能保存到磁盘"));
     files.breakAll();
     click(kBTC);
-    EXPECT_TRUE(says("提醒未能保存到磁盘,重启后会丢失"));
+    EXPECT_TRUE(says("提醒未能保存到磁盘，重启后会丢失"));
     files.repair();
     click(kDeleteETH);
     EXPECT_FALSE(says("提醒未能保存到磁盘"));

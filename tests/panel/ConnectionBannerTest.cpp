@@ -44,15 +44,15 @@ TEST(ConnectionBannerAdviceTest, isSilentWithoutAFailure) {
 TEST(ConnectionBannerAdviceTest, saysThatTheProxyIsToBlame) {
     EXPECT_EQ(adviceOn(ConnectionFailure::Kind::proxyFailed),
               QStringLiteral("连不上代理。请检查 https_proxy、all_proxy 或桌面网络设置里的代理。\n"
-                             "改了变量后,按 Ctrl+Q 退出后重新启动"));
+                             "改了变量后，按 Ctrl+Q 退出后重新启动"));
 }
 
 TEST(ConnectionBannerAdviceTest, saysWhatToDoWhereTheNetworkStandsInTheWay) {
     EXPECT_EQ(adviceOn(ConnectionFailure::Kind::timedOut),
               QStringLiteral("连接超时。请检查网络。\n"
-                             "需要代理时,在桌面的网络设置里填写;\n"
-                             "或设置 https_proxy、all_proxy,按 Ctrl+Q 退出后重新启动。\n"
-                             "也可以改用自己的镜像:"
+                             "需要代理时，在桌面的网络设置里填写；\n"
+                             "或设置 https_proxy、all_proxy，按 Ctrl+Q 退出后重新启动。\n"
+                             "也可以改用自己的镜像："
                              "QUILLBAR_REST_ENDPOINTS、QUILLBAR_STREAM_ENDPOINTS"));
     for (const auto kind : {ConnectionFailure::Kind::hostNotFound,
                             ConnectionFailure::Kind::cannotConnect,
@@ -183,7 +183,7 @@ TEST_F(ErrorLineTest, aListThatIsTooLongToFollowSaysSo) {
     theUserHas(listOf(baseAssets));
     build();
     const ErrorLine line(*state);
-    EXPECT_EQ(line.text(), QStringLiteral("自选列表过长,只更新前 1024 个币种"));
+    EXPECT_EQ(line.text(), QStringLiteral("自选列表过长，只更新前 1024 个币种"));
     EXPECT_FALSE(line.isHidden());
 }
 

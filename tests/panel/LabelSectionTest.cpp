@@ -49,7 +49,7 @@ struct LabelSectionTest : PanelFixture {
         }
         return {};
     }
-    [[nodiscard]] QString preview() const { return line(QStringLiteral("预览:")); }
+    [[nodiscard]] QString preview() const { return line(QStringLiteral("预览：")); }
     [[nodiscard]] const LabelPreferences& label() const { return preferences.preferences()->label; }
 };
 
@@ -84,7 +84,7 @@ TEST_F(LabelSectionTest, anExampleStandsInForAPriceThatIsNotThere) {
     panel->showPreferences();
     spinUntilIdle();
     EXPECT_EQ(preview(), QString());
-    EXPECT_EQ(line(QStringLiteral("示例:")), QStringLiteral("BTC 67,234.50 ▲ 1.23%"));
+    EXPECT_EQ(line(QStringLiteral("示例：")), QStringLiteral("BTC 67,234.50 ▲ 1.23%"));
 }
 
 TEST_F(LabelSectionTest, onlyTheUsersOwnWordingHasAField) {
@@ -115,7 +115,7 @@ TEST_F(LabelSectionTest, theLastTemplateThatCouldBeReadStaysInForce) {
     EXPECT_EQ(label().ownTemplate, "{price} ");
     EXPECT_EQ(preview().trimmed(), QStringLiteral("101.00"));
     EXPECT_EQ(line(QStringLiteral("第 ")),
-              QStringLiteral("9 个字符:「{」之后没有「}」,要写大括号本身请用「{{」"));
+              QStringLiteral("9 个字符：「{」之后没有「}」，要写大括号本身请用「{{」"));
     QTest::keyClicks(shown<SearchField>(), QStringLiteral("e}"));
     EXPECT_EQ(label().ownTemplate, "{price} {price}");
     EXPECT_EQ(line(QStringLiteral("第 ")), QString());
@@ -126,7 +126,7 @@ TEST_F(LabelSectionTest, aTemplateOfNothingIsRefused) {
     choose(kOwn);
     type(QStringLiteral("{price}"));
     type(QString());
-    EXPECT_EQ(line(QStringLiteral("第 ")), QStringLiteral("1 个字符:模板不能为空"));
+    EXPECT_EQ(line(QStringLiteral("第 ")), QStringLiteral("1 个字符：模板不能为空"));
     type(QStringLiteral("  "));
     EXPECT_EQ(line(QStringLiteral("模板不能只有空")), QStringLiteral("格"));
     EXPECT_EQ(label().ownTemplate, "{price}");
@@ -148,7 +148,7 @@ TEST_F(LabelSectionTest, aStoredTemplateThatCannotBeReadIsShownWithItsMistake) {
     preferences.setLabel({.wording = LabelWording::custom, .ownTemplate = "{volume}"});
     openPage();
     EXPECT_EQ(shown<SearchField>()->text(), QStringLiteral("{volume}"));
-    EXPECT_TRUE(line(QStringLiteral("第 2 个字符:")).startsWith(QStringLiteral("未知的字段")));
+    EXPECT_TRUE(line(QStringLiteral("第 2 个字符：")).startsWith(QStringLiteral("未知的字段")));
     EXPECT_EQ(preview(), QStringLiteral("BTC 101.00 ▲ 1.00%"));
 }
 

@@ -57,22 +57,22 @@ TEST(NoticesTest, theMissingFontIsToldInLatinLettersToo) {
 TEST(NoticesTest, theMissingBusIsToldWithItsRemedy) {
     EXPECT_EQ(
         Notices::text(Notice::noSessionBus),
-        QStringLiteral("没有会话总线 (D-Bus),大多数状态栏无法显示 Quillbar。请从桌面会话中启动;"
+        QStringLiteral("没有会话总线（D-Bus），大多数状态栏无法显示 Quillbar。请从桌面会话中启动；"
                        "按 Ctrl+Q 退出"));
 }
 
 TEST(NoticesTest, theMissingTrayIsToldWithItsRemedy) {
     EXPECT_EQ(
         Notices::text(Notice::noTray),
-        QStringLiteral("桌面没有可用的状态栏,面板以窗口打开。GNOME 请启用扩展 AppIndicator and "
-                       "KStatusNotifierItem Support;再次启动 Quillbar 可重新打开面板,"
+        QStringLiteral("桌面没有可用的状态栏，面板以窗口打开。GNOME 请启用扩展 AppIndicator and "
+                       "KStatusNotifierItem Support；再次启动 Quillbar 可重新打开面板，"
                        "按 Ctrl+Q 退出"));
 }
 
 TEST(NoticesTest, theFirstStartIsToldOfTheDoubleClickOfGnome) {
     EXPECT_EQ(Notices::text(Notice::firstStart),
-              QStringLiteral("价格在状态栏里,点一下(GNOME 上双击)打开面板。看不到时,"
-                             "请展开状态栏里隐藏的图标,在状态栏的设置里让 Quillbar 一直显示;"
+              QStringLiteral("价格在状态栏里，点一下（GNOME 上双击）打开面板。看不到时，"
+                             "请展开状态栏里隐藏的图标，在状态栏的设置里让 Quillbar 一直显示；"
                              "再次启动 Quillbar 也会打开面板"));
 }
 
@@ -213,7 +213,7 @@ TEST_F(NoticeLinesTest, eachButtonSaysWhatItSendsAway) {
         const QString text = Notices::text(told);
         const auto* const button = widgetsOf<GlyphButton>(*named(*lines, text)).at(0);
         EXPECT_EQ(button->toolTip(), QStringLiteral("关闭提示"));
-        EXPECT_EQ(button->accessibleName(), QStringLiteral("关闭提示, ") + text);
+        EXPECT_EQ(button->accessibleName(), QStringLiteral("关闭提示，") + text);
     }
 }
 

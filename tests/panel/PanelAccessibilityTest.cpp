@@ -176,9 +176,9 @@ TEST_F(PanelAccessibilityTest, everyControlOfTheWatchlistWithAChartSaysWhatItIs)
                                       "Button '价格'",
                                       "List '自选列表'",
                                       "Button '收起 BTC 走势'",
-                                      "RadioButton '走势范围: 一天'*",
-                                      "RadioButton '走势范围: 一周'",
-                                      "Chart 'BTC 走势图, 1D'"}) {
+                                      "RadioButton '走势范围：一天'*",
+                                      "RadioButton '走势范围：一周'",
+                                      "Chart 'BTC 走势图，1D'"}) {
         EXPECT_THAT(seen.controls, Contains(control));
     }
 }
@@ -186,12 +186,12 @@ TEST_F(PanelAccessibilityTest, everyControlOfTheWatchlistWithAChartSaysWhatItIs)
 TEST_F(PanelAccessibilityTest, theChartTellsItsRangeFirstLastHighAndLow) {
     open();
     openChart();
-    const QWidget* const chart = named(*panel, QStringLiteral("BTC 走势图, 1D"));
+    const QWidget* const chart = named(*panel, QStringLiteral("BTC 走势图，1D"));
     ASSERT_NE(chart, nullptr);
     EXPECT_EQ(chart->accessibleDescription().toStdString(),
               "一天，起始 100.00，最新 110.00，区间 +10.00%，高 120.00，低 90.00");
     api.klinesAnswers.otherwise(candlesThrough({200, 210}, time.now(), std::chrono::hours(1)));
-    click(QStringLiteral("走势范围: 一周"));
+    click(QStringLiteral("走势范围：一周"));
     settle();
     EXPECT_EQ(chart->accessibleDescription().toStdString(),
               "一周，起始 200.00，最新 210.00，区间 +5.00%，高 210.00，低 200.00");
@@ -208,7 +208,7 @@ TEST_F(PanelAccessibilityTest, everyControlOfABoardSaysWhatItIs) {
     EXPECT_THAT(seen.controls, Contains("PageTab '自选'"));
     EXPECT_THAT(seen.controls, Contains("List '涨幅榜'"));
     EXPECT_THAT(seen.controls, Contains("Button '加入自选 SOL'"));
-    EXPECT_THAT(seen.controls, Contains(HasSubstr("ListItem '3, SOL, 价格 110.00")));
+    EXPECT_THAT(seen.controls, Contains(HasSubstr("ListItem '3，SOL，价格 110.00")));
 }
 
 TEST_F(PanelAccessibilityTest, everyControlOfTheSearchSaysWhatItIs) {
@@ -225,7 +225,7 @@ TEST_F(PanelAccessibilityTest, everyControlOfTheSearchSaysWhatItIs) {
     EXPECT_THAT(seen.faults, IsEmpty());
     EXPECT_THAT(
         seen.controls,
-        ElementsAre("EditableText '搜索币种'", "List '搜索结果'", "ListItem 'SOL, SOL/USDT'"));
+        ElementsAre("EditableText '搜索币种'", "List '搜索结果'", "ListItem 'SOL，SOL/USDT'"));
 }
 
 TEST_F(PanelAccessibilityTest, everyEntryOfTheSettingsSaysWhatItIs) {
@@ -277,9 +277,9 @@ TEST_F(PanelAccessibilityTest, everyAlertOfThePreferencesSaysWhatItIs) {
     const Walk seen = walk(*panel);
     EXPECT_THAT(seen.faults, IsEmpty());
     EXPECT_THAT(seen.controls, Contains("Heading '提醒'"));
-    EXPECT_THAT(seen.controls, Contains("CheckBox '提示音, 价格提醒出现时响一声'"));
-    EXPECT_THAT(seen.controls, Contains("CheckBox 'BTC 价格 ≥ 110.00, 等待触发 · 仅一次'*"));
-    EXPECT_THAT(seen.controls, Contains("Button '删除提醒, BTC 价格 ≥ 110.00 · 仅一次'"));
+    EXPECT_THAT(seen.controls, Contains("CheckBox '提示音，价格提醒出现时响一声'"));
+    EXPECT_THAT(seen.controls, Contains("CheckBox 'BTC 价格 ≥ 110.00，等待触发 · 仅一次'*"));
+    EXPECT_THAT(seen.controls, Contains("Button '删除提醒，BTC 价格 ≥ 110.00 · 仅一次'"));
 }
 
 TEST_F(PanelAccessibilityTest, aScreenReaderChoosesATab) {

@@ -245,7 +245,7 @@ TEST_F(PanelViewTest, theLastCoinRemovedWithTheKeyboardPassesTheFocusOnInSight) 
 
 // How to get a price into the item
 
-const QString kPinHint = QStringLiteral("右键任一币种,固定到菜单栏");
+const QString kPinHint = QStringLiteral("右键任一币种，固定到菜单栏");
 
 TEST_F(PanelViewTest, aListWithNothingPinnedSaysHowToPinACoin) {
     theExchangeHas({"BTC"});

@@ -33,21 +33,21 @@ TEST_F(RowSpeechTest, aRowWithTheFocusIsRenamedAtMostEveryTenSeconds) {
     EXPECT_EQ(reading("BTC")->interval(), 10'000);
     for (const double last : {110, 120, 130}) {
         tick("BTC", {last, 100});
-        EXPECT_EQ(name("BTC"), "BTC, 价格 —, 涨跌 —, 成交额 —") << "the reader has just begun";
+        EXPECT_EQ(name("BTC"), "BTC，价格 —，涨跌 —，成交额 —") << "the reader has just begun";
     }
     endReading("BTC");
-    EXPECT_EQ(name("BTC"), "BTC, 价格 130.00, 涨跌 +30.00%, 成交额 —");
+    EXPECT_EQ(name("BTC"), "BTC，价格 130.00，涨跌 +30.00%，成交额 —");
     tick("BTC", {140, 100});
-    EXPECT_EQ(name("BTC"), "BTC, 价格 130.00, 涨跌 +30.00%, 成交额 —");
+    EXPECT_EQ(name("BTC"), "BTC，价格 130.00，涨跌 +30.00%，成交额 —");
     endReading("BTC");
-    EXPECT_EQ(name("BTC"), "BTC, 价格 140.00, 涨跌 +40.00%, 成交额 —");
+    EXPECT_EQ(name("BTC"), "BTC，价格 140.00，涨跌 +40.00%，成交额 —");
     endReading("BTC");
     EXPECT_FALSE(reading("BTC")->isActive()) << "nothing has changed";
     tick("BTC", {150, 100});
-    EXPECT_EQ(name("BTC"), "BTC, 价格 150.00, 涨跌 +50.00%, 成交额 —")
+    EXPECT_EQ(name("BTC"), "BTC，价格 150.00，涨跌 +50.00%，成交额 —")
         << "it has been left alone for long enough";
     tick("BTC", {160, 100});
-    EXPECT_EQ(name("BTC"), "BTC, 价格 150.00, 涨跌 +50.00%, 成交额 —");
+    EXPECT_EQ(name("BTC"), "BTC，价格 150.00，涨跌 +50.00%，成交额 —");
 }
 
 TEST_F(RowSpeechTest, aReaderThatAsksIsToldTheLatest) {
@@ -56,19 +56,19 @@ TEST_F(RowSpeechTest, aReaderThatAsksIsToldTheLatest) {
     tick("BTC", {110, 100});
     QAccessibleInterface* const told = QAccessible::queryAccessibleInterface(row("BTC"));
     EXPECT_EQ(told->text(QAccessible::Name),
-              QStringLiteral("BTC, 价格 110.00, 涨跌 +10.00%, 成交额 —"));
-    EXPECT_EQ(told->text(QAccessible::Description), QStringLiteral("第 1 位,共 1 位"));
+              QStringLiteral("BTC，价格 110.00，涨跌 +10.00%，成交额 —"));
+    EXPECT_EQ(told->text(QAccessible::Description), QStringLiteral("第 1 位，共 1 位"));
 }
 
 TEST_F(RowSpeechTest, aRowWithoutTheFocusHasItsNewNameAtOnce) {
     show({"BTC", "ETH"});
     row("BTC")->setFocus();
     tick("ETH", {110, 100});
-    EXPECT_EQ(name("ETH"), "ETH, 价格 110.00, 涨跌 +10.00%, 成交额 —");
+    EXPECT_EQ(name("ETH"), "ETH，价格 110.00，涨跌 +10.00%，成交额 —");
     tick("BTC", {120, 100});
-    EXPECT_EQ(name("BTC"), "BTC, 价格 —, 涨跌 —, 成交额 —");
+    EXPECT_EQ(name("BTC"), "BTC，价格 —，涨跌 —，成交额 —");
     row("ETH")->setFocus();
-    EXPECT_EQ(name("BTC"), "BTC, 价格 120.00, 涨跌 +20.00%, 成交额 —") << "it has lost the focus";
+    EXPECT_EQ(name("BTC"), "BTC，价格 120.00，涨跌 +20.00%，成交额 —") << "it has lost the focus";
     EXPECT_FALSE(reading("BTC")->isActive());
 }
 
@@ -103,7 +103,7 @@ TEST_F(BoardRowSpeechTest, aRowOfABoardWithTheFocusIsLeftAloneToo) {
     ASSERT_EQ(row("SOL"), focused);
     EXPECT_EQ(focused->accessibleName(), before);
     EXPECT_EQ(focused->spokenText(),
-              QStringLiteral("1, SOL, 价格 140.00, 涨跌 +40.00%, 成交额 1.00亿"));
+              QStringLiteral("1，SOL，价格 140.00，涨跌 +40.00%，成交额 1.00亿"));
     EXPECT_EQ(row("BTC")->accessibleName(), row("BTC")->spokenText());
 }
 

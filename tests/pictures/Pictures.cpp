@@ -35,29 +35,29 @@ std::vector<Chapter> chapters() {
           QStringLiteral("One coin, live, while you do something else. "
                          "Green has risen, red has fallen.")},
          {QStringLiteral("价格就在状态栏里"),
-          QStringLiteral("一个币种的实时价格,不打断您手里的事。绿色为涨,红色为跌。")}},
+          QStringLiteral("一个币种的实时价格，不打断您手里的事。绿色为涨，红色为跌。")}},
         {{QStringLiteral("Click it: your list"),
           QStringLiteral("币种  coin\n成交额  volume\n价格  price\n涨跌  change\n\n"
                          "亿  × 100 million\n万  × 10 thousand")},
-         {QStringLiteral("点一下,就是自选列表"),
-          QStringLiteral("成交额、价格和涨跌,随行情变化。点列标题可以排序。")}},
+         {QStringLiteral("点一下，就是自选列表"),
+          QStringLiteral("成交额、价格和涨跌，随行情变化。点列标题可以排序。")}},
         {{QStringLiteral("Click an arrow: a chart"),
           QStringLiteral("A day, a week or a month. The pointer tells the price of a moment.\n"
                          "高  highest   低  lowest")},
-         {QStringLiteral("点行首的箭头,看走势图"),
-          QStringLiteral("一天、一周或一个月。指针移到图上,读出某一时刻的价格。")}},
+         {QStringLiteral("点行首的箭头，看走势图"),
+          QStringLiteral("一天、一周或一个月。指针移到图上，读出某一时刻的价格。")}},
         {{QStringLiteral("Click the plus: add a coin"),
           QStringLiteral("Type its code, press Enter.")},
-         {QStringLiteral("点加号,添加币种"), QStringLiteral("输入代号,按回车。")}},
+         {QStringLiteral("点加号，添加币种"), QStringLiteral("输入代号，按回车。")}},
         {{QStringLiteral("Click a tab: the market"),
           QStringLiteral("自选  your list\n涨幅  gainers\n跌幅  losers\n成交额  volume\n"
                          "市值  market capitalisation")},
-         {QStringLiteral("点标签,看市场榜单"),
-          QStringLiteral("涨幅、跌幅、成交额、市值,打开时自动刷新。")}},
+         {QStringLiteral("点标签，看市场榜单"),
+          QStringLiteral("涨幅、跌幅、成交额、市值，打开时自动刷新。")}},
         {{QStringLiteral("Right button: pin a coin"),
           QStringLiteral("固定到菜单栏  pin to the bar\n删除  remove from the list")},
-         {QStringLiteral("点右键,固定币种"),
-          QStringLiteral("固定到菜单栏之后,状态栏显示的就是它。")}},
+         {QStringLiteral("点右键，固定币种"),
+          QStringLiteral("固定到菜单栏之后，状态栏显示的就是它。")}},
     };
 }
 

@@ -110,7 +110,7 @@ TEST(ResourceLimitsDeathTest, tooFewFilesAreTold) {
             prepareAndExit();
         },
         ExitedWithCode(1),
-        "可以打开的文件太少:ulimit -n 为 63,至少需要 64");
+        "可以打开的文件太少：ulimit -n 为 63，至少需要 64");
 }
 
 TEST(ResourceLimitsDeathTest, tooLittleStackIsTold) {
@@ -120,7 +120,7 @@ TEST(ResourceLimitsDeathTest, tooLittleStackIsTold) {
             prepareAndExit();
         },
         ExitedWithCode(1),
-        "栈空间太小:ulimit -s 为 128,至少需要 256");
+        "栈空间太小：ulimit -s 为 128，至少需要 256");
 }
 
 TEST(ResourceLimitsDeathTest, aFileThatMayNotGrowIsAnErrorAndNoSignal) {

@@ -24,10 +24,10 @@ TEST(AlertTextTest, saysHowOftenItFires) {
     alert.note.clear();
     alert.margin = 700;
     EXPECT_EQ(AlertText::description(alert),
-              QStringLiteral("价格 ≥ 70,000.00 · 重复(回落 700.00 后)"));
+              QStringLiteral("价格 ≥ 70,000.00 · 重复（回落 700.00 后）"));
     alert = {.kind = AlertKind::changeAtMost, .threshold = -5, .margin = 1};
     EXPECT_EQ(AlertText::description(alert),
-              QStringLiteral("24 小时涨跌 ≤ -5.00% · 重复(回升 1.00% 后)"));
+              QStringLiteral("24 小时涨跌 ≤ -5.00% · 重复（回升 1.00% 后）"));
 }
 
 TEST(AlertTextTest, saysWhetherItWaitsOrWhatMustComeFirst) {

@@ -114,7 +114,7 @@ TEST_F(LabelFaceTest, ofNothingPinnedIsTheApplicationsName) {
     const LabelFace face = LabelFace::of(LabelSnapshot{.text = "Quillbar"}, kUpdate);
     EXPECT_EQ(face.text, QStringLiteral("Quillbar"));
     EXPECT_EQ(face.symbol, QString());
-    EXPECT_EQ(face.details, QStringLiteral("右键任一币种,固定到菜单栏\n尚无数据\n未连接"));
+    EXPECT_EQ(face.details, QStringLiteral("右键任一币种，固定到菜单栏\n尚无数据\n未连接"));
     EXPECT_EQ(firstLine(after(1s)), QStringLiteral("刚刚更新")) << "a coin is pinned";
 }
 
@@ -184,7 +184,7 @@ TEST_F(LabelFaceTest, neverCallsASilentConnectionSound) {
     LabelSnapshot down = bitcoin();
     down.quote.connection = ConnectionState::waitingRetry;
     EXPECT_EQ(after(12min, down).details,
-              QStringLiteral("12 分钟前更新 (20:00:00)\n连接中断,等待重试"));
+              QStringLiteral("12 分钟前更新 (20:00:00)\n连接中断，等待重试"));
 }
 
 TEST_F(LabelFaceTest, tellsTheAgeOfThePinnedPriceWhereOthersAreYounger) {
@@ -213,7 +213,8 @@ TEST_F(LabelFaceTest, saysWhatTheConnectionDoesAndWhatIsWrong) {
     LabelSnapshot snapshot = bitcoin();
     snapshot.quote.connection = ConnectionState::waitingRetry;
     snapshot.lastError = "无法保存";
-    EXPECT_EQ(after(1s, snapshot).details, QStringLiteral("刚刚更新\n连接中断,等待重试\n无法保存"));
+    EXPECT_EQ(after(1s, snapshot).details,
+              QStringLiteral("刚刚更新\n连接中断，等待重试\n无法保存"));
 }
 
 TEST_F(LabelFaceTest, saysWhyTheConnectionIsDown) {
@@ -221,10 +222,10 @@ TEST_F(LabelFaceTest, saysWhyTheConnectionIsDown) {
     snapshot.quote.connection = ConnectionState::waitingRetry;
     snapshot.failure = "代理不可用";
     EXPECT_EQ(after(1s, snapshot).details,
-              QStringLiteral("刚刚更新\n连接中断,等待重试\n代理不可用"));
+              QStringLiteral("刚刚更新\n连接中断，等待重试\n代理不可用"));
     snapshot.lastError = "无法保存";
     EXPECT_EQ(after(1s, snapshot).details,
-              QStringLiteral("刚刚更新\n连接中断,等待重试\n代理不可用\n无法保存"));
+              QStringLiteral("刚刚更新\n连接中断，等待重试\n代理不可用\n无法保存"));
 }
 
 TEST_F(LabelFaceTest, doesNotCallAConnectionMadeThatHasDeliveredNothingSinceAFailure) {

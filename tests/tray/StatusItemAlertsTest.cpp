@@ -32,7 +32,7 @@ TEST_F(StatusItemAlertsTest, marksThePictureAndSaysHowManyFired) {
     EXPECT_NE(host->icon(), before);
     EXPECT_EQ(host->tooltip().title, face().text);
     EXPECT_EQ(host->tooltip().text, QStringLiteral("2 个价格提醒已触发\n刚刚更新\n已连接"));
-    EXPECT_EQ(description(), face().text + QStringLiteral(", 2 个价格提醒已触发"));
+    EXPECT_EQ(description(), face().text + QStringLiteral("，2 个价格提醒已触发"));
     item->setFiredAlerts(0);
     settle();
     EXPECT_EQ(host->icon(), before);

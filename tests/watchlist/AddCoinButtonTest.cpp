@@ -83,7 +83,7 @@ TEST_F(AddCoinButtonTest, aCoinIsFoundAddedAndThePopoverCloses) {
     clickButton();
     const QPointer<Popover> first = popover();
     searchFor(QStringLiteral("SOL"));
-    EXPECT_THAT(area(), ElementsAre("SOL, SOL/USDT"));
+    EXPECT_THAT(area(), ElementsAre("SOL，SOL/USDT"));
     click("SOL");
     EXPECT_TRUE(isWatched("SOL"));
     EXPECT_FALSE(button->isOpen());

@@ -77,7 +77,7 @@ TEST_F(AddCoinComposingTest, matchesThatComeInBetweenLeaveTheSyllablesAlone) {
     compose(QStringLiteral("l"));
     const QImage before = picture();
     time.advance(Seconds{0.3});
-    EXPECT_THAT(area(), ElementsAre("SOL, SOL/USDT", "SOLV, SOLV/USDT"));
+    EXPECT_THAT(area(), ElementsAre("SOL，SOL/USDT", "SOLV，SOLV/USDT"));
     EXPECT_TRUE(field().isComposing());
     EXPECT_TRUE(field().hasFocus());
     EXPECT_EQ(picture(), before);
@@ -95,7 +95,7 @@ TEST_F(AddCoinComposingTest, enterCommitsTheSyllablesAndAddsNothing) {
         EXPECT_EQ(field().text(), QStringLiteral("Sol"));
         time.advance(Seconds{0.3});
         EXPECT_FALSE(isWatched("SOL"));
-        EXPECT_THAT(area(), ElementsAre("SOL, SOL/USDT", "SOLV, SOLV/USDT"));
+        EXPECT_THAT(area(), ElementsAre("SOL，SOL/USDT", "SOLV，SOLV/USDT"));
         ASSERT_TRUE(isOpen());
         field().clear();
     }

@@ -126,7 +126,7 @@ TEST_F(AddCoinKeyboardTest, typingOnTakesEnterBack) {
     type(QStringLiteral("V"));
     catalog.setValue(listOf({"SOL", "SOLV"}).coins);
     time.advance(Seconds{1});
-    EXPECT_THAT(area(), ElementsAre("SOLV, SOLV/USDT"));
+    EXPECT_THAT(area(), ElementsAre("SOLV，SOLV/USDT"));
     EXPECT_EQ(*state->watchlist(), listOf({"BTC"}));
 }
 

@@ -99,7 +99,7 @@ TEST_F(AddCoinListTest, aPastedListIsOfferedInOneRow) {
     read(QStringLiteral("eth; SOL/USDT 1000SATS，FOO、btc,ETHUSDT BAR"));
     EXPECT_EQ(view->resultArea(), ResultArea::list);
     EXPECT_THAT(offered(),
-                ElementsAre("添加 3 个币种, ETH、SOL、1000SATS", "未找到 FOO、BAR", "已添加 BTC"));
+                ElementsAre("添加 3 个币种，ETH、SOL、1000SATS", "未找到 FOO、BAR", "已添加 BTC"));
     EXPECT_THAT(area(), IsEmpty()) << "neither a text nor a match";
     EXPECT_EQ(*state->watchlist(), listOf({"BTC"})) << "nothing is added before it is picked";
 }
@@ -107,24 +107,24 @@ TEST_F(AddCoinListTest, aPastedListIsOfferedInOneRow) {
 TEST_F(AddCoinListTest, aListMayStandInLines) {
     show();
     read(QStringLiteral("SOL\nETH\r\nFOO\n"));
-    EXPECT_THAT(offered(), ElementsAre("添加 2 个币种, SOL、ETH", "未找到 FOO"));
+    EXPECT_THAT(offered(), ElementsAre("添加 2 个币种，SOL、ETH", "未找到 FOO"));
 }
 
 TEST_F(AddCoinListTest, aListCanBeTyped) {
     show();
     searchFor(QStringLiteral("sol"));
-    EXPECT_THAT(area(), ElementsAre("SOL, SOL/USDT", "SOLV, SOLV/USDT", "WSOL, WSOL/USDT"));
+    EXPECT_THAT(area(), ElementsAre("SOL，SOL/USDT", "SOLV，SOLV/USDT", "WSOL，WSOL/USDT"));
     type(QStringLiteral(", eth"));
-    EXPECT_THAT(area(), ElementsAre("SOL, SOL/USDT", "SOLV, SOLV/USDT", "WSOL, WSOL/USDT"))
+    EXPECT_THAT(area(), ElementsAre("SOL，SOL/USDT", "SOLV，SOLV/USDT", "WSOL，WSOL/USDT"))
         << "until the list has been read";
     time.advance(Seconds{0.3});
-    EXPECT_THAT(offered(), ElementsAre("添加 2 个币种, SOL、ETH"));
+    EXPECT_THAT(offered(), ElementsAre("添加 2 个币种，SOL、ETH"));
     EXPECT_THAT(view->results(), IsEmpty());
 }
 
 TEST_F(AddCoinListTest, oneNameIsSearchedForAsEver) {
     show();
-    const std::vector<std::string> matches{"SOL, SOL/USDT", "SOLV, SOLV/USDT", "WSOL, WSOL/USDT"};
+    const std::vector<std::string> matches{"SOL，SOL/USDT", "SOLV，SOLV/USDT", "WSOL，WSOL/USDT"};
     for (const char16_t* const one : {u" sol ", u"sol,", u"SOL sol"}) {
         read(QString::fromUtf16(one));
         EXPECT_EQ(area(), matches) << QString::fromUtf16(one).toStdString();
@@ -139,7 +139,7 @@ TEST_F(AddCoinListTest, oneNameAfterAListIsSearchedForAgain) {
     read(QStringLiteral("SOL ETH"));
     ASSERT_EQ(view->resultArea(), ResultArea::list);
     read(QStringLiteral("SOLV"));
-    EXPECT_THAT(area(), ElementsAre("SOLV, SOLV/USDT"));
+    EXPECT_THAT(area(), ElementsAre("SOLV，SOLV/USDT"));
     EXPECT_THAT(offered(), IsEmpty());
     field().clear();
     executor.run();
@@ -161,7 +161,7 @@ TEST_F(AddCoinListTest, aMegabyteIsReadAtItsBeginning) {
     show();
     read(QStringLiteral("ETH SOLV ").repeated(131'072));
     EXPECT_EQ(view->query().size(), SearchField::kMaximumLength);
-    EXPECT_THAT(offered(), ElementsAre("添加 2 个币种, ETH、SOLV", "内容太长,只读了前面 2 个"));
+    EXPECT_THAT(offered(), ElementsAre("添加 2 个币种，ETH、SOLV", "内容太长，只读了前面 2 个"));
 }
 
 TEST_F(AddCoinListTest, aLongListIsReadWhole) {
@@ -185,14 +185,14 @@ TEST_F(AddCoinListTest, theOfferFollowsTheWatchlist) {
     show();
     read(QStringLiteral("SOL ETH"));
     run(state->add(coinOf("ETH")));
-    EXPECT_THAT(offered(), ElementsAre("添加 1 个币种, SOL", "已添加 ETH"));
+    EXPECT_THAT(offered(), ElementsAre("添加 1 个币种，SOL", "已添加 ETH"));
     press(Qt::Key_Down);
     ASSERT_TRUE(offerRow()->hasFocus());
     run(state->add(coinOf("SOL")));
     EXPECT_THAT(offered(), ElementsAre("已添加 SOL、ETH"));
     EXPECT_TRUE(field().hasFocus());
     run(state->remove(symbolOf("ETH")));
-    EXPECT_THAT(offered(), ElementsAre("添加 1 个币种, ETH", "已添加 SOL"));
+    EXPECT_THAT(offered(), ElementsAre("添加 1 个币种，ETH", "已添加 SOL"));
     EXPECT_EQ(dismissals, 0);
 }
 
@@ -220,7 +220,7 @@ TEST_F(AddCoinListTest, aFailureTakesTheOfferAway) {
     EXPECT_THAT(area(), ElementsAre("搜索失败,请检查网络后重试"));
     type(QStringLiteral(" "));
     time.advance(Seconds{0.3});
-    EXPECT_THAT(offered(), ElementsAre("添加 2 个币种, SOL、ETH"));
+    EXPECT_THAT(offered(), ElementsAre("添加 2 个币种，SOL、ETH"));
 }
 
 // Adding
@@ -298,7 +298,7 @@ TEST_F(AddCoinListTest, staysOpenForTheTextThatIsTypedWhileTheListIsAdded) {
     executor.run();
     EXPECT_EQ(dismissals, 0);
     time.advance(Seconds{0.3});
-    EXPECT_THAT(offered(), ElementsAre("添加 1 个币种, 1000SATS", "已添加 SOL、ETH"));
+    EXPECT_THAT(offered(), ElementsAre("添加 1 个币种，1000SATS", "已添加 SOL、ETH"));
     press(Qt::Key_Return);
     EXPECT_EQ(dismissals, 1);
     EXPECT_EQ(added, symbolOf("1000SATS"));
@@ -309,7 +309,7 @@ TEST_F(AddCoinListTest, coinsThatHaveGoneAgainAreAddedAgain) {
     read(QStringLiteral("SOL ETH"));
     clickOffer();
     run(state->remove(symbolOf("SOL")));
-    EXPECT_THAT(offered(), ElementsAre("添加 1 个币种, SOL", "已添加 ETH"));
+    EXPECT_THAT(offered(), ElementsAre("添加 1 个币种，SOL", "已添加 ETH"));
     clickOffer();
     EXPECT_TRUE(isWatched("SOL"));
 }
@@ -374,7 +374,7 @@ TEST_F(AddCoinListTest, isReadAloudWhenItAppears) {
     EXPECT_EQ(told->role(), QAccessible::Notification);
     EXPECT_FALSE(told->state().invisible);
     EXPECT_EQ(told->text(QAccessible::Name),
-              QStringLiteral("添加 2 个币种, SOL、ETH, 未找到 FOO, 已添加 BTC"));
+              QStringLiteral("添加 2 个币种，SOL、ETH，未找到 FOO，已添加 BTC"));
 }
 
 TEST_F(AddCoinListTest, theRowTakesTheFocusForAScreenReader) {
@@ -383,7 +383,7 @@ TEST_F(AddCoinListTest, theRowTakesTheFocusForAScreenReader) {
     QAccessibleInterface* const told = QAccessible::queryAccessibleInterface(offerRow());
     EXPECT_EQ(told->role(), QAccessible::ListItem);
     EXPECT_TRUE(told->state().focusable);
-    EXPECT_EQ(told->text(QAccessible::Name), QStringLiteral("添加 2 个币种, SOL、ETH"));
+    EXPECT_EQ(told->text(QAccessible::Name), QStringLiteral("添加 2 个币种，SOL、ETH"));
     told->actionInterface()->doAction(QAccessibleActionInterface::setFocusAction());
     EXPECT_TRUE(offerRow()->hasFocus());
 }

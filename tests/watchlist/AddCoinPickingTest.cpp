@@ -27,7 +27,7 @@ TEST_F(AddCoinPickingTest, aClickAddsTheCoinThenDismisses) {
     EXPECT_TRUE(isWatched("SOL"));
     EXPECT_EQ(storedList().coins.back(), coinOf("SOL"));
     EXPECT_EQ(dismissals, 0) << "its price is still being fetched";
-    EXPECT_EQ(row("SOL")->accessibleName(), QStringLiteral("SOL, SOL/USDT, 已添加"));
+    EXPECT_EQ(row("SOL")->accessibleName(), QStringLiteral("SOL，SOL/USDT，已添加"));
     endAdding();
     EXPECT_EQ(dismissals, 1);
 }
@@ -41,7 +41,7 @@ TEST_F(AddCoinPickingTest, staysOpenForTheTextThatIsTypedWhileTheCoinIsAdded) {
     EXPECT_TRUE(isWatched("SOL"));
     EXPECT_EQ(dismissals, 0);
     time.advance(Seconds{0.3});
-    EXPECT_THAT(area(), ElementsAre("SOLV, SOLV/USDT"));
+    EXPECT_THAT(area(), ElementsAre("SOLV，SOLV/USDT"));
     click("SOLV");
     EXPECT_TRUE(isWatched("SOLV"));
     EXPECT_EQ(dismissals, 1) << "nothing was typed after this one";
@@ -129,7 +129,7 @@ TEST_F(AddCoinPickingTest, aCoinThatHasGoneAgainIsAddedAgain) {
 TEST_F(AddCoinPickingTest, pickingAWatchedCoinDoesNothing) {
     show({"BTC", "SOL"});
     searchFor(QStringLiteral("SOL"));
-    EXPECT_THAT(area(), ElementsAre("SOL, SOL/USDT, 已添加", "SOLV, SOLV/USDT", "WSOL, WSOL/USDT"));
+    EXPECT_THAT(area(), ElementsAre("SOL，SOL/USDT，已添加", "SOLV，SOLV/USDT", "WSOL，WSOL/USDT"));
     api.ticker24hRequests.clear();
     click("SOL");
     press(Qt::Key_Return);
@@ -201,12 +201,12 @@ TEST_F(AddCoinPickingTest, aRowFollowsTheWatchlistWhileItIsShown) {
     searchFor(QStringLiteral("SOLV"));
     const QImage before = pictureOf(*row("SOLV"));
     run(state->add(coinOf("SOLV")));
-    EXPECT_EQ(row("SOLV")->accessibleName(), QStringLiteral("SOLV, SOLV/USDT, 已添加"));
+    EXPECT_EQ(row("SOLV")->accessibleName(), QStringLiteral("SOLV，SOLV/USDT，已添加"));
     EXPECT_EQ(row("SOLV")->watched(), Watched::yes);
     EXPECT_NE(pictureOf(*row("SOLV")), before);
     EXPECT_EQ(dismissals, 0);
     run(state->remove(symbolOf("SOLV")));
-    EXPECT_EQ(row("SOLV")->accessibleName(), QStringLiteral("SOLV, SOLV/USDT"));
+    EXPECT_EQ(row("SOLV")->accessibleName(), QStringLiteral("SOLV，SOLV/USDT"));
     click("SOLV");
     EXPECT_TRUE(isWatched("SOLV"));
 }

@@ -44,7 +44,7 @@ TEST_F(AddCoinSearchTest, typingQuicklySearchesOnceAMomentAfterTheLastKeystroke)
 TEST_F(AddCoinSearchTest, listsTheMatchesTheBestFirst) {
     show();
     searchFor(QStringLiteral("sol"));
-    EXPECT_THAT(area(), ElementsAre("SOL, SOL/USDT", "SOLV, SOLV/USDT", "WSOL, WSOL/USDT"));
+    EXPECT_THAT(area(), ElementsAre("SOL，SOL/USDT", "SOLV，SOLV/USDT", "WSOL，WSOL/USDT"));
     EXPECT_THAT(view->results(), ElementsAre(coinOf("SOL"), coinOf("SOLV"), coinOf("WSOL")));
     EXPECT_EQ(row("SOLV")->y(), row("SOL")->y() + row("SOL")->height());
     EXPECT_FALSE(row("SOLV")->isAlternate());
@@ -68,7 +68,7 @@ TEST_F(AddCoinSearchTest, saysThatItSearchesUntilTheAnswerIsThere) {
     EXPECT_THAT(area(), ElementsAre(kSearching)) << "the catalog is on its way";
     catalog.setValue(listOf({"SOL"}).coins);
     executor.run();
-    EXPECT_THAT(area(), ElementsAre("SOL, SOL/USDT"));
+    EXPECT_THAT(area(), ElementsAre("SOL，SOL/USDT"));
 }
 
 TEST_F(AddCoinSearchTest, saysThatItSearchesWhenEnterBeginsASearchAtOnce) {
@@ -110,9 +110,9 @@ TEST_F(AddCoinSearchTest, keepsTheMatchesUntilThereAreOthers) {
     show();
     searchFor(QStringLiteral("SOL"));
     type(QStringLiteral("V"));
-    EXPECT_THAT(area(), ElementsAre("SOL, SOL/USDT", "SOLV, SOLV/USDT", "WSOL, WSOL/USDT"));
+    EXPECT_THAT(area(), ElementsAre("SOL，SOL/USDT", "SOLV，SOLV/USDT", "WSOL，WSOL/USDT"));
     time.advance(Seconds{0.3});
-    EXPECT_THAT(area(), ElementsAre("SOLV, SOLV/USDT"));
+    EXPECT_THAT(area(), ElementsAre("SOLV，SOLV/USDT"));
 }
 
 TEST_F(AddCoinSearchTest, discardsASearchThatTypingHasOvertaken) {
@@ -125,7 +125,7 @@ TEST_F(AddCoinSearchTest, discardsASearchThatTypingHasOvertaken) {
     executor.run();
     EXPECT_THAT(area(), ElementsAre(kSearching));
     time.advance(Seconds{0.3});
-    EXPECT_THAT(area(), ElementsAre("WSOL, WSOL/USDT"));
+    EXPECT_THAT(area(), ElementsAre("WSOL，WSOL/USDT"));
 }
 
 TEST_F(AddCoinSearchTest, discardsAnAnswerThatCameJustBeforeTheKeystroke) {
@@ -156,7 +156,7 @@ TEST_F(AddCoinSearchTest, showsACoinOnceThatAFileNamesTwice) {
     show();
     api.exchangeInfoAnswers.otherwise(listOf({"SOL", "SOL", "SOLV"}).coins);
     searchFor(QStringLiteral("SOL"));
-    EXPECT_THAT(area(), ElementsAre("SOL, SOL/USDT", "SOLV, SOLV/USDT"));
+    EXPECT_THAT(area(), ElementsAre("SOL，SOL/USDT", "SOLV，SOLV/USDT"));
 }
 
 TEST_F(AddCoinSearchTest, otherMatchesBeginAtTheTop) {
@@ -187,7 +187,7 @@ TEST_F(AddCoinSearchTest, textThatIsBeingComposedIsNotSearchedForBeforeItIsWhole
     QApplication::sendEvent(&field(), &done);
     executor.run();
     time.advance(Seconds{0.3});
-    EXPECT_THAT(area(), ElementsAre("SOLV, SOLV/USDT"));
+    EXPECT_THAT(area(), ElementsAre("SOLV，SOLV/USDT"));
 }
 
 // Failures
@@ -205,7 +205,7 @@ TEST_F(AddCoinSearchTest, aFailureStaysUntilSomethingElseIsTyped) {
     EXPECT_EQ(view->errorMessage(), std::nullopt);
     EXPECT_THAT(area(), ElementsAre(kSearching));
     time.advance(Seconds{0.3});
-    EXPECT_THAT(area(), ElementsAre("SOLV, SOLV/USDT"));
+    EXPECT_THAT(area(), ElementsAre("SOLV，SOLV/USDT"));
 }
 
 TEST_F(AddCoinSearchTest, whatTheExchangeRefusesIsAFailureToo) {

@@ -40,7 +40,7 @@ struct AlertFormPartsTest : ViewFixture {
         return dynamic_cast<Widget&>(*named(*form, QString::fromUtf8(name)));
     }
     [[nodiscard]] SearchField& value() const {
-        return part<SearchField>("提醒的价格,或带百分号的 24 小时涨跌");
+        return part<SearchField>("提醒的价格，或带百分号的 24 小时涨跌");
     }
     [[nodiscard]] SearchField& margin() const { return part<SearchField>("往回多少后可再次提醒"); }
     /// The label that says this; null when none does.
@@ -95,14 +95,14 @@ TEST_F(AlertFormPartsTest, saysAboveTheFieldWhatThePriceIs) {
 
 TEST_F(AlertFormPartsTest, saysBelowTheFieldWhyThereIsNoLine) {
     openWithoutAPrice();
-    EXPECT_EQ(meaning(), "输入价格,或带 % 的 24 小时涨跌");
+    EXPECT_EQ(meaning(), "输入价格，或带 % 的 24 小时涨跌");
     value().setText(QStringLiteral("110"));
-    EXPECT_EQ(meaning(), "还没有价格,请稍后再试");
+    EXPECT_EQ(meaning(), "还没有价格，请稍后再试");
     price("BTC", 110);
-    EXPECT_EQ(meaning(), "现在就是这个数;高于它提醒上涨,低于它提醒下跌");
+    EXPECT_EQ(meaning(), "现在就是这个数；高于它提醒上涨，低于它提醒下跌");
     value().setText(QStringLiteral("a"));
-    EXPECT_EQ(meaning(), "不是价格,也不是带 % 的涨跌");
-    ThemedLabel* const said = label("不是价格,也不是带 % 的涨跌");
+    EXPECT_EQ(meaning(), "不是价格，也不是带 % 的涨跌");
+    ThemedLabel* const said = label("不是价格，也不是带 % 的涨跌");
     ASSERT_NE(said, nullptr);
     EXPECT_EQ(said->accessibleName(), said->text());
 }
@@ -112,7 +112,7 @@ TEST_F(AlertFormPartsTest, saysThatTheMarginLeadsNowhere) {
     value().setText(QStringLiteral("110"));
     QTest::mouseClick(&part<QAbstractButton>("重复"), Qt::LeftButton);
     margin().setText(QStringLiteral("110"));
-    EXPECT_EQ(meaning(), "往回的幅度应小于所填的数,如 1%");
+    EXPECT_EQ(meaning(), "往回的幅度应小于所填的数，如 1%");
     QTest::mouseClick(&part<QAbstractButton>("仅一次"), Qt::LeftButton);
     EXPECT_EQ(meaning(), "价格 ≥ 110.00 时提醒");
     EXPECT_EQ(named(*form, QStringLiteral("往回多少后可再次提醒")), nullptr);
@@ -124,17 +124,17 @@ TEST_F(AlertFormPartsTest, saysThatTheAlertIsNotOnDisk) {
     files.breakAll();
     QTest::mouseClick(&part<TextButton>("添加提醒"), Qt::LeftButton);
     files.repair();
-    EXPECT_NE(label("提醒未能保存到磁盘,重启后会丢失"), nullptr);
+    EXPECT_NE(label("提醒未能保存到磁盘，重启后会丢失"), nullptr);
     EXPECT_EQ(dismissed, 0);
 }
 
 TEST_F(AlertFormPartsTest, eachFieldSaysWhatBelongsInIt) {
     open();
     QTest::mouseClick(&part<QAbstractButton>("重复"), Qt::LeftButton);
-    EXPECT_EQ(value().placeholderText(), QStringLiteral("价格,或如 5%"));
+    EXPECT_EQ(value().placeholderText(), QStringLiteral("价格，或如 5%"));
     EXPECT_EQ(margin().placeholderText(), QStringLiteral("如 1%"));
     EXPECT_EQ(margin().toolTip(), QStringLiteral("往回多少后可再次提醒"));
-    EXPECT_EQ(part<SearchField>("备注").placeholderText(), QStringLiteral("备注(可不填)"));
+    EXPECT_EQ(part<SearchField>("备注").placeholderText(), QStringLiteral("备注（可不填）"));
 }
 
 TEST_F(AlertFormPartsTest, enterInEachFieldAddsTheAlert) {
@@ -206,7 +206,7 @@ TEST_F(AlertFormPartsTest, anAlertOfTheListHasItsButtonAtTheEnd) {
     ASSERT_NE(said, nullptr);
     EXPECT_EQ(said->font(), systemFont(10.5));
     EXPECT_EQ(said->palette().color(QPalette::WindowText), colors().primaryText);
-    auto& removal = part<GlyphButton>("删除提醒, 价格 ≥ 110.00 · 仅一次 · note");
+    auto& removal = part<GlyphButton>("删除提醒，价格 ≥ 110.00 · 仅一次 · note");
     EXPECT_EQ(removal.toolTip(), QStringLiteral("删除提醒"));
     EXPECT_EQ(removal.size(), QSize(20, 20));
     EXPECT_EQ(removal.mapTo(form.get(), QPoint(20, 0)).x(), 270);

@@ -48,7 +48,7 @@ struct AlertFormTest : CoinListFixture {
         return *found;
     }
     [[nodiscard]] static SearchField& value() {
-        return field("提醒的价格,或带百分号的 24 小时涨跌");
+        return field("提醒的价格，或带百分号的 24 小时涨跌");
     }
     static void type(const char* text) {
         value().selectAll();
@@ -101,7 +101,7 @@ TEST_F(AlertFormTest, saysOfAnAlertThatIsOffThatItIs) {
     alerts().switchOff(
         alerts().add({.symbol = "BTCUSDT", .baseAsset = "BTC", .threshold = 110}).value());
     chooseAlerts();
-    EXPECT_NE(named(*popover(), QStringLiteral("删除提醒, 价格 ≥ 110.00 · 仅一次 · 已关闭")),
+    EXPECT_NE(named(*popover(), QStringLiteral("删除提醒，价格 ≥ 110.00 · 仅一次 · 已关闭")),
               nullptr);
     EXPECT_EQ(coinCell("BTC")->bellMark(), BellMark::none);
 }
@@ -127,7 +127,7 @@ TEST_F(AlertFormTest, saysWhatTheTypedTextMeans) {
     type("-5%");
     EXPECT_EQ(meaning(), "24 小时涨跌 ≤ -5.00% 时提醒");
     type("abc");
-    EXPECT_EQ(meaning(), "不是价格,也不是带 % 的涨跌");
+    EXPECT_EQ(meaning(), "不是价格，也不是带 % 的涨跌");
     EXPECT_FALSE(button().isEnabled());
 }
 
@@ -203,9 +203,9 @@ TEST_F(AlertFormTest, listsTheAlertsOfTheCoinAndRemovesThem) {
     alerts().add({.symbol = "ETHUSDT", .baseAsset = "ETH", .threshold = 120});
     chooseAlerts();
     QWidget* const removal =
-        named(*popover(), QStringLiteral("删除提醒, 价格 ≥ 110.00 · 仅一次 · a"));
+        named(*popover(), QStringLiteral("删除提醒，价格 ≥ 110.00 · 仅一次 · a"));
     ASSERT_NE(removal, nullptr);
-    EXPECT_EQ(named(*popover(), QStringLiteral("删除提醒, 价格 ≥ 120.00 · 仅一次")), nullptr);
+    EXPECT_EQ(named(*popover(), QStringLiteral("删除提醒，价格 ≥ 120.00 · 仅一次")), nullptr);
     QTest::mouseClick(removal, Qt::LeftButton);
     EXPECT_FALSE(alerts().has("BTCUSDT"));
     EXPECT_TRUE(alerts().has("ETHUSDT"));
@@ -241,7 +241,7 @@ TEST_F(AlertFormTest, tabGoesThroughEverythingAndEscapeCloses) {
         QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
     }
     EXPECT_THAT(stops,
-                ElementsAre("提醒的价格,或带百分号的 24 小时涨跌", "仅一次", "备注", "添加提醒"));
+                ElementsAre("提醒的价格，或带百分号的 24 小时涨跌", "仅一次", "备注", "添加提醒"));
     QTest::keyClick(QApplication::focusWidget(), Qt::Key_Escape);
     spinUntilIdle();
     EXPECT_EQ(popover(), nullptr);
@@ -264,7 +264,7 @@ TEST_F(AlertFormTest, aRowWithAnAlertHasABell) {
         alerts().add({.symbol = "BTCUSDT", .baseAsset = "BTC", .threshold = 110}).value();
     EXPECT_EQ(coinCell("BTC")->bellMark(), BellMark::bell);
     EXPECT_EQ(coinCell("ETH")->bellMark(), BellMark::none);
-    EXPECT_TRUE(row("BTC")->spokenText().endsWith(QStringLiteral(", 有价格提醒")));
+    EXPECT_TRUE(row("BTC")->spokenText().endsWith(QStringLiteral("，有价格提醒")));
     alerts().remove(id);
     EXPECT_EQ(coinCell("BTC")->bellMark(), BellMark::none);
 }

@@ -37,7 +37,7 @@ TEST_F(CoinListCellsTest, aCoinWithoutATickerShowsDashes) {
     EXPECT_EQ(priceCell("BTC")->text(), QStringLiteral("—"));
     EXPECT_EQ(changeCell("BTC")->text(), QStringLiteral("—"));
     EXPECT_EQ(volumeCell("BTC")->text(), QStringLiteral("—"));
-    EXPECT_EQ(row("BTC")->accessibleName(), QStringLiteral("BTC, 价格 —, 涨跌 —, 成交额 —"));
+    EXPECT_EQ(row("BTC")->accessibleName(), QStringLiteral("BTC，价格 —，涨跌 —，成交额 —"));
 }
 
 TEST_F(CoinListCellsTest, aTickerWithoutAVolumeShowsADash) {
@@ -51,7 +51,7 @@ TEST_F(CoinListCellsTest, readsAloudAsASentence) {
     show({"BTC"});
     tick("BTC", {67234.5, 66417.56, 1.5e9});
     EXPECT_EQ(row("BTC")->accessibleName(),
-              QStringLiteral("BTC, 价格 67,234.50, 涨跌 +1.23%, 成交额 15.00亿"));
+              QStringLiteral("BTC，价格 67,234.50，涨跌 +1.23%，成交额 15.00亿"));
     EXPECT_EQ(arrow("BTC")->accessibleName(), QStringLiteral("展开 BTC 走势"));
     clickArrow("BTC");
     EXPECT_EQ(arrow("BTC")->accessibleName(), QStringLiteral("收起 BTC 走势"));
@@ -61,7 +61,7 @@ TEST_F(CoinListCellsTest, readsAloudAsASentence) {
 TEST_F(CoinListCellsTest, aBaseAssetIsOneLineWhateverItHolds) {
     const std::string hostile = "A\nB\u202eC";
     show({"BTC", "A BC", hostile});
-    EXPECT_EQ(row(hostile)->accessibleName(), QStringLiteral("A BC, 价格 —, 涨跌 —, 成交额 —"));
+    EXPECT_EQ(row(hostile)->accessibleName(), QStringLiteral("A BC，价格 —，涨跌 —，成交额 —"));
     EXPECT_EQ(arrow(hostile)->accessibleName(), QStringLiteral("展开 A BC 走势"));
     const auto written = [this](const std::string& baseAsset) {
         CoinCell* const cell = coinCell(baseAsset);

@@ -248,13 +248,13 @@ TEST_F(CoinListDragTest, theKeyboardMovesARowFasterThanTheEditsRun) {
 
 TEST_F(CoinListDragTest, aScreenReaderIsToldTheNewPlace) {
     show({"BTC", "ETH", "SOL"});
-    EXPECT_EQ(row("BTC")->accessibleDescription(), QStringLiteral("第 1 位,共 3 位"));
+    EXPECT_EQ(row("BTC")->accessibleDescription(), QStringLiteral("第 1 位，共 3 位"));
     row("BTC")->setFocus(Qt::TabFocusReason);
     press(Qt::Key_Down, Qt::AltModifier);
-    EXPECT_EQ(row("BTC")->accessibleDescription(), QStringLiteral("第 2 位,共 3 位"));
-    EXPECT_EQ(row("ETH")->accessibleDescription(), QStringLiteral("第 1 位,共 3 位"));
+    EXPECT_EQ(row("BTC")->accessibleDescription(), QStringLiteral("第 2 位，共 3 位"));
+    EXPECT_EQ(row("ETH")->accessibleDescription(), QStringLiteral("第 1 位，共 3 位"));
     run(state->remove(symbolOf("SOL")));
-    EXPECT_EQ(row("BTC")->accessibleDescription(), QStringLiteral("第 2 位,共 2 位"));
+    EXPECT_EQ(row("BTC")->accessibleDescription(), QStringLiteral("第 2 位，共 2 位"));
 }
 
 struct WatchlistMoveTest : CoinListDragTest {

@@ -34,7 +34,7 @@ TEST_F(CoinListSortingTest, aClickOnATitleSortsDescendingThenAscendingThenNot) {
     showThreeByChange();
     EXPECT_EQ(view->sort(), (WatchlistSort{WatchlistSortColumn::change, false}));
     EXPECT_EQ(header("涨跌")->direction(), SortDirection::descending);
-    EXPECT_EQ(header("涨跌")->accessibleName(), QStringLiteral("涨跌,降序"));
+    EXPECT_EQ(header("涨跌")->accessibleName(), QStringLiteral("涨跌，降序"));
     click("涨跌");
     EXPECT_THAT(order(), ElementsAre("BTC", "SOL", "ETH"));
     EXPECT_EQ(header("涨跌")->direction(), SortDirection::ascending);

@@ -50,18 +50,18 @@ TEST(ListOffer, offersWhatIsNotWatchedInItsOrder) {
     EXPECT_THAT(offer.notes(),
                 ElementsAre(QStringLiteral("未找到 FOO、BAR"), QStringLiteral("已添加 BTC")));
     EXPECT_EQ(offer.spoken(),
-              QStringLiteral("添加 2 个币种, SOL、ADA, 未找到 FOO、BAR, 已添加 BTC"));
+              QStringLiteral("添加 2 个币种，SOL、ADA，未找到 FOO、BAR，已添加 BTC"));
 }
 
 TEST(ListOffer, notesNothingWhenAllCanBeAdded) {
     const ListOffer offer = offerOf({"SOL", "ADA"}, {}, {"BTC"});
     EXPECT_THAT(offer.notes(), IsEmpty());
-    EXPECT_EQ(offer.spoken(), QStringLiteral("添加 2 个币种, SOL、ADA"));
+    EXPECT_EQ(offer.spoken(), QStringLiteral("添加 2 个币种，SOL、ADA"));
 }
 
 TEST(ListOffer, speaksOfNotesAloneWhenNothingCanBeAdded) {
     EXPECT_EQ(offerOf({"BTC"}, {"FOO"}, {"BTC"}).spoken(),
-              QStringLiteral("未找到 FOO, 已添加 BTC"));
+              QStringLiteral("未找到 FOO，已添加 BTC"));
 }
 
 TEST(ListOffer, namesEightAndTellsHowManyThereAre) {
@@ -94,7 +94,7 @@ TEST(ListOffer, saysThatTheTextWasTooLong) {
     offer.list.isCut = true;
     EXPECT_THAT(
         offer.notes(),
-        ElementsAre(QStringLiteral("未找到 FOO"), QStringLiteral("内容太长,只读了前面 2 个")));
+        ElementsAre(QStringLiteral("未找到 FOO"), QStringLiteral("内容太长，只读了前面 2 个")));
 }
 
 }  // namespace

@@ -52,7 +52,7 @@ TEST_F(CheckRowTest, isACheckBoxForScreenReaders) {
     row->setChecked(true);
     const QAccessibleInterface& spoken = *QAccessible::queryAccessibleInterface(row);
     EXPECT_EQ(spoken.role(), QAccessible::CheckBox);
-    EXPECT_EQ(spoken.text(QAccessible::Name), QStringLiteral("BTC 价格 ≥ 110.00, 等待触发"));
+    EXPECT_EQ(spoken.text(QAccessible::Name), QStringLiteral("BTC 价格 ≥ 110.00，等待触发"));
     EXPECT_TRUE(spoken.state().checked);
     row->setChecked(false);
     EXPECT_FALSE(spoken.state().checked);
