@@ -15,7 +15,7 @@ struct LabelWords final {
     /// alone while there is no current price, and "Quillbar" without a coin. Never blank.
     std::string text;
     /// The change with its arrow at the end of `text`, "▲ 1.23%"; empty when it shows none there.
-    std::string change;
+    std::string change = {};
     /// What a picture that has no room for the text shows of it.
     bool showsSymbol = true;
     bool showsPrice = true;
