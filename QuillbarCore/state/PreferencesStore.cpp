@@ -22,6 +22,7 @@ constexpr const char* kTemplate = "template";
 constexpr const char* kDiscreet = "discreet";
 constexpr const char* kCoins = "coins";
 constexpr const char* kEvery = "every";
+constexpr const char* kAlertSound = "alertSound";
 
 int decodeRotationSeconds(const ordered_json& value) {
     const std::int64_t seconds = JSONDocument::requiredInteger(value, kEvery);
@@ -73,7 +74,6 @@ ordered_json encodeLabel(const LabelPreferences& label) {
     }
     return value;
 }
-constexpr const char* kAlertSound = "alertSound";
 
 }  // namespace
 
@@ -85,6 +85,10 @@ Preferences PreferencesDocument::decode(std::string_view text) {
     const ordered_json value = JSONDocument::parse(text);
     Preferences preferences;
     preferences.schemaVersion = JSONDocument::requiredInteger(value, kSchemaVersion);
+    if (preferences.schemaVersion != Preferences::kCurrentSchemaVersion) {
+        // The rest of a later version is unknown, and the store reads nothing else of it.
+        return preferences;
+    }
     if (JSONDocument::optionalMember(value, kChangeColors) != nullptr) {
         preferences.changeColors =
             JSONDocument::requiredValue(value, kChangeColors, changeColorsFromRawValue);

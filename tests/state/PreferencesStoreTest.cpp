@@ -147,5 +147,13 @@ TEST_F(PreferencesStoreTest, loadsTheDefaultForEveryOtherVersion) {
         ElementsAre("PreferencesStore|error|unknown preferences schema version 0, using default"));
 }
 
+TEST_F(PreferencesStoreTest, readsNothingElseOfALaterVersion) {
+    EXPECT_EQ(load(R"({"schemaVersion":2,"changeColors":"rainbow","label":{"wording":"sung"}})"),
+              Preferences::defaultPreferences());
+    EXPECT_THAT(
+        log.lines(),
+        ElementsAre("PreferencesStore|error|unknown preferences schema version 2, using default"));
+}
+
 }  // namespace
 }  // namespace quillbar
