@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace quillbar {
 
@@ -70,7 +71,10 @@ void AlertBook::add(const Alert& alert, Latest latest) {
     }
     // Without lines nobody may have offered the prices of the pair, so its gap means nothing.
     if (pair.price.isEmpty() && pair.change.isEmpty()) {
-        pair.gap = latest == Latest::live ? m_gap : 0;
+        pair.gap = m_gap;
+    }
+    if (latest == Latest::old) {
+        pair.unsure.insert(alert.id);
     }
     enter(pair, alert);
 }
@@ -80,7 +84,9 @@ void AlertBook::remove(std::int64_t id) {
     if (found == m_alerts.end()) {
         return;
     }
-    withdraw(m_pairs[found->second.symbol], found->second);
+    Pair& pair = m_pairs[found->second.symbol];
+    withdraw(pair, found->second);
+    pair.unsure.erase(id);
     m_alerts.erase(found);
 }
 
@@ -107,7 +113,8 @@ AlertBook::Outcome AlertBook::take(const std::string& symbol, const Ticker& tick
         return outcome;
     }
     Pair& pair = found->second;
-    const bool isMeanwhile = std::exchange(pair.gap, m_gap) != m_gap;
+    const bool isAfterGap = std::exchange(pair.gap, m_gap) != m_gap;
+    const std::set<std::int64_t> unsure = std::exchange(pair.unsure, {});
     const double change = isPrice(ticker.openPrice24h) ? ticker.changePercent24h() : 0;
     std::vector<std::int64_t> reached;
     collect(pair.price, ticker.lastPrice, reached);
@@ -126,7 +133,7 @@ AlertBook::Outcome AlertBook::take(const std::string& symbol, const Ticker& tick
         outcome.fired.push_back({.alert = alert,
                                  .price = ticker.lastPrice,
                                  .changePercent = change,
-                                 .isMeanwhile = isMeanwhile});
+                                 .isMeanwhile = isAfterGap || unsure.contains(id)});
         if (alert.margin) {
             alert.isArmed = false;
             enter(pair, alert);

@@ -40,8 +40,8 @@ public:
     /// Whether the latest price of an alert's pair is live.
     enum class Latest { live, old };
 
-    /// Adds an alert that is sound and has a new id. `latest` is used for the first alert of its pair
-    /// that is switched on.
+    /// Adds an alert that is sound and has a new id. If it fires at the next price of its pair and
+    /// `latest` is old, it does so with `isMeanwhile`.
     void add(const Alert& alert, Latest latest = Latest::old);
     /// Does nothing for an id that is not there.
     void remove(std::int64_t id);
@@ -82,6 +82,8 @@ private:
         Lines change;
         /// The gap after which its latest live price came, while there are lines.
         std::uint64_t gap = 0;
+        /// The alerts that were added with an old price since then.
+        std::set<std::int64_t> unsure;
     };
 
     static Lines& linesOf(Pair& pair, const Alert& alert);
@@ -90,7 +92,7 @@ private:
     static void collect(Lines& lines, double value, std::vector<std::int64_t>& reached);
 
     std::map<std::int64_t, Alert> m_alerts;
-    // The pairs that have alerts.
+    // The pairs that have alerts, or had some.
     std::unordered_map<std::string, Pair> m_pairs;
     // How many gaps there were. Nothing is known before the first price.
     std::uint64_t m_gap = 1;

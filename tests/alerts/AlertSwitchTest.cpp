@@ -99,5 +99,32 @@ TEST_F(AlertSwitchTest, aRemovedAlertIsPutBackAsItWas) {
     EXPECT_THAT(*keeper->alerts(), IsEmpty());
 }
 
+TEST_F(AlertSwitchTest, aLineThatWasCrossedWhileItsAlertWasRemovedIsToldSo) {
+    begin();
+    price("BTC", 100);
+    const std::int64_t id = add(110);
+    const Alert alert = keeper->alerts()->at(0);
+    // The prices of the pair are watched for this one.
+    add(120);
+    keeper->remove(id);
+    price("BTC", 111);
+    keeper->putBack(alert);
+    price("BTC", 121);
+    EXPECT_THAT(fired(), ElementsAre("BTC ~121", "BTC 121"));
+}
+
+TEST_F(AlertSwitchTest, anAlertThatIsPutBackFiresAsUsualAfterThePriceBeforeItsLine) {
+    begin();
+    price("BTC", 100);
+    const std::int64_t id = add(110);
+    const Alert alert = keeper->alerts()->at(0);
+    add(120);
+    keeper->remove(id);
+    keeper->putBack(alert);
+    price("BTC", 105);
+    price("BTC", 111);
+    EXPECT_THAT(fired(), ElementsAre("BTC 111"));
+}
+
 }  // namespace
 }  // namespace quillbar
