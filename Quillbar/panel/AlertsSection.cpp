@@ -76,6 +76,8 @@ AlertsSection::AlertsSection(const ViewEnvironment& environment,
         [this](const Preferences& chosen) { m_sound->setChecked(chosen.alertSound); }));
     m_observations.push_back(environment.alerts->alerts().observe(
         [this](const std::vector<Alert>& /*alerts*/) { refresh(); }));
+    m_observations.push_back(environment.alerts->isSaved().observe(
+        [this](bool isSaved) { m_error->setVisible(!isSaved); }));
     m_sound->setChecked(preferences.preferences()->alertSound);
     refresh();
 }
@@ -92,16 +94,24 @@ void AlertsSection::makeOffer() {
 }
 
 void AlertsSection::refresh() {
-    const std::vector<Alert>& alerts = *m_environment.alerts->alerts();
-    std::vector<AlertRow*> before = std::exchange(m_rows, {});
-    for (const Alert& alert : alerts) {
-        const auto found = std::find_if(before.begin(), before.end(), [&](const AlertRow* row) {
-            return row != nullptr && row->id() == alert.id;
-        });
-        if (found != before.end()) {
+    const std::vector<AlertRow*> before = std::exchange(m_rows, {});
+    auto next = before.begin();
+    // Deleted later, because the call may come from the row's own button.
+    const auto removeNext = [this, &next] {
+        m_list->removeWidget(*next);
+        (*next)->hide();
+        (*next)->deleteLater();
+        ++next;
+    };
+    // Alerts and rows are both in the order of their ids.
+    for (const Alert& alert : *m_environment.alerts->alerts()) {
+        while (next != before.end() && (*next)->id() < alert.id) {
+            removeNext();
+        }
+        if (next != before.end() && (*next)->id() == alert.id) {
             // A row that stays keeps the focus.
-            (*found)->setAlert(alert);
-            m_rows.push_back(std::exchange(*found, nullptr));
+            (*next)->setAlert(alert);
+            m_rows.push_back(*next++);
             continue;
         }
         auto* const row = new AlertRow(alert,
@@ -115,20 +125,18 @@ void AlertsSection::refresh() {
         m_list->insertWidget(static_cast<int>(m_rows.size()), row);
         m_rows.push_back(row);
     }
-    // Deleted later, because the call may come from the row's own button.
-    for (AlertRow* const row : before) {
-        if (row != nullptr) {
-            m_list->removeWidget(row);
-            row->hide();
-            row->deleteLater();
-        }
+    while (next != before.end()) {
+        removeNext();
     }
-    putInTabOrder();
+    // Most changes are of an alert that stays, and the order of thousands takes time.
+    if (m_rows != before) {
+        putInTabOrder();
+    }
     m_empty->setVisible(m_rows.empty());
-    m_error->setVisible(!m_environment.alerts->isSaved());
+    m_error->setVisible(!*m_environment.alerts->isSaved());
 }
 
-// The Tab key goes by when widgets were made, until it is told otherwise.
+// Without this, the Tab key would visit the widgets in the order in which they were made.
 void AlertsSection::putInTabOrder() {
     QWidget* last = m_sound;
     for (AlertRow* const row : m_rows) {

@@ -38,7 +38,8 @@ constexpr float kChosenOpacity = 0.16F;
 constexpr double kGlyphSize = 8;
 constexpr int kGlyphButtonSize = 20;
 
-/// One of two ways, of which one is chosen. The Tab key stops at the two once; the arrow keys choose.
+/// One of two ways, of which one is chosen. The Tab key stops at the two once; the arrow keys
+/// choose.
 class Choice final : public PlainButton {
 public:
     Choice(const QString& text, QWidget* parent)
@@ -302,7 +303,7 @@ void AlertForm::add() {
     if (!id) {
         return;
     }
-    if (!m_environment.alerts->isSaved()) {
+    if (!*m_environment.alerts->isSaved()) {
         m_meaning->setText(QStringLiteral("提醒未能保存到磁盘，重启后会丢失"));
         return;
     }

@@ -288,12 +288,15 @@ std::int64_t AlertKeeper::takeNumber() {
 }
 
 void AlertKeeper::save(const std::vector<FiredAlert>& fired) {
+    bool isSaved = false;
     try {
         m_store.save({.nextNumber = m_nextNumber, .alerts = m_book.alerts(), .fired = fired});
-        m_isSaved = true;
+        isSaved = true;
     } catch (const std::exception& error) {
         m_logger.error("failed to persist alerts: {}", error.what());
-        m_isSaved = false;
+    }
+    if (isSaved != *m_isSaved) {
+        m_isSaved.set(isSaved);
     }
 }
 

@@ -76,7 +76,7 @@ public:
         return m_fired;
     }
     /// Whether the file holds what this object holds.
-    [[nodiscard]] bool isSaved() const noexcept { return m_isSaved; }
+    [[nodiscard]] const Observed<bool>& isSaved() const noexcept { return m_isSaved; }
 
     /// Adds an alert and saves it. It gets a new id, and is armed if the latest known price of its
     /// pair is on the near side of its line. Returns the id; absent, and nothing changes, for an
@@ -123,7 +123,7 @@ private:
     Logger m_logger{"AlertKeeper"};
     AlertBook m_book;
     std::int64_t m_nextNumber = 1;
-    bool m_isSaved = true;
+    Observed<bool> m_isSaved{true};
     Observed<std::vector<Alert>> m_alerts;
     Observed<std::vector<FiredAlert>> m_fired;
     // The symbols of the list before its next change, and what went with the last removed coin.

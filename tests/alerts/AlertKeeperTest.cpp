@@ -237,15 +237,15 @@ TEST_F(AlertKeeperTest, aFileThatCannotBeWrittenLosesNothing) {
     begin();
     price("BTC", 100);
     add(110);
-    EXPECT_TRUE(keeper->isSaved());
+    EXPECT_TRUE(*keeper->isSaved());
     files.breakAll();
     price("BTC", 111);
     EXPECT_THAT(fired(), ElementsAre("BTC 111"));
-    EXPECT_FALSE(keeper->isSaved());
+    EXPECT_FALSE(*keeper->isSaved());
     EXPECT_THAT(log.lines(), ::testing::Contains(HasSubstr("failed to persist alerts")));
     files.repair();
     add(120);
-    EXPECT_TRUE(keeper->isSaved());
+    EXPECT_TRUE(*keeper->isSaved());
     EXPECT_EQ(stored().fired.size(), 1U);
 }
 

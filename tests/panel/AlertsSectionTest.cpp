@@ -246,6 +246,18 @@ TEST_F(AlertsSectionTest, saysWhatCouldNotBeSavedUntilItIs) {
     EXPECT_FALSE(says("提醒未能保存到磁盘"));
 }
 
+TEST_F(AlertsSectionTest, saysTooWhenThatAnAlertWasSeenCouldNotBeSaved) {
+    openPageWithTwo();
+    price("BTC", 111);
+    ASSERT_EQ(alerts().fired()->size(), 1U);
+    files.breakAll();
+    alerts().markShown(alerts().fired()->front().serial);
+    EXPECT_TRUE(says("提醒未能保存到磁盘，重启后会丢失"));
+    files.repair();
+    addBTC();
+    EXPECT_FALSE(says("提醒未能保存到磁盘"));
+}
+
 TEST_F(AlertsSectionTest, aPanelWithoutAlertsHasNoSuchSection) {
     startConnected(listOf({"BTC"}));
     showActive(show());
