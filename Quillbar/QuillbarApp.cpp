@@ -273,6 +273,9 @@ PanelWindow& QuillbarApp::panel() {
                                     &QCoreApplication::quit);
         m_panel = std::make_unique<PanelWindow>(m_panelView, elapsed());
         m_panelView->onClose = [this] { m_panel->dismiss(); };
+        m_panelView->onPreferences = [this](bool areShown) {
+            m_unseenAlerts.setPreferencesShown(areShown);
+        };
         setStandalone(m_isStandalone);
         m_panel->onOpened = [this] { onPanelOpened(); };
         m_panel->onClosed = [this] { onPanelClosed(); };

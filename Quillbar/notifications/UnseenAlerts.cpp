@@ -2,8 +2,6 @@
 // SPDX-License-Identifier: MIT
 #include "Quillbar/notifications/UnseenAlerts.h"
 
-#include <utility>
-
 namespace quillbar {
 
 UnseenAlerts::UnseenAlerts(const Observed<std::vector<FiredAlert>>& unshown)
@@ -18,13 +16,18 @@ void UnseenAlerts::setPanelOpen(bool isOpen) {
     refresh();
 }
 
+void UnseenAlerts::setPreferencesShown(bool isShown) {
+    m_isPreferencesShown = isShown;
+    refresh();
+}
+
 void UnseenAlerts::refresh() {
-    const std::set<std::int64_t> before = std::exchange(m_seen, {});
+    const bool isListed = m_isPanelOpen && !m_isPreferencesShown;
     int count = 0;
     for (const FiredAlert& each : *m_unshown) {
-        if (m_isPanelOpen || before.contains(each.serial)) {
+        if (isListed) {
             m_seen.insert(each.serial);
-        } else {
+        } else if (!m_seen.contains(each.serial)) {
             ++count;
         }
     }

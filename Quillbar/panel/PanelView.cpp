@@ -158,18 +158,26 @@ void PanelView::showPreferences(Qt::FocusReason reason) {
     m_header->setPage(PreferencesView::title());
     m_preferencesView->show();
     m_preferencesView->takeFocus(reason);
+    tellOfPreferences(true);
 }
 
 void PanelView::closePreferences() {
     if (!isShowingPreferences()) {
         return;
     }
+    tellOfPreferences(false);
     setFocus(Qt::PopupFocusReason);
     m_preferencesView->hide();
     m_header->setPage(QString());
     m_main->show();
     if (m_focusBefore != nullptr) {
         m_focusBefore->setFocus(Qt::PopupFocusReason);
+    }
+}
+
+void PanelView::tellOfPreferences(bool areShown) const {
+    if (onPreferences) {
+        onPreferences(areShown);
     }
 }
 

@@ -72,6 +72,9 @@ public:
     void setStandalone(bool isStandalone);
     /// Called when that mark is clicked.
     std::function<void()> onClose;
+    /// Called when the page of preferences has taken the place of the rest, and when the rest is
+    /// about to come back.
+    std::function<void(bool areShown)> onPreferences;
 
     [[nodiscard]] QSize sizeHint() const override;
 
@@ -86,6 +89,7 @@ private:
     [[nodiscard]] QWidget* makeDetail(const Coin& coin, QWidget* parent) const;
     [[nodiscard]] ColorScheme scheme() const;
     [[nodiscard]] bool isShowingPreferences() const;
+    void tellOfPreferences(bool areShown) const;
     void applyTheme();
     void restoreTab();
     void showTab();

@@ -81,5 +81,21 @@ TEST_F(AppAlertsTest, withoutAServerTheItemIsMarkedUntilThePanelHasBeenOpened) {
         << "the panel still lists it";
 }
 
+TEST_F(AppAlertsTest, thePageOfPreferencesLeavesTheMark) {
+    const auto tooltip = [this] { return host.tooltip().text; };
+    const QString told = QStringLiteral("1 个价格提醒已触发\n");
+    startAndTick();
+    ASSERT_TRUE(spinUntil([&] { return tooltip().startsWith(told); }));
+    app->showPreferences(QString());
+    ASSERT_TRUE(spinUntil([] { return panel() != nullptr; }));
+    app->togglePanel(QString());
+    ASSERT_TRUE(spinUntil([] { return panel() == nullptr; }));
+    ASSERT_TRUE(spinUntil([&] {
+        sleeper.wake([](double span) { return span == TooltipPause::kAfterClick.count(); });
+        return !tooltip().isEmpty();
+    }));
+    EXPECT_TRUE(tooltip().startsWith(told)) << tooltip().toStdString();
+}
+
 }  // namespace
 }  // namespace quillbar

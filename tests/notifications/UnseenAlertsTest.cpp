@@ -65,6 +65,34 @@ TEST_F(UnseenAlertsTest, anEarlierOneThatFailsLaterIsNotSeenYet) {
     EXPECT_EQ(*unseen.count(), 1);
 }
 
+TEST_F(UnseenAlertsTest, thePageOfPreferencesListsNothing) {
+    unshownAre({3});
+    unseen.setPreferencesShown(true);
+    unseen.setPanelOpen(true);
+    unshownAre({3, 4});
+    EXPECT_EQ(*unseen.count(), 2);
+    unseen.setPreferencesShown(false);
+    EXPECT_EQ(*unseen.count(), 0) << "now the panel lists them";
+}
+
+TEST_F(UnseenAlertsTest, thePageThatGoesWithThePanelLeavesThemUnseen) {
+    unshownAre({3});
+    unseen.setPreferencesShown(true);
+    unseen.setPanelOpen(true);
+    unseen.setPanelOpen(false);
+    unseen.setPreferencesShown(false);
+    EXPECT_EQ(*unseen.count(), 1);
+}
+
+TEST_F(UnseenAlertsTest, whatWasSeenStaysSeenWhenItsNoticeFailsOnceMore) {
+    unshownAre({3});
+    unseen.setPanelOpen(true);
+    unseen.setPanelOpen(false);
+    unshownAre({});
+    unshownAre({3});
+    EXPECT_EQ(*unseen.count(), 0);
+}
+
 TEST_F(UnseenAlertsTest, tellsOnlyOfAnotherCount) {
     std::vector<int> told;
     const Observation observation =
