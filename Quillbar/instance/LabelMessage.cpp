@@ -30,6 +30,7 @@ const QString kFailure = QStringLiteral("failure");
 const QString kStale = QStringLiteral("stale");
 const QString kShowsPrice = QStringLiteral("showsPrice");
 const QString kLastError = QStringLiteral("lastError");
+const QString kDiscreet = QStringLiteral("discreet");
 const QString kStarted = QStringLiteral("started");
 
 std::optional<std::string> textAt(const QVariantMap& message, const QString& key) {
@@ -125,6 +126,9 @@ QVariantMap labelMessage(const LabelReport& report) {
     if (label.failure) {
         message.insert(kFailure, QString::fromUtf8(*label.failure));
     }
+    if (label.isDiscreet) {
+        message.insert(kDiscreet, true);
+    }
     if (label.lastError) {
         message.insert(kLastError, QString::fromUtf8(*label.lastError));
     }
@@ -153,6 +157,7 @@ std::optional<LabelReport> labelReport(const QVariantMap& message) {
     label.lastUpdate = lastUpdateIn(message);
     label.failure = textAt(message, kFailure);
     label.lastError = textAt(message, kLastError);
+    label.isDiscreet = flagAt(message, kDiscreet, label.isDiscreet);
     report.isStarted = flagAt(message, kStarted, report.isStarted);
     return report;
 }

@@ -69,6 +69,11 @@ void LabelPrinter::update() {
 }
 
 void LabelPrinter::updateOnce(const Snapshots& labels) {
+    if (std::ranges::all_of(labels, &LabelSnapshot::isDiscreet)) {
+        // That there is no price is what the user wants.
+        printOnce(labels, kSuccess);
+        return;
+    }
     const auto hasNoCoin = [](const LabelSnapshot& label) { return !label.quote.coin; };
     if (std::ranges::any_of(labels, hasNoCoin)) {
         // Without a pinned coin no price can come.

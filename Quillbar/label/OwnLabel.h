@@ -6,6 +6,8 @@
 #include "Quillbar/labelstate/StateLabelSource.h"
 #include "Quillbar/services/AppServices.h"
 #include "Quillbar/services/DeferredSystemEvents.h"
+#include "QuillbarCore/runtime/Observed.h"
+#include "QuillbarCore/state/Preferences.h"
 
 #include <filesystem>
 #include <functional>
@@ -13,8 +15,8 @@
 
 namespace quillbar {
 
-/// The label over the program's own connection, which begins and ends with this object. Main
-/// thread.
+/// The label over the program's own connection, which begins and ends with this object. It is
+/// hidden if the stored preferences hid the numbers when it began. Main thread.
 class OwnLabel final : public LabelSource {
 public:
     /// Whoever follows also connects anew when the machine wakes.
@@ -29,7 +31,8 @@ public:
 
 private:
     AppServices m_services;
-    StateLabelSource m_label{m_services.appState(), m_services.isStarted()};
+    Observed<Preferences> m_preferences;
+    StateLabelSource m_label{m_services.appState(), m_services.isStarted(), &m_preferences};
     std::optional<DeferredSystemEvents> m_systemEvents;
 };
 

@@ -40,6 +40,7 @@ LabelSnapshot LabelSnapshot::hidden() const {
     result.quote.basis = quote.basis;
     result.quote.connection = quote.connection;
     result.text = result.quote.text();
+    result.lastUpdate = lastUpdate;
     result.failure = failure;
     result.lastError = lastError;
     result.isDiscreet = true;

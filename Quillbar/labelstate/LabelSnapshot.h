@@ -26,11 +26,10 @@ struct LabelSnapshot final {
     std::optional<std::string> failure = std::nullopt;
     /// The message about an edit that was not saved.
     std::optional<std::string> lastError = std::nullopt;
-    /// What stands beside the label where there is room for several coins. Known only in the process
-    /// that has the state.
+    /// What stands beside the label where there is room for several coins. Known only in the
+    /// process that has the state.
     std::vector<PinnedQuote> beside = {};
-    /// Whether the user has hidden the numbers. Then there is no coin, and no time of an update; it
-    /// is known only in the process that has the state.
+    /// Whether the user has hidden the numbers. Then there is no coin.
     bool isDiscreet = false;
 
     /// Reads the application's state: the label of the pinned coin.
@@ -39,7 +38,8 @@ struct LabelSnapshot final {
     /// What the label would say of this coin, which is on the state's list.
     [[nodiscard]] static LabelSnapshot of(const AppState& state, const Coin& coin);
 
-    /// The same snapshot without the coin and everything that is known of it: "Quillbar".
+    /// The same snapshot without the coin and everything that is known of it: "Quillbar". When the
+    /// last price of any coin came stays, because silence must not look like a sound connection.
     [[nodiscard]] LabelSnapshot hidden() const;
 
     /// The connection as the user is told. After a failure, a new connection counts as being made

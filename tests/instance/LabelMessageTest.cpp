@@ -48,6 +48,12 @@ TEST(LabelMessageTest, theLeastThereIsArrives) {
     EXPECT_EQ(labelReport(labelMessage(least)), least);
 }
 
+TEST(LabelMessageTest, thatTheNumbersAreHiddenArrives) {
+    LabelReport hidden = fullReport();
+    hidden.label = hidden.label.hidden();
+    EXPECT_EQ(labelReport(labelMessage(hidden)), hidden);
+}
+
 TEST(LabelMessageTest, everyConnectionAndBasisArrives) {
     LabelReport report = fullReport();
     for (const auto connection : {ConnectionState::disconnected,

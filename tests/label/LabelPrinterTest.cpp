@@ -71,6 +71,17 @@ TEST_F(LabelPrinterTest, onceWaitsForThePriceAndSucceeds) {
     EXPECT_THAT(m_statuses, ElementsAre(0));
 }
 
+TEST_F(LabelPrinterTest, onceSucceedsWithoutAPriceWhereTheNumbersAreHidden) {
+    startConnected(listOf({"BTC"}));
+    const Observed<Preferences> preferences(Preferences{}.settingLabel({.isDiscreet = true}));
+    StateLabelSource source(*state, m_isStarted, &preferences);
+    PinnedLabel labels(source);
+    print(labels, {LabelMode::once, LabelFormat::text});
+    EXPECT_THAT(m_lines, ElementsAre("Quillbar"));
+    EXPECT_THAT(m_statuses, ElementsAre(0));
+    m_printer.reset();
+}
+
 TEST_F(LabelPrinterTest, oncePrintsOneLineWhateverFollows) {
     startConnected(listOf({"BTC"}));
     printOnce();

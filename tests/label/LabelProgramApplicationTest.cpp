@@ -10,6 +10,8 @@
 #include <gmock/gmock.h>
 
 #include <csignal>
+#include <filesystem>
+#include <fstream>
 #include <memory>
 
 namespace quillbar {
@@ -97,6 +99,19 @@ TEST_F(LabelProgramApplicationTest, goesOnByItselfWhenTheApplicationQuits) {
     EXPECT_TRUE(hasOwnStreams(1));
     // No line without a price in between.
     EXPECT_EQ(m_output.find("BTC\n"), std::string::npos);
+}
+
+TEST_F(LabelProgramApplicationTest, hidesTheNumbersByItselfWhenTheApplicationQuits) {
+    std::filesystem::create_directories(m_folder.path() / "Quillbar");
+    std::ofstream(m_folder.path() / "Quillbar" / "preferences.json")
+        << R"({"schemaVersion":1,"label":{"discreet":true}})";
+    startTheApplication();
+    run({QStringLiteral("--follow")});
+    ASSERT_TRUE(printsLine("BTC 101.00\n"));
+    m_application.reset();
+    EXPECT_TRUE(printsLine("Quillbar\n"));
+    EXPECT_TRUE(hasOwnStreams(1));
+    EXPECT_EQ(m_output.find("67,"), std::string::npos);
 }
 
 TEST_F(LabelProgramApplicationTest, leavesTheConnectingToAnApplicationThatStarts) {

@@ -200,6 +200,8 @@ TEST_F(LabelSnapshotTest, hidesTheCoinAndEverythingKnownOfIt) {
     const LabelSnapshot hidden = snapshot().hidden();
     LabelSnapshot expected;
     expected.text = "Quillbar";
+    expected.lastUpdate = snapshot().lastUpdate;
+    ASSERT_TRUE(expected.lastUpdate);
     expected.quote.connection = ConnectionState::connected;
     expected.failure = "连接超时";
     expected.isDiscreet = true;
