@@ -77,9 +77,8 @@ QString withWideDigits(QString text) {
 }
 
 // Without the reason of a failure, which may name a number.
-QString discreetDetailsOf(const LabelSnapshot& snapshot) {
-    QStringList lines{QStringLiteral("数字已隐藏"),
-                      QString::fromUtf8(displayName(snapshot.visibleConnection()))};
+QString discreetDetailsOf(const LabelSnapshot& snapshot, TimePoint now) {
+    QStringList lines{QStringLiteral("数字已隐藏"), QString::fromUtf8(connectionOf(snapshot, now))};
     if (snapshot.lastError) {
         lines << OneLineText::of(*snapshot.lastError);
     }
@@ -127,7 +126,7 @@ LabelFace LabelFace::of(const LabelSnapshot& snapshot,
     face.changeColors = changeColors;
     if (snapshot.isDiscreet) {
         face.isDiscreet = true;
-        face.details = discreetDetailsOf(snapshot);
+        face.details = discreetDetailsOf(snapshot, now);
         return face;
     }
     // Some hosts hide an item whose label is empty.
@@ -171,6 +170,7 @@ void LabelFace::setRow(LabelFace& face,
             of({.text = quote.text(), .quote = quote}, kDistantPast, face.changeColors, label);
         face.row += gap + other.label();
         face.rowGuide += gap + other.guide();
+        face.beside.push_back({other.label(), other.change, other.direction});
     }
 }
 

@@ -9,11 +9,23 @@
 
 #include <QString>
 
+#include <vector>
+
 namespace quillbar {
 
 /// Everything that the status item shows, ready to be drawn or sent. A plain value: two that are
 /// equal look the same. Every text is a `OneLineText`, except that `details` has line feeds.
 struct LabelFace final {
+    /// What a picture of the whole text shows of one more coin.
+    struct Beside final {
+        /// As `label()` and `change` are of the pinned coin.
+        QString label;
+        QString change;
+        LabelDirection direction = LabelDirection::stale;
+
+        [[nodiscard]] bool operator==(const Beside&) const = default;
+    };
+
     /// The whole label, "BTC 67,234.50 ▲ 1.23%". Never empty, and at most 64 characters: a longer
     /// one is cut in the middle.
     QString text = QStringLiteral("Quillbar");
@@ -24,7 +36,10 @@ struct LabelFace final {
     QString row;
     /// What `guide()` is for the label, for the row.
     QString rowGuide;
-    /// The change with its arrow at the end of `label()`, "▲ 1.23%"; empty when it shows none there.
+    /// The coins behind the first one of `row`, for a host that shows a picture of the text.
+    std::vector<Beside> beside;
+    /// The change with its arrow at the end of `label()`, "▲ 1.23%"; empty when it shows none
+    /// there.
     QString change;
     /// The pinned coin's base asset, with the same limit; empty when none is pinned.
     QString symbol;
@@ -51,9 +66,9 @@ struct LabelFace final {
     /// What the item says in its place, as text or in a picture of it. Never empty.
     [[nodiscard]] const QString& label() const { return worded.isEmpty() ? text : worded; }
 
-    /// A text that is as wide as `label()` can get while only its digits and its direction change and
-    /// the change stays below 100 percent; in the user's own template, while no digit is added. For
-    /// hosts that reserve this width.
+    /// A text that is as wide as `label()` can get while only its digits and its direction change
+    /// and the change stays below 100 percent; in the user's own template, while no digit is added.
+    /// For hosts that reserve this width.
     [[nodiscard]] QString guide() const;
 
     /// The face of `snapshot` at the instant `now`, in the colours and the wording of the user's

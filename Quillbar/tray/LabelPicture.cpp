@@ -17,6 +17,7 @@
 #include <array>
 #include <cmath>
 #include <optional>
+#include <vector>
 
 namespace quillbar {
 
@@ -31,10 +32,9 @@ constexpr double kDesignHeight = 22;
 
 constexpr QColor kTextColor(255, 255, 255);
 
-QColor changeColor(const LabelPicture& picture) {
-    const ChangePalette palette =
-        ChangePalette::of(picture.changeColors, ChangePalette::Ground::statusArea);
-    switch (picture.direction) {
+QColor changeColor(ChangeColors colors, LabelDirection direction) {
+    const ChangePalette palette = ChangePalette::of(colors, ChangePalette::Ground::statusArea);
+    switch (direction) {
     case LabelDirection::up:
         return palette.up;
     case LabelDirection::down:
@@ -65,18 +65,20 @@ bool isMark(QChar character) {
     return character == kUpMark || character == kDownMark || character == kFlatMark;
 }
 
-// The whole text in three pieces. The arrow takes the same width in every direction, and so does
-// the number behind it with one digit before its point or with two.
+// The text of a coin in three pieces. The arrow takes the same width in every direction, and so
+// does the number behind it with one digit before its point or with two.
 struct WideText {
     QString lead;
     QString mark;
     QString change;
+    LabelDirection direction;
 
-    explicit WideText(const LabelPicture& picture)
-        : lead(picture.upper.chopped(picture.lower.size()))
-        , mark(!picture.lower.isEmpty() && isMark(picture.lower.front()) ? picture.lower.left(1)
-                                                                         : QString())
-        , change(picture.lower.mid(mark.size()).trimmed()) {}
+    WideText(const QString& text, const QString& changeAtEnd, LabelDirection itsDirection)
+        : lead(text.chopped(changeAtEnd.size()))
+        , mark(!changeAtEnd.isEmpty() && isMark(changeAtEnd.front()) ? changeAtEnd.left(1)
+                                                                     : QString())
+        , change(changeAtEnd.mid(mark.size()).trimmed())
+        , direction(itsDirection) {}
 
     [[nodiscard]] double markSlot(const QFont& font) const {
         if (mark.isEmpty()) {
@@ -120,14 +122,21 @@ QImage blank(int width, int height, PictureGround ground) {
 QImage drawnWide(const LabelPicture& picture, int height) {
     constexpr double kPixels = 13;
     constexpr double kMargin = 4;
+    constexpr double kGap = 10;
     const double scale = height / kDesignHeight;
     const QFont font = fontOfPixels(kPixels * scale);
-    const WideText text(picture);
+    std::vector<WideText> texts{{picture.upper, picture.lower, picture.direction}};
+    for (const LabelFace::Beside& each : picture.beside) {
+        texts.emplace_back(each.label, each.change, each.direction);
+    }
     const double margin = kMargin * scale;
-    const int width = static_cast<int>(std::ceil(text.width(font) + 2 * margin));
-    QImage image = blank(width, height, picture.ground);
+    const double gap = kGap * scale;
+    double length = 2 * margin - gap;
+    for (const WideText& text : texts) {
+        length += text.width(font) + gap;
+    }
+    QImage image = blank(static_cast<int>(std::ceil(length)), height, picture.ground);
     QPainter painter(&image);
-    painter.setOpacity(opacityOf(picture.direction));
     QRectF rest = QRectF(image.rect()).adjusted(margin, 0, 0, 0);
     const auto draw = [&](const QString& piece, Qt::Alignment side, double slot) {
         QRectF place = rest;
@@ -135,11 +144,15 @@ QImage drawnWide(const LabelPicture& picture, int height) {
         TabularText::draw(painter, place, side | Qt::AlignVCenter, piece, font);
         rest.setLeft(place.right());
     };
-    painter.setPen(kTextColor);
-    draw(text.lead, Qt::AlignLeft, TabularText::width(text.lead, font));
-    painter.setPen(changeColor(picture));
-    draw(text.mark, Qt::AlignHCenter, text.markSlot(font));
-    draw(text.change, Qt::AlignRight, text.changeSlot(font));
+    for (const WideText& text : texts) {
+        painter.setOpacity(opacityOf(text.direction));
+        painter.setPen(kTextColor);
+        draw(text.lead, Qt::AlignLeft, TabularText::width(text.lead, font));
+        painter.setPen(changeColor(picture.changeColors, text.direction));
+        draw(text.mark, Qt::AlignHCenter, text.markSlot(font));
+        draw(text.change, Qt::AlignRight, text.changeSlot(font));
+        rest.setLeft(rest.left() + gap);
+    }
     return image;
 }
 
@@ -224,7 +237,7 @@ QImage drawnSquare(const LabelPicture& picture, int height) {
     painter.setOpacity(opacityOf(picture.direction));
     painter.setPen(kTextColor);
     drawLine(painter, picture.upper, isSingle ? kSingleBaseline : kUpperBaseline, height);
-    painter.setPen(changeColor(picture));
+    painter.setPen(changeColor(picture.changeColors, picture.direction));
     drawLine(painter, picture.lower, isSingle ? kSingleBaseline : kLowerBaseline, height);
     return image;
 }
@@ -293,6 +306,7 @@ LabelPicture LabelPicture::of(const LabelFace& face,
     case LabelForm::widePicture:
         picture.upper = face.label();
         picture.lower = face.change;
+        picture.beside = face.beside;
         break;
     case LabelForm::square:
         fillSquare(picture, face, top);

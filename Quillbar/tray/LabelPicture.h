@@ -10,6 +10,7 @@
 #include <QString>
 
 #include <array>
+#include <vector>
 
 namespace quillbar {
 
@@ -43,15 +44,17 @@ struct LabelPicture final {
     QString lower = {};
     LabelDirection direction = LabelDirection::stale;
     ChangeColors changeColors = ChangeColors::greenUp;
+    /// The coins behind the whole text, each with a change in the colour of its own direction.
+    std::vector<LabelFace::Beside> beside = {};
     /// Whether it says that there is something to see in the panel: as a frame around texts, or as
     /// a dot in the mark's free corner. No text is covered.
     bool isMarked = false;
 
     [[nodiscard]] bool operator==(const LabelPicture&) const = default;
 
-    /// The picture of the face in this form. Beside a text that the host draws, and while the numbers
-    /// are hidden, it is the mark. A square has the price or the coin over the change, the coin over
-    /// an ellipsis while there is no price, or the mark while nothing is pinned.
+    /// The picture of the face in this form. Beside a text that the host draws, and while the
+    /// numbers are hidden, it is the mark. A square has the price or the coin over the change, the
+    /// coin over an ellipsis while there is no price, or the mark while nothing is pinned.
     ///
     /// Where the user's wording leaves something out, so does the square: coin and price make the
     /// coin over the price, and a single one stands alone. A wording without any is the mark.

@@ -1,5 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The Quillbar developers
 // SPDX-License-Identifier: MIT
+#include "Quillbar/labelstate/ConnectionName.h"
 #include "Quillbar/tray/LabelFace.h"
 
 #include <QRegularExpression>
@@ -114,6 +115,12 @@ TEST(LabelFaceRow, isOfThePinnedCoinAndThoseBesideIt) {
     EXPECT_EQ(worded({.wording = LabelWording::price}, snapshot).row,
               QStringLiteral("67,234.50  67,234.50  SOL"));
     EXPECT_EQ(worded({}, snapshot).label(), worded({}).label());
+    EXPECT_EQ(worded({}, snapshot).beside,
+              (std::vector<LabelFace::Beside>{
+                  {QStringLiteral("ETH 67,234.50 ▼ 0.50%"),
+                   QStringLiteral("▼ 0.50%"),
+                   LabelDirection::down},
+                  {QStringLiteral("SOL"), QString(), LabelDirection::stale}}));
     EXPECT_EQ(worded({}, snapshot.hidden()).row, QString());
 }
 
@@ -127,6 +134,14 @@ TEST(LabelFaceDiscreet, saysNothingOfTheCoin) {
     EXPECT_EQ(face, expected);
     EXPECT_EQ(face.label(), QStringLiteral("Quillbar"));
     EXPECT_FALSE(face.details.contains(QRegularExpression(QStringLiteral("[0-9]"))));
+}
+
+TEST(LabelFaceDiscreet, callsNoConnectionSoundOverWhichNothingComes) {
+    EXPECT_EQ(worded({}, bitcoin().hidden()).details, QStringLiteral("数字已隐藏\n已连接"));
+    EXPECT_EQ(LabelFace::of(bitcoin().hidden(), kUpdate + Seconds(600)).details,
+              QStringLiteral("数字已隐藏\n")
+                  + QString::fromUtf8(kSilentConnectionName.data(),
+                                      static_cast<qsizetype>(kSilentConnectionName.size())));
 }
 
 TEST(LabelFaceDiscreet, stillTellsOfAnEditThatWasNotSaved) {

@@ -333,6 +333,47 @@ TEST(LabelPictureDrawnTest, aTextWithoutAChangeIsOnePiece) {
     EXPECT_EQ(wideOf(text, QString(), LabelDirection::stale).drawn(22), expected);
 }
 
+TEST(LabelPictureDrawnTest, coinsBesideTheTextFollowAfterTenPixelsInTheirOwnOpacity) {
+    const QFont font = fontOf(13);
+    const double first = TabularText::width(QStringLiteral("BTC 1"), font);
+    const double second = TabularText::width(QStringLiteral("ETH"), font);
+    QImage expected(
+        static_cast<int>(std::ceil(first + second + 18)), 22, QImage::Format_ARGB32_Premultiplied);
+    expected.fill(Qt::transparent);
+    {
+        QPainter painter(&expected);
+        painter.setPen(Qt::white);
+        const auto piece = [&](const QString& text, double left) {
+            TabularText::draw(
+                painter, QRectF(left, 0, 100, 22), Qt::AlignLeft | Qt::AlignVCenter, text, font);
+        };
+        piece(QStringLiteral("BTC 1"), 4);
+        painter.setOpacity(0.65);
+        piece(QStringLiteral("ETH"), 14 + first);
+    }
+    LabelPicture picture = wideOf(QStringLiteral("BTC 1"), QString(), LabelDirection::flat);
+    picture.beside = {{QStringLiteral("ETH"), QString(), LabelDirection::stale}};
+    EXPECT_EQ(picture.drawn(22), expected);
+}
+
+TEST(LabelPictureDrawnTest, coinsBesideTheTextHaveTheColoursOfTheirOwnDirections) {
+    const auto drawn = [](LabelDirection first, LabelDirection second) {
+        LabelPicture picture = wideOf(QStringLiteral("BTC 1 "), QStringLiteral("▲ 1.23%"), first);
+        picture.beside = {{QStringLiteral("ETH 1 ▲ 1.23%"), QStringLiteral("▲ 1.23%"), second}};
+        return picture.drawn(22);
+    };
+    const QImage both = drawn(LabelDirection::up, LabelDirection::down);
+    const int half = both.width() / 2;
+    const auto side = [half](const QImage& image, bool isLeft) {
+        return isLeft ? image.copy(0, 0, half, 22) : image.copy(half, 0, image.width() - half, 22);
+    };
+    const QImage rising = drawn(LabelDirection::up, LabelDirection::up);
+    const QImage falling = drawn(LabelDirection::down, LabelDirection::down);
+    ASSERT_NE(rising, falling);
+    EXPECT_EQ(side(both, true), side(rising, true));
+    EXPECT_EQ(side(both, false), side(falling, false));
+}
+
 }  // namespace
 
 }  // namespace quillbar

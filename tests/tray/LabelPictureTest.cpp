@@ -61,6 +61,17 @@ TEST(LabelPicture, ofASquareNamesTheCoinInsteadOfThePriceWhenAsked) {
     EXPECT_EQ(named(LabelFace{}, LabelForm::square).upper, QString());
 }
 
+TEST(LabelPicture, ofTheWholeTextHasTheCoinsBesideIt) {
+    LabelFace row = face(QStringLiteral("BTC 67,234.50 ▲ 1.23%"));
+    row.beside = {{QStringLiteral("SOL"), QString(), LabelDirection::stale}};
+    const auto of = [&row](LabelForm form) {
+        return LabelPicture::of(row, form, PictureGround::darkBar).beside;
+    };
+    EXPECT_EQ(of(LabelForm::widePicture), row.beside);
+    EXPECT_TRUE(of(LabelForm::square).empty());
+    EXPECT_TRUE(of(LabelForm::text).empty());
+}
+
 TEST(LabelPicture, ofNothingPinnedIsTheMark) {
     const LabelPicture picture =
         LabelPicture::of(LabelFace{}, LabelForm::square, PictureGround::darkBar);
