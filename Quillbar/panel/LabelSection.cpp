@@ -132,6 +132,10 @@ void LabelSection::showEvent(QShowEvent* event) {
 
 void LabelSection::hideEvent(QHideEvent* event) {
     PreferencesSection::hideEvent(event);
+    if (event->spontaneous()) {
+        // The window went out of sight, and comes back as it was.
+        return;
+    }
     // A text that cannot be read is gone when the page is opened again.
     m_template->setText(QString::fromStdString(m_preferences.preferences()->label.ownTemplate));
     showProblem(problemOf(m_template->text()));

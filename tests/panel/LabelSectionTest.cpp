@@ -144,6 +144,17 @@ TEST_F(LabelSectionTest, aTextThatCannotBeReadIsGoneWhenThePageOpensAgain) {
     EXPECT_EQ(line(QStringLiteral("第 ")), QString());
 }
 
+TEST_F(LabelSectionTest, aTextStaysWhileTheWindowIsMinimized) {
+    openPage();
+    choose(kOwn);
+    type(QStringLiteral("{price}{"));
+    QHideEvent minimized;
+    QSpontaneKeyEvent::setSpontaneous(&minimized);
+    // `sendEvent` would make it an event of our own again.
+    QCoreApplication::instance()->notify(shown<LabelSection>(), &minimized);
+    EXPECT_EQ(shown<SearchField>()->text(), QStringLiteral("{price}{"));
+}
+
 TEST_F(LabelSectionTest, aStoredTemplateThatCannotBeReadIsShownWithItsMistake) {
     preferences.setLabel({.wording = LabelWording::custom, .ownTemplate = "{volume}"});
     openPage();
