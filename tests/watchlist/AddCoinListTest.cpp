@@ -1,22 +1,11 @@
 // SPDX-FileCopyrightText: 2026 The Quillbar developers
 // SPDX-License-Identifier: MIT
-#include "Quillbar/watchlist/AddCoinView.h"
-#include "Quillbar/watchlist/ListOfferRow.h"
-#include "Quillbar/watchlist/ListOfferView.h"
-#include "Quillbar/widgets/ThemedLabel.h"
 #include "QuillbarCore/exchange/URLError.h"
-#include "tests/watchlist/AddCoinFixture.h"
-
-#include <QAccessible>
-#include <QAccessibleInterface>
-#include <QClipboard>
-#include <QGuiApplication>
+#include "tests/watchlist/AddCoinListFixture.h"
 
 #include <gmock/gmock.h>
 
-#include <algorithm>
 #include <exception>
-#include <memory>
 #include <string>
 #include <vector>
 
@@ -27,70 +16,7 @@ using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 using ResultArea = AddCoinView::ResultArea;
 
-/// The search, with a list of coins in its field.
-struct AddCoinListTest : AddCoinFixture {
-    void show(const std::vector<std::string>& watched = {"BTC"}) {
-        startConnected(listOf(watched));
-        theExchangeTrades({"SOLV", "BTC", "SOL", "WSOL", "ETH", "1000SATS"});
-        view = std::make_unique<AddCoinView>(environment(), [this](const std::string& symbol) {
-            ++dismissals;
-            added = symbol;
-        });
-        showActive(*view);
-        view->setFocus(Qt::PopupFocusReason);
-    }
-
-    /// Pastes into the field, in place of what is there, as the keyboard does.
-    void paste(const QString& text) {
-        QGuiApplication::clipboard()->setText(text);
-        field().selectAll();
-        QTest::keyClick(&field(), Qt::Key_V, Qt::ControlModifier);
-        executor.run();
-    }
-    /// Pastes and waits until the list has been read.
-    void read(const QString& text) {
-        paste(text);
-        time.advance(Seconds{0.3});
-    }
-    void clickOffer() {
-        QTest::mouseClick(offerRow(), Qt::LeftButton);
-        executor.run();
-    }
-
-    [[nodiscard]] QWidget& root() const override { return *view; }
-    [[nodiscard]] ListOfferView& offerView() const {
-        return *widgetsOf<ListOfferView>(*view).front();
-    }
-    /// The row that adds the list; null while none is shown.
-    [[nodiscard]] ListOfferRow* offerRow() const {
-        for (ListOfferRow* const row : widgetsOf<ListOfferRow>(*view)) {
-            if (row->isVisible()) {
-                return row;
-            }
-        }
-        return nullptr;
-    }
-    /// What stands below the field for a list, from above.
-    [[nodiscard]] std::vector<std::string> offered() const {
-        std::vector<std::string> lines;
-        if (const ListOfferRow* const row = offerRow()) {
-            lines.push_back(row->accessibleName().toStdString());
-        }
-        for (const ThemedLabel* const label : widgetsOf<ThemedLabel>(*view)) {
-            if (label->isVisible()) {
-                for (const QString& line : label->text().split(u'\n', Qt::SkipEmptyParts)) {
-                    lines.push_back(line.toStdString());
-                }
-            }
-        }
-        return lines;
-    }
-
-    int dismissals = 0;
-    // The coin that the last dismissal was told of.
-    std::string added;
-    std::unique_ptr<AddCoinView> view;
-};
+using AddCoinListTest = AddCoinListFixture;
 
 // What is offered
 
@@ -221,171 +147,6 @@ TEST_F(AddCoinListTest, aFailureTakesTheOfferAway) {
     type(QStringLiteral(" "));
     time.advance(Seconds{0.3});
     EXPECT_THAT(offered(), ElementsAre("添加 2 个币种，SOL、ETH"));
-}
-
-// Adding
-
-TEST_F(AddCoinListTest, enterAddsAllInTheirOrderAtOnce) {
-    show();
-    read(QStringLiteral("SOL FOO 1000SATS BTC ETH"));
-    stream.symbolLists.clear();
-    api.ticker24hRequests.clear();
-    files.calls.clear();
-    press(Qt::Key_Return);
-    const Watchlist expected = listOf({"BTC", "SOL", "1000SATS", "ETH"});
-    EXPECT_EQ(*state->watchlist(), expected);
-    EXPECT_EQ(storedList(), expected);
-    EXPECT_EQ(stream.symbolLists.size(), 1U);
-    EXPECT_EQ(api.ticker24hRequests.size(), 1U);
-    EXPECT_EQ(std::count_if(files.calls.begin(),
-                            files.calls.end(),
-                            [](const std::string& call) { return call.starts_with("rename "); }),
-              1);
-    EXPECT_EQ(dismissals, 1);
-    EXPECT_EQ(added, symbolOf("SOL")) << "the first of them";
-}
-
-TEST_F(AddCoinListTest, enterRightAfterThePasteReadsAndAdds) {
-    show();
-    paste(QStringLiteral("SOL ETH"));
-    press(Qt::Key_Enter);
-    EXPECT_EQ(*state->watchlist(), listOf({"BTC", "SOL", "ETH"}));
-    EXPECT_EQ(dismissals, 1);
-}
-
-TEST_F(AddCoinListTest, aClickAddsAllAndLeavesTheFocusInTheField) {
-    show();
-    read(QStringLiteral("SOL ETH"));
-    auto prices = api.ticker24hAnswers.held();
-    clickOffer();
-    EXPECT_EQ(*state->watchlist(), listOf({"BTC", "SOL", "ETH"}));
-    EXPECT_THAT(offered(), ElementsAre("已添加 SOL、ETH"));
-    EXPECT_TRUE(field().hasFocus());
-    EXPECT_EQ(dismissals, 0) << "their prices are still being fetched";
-    prices.setValue({});
-    executor.run();
-    EXPECT_EQ(dismissals, 1);
-}
-
-TEST_F(AddCoinListTest, aPressThatIsLetGoElsewhereOrOfAnotherButtonAddsNothing) {
-    show();
-    read(QStringLiteral("SOL ETH"));
-    QTest::mousePress(offerRow(), Qt::LeftButton);
-    QTest::mouseRelease(offerRow(), Qt::LeftButton, {}, QPoint(10, 40));
-    QTest::mouseClick(offerRow(), Qt::RightButton);
-    executor.run();
-    EXPECT_EQ(*state->watchlist(), listOf({"BTC"}));
-}
-
-TEST_F(AddCoinListTest, twoPicksAddOnce) {
-    show();
-    read(QStringLiteral("SOL ETH"));
-    api.ticker24hRequests.clear();
-    QTest::mouseClick(offerRow(), Qt::LeftButton);
-    QTest::keyClick(&field(), Qt::Key_Return);
-    executor.run();
-    EXPECT_EQ(api.ticker24hRequests.size(), 1U);
-    EXPECT_EQ(dismissals, 1);
-}
-
-TEST_F(AddCoinListTest, staysOpenForTheTextThatIsTypedWhileTheListIsAdded) {
-    show();
-    read(QStringLiteral("SOL ETH"));
-    auto prices = api.ticker24hAnswers.held();
-    clickOffer();
-    type(QStringLiteral(" 1000SATS"));
-    prices.setValue({});
-    executor.run();
-    EXPECT_EQ(dismissals, 0);
-    time.advance(Seconds{0.3});
-    EXPECT_THAT(offered(), ElementsAre("添加 1 个币种，1000SATS", "已添加 SOL、ETH"));
-    press(Qt::Key_Return);
-    EXPECT_EQ(dismissals, 1);
-    EXPECT_EQ(added, symbolOf("1000SATS"));
-}
-
-TEST_F(AddCoinListTest, coinsThatHaveGoneAgainAreAddedAgain) {
-    show();
-    read(QStringLiteral("SOL ETH"));
-    clickOffer();
-    run(state->remove(symbolOf("SOL")));
-    EXPECT_THAT(offered(), ElementsAre("添加 1 个币种，SOL", "已添加 ETH"));
-    clickOffer();
-    EXPECT_TRUE(isWatched("SOL"));
-}
-
-TEST_F(AddCoinListTest, addsThoughTheViewHasGone) {
-    show();
-    read(QStringLiteral("SOL ETH"));
-    QTest::mouseClick(offerRow(), Qt::LeftButton);
-    view.reset();
-    executor.run();
-    EXPECT_EQ(*state->watchlist(), listOf({"BTC", "SOL", "ETH"}));
-    EXPECT_EQ(dismissals, 0);
-}
-
-// The keyboard and screen readers
-
-TEST_F(AddCoinListTest, theArrowDownGoesToTheRowAndUpBackToTheField) {
-    show();
-    read(QStringLiteral("SOL ETH"));
-    const QImage before = pictureOf(*offerRow());
-    press(Qt::Key_Down);
-    EXPECT_TRUE(offerRow()->hasFocus());
-    EXPECT_NE(pictureOf(*offerRow()), before) << "it shows its ring";
-    press(Qt::Key_Down);
-    EXPECT_TRUE(offerRow()->hasFocus());
-    press(Qt::Key_Up);
-    EXPECT_TRUE(field().hasFocus());
-}
-
-TEST_F(AddCoinListTest, enterOnTheRowAddsAll) {
-    show();
-    read(QStringLiteral("SOL ETH"));
-    press(Qt::Key_Down);
-    press(Qt::Key_Return);
-    EXPECT_EQ(*state->watchlist(), listOf({"BTC", "SOL", "ETH"}));
-    EXPECT_EQ(dismissals, 1);
-}
-
-TEST_F(AddCoinListTest, typingOnTheRowGoesOnInTheField) {
-    show();
-    read(QStringLiteral("ETH SOL"));
-    press(Qt::Key_Down);
-    type(QStringLiteral("V"));
-    EXPECT_TRUE(field().hasFocus());
-    EXPECT_EQ(view->query(), QStringLiteral("ETH SOLV"));
-}
-
-TEST_F(AddCoinListTest, theFocusReturnsToTheFieldWhenTheRowGoes) {
-    show();
-    read(QStringLiteral("SOL ETH"));
-    press(Qt::Key_Down);
-    field().setText(QStringLiteral("SOL"));
-    time.advance(Seconds{0.3});
-    EXPECT_TRUE(row("SOL")->isVisible());
-    EXPECT_TRUE(field().hasFocus());
-}
-
-TEST_F(AddCoinListTest, isReadAloudWhenItAppears) {
-    show();
-    read(QStringLiteral("SOL FOO ETH BTC"));
-    QAccessibleInterface* const told = QAccessible::queryAccessibleInterface(&offerView());
-    EXPECT_EQ(told->role(), QAccessible::Notification);
-    EXPECT_FALSE(told->state().invisible);
-    EXPECT_EQ(told->text(QAccessible::Name),
-              QStringLiteral("添加 2 个币种，SOL、ETH，未找到 FOO，已添加 BTC"));
-}
-
-TEST_F(AddCoinListTest, theRowTakesTheFocusForAScreenReader) {
-    show();
-    read(QStringLiteral("SOL ETH"));
-    QAccessibleInterface* const told = QAccessible::queryAccessibleInterface(offerRow());
-    EXPECT_EQ(told->role(), QAccessible::ListItem);
-    EXPECT_TRUE(told->state().focusable);
-    EXPECT_EQ(told->text(QAccessible::Name), QStringLiteral("添加 2 个币种，SOL、ETH"));
-    told->actionInterface()->doAction(QAccessibleActionInterface::setFocusAction());
-    EXPECT_TRUE(offerRow()->hasFocus());
 }
 
 // Look
