@@ -69,7 +69,7 @@ QString title(const FiredAlert& fired) {
 }
 
 QString details(const FiredAlert& fired) {
-    QString text = QStringLiteral("当时 %1,24 小时 %2")
+    QString text = QStringLiteral("当时 %1，24 小时 %2")
                        .arg(QString::fromStdString(PriceFormatter::price(fired.price)),
                             QString::fromStdString(PriceFormatter::percent(fired.changePercent)));
     if (fired.isMeanwhile) {

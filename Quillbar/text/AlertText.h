@@ -28,7 +28,7 @@ namespace quillbar::AlertText {
 /// crossed in a gap.
 [[nodiscard]] QString title(const FiredAlert& fired);
 
-/// The text below it: "当时 70,012.30,24 小时 +2.10%", and the note.
+/// The text below it: "当时 70,012.30，24 小时 +2.10%", and the note.
 [[nodiscard]] QString details(const FiredAlert& fired);
 
 }  // namespace quillbar::AlertText

@@ -81,7 +81,8 @@ TEST_F(AlertAnnouncerTest, showsWhatFiredAsANotice) {
     ASSERT_TRUE(noticesAre(1));
     const FakeNotifications::Notice& notice = server.notices.front();
     EXPECT_EQ(notice.title, QStringLiteral("BTC 价格 ≥ 110.00"));
-    EXPECT_EQ(notice.text, QStringLiteral("当时 112.50,24 小时 +12.50%\n卖 &lt;一半&gt; &amp; 等"));
+    EXPECT_EQ(notice.text,
+              QStringLiteral("当时 112.50，24 小时 +12.50%\n卖 &lt;一半&gt; &amp; 等"));
     EXPECT_EQ(notice.replaces, 0U);
     EXPECT_EQ(notice.actions.value(0), QStringLiteral("default"));
     EXPECT_EQ(notice.hints.value(QStringLiteral("urgency")).toInt(), 1);
@@ -117,7 +118,7 @@ TEST_F(AlertAnnouncerTest, offersAServerOnlyWhatItCanDo) {
     price("BTC", 112);
     ASSERT_TRUE(noticesAre(1));
     EXPECT_EQ(server.notices.front().title,
-              QStringLiteral("BTC 价格 ≥ 110.00 · 当时 112.00,24 小时 +12.00% <b>"));
+              QStringLiteral("BTC 价格 ≥ 110.00 · 当时 112.00，24 小时 +12.00% <b>"));
     EXPECT_EQ(server.notices.front().text, QString());
     EXPECT_TRUE(server.notices.front().actions.isEmpty());
 }

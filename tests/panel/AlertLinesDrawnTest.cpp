@@ -47,7 +47,7 @@ TEST_F(AlertLinesDrawnTest, aLineBeginsWithItsDayAndMinute) {
     const QString begin = LocalTimeText::dayAndMonth(noon.date(), QLocale()) + u' '
                           + LocalTimeText::hoursAndMinutes(noon.time(), QLocale());
     EXPECT_EQ(text(0).text().toStdString(),
-              begin.toStdString() + "  BTC 价格 ≥ 110.00\n当时 111.00,24 小时 +11.00%");
+              begin.toStdString() + "  BTC 价格 ≥ 110.00\n当时 111.00，24 小时 +11.00%");
     EXPECT_EQ(line(0).accessibleName(), text(0).text());
 }
 

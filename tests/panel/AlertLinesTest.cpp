@@ -60,8 +60,8 @@ TEST_F(AlertLinesTest, listsWhatFiredWithTimeValueAndNote) {
     EXPECT_TRUE(lines().isVisible());
     EXPECT_THAT(told(),
                 ::testing::ElementsAre(
-                    ::testing::EndsWith("BTC 价格 ≥ 110.00\n当时 111.00,24 小时 +11.00%\n卖"),
-                    ::testing::EndsWith("ETH 价格 ≥ 110.00\n当时 112.00,24 小时 +12.00%")));
+                    ::testing::EndsWith("BTC 价格 ≥ 110.00\n当时 111.00，24 小时 +11.00%\n卖"),
+                    ::testing::EndsWith("ETH 价格 ≥ 110.00\n当时 112.00，24 小时 +12.00%")));
 }
 
 TEST_F(AlertLinesTest, theButtonSaysThatItWasSeen) {

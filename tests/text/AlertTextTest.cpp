@@ -50,12 +50,12 @@ TEST(AlertTextTest, saysWhatFiredAndWhetherItWasMeanwhile) {
                      .price = 70012.3,
                      .changePercent = 2.1};
     EXPECT_EQ(AlertText::title(fired), QStringLiteral("BTC 价格 ≥ 70,000.00"));
-    EXPECT_EQ(AlertText::details(fired), QStringLiteral("当时 70,012.30,24 小时 +2.10%\n卖 出"));
+    EXPECT_EQ(AlertText::details(fired), QStringLiteral("当时 70,012.30，24 小时 +2.10%\n卖 出"));
     fired.isMeanwhile = true;
     fired.alert.note.clear();
     EXPECT_EQ(AlertText::title(fired), QStringLiteral("BTC 期间价格 ≥ 70,000.00"));
     EXPECT_EQ(AlertText::details(fired),
-              QStringLiteral("在休眠、断线或未运行期间越过。当时 70,012.30,24 小时 +2.10%"));
+              QStringLiteral("在休眠、断线或未运行期间越过。当时 70,012.30，24 小时 +2.10%"));
 }
 
 }  // namespace
