@@ -23,9 +23,9 @@ namespace quillbar {
 
 class AppState;
 
-/// Which coins the item shows in place of the pinned one, or beside it: those that the user's choice
-/// of coins names, and for some seconds the one that the wheel turns to. The pin never changes, and
-/// nobody but the item is told. While the numbers are hidden there are none.
+/// Which coins the item shows in place of the pinned one, or beside it: those that the user's
+/// choice of coins names, and for some seconds the one that the wheel turns to. The pin never
+/// changes, and nobody but the item is told. While the numbers are hidden there are none.
 ///
 /// Main thread. With the pinned coin alone it waits for nothing, and hears of no ticker.
 class ItemCoins final {
@@ -72,8 +72,8 @@ public:
     /// `kTurnSpan`. Does nothing within `kTurnPause` of the last turn.
     void turn(int places);
 
-    /// The coin so many places after the one of this symbol, or before it for less than 0, round and
-    /// round; after none, the first or the last. Absent for an empty list. Pure.
+    /// The coin so many places after the one of this symbol, or before it for less than 0, round
+    /// and round; after none, the first or the last. Absent for an empty list. Pure.
     [[nodiscard]] static std::optional<Coin> coinBeside(const Watchlist& list,
                                                         const std::optional<std::string>& symbol,
                                                         int places);
@@ -97,7 +97,7 @@ private:
     // The one coin in place of the pinned one, or those beside it.
     std::vector<Coin> m_coins;
     bool m_isInstead = false;
-    // What the coins were begun with.
+    // The preferences and the pin for which `m_coins` was made.
     LabelPreferences m_label;
     std::optional<std::string> m_pinned;
     bool m_hasNews = false;

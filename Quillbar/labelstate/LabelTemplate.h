@@ -15,8 +15,8 @@ namespace quillbar {
 
 /// Why a text is no template.
 struct LabelTemplateError final {
-    /// The place of the mistake, in characters from 1 on; one past the end when something is missing
-    /// there.
+    /// The place of the mistake, in characters from 1 on; one past the end when something is
+    /// missing there.
     std::size_t position = 1;
     /// What is wrong and what is allowed, for the user.
     std::string text;
@@ -36,24 +36,24 @@ struct LabelTemplateError final {
 ///
 /// Without an arrow in the same template the change has a sign; with one, it is the magnitude.
 ///
-/// Behind a colon stand, in this order and each if wanted: "<" or ">" for the side on which the text
-/// stands in its width, which then must follow; the width, up to `kWidest`, in columns of a terminal,
-/// which a longer text exceeds; and for price and change a point with the number of decimals, up to
-/// `kMostDecimals`. "{{" and "}}" write a brace.
+/// Behind a colon stand, in this order and each if wanted: "<" or ">" for the side on which the
+/// text stands in its width, which then must follow; the width, up to `kWidest`, in columns of a
+/// terminal, which a longer text exceeds; and for price and change a point with the number of
+/// decimals, up to `kMostDecimals`. "{{" and "}}" write a brace.
 class LabelTemplate final {
 public:
     static constexpr int kWidest = 99;
     /// The exchange has no more.
     static constexpr int kMostDecimals = 8;
 
-    /// Reads a template, or tells its first mistake. A text without any field is one; the empty text
-    /// is none. Pure; for any thread.
+    /// Reads a template, or tells its first mistake. A text without any field is one; the empty
+    /// text is none. Pure; for any thread.
     [[nodiscard]] static std::variant<LabelTemplate, LabelTemplateError> parse(
         std::string_view text);
 
-    /// The label. As without a template, it is the base asset alone while there is no current price,
-    /// and "Quillbar" without a coin. The base asset is cleaned by `OutsideText`; what the user wrote
-    /// between the fields is not. Pure; for any thread.
+    /// The label. As without a template, it is the base asset alone while there is no current
+    /// price, and "Quillbar" without a coin. The base asset is cleaned by `OutsideText`; what the
+    /// user wrote between the fields is not. Pure; for any thread.
     [[nodiscard]] std::string text(const PinnedQuote& quote) const;
 
     /// The change with its arrow where they end the text, "▲ 1.23%": what the fields of change and

@@ -18,8 +18,9 @@ class ItemCoins;
 /// is handed outlives it.
 class StateLabelSource final : public LabelSource {
 public:
-    /// With `preferences`, the label is hidden while they say so, and each of their changes is told.
-    /// With `coins`, it is the label of those, for the item; without them, of the pinned coin.
+    /// With `preferences`, the label is hidden while they say so, and each of their changes is
+    /// told. With `coins`, it is the label of those, for the item; without them, of the pinned
+    /// coin.
     StateLabelSource(const AppState& state,
                      const Observed<bool>& isStarted,
                      const Observed<Preferences>* preferences = nullptr,

@@ -36,8 +36,8 @@ public:
     /// The ids have changed. If the current row, which stood at that index, is gone, its neighbour
     /// becomes the current one.
     void followIds(std::optional<std::size_t> wasAt);
-    /// Gives the focus to the row of that id, scrolled to where it can be seen. Nothing for a row that
-    /// is not in the list.
+    /// Gives the focus to the row of that id, scrolled to where it can be seen. Nothing for a row
+    /// that is not in the list.
     void focusOn(const std::string& id, Qt::FocusReason reason);
     /// Gives the focus to the current row, which may have another widget; where no row is left, to
     /// what follows the list.
@@ -49,7 +49,8 @@ public:
     void enter(Qt::FocusReason reason);
     /// Does what Tab does, or Shift+Tab. Returns whether there is anything to go to.
     bool goOn(bool next);
-    /// Does what a key does that no widget in the list has accepted. Returns whether it does anything.
+    /// Does what a key does that no widget in the list has accepted. Returns whether it does
+    /// anything.
     bool press(const QKeyEvent& event);
 
 private:

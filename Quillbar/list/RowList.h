@@ -77,8 +77,8 @@ public:
     /// Does nothing for a row that is not in the list.
     void scrollToSee(const std::string& id);
 
-    /// Gives the focus to the row of that id, scrolled to where it can be seen. Nothing for a row that
-    /// is not in the list.
+    /// Gives the focus to the row of that id, scrolled to where it can be seen. Nothing for a row
+    /// that is not in the list.
     void focusOn(const std::string& id, Qt::FocusReason reason) { m_focus.focusOn(id, reason); }
     /// The row that has the focus, or gets it next; absent before it first had any.
     [[nodiscard]] const std::optional<std::string>& current() const noexcept {

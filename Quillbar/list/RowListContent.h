@@ -37,7 +37,8 @@ struct RowListContent final {
     RowDetails::Factory makeDetail = nullptr;
     /// The user chose a row by the keyboard.
     std::function<void(const std::string& id)> activate;
-    /// The user asked for a row's menu, to open at that place on the screen. Empty for rows without.
+    /// The user asked for a row's menu, to open at that place on the screen. Empty for rows
+    /// without.
     std::function<void(const std::string& id, const QPoint& position)> openMenu = nullptr;
     /// The user pressed Enter with Alt, for what belongs to a row besides its details. Empty for
     /// rows without.

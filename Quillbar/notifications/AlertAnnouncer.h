@@ -22,8 +22,8 @@
 namespace quillbar {
 
 /// Shows what fired as notices of the desktop, and tells the keeper when they are shown. What no
-/// server takes is in `unshown` until one comes or the user has seen it elsewhere. An alert that fires
-/// again replaces its notice. Main thread.
+/// server takes is in `unshown` until one comes or the user has seen it elsewhere. An alert that
+/// fires again replaces its notice. Main thread.
 class AlertAnnouncer final {
 public:
     /// The keeper and the preferences, which say whether notices have a sound, outlive it. What
@@ -37,8 +37,8 @@ public:
         return m_unshown;
     }
 
-    /// The user has chosen the notice of that pair. `token` lets a window take the focus, and may be
-    /// empty.
+    /// The user has chosen the notice of that pair. `token` lets a window take the focus, and may
+    /// be empty.
     std::function<void(const std::string& symbol, const QString& token)> onChosen;
 
 private:

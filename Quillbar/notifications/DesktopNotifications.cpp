@@ -23,7 +23,7 @@ const QString kDefaultAction = QStringLiteral("default");
 constexpr int kServersOwnTime = -1;
 constexpr uchar kNormalUrgency = 1;
 
-// Of the names that the themes of sounds share: a message has come.
+// Every sound theme has a sound of this name, for a message that has come.
 const QString kSound = QStringLiteral("message-new-instant");
 
 QVariantMap hintsOf(const DesktopNotifications::Notice& notice) {
@@ -122,7 +122,8 @@ void DesktopNotifications::send(const Notice& notice,
 }
 
 void DesktopNotifications::learnServer(std::function<void()> done) {
-    // Anew for each notice, as another server may have come. Qt 6.8 leaves the sender out of replies.
+    // Anew for each notice, as another server may have come. Qt 6.8 leaves the sender out of
+    // replies.
     QDBusMessage call = QDBusMessage::createMethodCall(QStringLiteral("org.freedesktop.DBus"),
                                                        QStringLiteral("/org/freedesktop/DBus"),
                                                        QStringLiteral("org.freedesktop.DBus"),

@@ -15,8 +15,8 @@
 namespace quillbar {
 
 /// The desktop's notices, through org.freedesktop.Notifications on the session bus. Never blocks.
-/// What the server can do is asked before the first notice. Main thread; after the destructor nothing
-/// is called. Notices that are shown stay.
+/// What the server can do is asked before the first notice. Main thread; after the destructor
+/// nothing is called. Notices that are shown stay.
 class DesktopNotifications final : public QObject {
     Q_OBJECT
 
@@ -38,8 +38,8 @@ public:
     /// Without a connected bus every notice fails.
     explicit DesktopNotifications(QDBusConnection bus);
 
-    /// Shows a notice. `onOutcome` is called once, from the event loop: with the notice's number, or
-    /// with nothing when no server took it.
+    /// Shows a notice. `onOutcome` is called once, from the event loop: with the notice's number,
+    /// or with nothing when no server took it.
     void show(const Notice& notice, std::function<void(std::optional<uint> number)> onOutcome);
 
     /// The user has chosen a notice that was shown by this object. `token` lets a window take the

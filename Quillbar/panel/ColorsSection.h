@@ -13,8 +13,8 @@ namespace quillbar {
 class ChoiceList;
 class PreferencesState;
 
-/// The section in which the user chooses the colours of rising and falling prices. Each choice has a
-/// sample of its colours.
+/// The section in which the user chooses the colours of rising and falling prices. Each choice has
+/// a sample of its colours.
 class ColorsSection final : public PreferencesSection {
 public:
     /// The preferences outlive the section. `scheme` returns the panel's present scheme, for which

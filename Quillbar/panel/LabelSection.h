@@ -19,8 +19,8 @@ class SearchField;
 class ThemedLabel;
 
 /// The section in which the user chooses what the item in the status area says, with a preview of
-/// it. For a wording of the user's own there is a field for its template. A template holds as soon as
-/// it can be read; while it cannot, a line says why, and the last one that could stays in force.
+/// it. For a wording of the user's own there is a field for its template. A template holds as soon
+/// as it can be read; while it cannot, a line says why, and the last one that could stays in force.
 class LabelSection final : public PreferencesSection {
 public:
     /// The greatest number of characters of a template.

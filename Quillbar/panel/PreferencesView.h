@@ -18,9 +18,9 @@ class PreferencesState;
 class ScrollColumn;
 class ThemedLabel;
 
-/// The page of the panel on which the user sets the preferences: a column of sections, which scrolls
-/// where it has too little room. Each choice holds at once; nothing needs to be confirmed. Under the
-/// column, which does not scroll it away, stands what could not be saved.
+/// The page of the panel on which the user sets the preferences: a column of sections, which
+/// scrolls where it has too little room. Each choice holds at once; nothing needs to be confirmed.
+/// Under the column, which does not scroll it away, stands what could not be saved.
 class PreferencesView final : public QWidget {
 public:
     /// The greatest height that the page asks for, in points: that of the list of coins.

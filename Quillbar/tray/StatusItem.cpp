@@ -16,7 +16,7 @@ namespace quillbar {
 namespace {
 
 const QString kThemeIcon = QStringLiteral("io.github.quillbar.Quillbar");
-// In the place of the other, where the host draws no picture of ours and so no mark in it.
+// Shown while there is a mark, on hosts that draw icons of the theme and no pictures of ours.
 const QString kThemeAlertIcon = QStringLiteral("dialog-information");
 // Hosts draw a broken picture for a name that they do not find. This one is in the themes of GNOME,
 // MATE and Plasma; the monitors and charts of other names are not in all of them.

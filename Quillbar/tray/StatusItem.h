@@ -55,7 +55,8 @@ public:
     static constexpr int kLastOwnId = 9;
 
     /// Called for what the user does, and for what happens to the item. All but `onMenuShown`,
-    /// `onScroll` and `onOffered` are set. A handler must not destroy the item; it may post that to the executor.
+    /// `onScroll` and `onOffered` are set. A handler must not destroy the item; it may post that to
+    /// the executor.
     struct Handlers final {
         /// The user wants the panel, beside this position on the screen; absent when the place of
         /// the item is unknown.
@@ -66,8 +67,8 @@ public:
         /// The user chose an entry of the menu: `kQuit` or one of those given, never `kOpenPanel`.
         /// The anchor is that of `onActivate`.
         std::function<void(int id, std::optional<QPoint> anchor)> onMenu;
-        /// The wheel was turned over the item: 1 for towards the user, otherwise -1. Called once or many
-        /// times for one turn.
+        /// The wheel was turned over the item: 1 for towards the user, otherwise -1. Called once or
+        /// many times for one turn.
         std::function<void(int places)> onScroll = nullptr;
         /// Called before an activation. With this token the next window that is shown may take the
         /// focus.

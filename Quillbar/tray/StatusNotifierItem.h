@@ -56,8 +56,8 @@ public:
         std::function<void(std::optional<QPoint> reported)> secondaryActivate;
         /// A host that draws no menus wants the item to show its menu.
         std::function<void(QPoint reported)> contextMenu;
-        /// The wheel over the item: 1 for towards the user, otherwise -1. Hosts differ in the units, so
-        /// one turn of a wheel may call it once or many times; some have the other sign.
+        /// The wheel over the item: 1 for towards the user, otherwise -1. Hosts differ in the
+        /// units, so one turn of a wheel may call it once or many times; some have the other sign.
         std::function<void(int places)> scroll;
         /// The compositor's permission to take the focus, before an activation.
         std::function<void(const QString& token)> activationToken;

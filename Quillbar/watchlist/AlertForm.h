@@ -26,10 +26,10 @@ class SearchField;
 class TextButton;
 class ThemedLabel;
 
-/// The price alerts of a coin, for a popover: a field for the price or the change, which begins with
-/// the present price; how often it fires; a note; and the alerts that the coin has, each with a button
-/// that removes it. A line below the field says what would be added, or why nothing would. Enter adds
-/// the alert and closes the popover.
+/// The price alerts of a coin, for a popover: a field for the price or the change, which begins
+/// with the present price; how often it fires; a note; and the alerts that the coin has, each with
+/// a button that removes it. A line below the field says what would be added, or why nothing would.
+/// Enter adds the alert and closes the popover.
 class AlertForm final : public QWidget {
 public:
     static constexpr int kWidth = 280;

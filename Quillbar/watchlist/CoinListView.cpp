@@ -148,9 +148,9 @@ void CoinListView::move(const std::string& symbol, std::size_t before) {
 }
 
 void CoinListView::refuseDrag(const std::string& symbol, const QPoint& position) {
-    // After Qt has told the rows that the pointer has left or entered them with the release: each of
-    // these events hides what is shown before it. Without a rectangle it stays while the pointer is
-    // dragged over other rows.
+    // After Qt has told the rows that the pointer has left or entered them with the release: each
+    // of these events hides what is shown before it. Without a rectangle it stays while the pointer
+    // is dragged over other rows.
     QMetaObject::invokeMethod(
         this,
         [this, symbol, position] {

@@ -8,9 +8,9 @@
 
 namespace quillbar {
 
-/// The soft shadow of a lifted window on a window below it. It is a part of that window, so it needs
-/// no transparent margin around the lifted one, whose place and clicks stay as they are. Beyond the
-/// edge of the window below there is no shadow, as that window casts none either.
+/// The soft shadow of a lifted window on a window below it. It is a part of that window, so it
+/// needs no transparent margin around the lifted one, whose place and clicks stay as they are.
+/// Beyond the edge of the window below there is no shadow, as that window casts none either.
 ///
 /// It is there while the lifted window is shown, follows it and the window below, and takes neither
 /// clicks nor the focus. Used on the main thread alone.

@@ -24,8 +24,8 @@ inline constexpr double kRadius = 8;
 [[nodiscard]] QColor under(const QWidget& view);
 
 /// Makes a window without a frame such a surface, before it is first shown. It has a parent, whose
-/// window says whether windows are blended, and gets the shadow then; where they are not, the corners
-/// are cut at every size. Again changes nothing.
+/// window says whether windows are blended, and gets the shadow then; where they are not, the
+/// corners are cut at every size. Again changes nothing.
 void lift(QWidget& window);
 
 /// Fills the window, with its hairline.

@@ -16,9 +16,10 @@ inline constexpr int kGap = 4;
 /// must be. Their right edges are in line if that is possible.
 [[nodiscard]] QRect rectangle(QRect anchor, QSize wanted, QRect workArea);
 
-/// The least width from `width` up, in points, that is a whole number of pixels at that scale; `width`
-/// itself for a scale at which no width of the next few is one. Qt rounds places to whole pixels, so
-/// two windows have their right edges on one pixel, wherever they are, only if their widths are whole.
+/// The least width from `width` up, in points, that is a whole number of pixels at that scale;
+/// `width` itself for a scale at which no width of the next few is one. Qt rounds places to whole
+/// pixels, so two windows have their right edges on one pixel, wherever they are, only if their
+/// widths are whole.
 [[nodiscard]] int wholeInPixels(int width, double scale);
 
 }  // namespace quillbar::PopoverPlacement

@@ -12,8 +12,9 @@ class QVBoxLayout;
 namespace quillbar {
 
 /// Widgets one below the other, which scroll where they have less room than they need. As in the
-/// lists no bar is shown; a fade at an edge says that there is more. What gets the focus is scrolled
-/// into view. Page Up and Down, Home and End scroll, unless the widget with the focus uses the key.
+/// lists no bar is shown; a fade at an edge says that there is more. What gets the focus is
+/// scrolled into view. Page Up and Down, Home and End scroll, unless the widget with the focus uses
+/// the key.
 ///
 /// Used on the main thread alone.
 class ScrollColumn final : public QScrollArea {

@@ -8,8 +8,9 @@ class QWidget;
 
 namespace quillbar {
 
-/// Says that a list goes on beyond an edge: what is near that edge fades into the surface. The pointer
-/// and the keyboard pass through it, and it is painted only together with the rows below it.
+/// Says that a list goes on beyond an edge: what is near that edge fades into the surface. The
+/// pointer and the keyboard pass through it, and it is painted only together with the rows below
+/// it.
 ///
 /// Used on the main thread alone.
 class ScrollFade final {
@@ -25,8 +26,8 @@ public:
         bool upwards;
         bool downwards;
     };
-    /// Shows the fade at these edges, in front of all that the list has in it. Call it when the list
-    /// has been scrolled, has another size, or has got another widget.
+    /// Shows the fade at these edges, in front of all that the list has in it. Call it when the
+    /// list has been scrolled, has another size, or has got another widget.
     void follow(Further further);
 
 private:

@@ -46,13 +46,13 @@ struct Alert final {
     AlertKind kind = AlertKind::priceAtLeast;
     /// In the quote asset, or in percent.
     double threshold = 0;
-    /// How far the value must go back behind the line before the alert can fire again, in the unit of
-    /// the threshold. Absent for an alert that fires once.
+    /// How far the value must go back behind the line before the alert can fire again, in the unit
+    /// of the threshold. Absent for an alert that fires once.
     std::optional<double> margin = std::nullopt;
     /// The user's own words; may be empty.
     std::string note = {};
-    /// Whether a known value stood on the near side of the line since the alert fired last. Only then
-    /// does it fire.
+    /// Whether a known value stood on the near side of the line since the alert fired last. Only
+    /// then does it fire.
     bool isArmed = false;
     /// Whether the user has it switched on. While it is off, no price fires it or arms it.
     bool isOn = true;
@@ -61,8 +61,9 @@ struct Alert final {
     [[nodiscard]] bool isReachedBy(double value) const;
     /// The value at which an alert that is not armed becomes armed, or which it must pass.
     [[nodiscard]] double rearmLevel() const;
-    /// Whether every number is finite, a price is above 0, and the margin leads to a level on the near
-    /// side of the line that a value can have. An alert that is not sound could fire without end.
+    /// Whether every number is finite, a price is above 0, and the margin leads to a level on the
+    /// near side of the line that a value can have. An alert that is not sound could fire without
+    /// end.
     [[nodiscard]] bool isSound() const;
 
     [[nodiscard]] bool operator==(const Alert&) const = default;
