@@ -14,6 +14,7 @@ namespace quillbar {
 namespace {
 
 const QString kWatcherService = QStringLiteral("org.kde.StatusNotifierWatcher");
+const QString kProcessQuestion = QStringLiteral("GetConnectionUnixProcessID");
 const QString kWatcherPath = QStringLiteral("/StatusNotifierWatcher");
 
 // A busy host that does not answer in time has got the registration nevertheless.
@@ -49,18 +50,40 @@ void TraySearch::start() {
             [this](const QString& /*service*/, const QString& /*before*/, const QString& owner) {
                 watcherIs(owner);
             });
-        ask(questionToBus(QStringLiteral("GetNameOwner"), kWatcherService),
-            [this](const QDBusMessage& reply) {
-                if (reply.type() == QDBusMessage::ReplyMessage) {
-                    watcherIs(reply.arguments().value(0).toString());
-                } else {
-                    reportOffered();
-                }
-            });
+        lookForHost();
     } else {
         reportOffered();
     }
     waitForWatcher();
+}
+
+// The host's name and its process are asked for at once, so that a start waits for one answer less.
+// Should another host come between the two answers, the bus tells of it, and it is met in its turn.
+void TraySearch::lookForHost() {
+    ask(questionToBus(QStringLiteral("GetNameOwner"), kWatcherService),
+        [this](const QDBusMessage& reply) {
+            const QString owner = reply.type() == QDBusMessage::ReplyMessage
+                                      ? reply.arguments().value(0).toString()
+                                      : QString();
+            if (owner.isEmpty()) {
+                reportOffered();
+            } else if (owner != m_watcher) {
+                setWatcher(owner);
+                m_firstHost = owner;
+                meetFirst();
+            }
+        });
+    ask(questionToBus(kProcessQuestion, kWatcherService), [this](const QDBusMessage& reply) {
+        m_firstProcess = reply;
+        meetFirst();
+    });
+}
+
+// Qt may hand over the two answers in either order.
+void TraySearch::meetFirst() {
+    if (!m_firstHost.isEmpty() && m_firstProcess) {
+        meet(std::exchange(m_firstHost, QString()), *m_firstProcess);
+    }
 }
 
 void TraySearch::ask(const QDBusMessage& question, Reply reply) {
@@ -75,29 +98,32 @@ void TraySearch::watcherIs(const QString& owner) {
     if (owner == m_watcher) {
         return;
     }
+    m_firstHost.clear();
     if (owner.isEmpty()) {
         loseWatcher();
         return;
     }
+    setWatcher(owner);
+    ask(questionToBus(kProcessQuestion, owner),
+        [this, owner](const QDBusMessage& reply) { meet(owner, reply); });
+}
+
+void TraySearch::setWatcher(const QString& owner) {
     m_watcher = owner;
     m_isRefused = false;
     m_registering.cancel();
     m_waiting.cancel();
-    introduceTo(owner);
 }
 
 // Makes the item ready before the host is told of it.
-void TraySearch::introduceTo(const QString& owner) {
-    ask(questionToBus(QStringLiteral("GetConnectionUnixProcessID"), owner),
-        [this, owner](const QDBusMessage& reply) {
-            if (owner != m_watcher) {
-                return;
-            }
-            m_handlers.hostFound(reply.type() == QDBusMessage::ReplyMessage ? TrayHost::ofProcess(
-                                     m_environment.processName(reply.arguments().value(0).toUInt()))
-                                                                            : TrayHost{});
-            registerWith(owner);
-        });
+void TraySearch::meet(const QString& owner, const QDBusMessage& process) {
+    if (owner != m_watcher) {
+        return;
+    }
+    m_handlers.hostFound(process.type() == QDBusMessage::ReplyMessage ? TrayHost::ofProcess(
+                             m_environment.processName(process.arguments().value(0).toUInt()))
+                                                                      : TrayHost{});
+    registerWith(owner);
 }
 
 void TraySearch::registerWith(const QString& owner) {

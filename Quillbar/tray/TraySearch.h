@@ -14,6 +14,7 @@
 #include <QString>
 
 #include <functional>
+#include <optional>
 
 namespace quillbar {
 
@@ -64,8 +65,11 @@ private:
     using Reply = std::function<void(const QDBusMessage&)>;
 
     void ask(const QDBusMessage& question, Reply reply);
+    void lookForHost();
+    void meetFirst();
     void watcherIs(const QString& owner);
-    void introduceTo(const QString& owner);
+    void setWatcher(const QString& owner);
+    void meet(const QString& owner, const QDBusMessage& process);
     void registerWith(const QString& owner);
     void registrationFailed(const QString& owner, const QString& why);
     Task<void> registerLater(QString owner);
@@ -84,6 +88,10 @@ private:
     Logger m_logger{"StatusItem"};
     /// The unique name of the watcher; empty without one.
     QString m_watcher;
+    /// The watcher that was there at the start, until the bus tells of another owner.
+    QString m_firstHost;
+    /// The bus's answer about its process.
+    std::optional<QDBusMessage> m_firstProcess;
     bool m_isRefused = false;
     bool m_hadTray = false;
     bool m_toldNoTray = false;
