@@ -87,8 +87,7 @@ PanelWindow::PanelWindow(QWidget* content,
 }
 
 PanelWindow::~PanelWindow() {
-    // The focus changes while the native window is destroyed, when this object is half destroyed
-    // already.
+    // The focus changes while the native window goes, when half of this object has gone already.
     disconnect(qGuiApp, nullptr, this, nullptr);
 }
 
@@ -381,7 +380,10 @@ void PanelWindow::waitForFocus() {
 }
 
 void PanelWindow::handleFocusLoss() {
-    if (m_elsewhere == Elsewhere::closes && isVisible() && !OwnWindows::haveFocus()) {
+    if (m_isStandalone && OwnWindows::cover(QCursor::pos()) && X11Session::isButtonHeld()) {
+        // Some window managers have the keyboard while they move a window.
+        waitForFocus();
+    } else if (m_elsewhere == Elsewhere::closes && isVisible() && !OwnWindows::haveFocus()) {
         closeBy(ToggleGuard::HiddenBy::pointer);
     }
 }

@@ -10,6 +10,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cstdint>
 #include <cstdlib>
 #include <cstring>
 #include <initializer_list>
@@ -167,6 +168,18 @@ bool isComposited() {
     const std::unique_ptr<xcb_get_selection_owner_reply_t, Free> reply(
         xcb_get_selection_owner_reply(server, cookie, nullptr));
     return reply && reply->owner != XCB_WINDOW_NONE;
+}
+
+bool isButtonHeld() {
+    xcb_connection_t* const server = connection();
+    if (server == nullptr) {
+        return false;
+    }
+    constexpr std::uint16_t kButtons = XCB_BUTTON_MASK_1 | XCB_BUTTON_MASK_2 | XCB_BUTTON_MASK_3;
+    const auto cookie = xcb_query_pointer(server, rootWindow(server));
+    const std::unique_ptr<xcb_query_pointer_reply_t, Free> reply(
+        xcb_query_pointer_reply(server, cookie, nullptr));
+    return reply && (reply->mask & kButtons) != 0;
 }
 
 std::optional<QRect> dockAt(QPoint position) {

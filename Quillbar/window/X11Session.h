@@ -25,6 +25,10 @@ namespace quillbar::X11Session {
 /// Whether a compositor blends windows, so that translucent pixels show what is below them.
 [[nodiscard]] bool isComposited();
 
+/// Whether a button of the pointer is held down, even where a window manager has the pointer, as
+/// while it moves a window. False without an answer, and where the windows are not of X11.
+[[nodiscard]] bool isButtonHeld();
+
 /// The bar or dock whose window is seen at the position, both in the server's pixels; none where
 /// there is another window, or no answer.
 [[nodiscard]] std::optional<QRect> dockAt(QPoint position);

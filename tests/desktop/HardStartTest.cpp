@@ -36,6 +36,33 @@ TEST_F(HardStartTest, thePanelComesThoughTheSessionBusIsFrozen) {
     EXPECT_EQ(terminateApplication(), 0);
 }
 
+TEST_F(HardStartTest, withoutATrayTheHeaderDragsThePanel) {
+    desktop().killBar();
+    startInShell(kShow, QStringLiteral("TZ"), QStringLiteral("UTC"));
+    ASSERT_TRUE(eventually([this] { return isPanelOpen(); }));
+    const QPoint step(-6, 8);
+    bool hasFollowed = false;
+    // At first the program still looks for a tray, and the header does nothing.
+    EXPECT_TRUE(eventually([&] {
+        const QPoint place = panelGeometry().topLeft();
+        const QPoint header = place + QPoint(120, 20);
+        screen().movePointer(header);
+        screen().press();
+        // Longer than it waits for the focus.
+        pause();
+        for (int steps = 1; steps <= 10; ++steps) {
+            screen().movePointer(header + step * steps);
+        }
+        screen().release();
+        pause();
+        hasFollowed = isPanelOpen() && panelGeometry().topLeft() == place + step * 10;
+        return hasFollowed || !isPanelOpen();
+    }));
+    EXPECT_TRUE(hasFollowed);
+    EXPECT_EQ(terminateApplication(), 0);
+    desktop().startBar();
+}
+
 TEST_F(HardStartTest, aSessionBusThatIsSlowOnceIsAskedAgain) {
     const TemporaryFolder folder;
     const auto path = folder.path() / "bus";
