@@ -93,6 +93,8 @@ PanelView::PanelView(const ViewEnvironment& environment,
     m_pinHint = new CenteredText(pinHint(), kHintPadding, m_main);
     stack->addWidget(m_pinHint);
     stack->addWidget(m_undo);
+    // While the window is still higher than its content, the content keeps its place.
+    stack->addStretch();
     m_undo->moveToEndOfTabOrder();
     restoreTab();
 

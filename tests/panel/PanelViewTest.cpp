@@ -3,6 +3,7 @@
 #include "Quillbar/boards/MarketBoardView.h"
 #include "Quillbar/panel/ConnectionBanner.h"
 #include "Quillbar/panel/ErrorLine.h"
+#include "Quillbar/panel/UnderlineTabs.h"
 #include "Quillbar/watchlist/AddCoinView.h"
 #include "Quillbar/watchlist/CoinListView.h"
 #include "tests/panel/PanelFixture.h"
@@ -14,6 +15,7 @@
 #include <gmock/gmock.h>
 
 #include <algorithm>
+#include <vector>
 
 namespace quillbar {
 
@@ -52,6 +54,24 @@ TEST_F(PanelViewTest, isFourHundredPointsWideAndAsHighAsItsContent) {
     run(state->add(coinOf("SOL")));
     spinUntilIdle();
     EXPECT_EQ(panel->sizeHint().height(), two + 28);
+}
+
+TEST_F(PanelViewTest, itsContentStaysInItsPlaceWhileTheWindowIsHigher) {
+    startConnected(listOf({"BTC", "ETH"}));
+    show();
+    panel->resize(panel->sizeHint());
+    spinUntilIdle();
+    const auto places = [this] {
+        const auto placeIn = [this](const QWidget& widget) {
+            return QRect(widget.mapTo(panel.get(), QPoint()), widget.size());
+        };
+        return std::vector<QRect>{placeIn(*widgetsOf<UnderlineTabs>(*panel).front()),
+                                  placeIn(*widgetsOf<CoinListView>(*panel).front())};
+    };
+    const std::vector<QRect> before = places();
+    panel->resize(panel->width(), panel->height() + 100);
+    spinUntilIdle();
+    EXPECT_EQ(places(), before);
 }
 
 TEST_F(PanelViewTest, aFirstStartOpensTheWatchlistInTheDark) {
