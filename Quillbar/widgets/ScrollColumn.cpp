@@ -15,9 +15,24 @@
 
 namespace quillbar {
 
+namespace {
+
+/// Its height is what it needs at its width. The least height of lines that wrap is that of a
+/// narrower widget, and a scroll area never makes its widget lower than that.
+class Content final : public QWidget {
+public:
+    using QWidget::QWidget;
+
+    [[nodiscard]] QSize minimumSizeHint() const override {
+        return layout()->hasHeightForWidth() ? QSize(0, 0) : QWidget::minimumSizeHint();
+    }
+};
+
+}  // namespace
+
 ScrollColumn::ScrollColumn(int spacing, QWidget* parent)
     : QScrollArea(parent)
-    , m_content(new QWidget(this))
+    , m_content(new Content(this))
     , m_stack(new QVBoxLayout(m_content))
     , m_fade(*viewport()) {
     m_stack->setContentsMargins(0, 0, 0, 0);

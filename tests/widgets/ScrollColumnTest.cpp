@@ -35,6 +35,20 @@ protected:
     void drawContent(QPainter& /*painter*/) override {}
 };
 
+/// Two lines where it is narrow, which it is not in the column.
+class Wrapping final : public QWidget {
+public:
+    explicit Wrapping(QWidget* parent)
+        : QWidget(parent) {
+        QSizePolicy policy(QSizePolicy::Preferred, QSizePolicy::Preferred);
+        policy.setHeightForWidth(true);
+        setSizePolicy(policy);
+    }
+    [[nodiscard]] int heightForWidth(int width) const override { return width < kWidth ? 80 : 40; }
+    [[nodiscard]] QSize sizeHint() const override { return minimumSizeHint(); }
+    [[nodiscard]] QSize minimumSizeHint() const override { return {0, heightForWidth(0)}; }
+};
+
 /// A column of eight buttons, of which not all have room, below a field in a window.
 struct ScrollColumnTest : ::testing::Test {
     ScrollColumnTest() {
@@ -94,6 +108,17 @@ TEST_F(ScrollColumnTest, stacksItsWidgetsOverItsWholeWidth) {
         const QWidget& button = *buttons[static_cast<std::size_t>(each)];
         EXPECT_EQ(topOf(button), each * (kButton + kSpacing));
         EXPECT_EQ(button.width(), kWidth);
+    }
+}
+
+TEST_F(ScrollColumnTest, givesLinesThatWrapTheHeightThatTheyNeedAtItsWidth) {
+    column->add(new Wrapping(column));
+    spinUntilIdle();
+    EXPECT_EQ(column->widget()->height(), column->heightFor(kWidth));
+    int top = 0;
+    for (const QWidget* const button : buttons) {
+        EXPECT_EQ(topOf(*button), top);
+        top += kButton + kSpacing;
     }
 }
 
