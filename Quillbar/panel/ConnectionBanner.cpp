@@ -73,7 +73,8 @@ QString ConnectionBanner::advice(const std::optional<ConnectionFailure>& failure
                    "。请检查网络。\n"
                    "需要代理时，在桌面的网络设置里填写；\n"
                    "或设置 https_proxy、all_proxy，按 Ctrl+Q 退出后重新启动。\n"
-                   "也可以改用自己的镜像：QUILLBAR_REST_ENDPOINTS、QUILLBAR_STREAM_ENDPOINTS");
+                   "也可以改用自己的镜像：\n"
+                   "QUILLBAR_REST_ENDPOINTS、QUILLBAR_STREAM_ENDPOINTS");
     default:
         return reason;
     }

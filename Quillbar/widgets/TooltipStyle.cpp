@@ -28,14 +28,20 @@ bool isTooltip(const QWidget* widget) {
     return widget != nullptr && widget->parentWidget() != nullptr && widget->inherits("QTipLabel");
 }
 
-/// Moves a tooltip that reaches beyond the right edge of its window back to that edge.
+/// Moves a tooltip that reaches beyond an edge of its window back to that edge. Near the screen's
+/// right edge, Qt puts a tooltip to the left of the pointer.
 void keepInWindow(QWidget& tooltip) {
     const QWidget& window = *tooltip.parentWidget()->window();
     const int left = window.mapToGlobal(QPoint(0, 0)).x();
     const int rightmost = std::max(left, left + window.width() - tooltip.width());
-    QRect place = tooltip.geometry();
+    const QRect now = tooltip.geometry();
+    QRect place = now;
     if (place.left() > rightmost) {
         place.moveLeft(rightmost);
+    } else if (place.left() < left && place.width() <= window.width()) {
+        place.moveLeft(left);
+    }
+    if (place != now) {
         tooltip.setGeometry(place);
     }
 }

@@ -52,7 +52,7 @@ TEST(ConnectionBannerAdviceTest, saysWhatToDoWhereTheNetworkStandsInTheWay) {
               QStringLiteral("连接超时。请检查网络。\n"
                              "需要代理时，在桌面的网络设置里填写；\n"
                              "或设置 https_proxy、all_proxy，按 Ctrl+Q 退出后重新启动。\n"
-                             "也可以改用自己的镜像："
+                             "也可以改用自己的镜像：\n"
                              "QUILLBAR_REST_ENDPOINTS、QUILLBAR_STREAM_ENDPOINTS"));
     for (const auto kind : {ConnectionFailure::Kind::hostNotFound,
                             ConnectionFailure::Kind::cannotConnect,

@@ -261,6 +261,8 @@ TEST_P(LiftedSurfaceTest, aTooltipEndsAtTheRightEdgeOfThePanelAtTheLatest) {
     tooltip = showTooltip({100, 100});
     ASSERT_NE(tooltip, nullptr);
     EXPECT_LT(tooltip->geometry().right(), panel.geometry().left() + 100 + width + 10);
+    tooltip->move(panel.geometry().left() - 30, tooltip->y());
+    EXPECT_EQ(tooltip->geometry().left(), panel.geometry().left());
     tooltip->hide();
     panel.resize(width - 10, panel.height());
     tooltip = showTooltip({50, 100});
