@@ -34,7 +34,7 @@ constexpr int kButtonMargin = 6;
 
 QString textOf(const FiredAlert& fired) {
     const QDateTime time = QDateTime::fromSecsSinceEpoch(fired.time).toLocalTime();
-    const QLocale locale;
+    const QLocale locale(QLocale::Chinese, QLocale::China);
     return LocalTimeText::dayAndMonth(time.date(), locale) + u' '
            + LocalTimeText::hoursAndMinutes(time.time(), locale) + QStringLiteral("  ")
            + AlertText::title(fired) + u'\n' + AlertText::details(fired);

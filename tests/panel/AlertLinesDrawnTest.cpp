@@ -42,10 +42,11 @@ struct AlertLinesDrawnTest : PanelFixture {
 };
 
 TEST_F(AlertLinesDrawnTest, aLineBeginsWithItsDayAndMinute) {
+    const QLocale chinese(QLocale::Chinese, QLocale::China);
     showTwo();
     const QDateTime noon = QDateTime::fromSecsSinceEpoch(1794657600).toLocalTime();
-    const QString begin = LocalTimeText::dayAndMonth(noon.date(), QLocale()) + u' '
-                          + LocalTimeText::hoursAndMinutes(noon.time(), QLocale());
+    const QString begin = LocalTimeText::dayAndMonth(noon.date(), chinese) + u' '
+                          + LocalTimeText::hoursAndMinutes(noon.time(), chinese);
     EXPECT_EQ(text(0).text().toStdString(),
               begin.toStdString() + "  BTC 价格 ≥ 110.00\n当时 111.00，24 小时 +11.00%");
     EXPECT_EQ(line(0).accessibleName(), text(0).text());

@@ -5,6 +5,7 @@
 #include "tests/panel/PanelFixture.h"
 
 #include <QAccessible>
+#include <QLocale>
 
 #include <gmock/gmock.h>
 
@@ -62,6 +63,17 @@ TEST_F(AlertLinesTest, listsWhatFiredWithTimeValueAndNote) {
                 ::testing::ElementsAre(
                     ::testing::EndsWith("BTC 价格 ≥ 110.00\n当时 111.00，24 小时 +11.00%\n卖"),
                     ::testing::EndsWith("ETH 价格 ≥ 110.00\n当时 112.00，24 小时 +12.00%")));
+}
+
+TEST_F(AlertLinesTest, writesTimesAsChineseDoWhereverTheDesktopIs) {
+    const QLocale before;
+    QLocale::setDefault(QLocale(QLocale::English, QLocale::UnitedStates));
+    showTwo();
+    fireBoth();
+    const std::vector<std::string> lines = told();
+    QLocale::setDefault(before);
+    ASSERT_EQ(lines.size(), 2U);
+    EXPECT_THAT(lines, ::testing::Each(::testing::Not(::testing::ContainsRegex("[AP]M"))));
 }
 
 TEST_F(AlertLinesTest, theButtonSaysThatItWasSeen) {
