@@ -30,13 +30,13 @@ QString of(TimePoint update, TimePoint now) {
     const auto ago = [age](Seconds unit) { return static_cast<qint64>(age / unit); };
     const QString time = localTime(update, QStringLiteral("HH:mm:ss"));
     if (age < kHour) {
-        return QStringLiteral("%1 分钟前更新 (%2)").arg(ago(kMinute)).arg(time);
+        return QStringLiteral("%1 分钟前更新（%2）").arg(ago(kMinute)).arg(time);
     }
     if (age < kDay) {
-        return QStringLiteral("%1 小时前更新 (%2)").arg(ago(kHour)).arg(time);
+        return QStringLiteral("%1 小时前更新（%2）").arg(ago(kHour)).arg(time);
     }
     const QString date = localTime(update, QStringLiteral("yyyy-MM-dd"));
-    return QStringLiteral("%1 天前更新 (%2 %3)").arg(ago(kDay)).arg(date, time);
+    return QStringLiteral("%1 天前更新（%2 %3）").arg(ago(kDay)).arg(date, time);
 }
 
 }  // namespace quillbar::AgeText

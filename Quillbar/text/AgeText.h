@@ -13,7 +13,7 @@ namespace quillbar::AgeText {
 inline constexpr Seconds kLive{60};
 
 /// How long before `now` an update came, and when: "刚刚更新" while it is live, and for one that is
-/// yet to come; then "12 分钟前更新 (20:00:00)", counted in minutes, hours or days, with the date
+/// yet to come; then "12 分钟前更新（20:00:00）", counted in minutes, hours or days, with the date
 /// from a day on. Pure, but for the time zone of the time of day.
 [[nodiscard]] QString of(TimePoint update, TimePoint now);
 

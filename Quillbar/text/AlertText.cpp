@@ -63,8 +63,10 @@ QString state(const Alert& alert) {
 }
 
 QString title(const FiredAlert& fired) {
+    const QString meanwhile =
+        watchesPrice(fired.alert.kind) ? QStringLiteral(" 期间") : QStringLiteral(" 期间 ");
     return OneLineText::of(fired.alert.baseAsset)
-           + (fired.isMeanwhile ? QStringLiteral(" 期间") : QStringLiteral(" "))
+           + (fired.isMeanwhile ? meanwhile : QStringLiteral(" "))
            + condition(fired.alert.kind, fired.alert.threshold);
 }
 

@@ -30,10 +30,10 @@ TEST(AgeTextTest, isLiveForAMinuteAndWhenTheClockWasSetBack) {
 }
 
 TEST(AgeTextTest, countsInTheLargestUnitThatHasPassed) {
-    EXPECT_EQ(after(60s), "1 分钟前更新 (20:00:00)");
-    EXPECT_EQ(after(3599s), "59 分钟前更新 (20:00:00)");
-    EXPECT_EQ(after(1h), "1 小时前更新 (20:00:00)");
-    EXPECT_EQ(after(24h), "1 天前更新 (2026-11-14 20:00:00)");
+    EXPECT_EQ(after(60s), "1 分钟前更新（20:00:00）");
+    EXPECT_EQ(after(3599s), "59 分钟前更新（20:00:00）");
+    EXPECT_EQ(after(1h), "1 小时前更新（20:00:00）");
+    EXPECT_EQ(after(24h), "1 天前更新（2026-11-14 20:00:00）");
 }
 
 }  // namespace

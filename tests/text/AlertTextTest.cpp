@@ -56,6 +56,9 @@ TEST(AlertTextTest, saysWhatFiredAndWhetherItWasMeanwhile) {
     EXPECT_EQ(AlertText::title(fired), QStringLiteral("BTC 期间价格 ≥ 70,000.00"));
     EXPECT_EQ(AlertText::details(fired),
               QStringLiteral("在休眠、断线或未运行期间越过。当时 70,012.30，24 小时 +2.10%"));
+    fired.alert.kind = AlertKind::changeAtLeast;
+    fired.alert.threshold = 2;
+    EXPECT_EQ(AlertText::title(fired), QStringLiteral("BTC 期间 24 小时涨跌 ≥ +2.00%"));
 }
 
 }  // namespace

@@ -167,16 +167,16 @@ TEST_F(LabelFaceTest, staysTheSameForAMinute) {
 
 TEST_F(LabelFaceTest, countsTheAgeInMinutesHoursAndDays) {
     EXPECT_EQ(firstLine(after(-5s)), QStringLiteral("刚刚更新"));
-    EXPECT_EQ(firstLine(after(60s)), QStringLiteral("1 分钟前更新 (20:00:00)"));
-    EXPECT_EQ(firstLine(after(59min)), QStringLiteral("59 分钟前更新 (20:00:00)"));
-    EXPECT_EQ(firstLine(after(60min)), QStringLiteral("1 小时前更新 (20:00:00)"));
-    EXPECT_EQ(firstLine(after(23h)), QStringLiteral("23 小时前更新 (20:00:00)"));
-    EXPECT_EQ(firstLine(after(50h)), QStringLiteral("2 天前更新 (2026-11-14 20:00:00)"));
+    EXPECT_EQ(firstLine(after(60s)), QStringLiteral("1 分钟前更新（20:00:00）"));
+    EXPECT_EQ(firstLine(after(59min)), QStringLiteral("59 分钟前更新（20:00:00）"));
+    EXPECT_EQ(firstLine(after(60min)), QStringLiteral("1 小时前更新（20:00:00）"));
+    EXPECT_EQ(firstLine(after(23h)), QStringLiteral("23 小时前更新（20:00:00）"));
+    EXPECT_EQ(firstLine(after(50h)), QStringLiteral("2 天前更新（2026-11-14 20:00:00）"));
 }
 
 TEST_F(LabelFaceTest, neverCallsASilentConnectionSound) {
     EXPECT_EQ(after(59s).details, QStringLiteral("刚刚更新\n已连接"));
-    EXPECT_EQ(after(12min).details, QStringLiteral("12 分钟前更新 (20:00:00)\n连接没有数据"));
+    EXPECT_EQ(after(12min).details, QStringLiteral("12 分钟前更新（20:00:00）\n连接没有数据"));
     LabelSnapshot unpinned = bitcoin();
     unpinned.quote.coin.reset();
     unpinned.quote.ticker.reset();
@@ -184,7 +184,7 @@ TEST_F(LabelFaceTest, neverCallsASilentConnectionSound) {
     LabelSnapshot down = bitcoin();
     down.quote.connection = ConnectionState::waitingRetry;
     EXPECT_EQ(after(12min, down).details,
-              QStringLiteral("12 分钟前更新 (20:00:00)\n连接中断，等待重试"));
+              QStringLiteral("12 分钟前更新（20:00:00）\n连接中断，等待重试"));
 }
 
 TEST_F(LabelFaceTest, tellsTheAgeOfThePinnedPriceWhereOthersAreYounger) {
@@ -193,12 +193,12 @@ TEST_F(LabelFaceTest, tellsTheAgeOfThePinnedPriceWhereOthersAreYounger) {
     EXPECT_EQ(after(1s, snapshot).details, QStringLiteral("刚刚更新\n已连接"));
     snapshot.coinUpdate = kUpdate - 12min;
     EXPECT_EQ(after(1s, snapshot).details,
-              QStringLiteral("BTC 的价格 12 分钟前更新 (19:48:00)\n其他行情 刚刚更新\n已连接"));
+              QStringLiteral("BTC 的价格 12 分钟前更新（19:48:00）\n其他行情 刚刚更新\n已连接"));
     EXPECT_EQ(after(5min, snapshot).details,
-              QStringLiteral("BTC 的价格 17 分钟前更新 (19:48:00)\n"
-                             "其他行情 5 分钟前更新 (20:00:00)\n连接没有数据"));
+              QStringLiteral("BTC 的价格 17 分钟前更新（19:48:00）\n"
+                             "其他行情 5 分钟前更新（20:00:00）\n连接没有数据"));
     snapshot.coinUpdate = kUpdate;
-    EXPECT_EQ(firstLine(after(5min, snapshot)), QStringLiteral("5 分钟前更新 (20:00:00)"));
+    EXPECT_EQ(firstLine(after(5min, snapshot)), QStringLiteral("5 分钟前更新（20:00:00）"));
 }
 
 TEST_F(LabelFaceTest, saysThatThePinnedCoinHasNoPriceWhereOthersHave) {

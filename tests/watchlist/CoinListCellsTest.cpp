@@ -154,7 +154,7 @@ TEST_F(CoinListCellsTest, aRowTellsTheAgeOfItsOwnPriceThoughOthersAreLive) {
     EXPECT_EQ(hint("BTC"), QString());
     time.advance(Seconds{11.0 * 60 + 1});
     tick("ETH", {111, 100});
-    EXPECT_TRUE(hint("BTC").startsWith(QStringLiteral("12 分钟前更新 (")))
+    EXPECT_TRUE(hint("BTC").startsWith(QStringLiteral("12 分钟前更新（")))
         << hint("BTC").toStdString();
     EXPECT_EQ(hint("ETH"), QString());
     EXPECT_EQ(hint("SOL"), QStringLiteral("尚无数据"));
