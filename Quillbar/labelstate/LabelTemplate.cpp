@@ -10,6 +10,7 @@
 
 #include <algorithm>
 #include <charconv>
+#include <ranges>
 #include <system_error>
 #include <utility>
 
@@ -210,15 +211,15 @@ std::string LabelTemplate::changeAtEnd(const PinnedQuote& quote) const {
     }
     std::string text;
     std::string change;
-    for (auto part = m_parts.rbegin(); part != m_parts.rend(); ++part) {
-        const auto* const field = std::get_if<Field>(&*part);
+    for (const auto& part : std::views::reverse(m_parts)) {
+        const auto* const field = std::get_if<Field>(&part);
         const bool tellsChange =
             field != nullptr && (field->kind == Kind::change || field->kind == Kind::arrow);
-        const bool isSpace = field == nullptr && isOfSpaces(std::get<std::string>(*part));
+        const bool isSpace = field == nullptr && isOfSpaces(std::get<std::string>(part));
         if (!tellsChange && !isSpace) {
             break;
         }
-        text = partText(*part, quote) + text;
+        text.insert(0, partText(part, quote));
         if (tellsChange) {
             change = text;
         }

@@ -82,7 +82,7 @@ bool ScrollColumn::event(QEvent* event) {
 }
 
 bool ScrollColumn::focusNextPrevChild(bool next) {
-    // Not QScrollArea's, which scrolls further than `reveal`.
+    // NOLINTNEXTLINE(bugprone-parent-virtual-call): QScrollArea's scrolls further than `reveal`
     return QFrame::focusNextPrevChild(next);
 }
 
@@ -103,7 +103,7 @@ void ScrollColumn::keyPressEvent(QKeyEvent* event) {
         break;
     default:
         // The arrows choose in the widgets of the column. They do not scroll it.
-        QFrame::keyPressEvent(event);
+        event->ignore();
         break;
     }
 }
