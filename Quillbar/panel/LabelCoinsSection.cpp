@@ -15,6 +15,9 @@ namespace quillbar {
 
 namespace {
 
+/// As far as the title of a choice stands from its mark.
+constexpr int kSpanIndent = 21;
+
 template <class Values>
 std::size_t indexOf(const Values& values, typename Values::value_type value) {
     return static_cast<std::size_t>(std::find(values.begin(), values.end(), value)
@@ -57,6 +60,8 @@ LabelCoinsSection::LabelCoinsSection(PreferencesState& preferences, QWidget* par
         preferences.setLabel(label);
     };
     add(m_coins);
+    // Under the title of the choice to which they belong.
+    m_spans->setContentsMargins(kSpanIndent, 0, 0, 0);
     add(m_spans);
     m_observation = preferences.preferences().observe(
         [this](const Preferences& chosen) { showChoice(chosen); });

@@ -19,10 +19,11 @@ enum class LabelCoins : std::uint8_t {
     sideBySide,
 };
 
-/// Every choice, in the order in which the user is offered them.
+/// Every choice, in the order in which the user is offered them: in turn is the last, because the
+/// seconds stand below it.
 inline constexpr std::array kAllLabelCoins{LabelCoins::pinned,
-                                           LabelCoins::rotating,
-                                           LabelCoins::sideBySide};
+                                           LabelCoins::sideBySide,
+                                           LabelCoins::rotating};
 
 /// For how many seconds each coin in turn can be shown.
 inline constexpr std::array kAllRotationSeconds{5, 10, 30, 60};

@@ -41,6 +41,18 @@ TEST_F(LabelCoinsSectionTest, asksForTheSpanOnlyOfCoinsInTurn) {
     EXPECT_EQ(label().rotationSeconds, 60) << "it is kept for another time";
 }
 
+TEST_F(LabelCoinsSectionTest, theSpansStandUnderTheTitleOfCoinsInTurn) {
+    button(kRotating).click();
+    spinUntilIdle();
+    const auto placeOf = [this](const QString& name) {
+        return button(name).mapTo(&section, QPoint());
+    };
+    EXPECT_GT(placeOf(kRotating).y(), placeOf(QStringLiteral("并排显示")).y());
+    const int rowHeight = button(kRotating).height();
+    EXPECT_NEAR(placeOf(QStringLiteral("每 5 秒")).y(), placeOf(kRotating).y() + rowHeight, 4);
+    EXPECT_EQ(placeOf(QStringLiteral("每 5 秒")).x(), placeOf(kRotating).x() + 21);
+}
+
 TEST_F(LabelCoinsSectionTest, showsWhatIsStored) {
     preferences.setLabel({.coins = LabelCoins::rotating, .rotationSeconds = 5});
     EXPECT_TRUE(button(kRotating).isChecked());

@@ -263,8 +263,8 @@ TEST_F(PanelAccessibilityTest, everyControlOfThePreferencesSaysWhatItIs) {
                             "Heading '状态栏的币种'",
                             "Grouping '状态栏的币种'",
                             "RadioButton '固定的币种'*",
-                            "RadioButton '轮流显示自选'",
-                            "RadioButton '并排显示'"));
+                            "RadioButton '并排显示'",
+                            "RadioButton '轮流显示自选'"));
 }
 
 TEST_F(PanelAccessibilityTest, everyAlertOfThePreferencesSaysWhatItIs) {

@@ -20,7 +20,7 @@ TEST(LabelCoins, areStoredAsTheirRawTextInTheDeclaredOrder) {
     for (const LabelCoins coins : kAllLabelCoins) {
         rawTexts.push_back(rawValue(coins));
     }
-    EXPECT_THAT(rawTexts, ElementsAre("pinned", "rotating", "sideBySide"));
+    EXPECT_THAT(rawTexts, ElementsAre("pinned", "sideBySide", "rotating"));
 }
 
 TEST(LabelCoins, areBuiltFromTheirRawTextAndFromNoOther) {
@@ -38,7 +38,7 @@ TEST(LabelCoins, areNamedInChinese) {
     for (const LabelCoins coins : kAllLabelCoins) {
         names.push_back(displayName(coins));
     }
-    EXPECT_THAT(names, ElementsAre("固定的币种", "轮流显示自选", "并排显示"));
+    EXPECT_THAT(names, ElementsAre("固定的币种", "并排显示", "轮流显示自选"));
 }
 
 }  // namespace
