@@ -194,7 +194,7 @@ TEST_P(LiftedSurfaceTest, itsShadowFollowsIt) {
 
 TEST_P(LiftedSurfaceTest, itsShadowTakesNoClicksAndFillsNoCorner) {
     blendPanel();
-    QWidget* const filling = panel.findChild<QWidget*>(QStringLiteral("filling"));
+    auto* const filling = panel.findChild<QWidget*>(QStringLiteral("filling"));
     filling->setGeometry(0, 0, 400, 100);
     Popover& popover = openPopover();
     const QRect lifted(panel.mapFromGlobal(popover.pos()), popover.size());
