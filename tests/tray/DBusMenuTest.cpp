@@ -274,7 +274,6 @@ TEST_F(DBusMenuTest, announcesEachChangeOfItsLayoutWithTheNextRevision) {
     menu.setEntries(changed);
     layout(DBusMenu::kRoot, 0);
     EXPECT_EQ(revision, before + 1);
-    ASSERT_TRUE(spinUntil([this] { return host.revisions.size() > 1; }));
     EXPECT_EQ(host.revisions, (QList<uint>{before, before + 1}));
 }
 
@@ -286,7 +285,6 @@ TEST_F(DBusMenuTest, tellsWhatHasChangedOfTheEntriesThatHostsKnow) {
     changed[2].children[1].isOn = true;
     changed[3].isEnabled = true;
     menu.setEntries(changed);
-    ASSERT_TRUE(spinUntil([this] { return !host.propertyChanges.isEmpty(); }));
     EXPECT_EQ(shownMenu(), properties());
     EXPECT_EQ(host.propertyChanges,
               (QList<QMap<int, QStringList>>{{{1, {QStringLiteral("label")}},
@@ -301,7 +299,6 @@ TEST_F(DBusMenuTest, tellsWhichPropertiesTheEntriesThatHostsKnowHaveNoMore) {
     changed[2].children[0].mark = MenuEntry::Mark::none;
     changed[2].children[1].mark = MenuEntry::Mark::check;
     menu.setEntries(changed);
-    ASSERT_TRUE(spinUntil([this] { return !host.propertyChanges.isEmpty(); }));
     EXPECT_EQ(shownMenu(), properties());
     EXPECT_EQ(host.propertyChanges,
               (QList<QMap<int, QStringList>>{

@@ -174,7 +174,12 @@ QDBusMessage FakeTrayHost::call(const QString& path,
     QDBusMessage question = QDBusMessage::createMethodCall(m_item, path, interface, method);
     question.setArguments(arguments);
     const QDBusPendingCallWatcher answer(m_bus.asyncCall(question));
-    EXPECT_TRUE(spinUntil([&answer] { return answer.isFinished(); }));
+    // The answer is known as soon as it comes, but signals that came before it are delivered only by
+    // the event loop. `finished` stands behind them there.
+    bool isDelivered = false;
+    QObject::connect(
+        &answer, &QDBusPendingCallWatcher::finished, &answer, [&] { isDelivered = true; });
+    EXPECT_TRUE(spinUntil([&] { return isDelivered; }));
     return answer.reply();
 }
 
