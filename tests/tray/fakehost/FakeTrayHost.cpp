@@ -174,8 +174,8 @@ QDBusMessage FakeTrayHost::call(const QString& path,
     QDBusMessage question = QDBusMessage::createMethodCall(m_item, path, interface, method);
     question.setArguments(arguments);
     const QDBusPendingCallWatcher answer(m_bus.asyncCall(question));
-    // The answer is known as soon as it comes, but signals that came before it are delivered only by
-    // the event loop. `finished` stands behind them there.
+    // The answer is known as soon as it comes, but signals that came before it are delivered only
+    // by the event loop. `finished` stands behind them there.
     bool isDelivered = false;
     QObject::connect(
         &answer, &QDBusPendingCallWatcher::finished, &answer, [&] { isDelivered = true; });
