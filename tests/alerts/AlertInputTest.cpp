@@ -43,6 +43,8 @@ TEST(AlertInputTest, aPercentSignMakesItAChange) {
 TEST(AlertInputTest, readsGroupsSpacesAndFullWidthCharacters) {
     EXPECT_EQ(lineOf(" 70,000.25 ").threshold, 70000.25);
     EXPECT_EQ(lineOf("1,234,567").threshold, 1234567);
+    EXPECT_EQ(lineOf("123,456").threshold, 123456);
+    EXPECT_EQ(lineOf("123,456,789").threshold, 123456789);
     EXPECT_EQ(lineOf("70,000.5").threshold, 70000.5);
     EXPECT_EQ(lineOf("\uFF0D\uFF15\uFF05"), (Line{AlertKind::changeAtMost, -5}));
     EXPECT_EQ(lineOf("\uFF17\uFF10\uFF0C\uFF10\uFF10\uFF10\uFF0E\uFF15").threshold, 70000.5);

@@ -97,6 +97,19 @@ TEST_F(PriceStreamSilenceTest, aConnectionThatBreaksDoesNotCountAsSilent) {
     EXPECT_FALSE(client->failure()->has_value());
 }
 
+TEST_F(PriceStreamSilenceTest, theWaitForABrokenConnectionSaysNothingOfTheNextOne) {
+    watch({"BTCUSDT"});
+    advance(10);
+    fail();
+    advance(1);
+    frame("BTCUSDT", "65000");
+    advance(kLimit);
+    fail();
+    EXPECT_THAT(log.lines("PriceStream"),
+                ElementsAre("PriceStream|error|connection failed: the connection broke",
+                            "PriceStream|error|connection failed: the connection broke"));
+}
+
 TEST_F(PriceStreamSilenceTest, theWaitEndsWithTheStream) {
     watch({"BTCUSDT"});
     stop();
