@@ -11,6 +11,7 @@
 #include <atomic>
 #include <cerrno>
 #include <csignal>
+#include <fcntl.h>
 #include <filesystem>
 #include <string>
 #include <string_view>
@@ -124,6 +125,23 @@ TEST_F(AtomicFileFailureTest, saysWhichStepFailed) {
     EXPECT_EQ(failureAt(7), about("synchronise the folder", folder));
 }
 
+TEST_F(AtomicFileFailureTest, saysWhichOfSeveralFoldersCannotBeMade) {
+    const path outer = folder / "a";
+    const path inner = outer / "b";
+    const auto failureAt = [&](std::size_t failing) {
+        HookedFileOperations failingOnce;
+        failAt(failingOnce, failing, EIO);
+        return writeFailure(inner / "document.json", failingOnce).text;
+    };
+    const auto about = [](const path& which) {
+        return fmt::format("cannot make the folder {}: {}", which.string(), reasonOf(EIO));
+    };
+    // The inner folder is tried first, and once more after the outer one has been made.
+    EXPECT_EQ(failureAt(0), about(inner));
+    EXPECT_EQ(failureAt(1), about(outer));
+    EXPECT_EQ(failureAt(2), about(inner));
+}
+
 TEST_F(AtomicFileFailureTest, acceptsAFolderThatCannotBeSynchronised) {
     failAt(operations, kFirstAfterRename, EINVAL);
     AtomicFile::write(file, "new", operations);
@@ -163,6 +181,40 @@ TEST_F(AtomicFileFailureTest, closesEveryDescriptorWhicheverCallFails) {
     }
     (void)readFailure(folder);
     EXPECT_EQ(openDescriptors(), before);
+}
+
+/// Standard input is closed while this lives, so the next file that is opened has the number 0.
+class ClosedStandardInput {
+public:
+    ClosedStandardInput()
+        : m_kept(::fcntl(STDIN_FILENO, F_DUPFD_CLOEXEC, STDERR_FILENO + 1)) {
+        ::close(STDIN_FILENO);
+    }
+    ClosedStandardInput(const ClosedStandardInput&) = delete;
+    ClosedStandardInput& operator=(const ClosedStandardInput&) = delete;
+    ClosedStandardInput(ClosedStandardInput&&) = delete;
+    ClosedStandardInput& operator=(ClosedStandardInput&&) = delete;
+    ~ClosedStandardInput() {
+        if (m_kept >= 0) {
+            ::dup2(m_kept, STDIN_FILENO);
+            ::close(m_kept);
+        }
+    }
+
+private:
+    int m_kept;
+};
+
+TEST_F(AtomicFileFailureTest, worksWithADescriptorOfZero) {
+    const ClosedStandardInput closed;
+    AtomicFile::write(file, "new", operations);
+    EXPECT_EQ(AtomicFile::read(file), "new");
+    for (std::size_t failing = 0; failing < kCalls; ++failing) {
+        HookedFileOperations failingOnce;
+        failAt(failingOnce, failing, EIO);
+        (void)writeFailure(file, failingOnce);
+        EXPECT_EQ(::fcntl(STDIN_FILENO, F_GETFD), -1) << failing << " left it open";
+    }
 }
 
 // Ends of the process

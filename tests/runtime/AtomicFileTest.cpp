@@ -9,6 +9,7 @@
 
 #include <array>
 #include <cerrno>
+#include <cstddef>
 #include <fcntl.h>
 #include <filesystem>
 #include <string>
@@ -176,6 +177,28 @@ TEST_F(AtomicFileTest, makesTheMissingTargetOfASymbolicLink) {
     EXPECT_EQ(std::filesystem::read_symlink(file), real);
     EXPECT_EQ(AtomicFile::read(real), "new");
     EXPECT_EQ(modeOf(folder / "not yet"), 0700U);
+}
+
+TEST_F(AtomicFileTest, followsAsManySymbolicLinksAsTheSystemDoesButOne) {
+    const auto link = [this](int number) { return folder / fmt::format("link{}", number); };
+    AtomicFile::write(link(0), "old");
+    for (int number = 1; number <= 40; ++number) {
+        std::filesystem::create_symlink(link(number - 1).filename(), link(number));
+    }
+    AtomicFile::write(link(39), "new");
+    EXPECT_EQ(AtomicFile::read(link(0)), "new");
+    EXPECT_EQ(failureOf([&] { AtomicFile::write(link(40), "newer"); }).code, ELOOP);
+    EXPECT_EQ(AtomicFile::read(link(0)), "new");
+}
+
+TEST_F(AtomicFileTest, namesAnErrorThatTheSystemDoesNotKnow) {
+    constexpr int kNoError = 9999;
+    operations.before = [](std::size_t /*number*/, std::string_view name) {
+        return name == "rename" ? kNoError : 0;
+    };
+    const Failure failure = writeFailure(file, operations);
+    EXPECT_EQ(failure.text, fmt::format("cannot replace {}: unknown error", file.string()));
+    EXPECT_EQ(failure.code, kNoError);
 }
 
 TEST_F(AtomicFileTest, cannotFollowSymbolicLinksInACircle) {
