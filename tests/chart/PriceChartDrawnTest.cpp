@@ -7,6 +7,7 @@
 #include "tests/chart/Candles.h"
 #include "tests/model/Instants.h"
 #include "tests/qtsupport/Ink.h"
+#include "tests/qtsupport/PaintCount.h"
 #include "tests/qtsupport/Widgets.h"
 
 #include <QFontMetricsF>
@@ -14,6 +15,7 @@
 #include <QMouseEvent>
 #include <QPen>
 #include <QTest>
+#include <QWindow>
 
 #include <gtest/gtest.h>
 
@@ -58,11 +60,14 @@ struct PriceChartDrawnTest : testing::Test {
         return image;
     }
     /// All but the crosshair, on a screen of that scale.
-    [[nodiscard]] QImage still(double scale) const {
-        QImage image(chart.size() * scale, QImage::Format_ARGB32_Premultiplied);
+    [[nodiscard]] QImage still(double scale) const { return still(scale, chart.rect()); }
+    /// A part of it.
+    [[nodiscard]] QImage still(double scale, const QRectF& part) const {
+        QImage image((part.size() * scale).toSize(), QImage::Format_ARGB32_Premultiplied);
         image.setDevicePixelRatio(scale);
         image.fill(Qt::transparent);
         QPainter painter(&image);
+        painter.translate(-part.topLeft());
         painter.setRenderHint(QPainter::Antialiasing);
         ChartPicture::paint(painter, layout, colors.up, colors);
         return image;
@@ -170,24 +175,28 @@ TEST_F(PriceChartDrawnTest, pricesAndTimesAreWrittenAt9Point5BesideThePlot) {
 TEST_F(PriceChartDrawnTest, theHighestAndTheLowestAreHollowAndOf18SquarePoints) {
     // Both at the close, where the line ends at the ring.
     show(candlesThrough({100, 110, 90, 100}, kNoon, hours(1)));
-    constexpr double kScale = 8;
-    const QImage image = still(kScale);
+    constexpr int kScale = 32;
+    constexpr int kReach = 4;
+    const double radius = std::sqrt(18 / 3.14159265358979);
     for (const auto& ring : {layout.high, layout.low}) {
         ASSERT_TRUE(ring.has_value());
-        const double radius = std::sqrt(18 / 3.14159265358979);
-        const auto alphaAt = [&](double distance, double degrees) {
-            const QPointF at = *ring
-                               + distance
-                                     * QPointF(std::cos(degrees * 3.14159265358979 / 180),
-                                               std::sin(degrees * 3.14159265358979 / 180));
-            return image.pixelColor((at * kScale).toPoint()).alpha();
-        };
-        EXPECT_EQ(alphaAt(0, 0), 0) << "the ground shows through";
+        const QImage image =
+            still(kScale, QRectF(*ring - QPointF(kReach, kReach), QSizeF(2 * kReach, 2 * kReach)));
+        constexpr int kMiddle = kReach * kScale;
+        EXPECT_EQ(image.pixelColor(kMiddle, kMiddle).alpha(), 0) << "the ground shows through";
         // Left and right, where neither the line nor the grid goes.
-        for (const double degrees : {0.0, 180.0}) {
-            EXPECT_EQ(alphaAt(radius - 1.4, degrees), 0);
-            EXPECT_EQ(alphaAt(radius - 0.5, degrees), 255);
-            EXPECT_LT(alphaAt(radius + 0.25, degrees), 60);
+        for (const bool isToTheRight : {false, true}) {
+            std::vector<int> covered;
+            for (int distance = 0; distance < kMiddle; ++distance) {
+                const int x = isToTheRight ? kMiddle + distance : kMiddle - 1 - distance;
+                if (image.pixelColor(x, kMiddle).alpha() > 127) {
+                    covered.push_back(distance);
+                }
+            }
+            ASSERT_FALSE(covered.empty());
+            constexpr double kPixel = 1.0 / kScale;
+            EXPECT_NEAR(covered.front() * kPixel, radius - 1.1, kPixel);
+            EXPECT_NEAR((covered.back() + 1) * kPixel, radius, kPixel);
         }
     }
 }
@@ -336,6 +345,19 @@ TEST_F(PriceChartDrawnTest, theRingOfTheFocusGoesAroundThePlotThreePointsOff) {
     }
     chart.setFocus(Qt::TabFocusReason);
     EXPECT_EQ(picture(), expected);
+}
+
+TEST_F(PriceChartDrawnTest, isPaintedWhenWhatItShowsGrowsOldOrIsReadElsewhere) {
+    showThree();
+    ASSERT_TRUE(spinUntil([this] { return chart.windowHandle()->isExposed(); }));
+    for (const bool isOutdated : {true, false}) {
+        EXPECT_EQ(paintsOf(chart, [&] { chart.setOutdated(isOutdated); }), 1);
+        EXPECT_EQ(paintsOf(chart, [&] { chart.setOutdated(isOutdated); }), 0);
+    }
+    const double x = layout.points.at(1).position.x();
+    EXPECT_EQ(paintsOf(chart, [&] { pointAt({x, 70}); }), 1);
+    EXPECT_EQ(paintsOf(chart, [&] { pointAt({x, 60}); }), 0);
+    EXPECT_EQ(paintsOf(chart, [&] { chart.setCandles({}); }), 1);
 }
 
 TEST_F(PriceChartDrawnTest, isDrawnAnewInAnotherLocale) {

@@ -2,11 +2,15 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "tests/qtsupport/SpinUntil.h"
+
 #include <QEvent>
 #include <QObject>
 #include <QPaintEvent>
 #include <QRect>
 #include <QWidget>
+
+#include <functional>
 
 namespace quillbar {
 
@@ -28,5 +32,14 @@ protected:
         return false;
     }
 };
+
+/// How often that change paints a widget whose window is on the screen.
+inline int paintsOf(QWidget& widget, const std::function<void()>& change) {
+    spinUntilIdle();
+    const PaintCount paints(widget);
+    change();
+    spinUntilIdle();
+    return paints.count;
+}
 
 }  // namespace quillbar
