@@ -47,7 +47,6 @@ void CoinIconView::setBaseAsset(std::string baseAsset) {
     describe();
     cancelLoad();
     setImage({});
-    update();
     if (isVisible()) {
         restartLoad();
     }

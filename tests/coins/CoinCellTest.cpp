@@ -15,6 +15,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
 #include <memory>
 #include <string>
 
@@ -37,8 +38,10 @@ struct CoinCellTest : ViewFixture {
     [[nodiscard]] QImage seen() const {
         return pictureOf(*cell).copy(kAfterTheIcon, 0, cell->width() - kAfterTheIcon, 28);
     }
-    /// A name after the icon, drawn by the test, and the mark if there is one.
-    [[nodiscard]] QImage drawn(const QString& name, PinMark mark) const {
+    /// A name after the icon, drawn by the test, and the marks that there are.
+    [[nodiscard]] QImage drawn(const QString& name,
+                               PinMark mark,
+                               BellMark bell = BellMark::none) const {
         const QFont font = systemFont(13, QFont::DemiBold);
         QImage image(cell->size(), QImage::Format_ARGB32_Premultiplied);
         image.fill(colors.surface);
@@ -46,9 +49,13 @@ struct CoinCellTest : ViewFixture {
         painter.setFont(font);
         painter.setPen(colors.primaryText);
         painter.drawText(QRectF(kAfterTheIcon, 0, 100, 28), Qt::AlignLeft | Qt::AlignVCenter, name);
+        double left = kAfterTheIcon + QFontMetricsF(font).horizontalAdvance(name) + 4;
         if (mark == PinMark::pinned) {
-            const double end = kAfterTheIcon + QFontMetricsF(font).horizontalAdvance(name);
-            drawGlyph(painter, Glyph::pinFill, QRectF(end + 4, 9.5, 9, 9), colors.accent);
+            drawGlyph(painter, Glyph::pinFill, QRectF(left, 9.5, 9, 9), colors.accent);
+            left += 9 + 4;
+        }
+        if (bell == BellMark::bell) {
+            drawGlyph(painter, Glyph::bellFill, QRectF(left, 9.5, 9, 9), colors.secondaryText);
         }
         return image.copy(kAfterTheIcon, 0, cell->width() - kAfterTheIcon, 28);
     }
@@ -75,6 +82,36 @@ TEST_F(CoinCellTest, thePinIsOfNinePointsFourAfterTheName) {
     EXPECT_EQ(seen(), drawn(QStringLiteral("BTC"), PinMark::pinned));
     cell->setPinMark(PinMark::none);
     EXPECT_EQ(seen(), drawn(QStringLiteral("BTC"), PinMark::none));
+}
+
+TEST_F(CoinCellTest, theBellIsAsLargeAndStandsAfterThePin) {
+    cell->setBellMark(BellMark::bell);
+    EXPECT_EQ(seen(), drawn(QStringLiteral("BTC"), PinMark::none, BellMark::bell));
+    cell->setPinMark(PinMark::pinned);
+    EXPECT_EQ(seen(), drawn(QStringLiteral("BTC"), PinMark::pinned, BellMark::bell));
+}
+
+TEST_F(CoinCellTest, aNameLeavesEachMarkItsRoom) {
+    const QString name = QStringLiteral("1000SATS");
+    const double width = QFontMetricsF(systemFont(13, QFont::DemiBold)).horizontalAdvance(name);
+    cell->setBaseAsset("1000SATS");
+    cell->setPinMark(PinMark::pinned);
+    cell->setBellMark(BellMark::bell);
+    const int enough = kAfterTheIcon + static_cast<int>(std::ceil(width)) + 2 * (4 + 9);
+    cell->resize(enough, 28);
+    EXPECT_EQ(seen(), drawn(name, PinMark::pinned, BellMark::bell));
+    cell->resize(enough - 1, 28);
+    EXPECT_NE(seen(), drawn(name, PinMark::pinned, BellMark::bell)) << "the name is smaller";
+}
+
+TEST_F(CoinCellTest, leavesThePointerToItsRow) {
+    QWidget row;
+    cell->setParent(&row);
+    cell->show();
+    row.show();
+    EXPECT_EQ(row.childAt(8, 14), nullptr);
+    EXPECT_EQ(row.childAt(100, 14), nullptr);
+    cell->setParent(nullptr);
 }
 
 TEST_F(CoinCellTest, aLongNameIsWrittenSmallerBeforeItLosesLetters) {
@@ -110,18 +147,12 @@ TEST_F(CoinCellTest, aNameThatIsFarTooLongLeavesThePinItsRoom) {
 
 TEST_F(CoinCellTest, repaintsOnlyForAnotherNameOrMark) {
     ASSERT_TRUE(spinUntil([this] { return cell->windowHandle()->isExposed(); }));
-    spinUntilIdle();
-    PaintCount paints(*cell);
-    cell->setBaseAsset("BTC");
-    cell->setPinMark(PinMark::none);
-    spinUntilIdle();
-    EXPECT_EQ(paints.count, 0);
-    cell->setPinMark(PinMark::pinned);
-    spinUntilIdle();
-    EXPECT_EQ(paints.count, 1);
-    cell->setBaseAsset("ETH");
-    spinUntilIdle();
-    EXPECT_EQ(paints.count, 2);
+    EXPECT_EQ(paintsOf(*cell, [this] { cell->setBaseAsset("BTC"); }), 0);
+    EXPECT_EQ(paintsOf(*cell, [this] { cell->setPinMark(PinMark::none); }), 0);
+    EXPECT_EQ(paintsOf(*cell, [this] { cell->setBellMark(BellMark::none); }), 0);
+    EXPECT_EQ(paintsOf(*cell, [this] { cell->setPinMark(PinMark::pinned); }), 1);
+    EXPECT_EQ(paintsOf(*cell, [this] { cell->setBellMark(BellMark::bell); }), 1);
+    EXPECT_EQ(paintsOf(*cell, [this] { cell->setBaseAsset("ETH"); }), 1);
 }
 
 }  // namespace

@@ -2,24 +2,23 @@
 // SPDX-License-Identifier: MIT
 #include "Quillbar/coins/CoinIconCache.h"
 #include "Quillbar/coins/CoinIconView.h"
-#include "Quillbar/text/SystemFont.h"
+#include "Quillbar/text/FittedText.h"
 #include "QuillbarCore/catalog/CoinIconDescriptor.h"
 #include "QuillbarCore/exchange/URLError.h"
 #include "tests/coins/Logos.h"
+#include "tests/qtsupport/PaintCount.h"
 #include "tests/qtsupport/ViewFixture.h"
 
 #include <QFontMetricsF>
 #include <QPainter>
-#include <QTest>
+#include <QWindow>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <cstddef>
 #include <memory>
 #include <string>
-#include <utility>
 #include <vector>
 
 namespace quillbar {
@@ -274,58 +273,61 @@ TEST_F(CoinIconViewTest, letsThePointerThrough) {
     view->setParent(nullptr);
 }
 
-TEST_F(CoinIconViewTest, writesTheMonogramInWhiteInTheMiddleOfTheDisc) {
-    view = make(64);
-    iconFetcher->answer(404);
-    show("I");
-    const QFont font = systemFont(64 * 0.38, QFont::DemiBold);
-    const QFontMetricsF metrics(font);
-    QImage expected(64, 64, QImage::Format_ARGB32);
-    expected.fill(Qt::transparent);
-    {
-        QPainter painter(&expected);
-        painter.setRenderHint(QPainter::Antialiasing);
-        painter.setPen(Qt::NoPen);
-        painter.setBrush(discOf("I"));
-        painter.drawEllipse(QRectF(0, 0, 64, 64));
-        painter.setFont(font);
-        painter.setPen(Qt::white);
-        painter.drawText(
-            QPointF(32 - metrics.horizontalAdvance(u'I') / 2, 32 + metrics.capHeight() / 2),
-            QStringLiteral("I"));
-    }
-    QImage picture(64, 64, QImage::Format_ARGB32);
-    picture.fill(Qt::transparent);
-    view->render(&picture, {}, {}, QWidget::DrawChildren);
-    EXPECT_EQ(picture, expected);
-}
-
-TEST_F(CoinIconViewTest, shrinksALongMonogramToOnePointFromTheEdges) {
-    // As wide as what is left, as near as whole steps of size come to it.
-    const auto columnsOf = [this](double size) {
-        view = make(size);
+TEST_F(CoinIconViewTest, writesTheMonogramInWhiteInTheMiddleOfTheDiscOnePointFromTheEdges) {
+    constexpr double kSide = 64;
+    for (const QString& monogram : {QStringLiteral("I"), QStringLiteral("WWW")}) {
+        SCOPED_TRACE(monogram.toStdString());
+        view = make(kSide);
         iconFetcher->answer(404);
-        show("WWW");
-        QImage picture(view->size(), QImage::Format_ARGB32);
+        show(monogram.toStdString());
+        const FittedText::Fit fit =
+            FittedText::fit(monogram, kSide * 0.38, QFont::DemiBold, kSide - 2, 0.5);
+        const QFontMetricsF metrics(fit.font);
+        QImage expected(64, 64, QImage::Format_ARGB32);
+        expected.fill(Qt::transparent);
+        {
+            QPainter painter(&expected);
+            painter.setRenderHint(QPainter::Antialiasing);
+            painter.setPen(Qt::NoPen);
+            painter.setBrush(discOf(monogram.toStdString()));
+            painter.drawEllipse(QRectF(0, 0, kSide, kSide));
+            painter.setFont(fit.font);
+            painter.setPen(Qt::white);
+            painter.drawText(QPointF(kSide / 2 - metrics.horizontalAdvance(monogram) / 2,
+                                     kSide / 2 + metrics.capHeight() / 2),
+                             monogram);
+        }
+        QImage picture(64, 64, QImage::Format_ARGB32);
         picture.fill(Qt::transparent);
         view->render(&picture, {}, {}, QWidget::DrawChildren);
-        int left = picture.width();
-        int right = -1;
-        for (int y = 0; y < picture.height(); ++y) {
-            for (int x = 0; x < picture.width(); ++x) {
-                if (picture.pixelColor(x, y) == QColor(Qt::white)) {
-                    left = std::min(left, x);
-                    right = std::max(right, x);
-                }
-            }
-        }
-        return std::pair(left, right);
+        EXPECT_EQ(picture, expected);
+    }
+}
+
+TEST_F(CoinIconViewTest, isPaintedForAnotherCoinAndForItsLogo) {
+    QWidget window;
+    window.resize(40, 40);
+    view->setParent(&window);
+    window.show();
+    ASSERT_TRUE(spinUntil([&window] { return window.windowHandle()->isExposed(); }));
+    const auto answer = iconFetcher->answers.held();
+    EXPECT_EQ(paintsOf(*view, [this] { show("BTC"); }), 1);
+    const auto logoComes = [&] {
+        answer.setValue({.body = logo(Qt::red), .status = 200});
+        executor.run();
     };
-    const auto [left, right] = columnsOf(64);
-    EXPECT_GE(left, 1);
-    EXPECT_LE(left, 5);
-    EXPECT_LE(right, 62);
-    EXPECT_GE(right, 58);
+    EXPECT_EQ(paintsOf(*view, logoComes), 1);
+    view->setParent(nullptr);
+}
+
+TEST_F(CoinIconViewTest, waitsOnWhenItIsHiddenAndShownAtOnce) {
+    const auto answer = iconFetcher->answers.held();
+    show("BTC");
+    view->hide();
+    view->show();
+    answer.setValue({.body = logo(Qt::red), .status = 200});
+    executor.run();
+    EXPECT_TRUE(view->hasLogo());
 }
 
 TEST(CoinIconViewColors, areTwelveInTheirOrderAndTakenModuloTwelve) {
