@@ -176,6 +176,12 @@ TEST_F(MarketBoardPollingTest, aViewThatGoesWhileItIsShownStopsThePolling) {
     EXPECT_FALSE(market().isPolling());
 }
 
+TEST_F(MarketBoardPollingTest, aViewThatGoesWhileItsWindowStaysStopsThePolling) {
+    openThree();
+    delete view;
+    EXPECT_FALSE(market().isPolling());
+}
+
 TEST_F(MarketBoardPollingTest, pollingThatEndedWhileTheMachineSleptBeginsAgain) {
     openThree();
     time.jump(Seconds(3600));

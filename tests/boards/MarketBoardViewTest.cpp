@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Quillbar developers
 // SPDX-License-Identifier: MIT
 #include "tests/boards/MarketBoardFixture.h"
+#include "tests/qtsupport/PaintCount.h"
 #include "tests/qtsupport/Pointer.h"
 
 #include <QAccessible>
@@ -173,6 +174,17 @@ TEST_F(MarketBoardViewTest, anArrowTakesThePlaceOfTheRankUnderThePointerAndWhile
     pointerLeaves(*row("ETH"));
     EXPECT_EQ(row("ETH")->rankGlyph(), Glyph::chevronDown) << "the chart is open";
     EXPECT_EQ(row("SOL")->rankGlyph(), std::nullopt);
+}
+
+TEST_F(MarketBoardViewTest, theRankIsPaintedWhenTheChartOpensAndCloses) {
+    openThree();
+    // The last row, which does not move.
+    row("BTC")->setFocus(Qt::TabFocusReason);
+    for (int each = 0; each < 2; ++each) {
+        EXPECT_GT(paintsOf(*rankCell("BTC"), [] { press(Qt::Key_Return); }), 0);
+        ASSERT_TRUE(spinUntil([this] { return !rows->isMoving(); }));
+    }
+    EXPECT_EQ(view->expandedSymbol(), std::nullopt);
 }
 
 // The watchlist
