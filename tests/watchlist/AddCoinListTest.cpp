@@ -1,7 +1,11 @@
 // SPDX-FileCopyrightText: 2026 The Quillbar developers
 // SPDX-License-Identifier: MIT
+#include "Quillbar/widgets/Glyphs.h"
 #include "QuillbarCore/exchange/URLError.h"
 #include "tests/watchlist/AddCoinListFixture.h"
+
+#include <QImage>
+#include <QPainter>
 
 #include <gmock/gmock.h>
 
@@ -28,6 +32,20 @@ TEST_F(AddCoinListTest, aPastedListIsOfferedInOneRow) {
                 ElementsAre("添加 3 个币种，ETH、SOL、1000SATS", "未找到 FOO、BAR", "已添加 BTC"));
     EXPECT_THAT(area(), IsEmpty()) << "neither a text nor a match";
     EXPECT_EQ(*state->watchlist(), listOf({"BTC"})) << "nothing is added before it is picked";
+}
+
+TEST_F(AddCoinListTest, theOfferHasAPlusOf13PointsInThePlaceOfAnIcon) {
+    show();
+    read(QStringLiteral("eth SOL"));
+    const ThemeColors::Resolved& colors = ThemeKey::value(*offerRow()).colors;
+    QImage expected(offerRow()->size(), QImage::Format_ARGB32_Premultiplied);
+    expected.fill(colors.surface);
+    {
+        QPainter painter(&expected);
+        drawGlyph(painter, Glyph::plus, QRectF(12 + 1.5, 14 - 6.5, 13, 13), colors.accent);
+    }
+    const QRect place(0, 0, 12 + 16, 28);
+    EXPECT_EQ(pictureOf(*offerRow()).copy(place), expected.copy(place));
 }
 
 TEST_F(AddCoinListTest, aListMayStandInLines) {

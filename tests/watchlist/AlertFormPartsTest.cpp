@@ -172,6 +172,7 @@ TEST_F(AlertFormPartsTest, isWrittenAtItsSizes) {
         EXPECT_EQ(each->font(), systemFont(10.5));
         EXPECT_EQ(each->palette().color(QPalette::WindowText), colors().secondaryText);
     }
+    EXPECT_TRUE(said->wordWrap());
 }
 
 TEST_F(AlertFormPartsTest, keepsTenPointsAroundAndSixBetween) {
