@@ -5,21 +5,17 @@
 #include "Quillbar/list/NumericCell.h"
 #include "Quillbar/list/SortableHeader.h"
 #include "Quillbar/list/TableRow.h"
-#include "Quillbar/text/FittedText.h"
-#include "Quillbar/text/SystemFont.h"
-#include "Quillbar/widgets/GlyphButton.h"
 #include "tests/qtsupport/PaintCount.h"
+#include "tests/qtsupport/RingIn.h"
 #include "tests/qtsupport/Widgets.h"
 
-#include <QFontMetricsF>
 #include <QImage>
-#include <QLineEdit>
-#include <QTest>
 #include <QWindow>
 
 #include <gtest/gtest.h>
 
 #include <limits>
+#include <optional>
 
 namespace quillbar {
 namespace {
@@ -74,12 +70,42 @@ TEST(TableRowTest, isTintedWhileThePointerIsOverIt) {
     EXPECT_EQ(background(), Roles(ThemeColors::dark()).rowAlternate.alpha());
 }
 
+TEST(TableRowTest, itsRingKeepsClearOfItsNeighbours) {
+    QWidget window;
+    window.resize(200, 60);
+    TableRow row(&window);
+    row.setFocusPolicy(Qt::TabFocus);
+    row.resize(200, TableRow::kHeight);
+    showActive(window);
+    row.clearFocus();
+    row.setFocus(Qt::TabFocusReason);
+    EXPECT_EQ(pictureOf(row), ringIn(QRectF(2, 1, 196, 26), {200, 28}, ThemeColors::dark()));
+}
+
 TEST(TableRowTest, aRowThatIsHiddenIsNoLongerUnderThePointer) {
     TableRow row;
     row.show();
     pointerEnters(row);
     row.hide();
     EXPECT_FALSE(row.isHovering());
+}
+
+TEST(TableRowTest, isPaintedWhenItLooksDifferent) {
+    QWidget window;
+    window.resize(200, 60);
+    TableRow row(&window);
+    row.resize(200, TableRow::kHeight);
+    window.show();
+    ASSERT_TRUE(spinUntil([&window] { return window.windowHandle()->isExposed(); }));
+    for (const bool value : {true, false}) {
+        EXPECT_EQ(paintsOf(row, [&] { row.setAlternate(value); }), 1);
+        EXPECT_EQ(paintsOf(row, [&] { row.setAlternate(value); }), 0);
+    }
+    EXPECT_EQ(paintsOf(row, [&] { pointerEnters(row); }), 1);
+    EXPECT_EQ(paintsOf(row, [&] { row.setReactsToPointer(false); }), 1);
+    EXPECT_EQ(paintsOf(row, [&] { row.setReactsToPointer(false); }), 0);
+    EXPECT_EQ(paintsOf(row, [&] { row.setReactsToPointer(true); }), 1);
+    EXPECT_EQ(paintsOf(row, [&] { pointerLeaves(row); }), 1);
 }
 
 // ColumnHeader
@@ -117,14 +143,10 @@ TEST(NumericCellTest, repaintsOnlyWhenWhatItShowsChanges) {
     cell->setText(QStringLiteral("1.00"));
     window.show();
     ASSERT_TRUE(spinUntil([&window] { return window.windowHandle()->isExposed(); }));
-    spinUntilIdle();
-    const PaintCount paints(*cell);
-    cell->setText(QStringLiteral("1.00"));
-    cell->setColor(&Roles::secondaryText);
-    spinUntilIdle();
-    EXPECT_EQ(paints.count, 0);
-    cell->setText(QStringLiteral("2.00"));
-    EXPECT_TRUE(spinUntil([&paints] { return paints.count > 0; }));
+    EXPECT_EQ(paintsOf(*cell, [=] { cell->setText(QStringLiteral("1.00")); }), 0);
+    EXPECT_EQ(paintsOf(*cell, [=] { cell->setText(QStringLiteral("2.00")); }), 1);
+    EXPECT_EQ(paintsOf(*cell, [=] { cell->setColor(&Roles::secondaryText); }), 0);
+    EXPECT_EQ(paintsOf(*cell, [=] { cell->setColor(&Roles::up); }), 1);
 }
 
 TEST(NumericCellTest, aNumberTooWideForItsColumnIsWrittenSmaller) {
@@ -161,57 +183,7 @@ TEST(ChangeTextTest, itsColourTellsWhereThePriceWent) {
     EXPECT_EQ(change.text(), QStringLiteral("—"));
 }
 
-// FittedText
-
-TEST(FittedTextTest, shrinksBeforeItLosesLetters) {
-    const QString text = QStringLiteral("1000SATS");
-    const double width = QFontMetricsF(systemFont(13, QFont::DemiBold)).horizontalAdvance(text);
-    EXPECT_EQ(FittedText::fit(text, 13, QFont::DemiBold, width, 0.8).font,
-              systemFont(13, QFont::DemiBold));
-    const auto shrunk = FittedText::fit(text, 13, QFont::DemiBold, width * 0.9, 0.8);
-    EXPECT_EQ(shrunk.text, text);
-    EXPECT_LT(shrunk.font.pointSizeF(), systemFont(13).pointSizeF());
-    const auto elided = FittedText::fit(text, 13, QFont::DemiBold, width * 0.5, 0.8);
-    EXPECT_TRUE(elided.text.endsWith(QStringLiteral("…"))) << elided.text.toStdString();
-    EXPECT_EQ(elided.font, systemFont(13 * 0.8, QFont::DemiBold));
-}
-
-// Buttons
-
-struct PlainButtonTest : testing::Test {
-    void SetUp() override {
-        window.resize(100, 40);
-        button.setAccessibleName(QStringLiteral("按钮"));
-        QObject::connect(&button, &QAbstractButton::clicked, [this] { ++clicks; });
-        showActive(window);
-    }
-
-    QWidget window;
-    GlyphButton button{Glyph::plus, 9, QSize(32, 28), &window};
-    QLineEdit other{&window};
-    int clicks = 0;
-};
-
-TEST_F(PlainButtonTest, itsWholeRectangleIsClickable) {
-    for (const QPoint& point : {QPoint(0, 0), QPoint(31, 0), QPoint(0, 27), QPoint(31, 27)}) {
-        QTest::mouseClick(&button, Qt::LeftButton, {}, point);
-    }
-    EXPECT_EQ(clicks, 4);
-}
-
-TEST_F(PlainButtonTest, spaceAndEnterClickIt) {
-    button.setFocus(Qt::TabFocusReason);
-    QTest::keyClick(&button, Qt::Key_Space);
-    QTest::keyClick(&button, Qt::Key_Return);
-    QTest::keyClick(&button, Qt::Key_Enter);
-    EXPECT_EQ(clicks, 3);
-}
-
-TEST_F(PlainButtonTest, aClickLeavesTheFocusWhereItIs) {
-    other.setFocus();
-    QTest::mouseClick(&button, Qt::LeftButton);
-    EXPECT_FALSE(button.hasFocus());
-}
+// SortableHeader
 
 TEST(SortableHeaderTest, itsRingKeepsClearOfTheArrow) {
     QWidget window;

@@ -1,27 +1,14 @@
 // SPDX-FileCopyrightText: 2026 The Quillbar developers
 // SPDX-License-Identifier: MIT
-#include "Quillbar/list/TableRow.h"
 #include "Quillbar/widgets/PlainButton.h"
 #include "tests/qtsupport/Ink.h"
+#include "tests/qtsupport/RingIn.h"
 #include "tests/qtsupport/Widgets.h"
-
-#include <QPen>
 
 #include <gtest/gtest.h>
 
 namespace quillbar {
 namespace {
-
-/// A line of one and a half points, inside a rectangle, round at the corners.
-QImage ringIn(const QRectF& rectangle, const QSize& size, const ThemeColors::Resolved& colors) {
-    QImage image(size, QImage::Format_ARGB32_Premultiplied);
-    image.fill(colors.surface);
-    QPainter painter(&image);
-    painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(QPen(colors.accent, 1.5));
-    painter.drawRoundedRect(rectangle.adjusted(0.75, 0.75, -0.75, -0.75), 4, 4);
-    return image;
-}
 
 /// A button that shows nothing but its ring.
 class Bare final : public PlainButton {
@@ -47,16 +34,6 @@ TEST_F(FocusRingTest, ofAButtonIsAlongItsEdges) {
     button.clearFocus();
     button.setFocus(Qt::TabFocusReason);
     EXPECT_EQ(pictureOf(button), ringIn(QRectF(0, 0, 32, 28), {32, 28}, ThemeColors::dark()));
-}
-
-TEST_F(FocusRingTest, ofARowKeepsClearOfItsNeighbours) {
-    TableRow row(&window);
-    row.setFocusPolicy(Qt::TabFocus);
-    row.resize(200, TableRow::kHeight);
-    showActive(window);
-    row.clearFocus();
-    row.setFocus(Qt::TabFocusReason);
-    EXPECT_EQ(pictureOf(row), ringIn(QRectF(2, 1, 196, 26), {200, 28}, ThemeColors::dark()));
 }
 
 TEST_F(FocusRingTest, isShownForTheKeyboardAndKeptOverAMenuOrAnotherWindow) {
