@@ -1,13 +1,20 @@
 // SPDX-FileCopyrightText: 2026 The Quillbar developers
 // SPDX-License-Identifier: MIT
+#include "Quillbar/text/SystemFont.h"
 #include "Quillbar/widgets/CheckRow.h"
+#include "Quillbar/widgets/Glyphs.h"
 #include "Quillbar/widgets/Theme.h"
+#include "tests/qtsupport/Ink.h"
+#include "tests/qtsupport/PaintCount.h"
 #include "tests/qtsupport/SpinUntil.h"
 #include "tests/qtsupport/Widgets.h"
 
 #include <QAccessible>
 #include <QAccessibleInterface>
+#include <QFontMetrics>
 #include <QImage>
+#include <QPainter>
+#include <QPen>
 #include <QTest>
 
 #include <gmock/gmock.h>
@@ -31,6 +38,47 @@ struct CheckRowTest : ::testing::Test {
         showActive(window);
         row->setFocus(Qt::TabFocusReason);
         spinUntilIdle();
+    }
+
+    /// The row as it should look with two texts, each in one line.
+    [[nodiscard]] QImage drawn(const QString& title,
+                               const QString& details,
+                               bool isChecked,
+                               bool isHovered) const {
+        const ThemeColors::Resolved& colors = ThemeColors::dark();
+        QImage image(row->size(), QImage::Format_ARGB32_Premultiplied);
+        image.fill(colors.surface);
+        QPainter painter(&image);
+        painter.setRenderHint(QPainter::Antialiasing);
+        if (isHovered) {
+            painter.setPen(Qt::NoPen);
+            painter.setBrush(colors.rowHover);
+            painter.drawRoundedRect(image.rect(), 4, 4);
+        }
+        const auto heightOf = [](const QString& text, double size) {
+            return QFontMetrics(systemFont(size))
+                .boundingRect(QRect(0, 0, 300 - 29 - 8, 200), Qt::TextWordWrap, text)
+                .height();
+        };
+        const int titleHeight = heightOf(title, 12);
+        const int detailsHeight = details.isEmpty() ? 0 : heightOf(details, 10.5);
+        const int top = (row->height() - titleHeight - detailsHeight) / 2;
+        const double middle = top + QFontMetrics(systemFont(12)).height() / 2.0;
+        const QRectF box(8, middle - 6.5, 13, 13);
+        painter.setPen(QPen(isChecked ? colors.accent : colors.secondaryText, 1.5));
+        painter.setBrush(isChecked ? QBrush(colors.accent) : QBrush(Qt::NoBrush));
+        painter.drawRoundedRect(box.adjusted(0.75, 0.75, -0.75, -0.75), 3, 3);
+        if (isChecked) {
+            drawGlyph(
+                painter, Glyph::checkmark, box.adjusted(2.5, 2.5, -2.5, -2.5), colors.surface);
+        }
+        painter.setFont(systemFont(12));
+        painter.setPen(colors.primaryText);
+        painter.drawText(QRect(29, top, 300 - 29 - 8, titleHeight), 0, title);
+        painter.setFont(systemFont(10.5));
+        painter.setPen(colors.secondaryText);
+        painter.drawText(QRect(29, top + titleHeight, 300 - 29 - 8, detailsHeight), 0, details);
+        return image;
     }
 
     QWidget window;
@@ -78,6 +126,29 @@ TEST_F(CheckRowTest, showsWhetherItIsOn) {
     const QRect rest(22, 2, 276, 24);
     EXPECT_NE(on.copy(mark), off.copy(mark));
     EXPECT_EQ(on.copy(rest), off.copy(rest));
+}
+
+TEST_F(CheckRowTest, isDrawnAtItsSizes) {
+    const QString title = QStringLiteral("提示音");
+    const QString details = QStringLiteral("响一声");
+    row->clearFocus();
+    EXPECT_LE(difference(pictureOf(*row), drawn(title, {}, false, false)), 1);
+    row->setTexts(title, details);
+    row->setChecked(true);
+    row->resize(300, row->heightForWidth(300));
+    EXPECT_LE(difference(pictureOf(*row), drawn(title, details, true, false)), 1);
+    row->setAttribute(Qt::WA_UnderMouse);
+    EXPECT_LE(difference(pictureOf(*row), drawn(title, details, true, true)), 1);
+}
+
+TEST_F(CheckRowTest, isPaintedWhenItsTextsChange) {
+    const auto change = [this](const QString& details) {
+        return paintsOf(*row, [&] { row->setTexts(QStringLiteral("提示音"), details); });
+    };
+    EXPECT_EQ(change({}), 0);
+    EXPECT_GE(change(QStringLiteral("响一声")), 1);
+    EXPECT_GE(change(QStringLiteral("响两声")), 1);
+    EXPECT_EQ(change(QStringLiteral("响两声")), 0);
 }
 
 TEST_F(CheckRowTest, drawsEachOfItsTexts) {

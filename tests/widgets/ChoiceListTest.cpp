@@ -1,7 +1,9 @@
 // SPDX-FileCopyrightText: 2026 The Quillbar developers
 // SPDX-License-Identifier: MIT
+#include "Quillbar/text/SystemFont.h"
 #include "Quillbar/widgets/ChoiceList.h"
 #include "Quillbar/widgets/Theme.h"
+#include "tests/qtsupport/Ink.h"
 #include "tests/qtsupport/SpinUntil.h"
 #include "tests/qtsupport/Widgets.h"
 
@@ -10,6 +12,7 @@
 #include <QAccessibleInterface>
 #include <QLineEdit>
 #include <QPainter>
+#include <QPen>
 #include <QTest>
 
 #include <gmock/gmock.h>
@@ -47,6 +50,32 @@ struct ChoiceListTest : ::testing::Test {
     }
     void press(Qt::Key key) { QTest::keyClick(window.focusWidget(), key); }
     [[nodiscard]] QString focused() const { return window.focusWidget()->accessibleName(); }
+
+    /// A row as it should look.
+    [[nodiscard]] static QImage drawn(const QString& title, bool isChosen, bool isHovered) {
+        const ThemeColors::Resolved& colors = ThemeColors::dark();
+        QImage image(300, 28, QImage::Format_ARGB32_Premultiplied);
+        image.fill(colors.surface);
+        QPainter painter(&image);
+        painter.setRenderHint(QPainter::Antialiasing);
+        painter.setPen(Qt::NoPen);
+        if (isHovered) {
+            painter.setBrush(colors.rowHover);
+            painter.drawRoundedRect(image.rect(), 4, 4);
+        }
+        const QPointF middle(8 + 6.5, 14);
+        if (isChosen) {
+            painter.setBrush(colors.accent);
+            painter.drawEllipse(middle, 3, 3);
+        }
+        painter.setBrush(Qt::NoBrush);
+        painter.setPen(QPen(isChosen ? colors.accent : colors.secondaryText, 1.5));
+        painter.drawEllipse(middle, 5.75, 5.75);
+        painter.setFont(systemFont(12));
+        painter.setPen(colors.primaryText);
+        painter.drawText(QRect(29, 0, 300 - 29 - 8, 28), Qt::AlignLeft | Qt::AlignVCenter, title);
+        return image;
+    }
 
     QWidget window;
     QLineEdit* before = new QLineEdit(&window);
@@ -146,6 +175,13 @@ TEST_F(ChoiceListTest, marksWhatIsSelectedInTheAccentColor) {
     list->setSelection(1);
     EXPECT_EQ(markOf(kSmall), ThemeColors::dark().surface);
     EXPECT_EQ(markOf(kMiddle), ThemeColors::dark().accent);
+}
+
+TEST_F(ChoiceListTest, aRowIsDrawnAtItsSizes) {
+    EXPECT_LE(difference(pictureOf(row(kSmall)), drawn(kSmall, true, false)), 1);
+    EXPECT_LE(difference(pictureOf(row(kMiddle)), drawn(kMiddle, false, false)), 1);
+    row(kMiddle).setAttribute(Qt::WA_UnderMouse);
+    EXPECT_LE(difference(pictureOf(row(kMiddle)), drawn(kMiddle, false, true)), 1);
 }
 
 TEST_F(ChoiceListTest, eachRowHasItsSampleAtItsEnd) {

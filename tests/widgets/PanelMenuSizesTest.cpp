@@ -129,7 +129,8 @@ TEST_F(PanelMenuSizesTest, anArrowOfEightPointsStandsInTheMiddleOfItsColumn) {
 }
 
 TEST_F(PanelMenuSizesTest, anIconOfSixteenPointsStandsInTheMiddleOfTheMarks) {
-    QPixmap red(16, 16);
+    // Larger than it is shown.
+    QPixmap red(64, 64);
     red.fill(Qt::red);
     menu.addAction(QIcon(red), kLabel);
     open();
