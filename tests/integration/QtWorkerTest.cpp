@@ -7,6 +7,7 @@
 
 #include <atomic>
 #include <future>
+#include <memory>
 #include <stdexcept>
 #include <string>
 #include <thread>
@@ -56,6 +57,15 @@ TEST_F(QtWorkerTest, runsJobsOneAfterAnotherInOrder) {
     m_worker->run([&last] { last.set_value(); });
     ASSERT_TRUE(isKept(last.get_future()));
     EXPECT_EQ(order, "abcd");
+}
+
+TEST_F(QtWorkerTest, runsJobsThatComeWhenAllBeforeAreDone) {
+    // Often, because nobody tells when the thread has found no further job.
+    for (int round = 0; round < 100; ++round) {
+        const auto done = std::make_shared<std::promise<void>>();
+        m_worker->run([done] { done->set_value(); });
+        ASSERT_TRUE(isKept(done->get_future())) << round;
+    }
 }
 
 TEST_F(QtWorkerTest, abandonsTheResultOfACancelledTaskAndLetsTheJobEnd) {
