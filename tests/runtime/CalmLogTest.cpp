@@ -110,6 +110,24 @@ TEST_F(CalmLogTest, losesNoCountWhenMoreLinesComeThanItRemembers) {
     EXPECT_THAT(lines, ::testing::Contains("Coins|default|refused (repeated 1 times)"));
 }
 
+TEST_F(CalmLogTest, forgetsTheOldestLineWhenMoreComeThanItRemembers) {
+    say("first");
+    say("second");
+    constexpr std::array<std::string_view, 4> kCategories{"REST", "Icons", "Boards", "Alerts"};
+    for (std::size_t line = 0; line + 1 < CalmLog::kRemembered; ++line) {
+        calm.write(kCategories.at(line % kCategories.size()),
+                   LogLevel::standard,
+                   fmt::format("line {}", line));
+    }
+    takeLines();
+    say("second");
+    EXPECT_THAT(takeLines(), SizeIs(0));
+    say("first");
+    EXPECT_THAT(takeLines(),
+                ElementsAre("Coins|default|second (repeated 1 times)", "Coins|default|first"))
+        << "and then the second";
+}
+
 TEST_F(CalmLogTest, leavesOutLinesBeyondTheLimitOfAMinute) {
     for (std::size_t line = 0; line < CalmLog::kMostLines + 5; ++line) {
         say(fmt::format("nonsense {}", line), LogLevel::error);

@@ -64,6 +64,16 @@ TEST_F(WakingTest, asksAgainBeforeItResumesWhileMoreIsQueued) {
     EXPECT_EQ(executor.wakes, 2) << "nothing is left to run";
 }
 
+TEST_F(WakingTest, asksOnceForWhatIsQueuedWhileMoreWaits) {
+    scope.spawn([this]() -> Task<void> {
+        spawnTurns(1);
+        co_return;
+    });
+    spawnTurns(1);
+    EXPECT_TRUE(executor.runOne());
+    EXPECT_EQ(executor.wakes, 2);
+}
+
 TEST_F(WakingTest, asksAgainForWhatIsQueuedWhileItRuns) {
     spawnTurns(3);
     EXPECT_TRUE(executor.runOne());

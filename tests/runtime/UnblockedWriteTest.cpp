@@ -7,10 +7,12 @@
 #include <algorithm>
 #include <array>
 #include <cerrno>
+#include <climits>
 #include <csignal>
 #include <cstdlib>
 #include <fcntl.h>
 #include <string>
+#include <sys/resource.h>
 #include <sys/socket.h>
 #include <unistd.h>
 
@@ -73,10 +75,41 @@ private:
     int m_writer;
 };
 
+/// Nothing can be opened while this lives.
+class NoFreeDescriptor {
+public:
+    NoFreeDescriptor() {
+        EXPECT_EQ(::getrlimit(RLIMIT_NOFILE, &m_before), 0);
+        // Not zero, because ::poll refuses more descriptors than the limit.
+        set({.rlim_cur = 1, .rlim_max = m_before.rlim_max});
+    }
+    NoFreeDescriptor(const NoFreeDescriptor&) = delete;
+    NoFreeDescriptor& operator=(const NoFreeDescriptor&) = delete;
+    NoFreeDescriptor(NoFreeDescriptor&&) = delete;
+    NoFreeDescriptor& operator=(NoFreeDescriptor&&) = delete;
+    ~NoFreeDescriptor() { set(m_before); }
+
+private:
+    static void set(const rlimit& limit) { EXPECT_EQ(::setrlimit(RLIMIT_NOFILE, &limit), 0); }
+
+    rlimit m_before{};
+};
+
 TEST(UnblockedWriteTest, neverWaitsForTheReaderOfAPipe) {
     std::array<int, 2> ends{};
     ASSERT_EQ(::pipe2(ends.data(), O_CLOEXEC), 0);
     Channel(ends[0], ends[1]).expectThatItNeverWaits();
+}
+
+TEST(UnblockedWriteTest, neverWaitsForTheReaderOfAPipeThatCannotBeOpenedAgain) {
+    std::array<int, 2> ends{};
+    ASSERT_EQ(::pipe2(ends.data(), O_CLOEXEC), 0);
+    const Channel channel(ends[0], ends[1]);
+    const NoFreeDescriptor none;
+    channel.expectThatItNeverWaits();
+    channel.drain(1);
+    EXPECT_EQ(writeUnblocked(channel.writer(), std::string(1'000'000, 'a')), PIPE_BUF)
+        << "more might wait";
 }
 
 TEST(UnblockedWriteTest, neverWaitsForTheReaderOfASocket) {
