@@ -31,7 +31,6 @@ ErrorLine::ErrorLine(const AppState& state, QWidget* parent)
     Announcement::mark(*this);
     setWordWrap(true);
     setContentsMargins(kHorizontalPadding, kVerticalPadding, kHorizontalPadding, kVerticalPadding);
-    setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
     hide();
     refresh();
 }

@@ -75,6 +75,9 @@ TEST_F(PanelSizesTest, theButtonsOfTheHeaderShowTheirGlyphsInTheMiddle) {
     };
     QWidget& plus = *named(*panel, QStringLiteral("添加币种"));
     QWidget& gear = *named(*panel, QStringLiteral("设置"));
+    panel->setStandalone(true);
+    QWidget& close = *named(*panel, QStringLiteral("关闭面板"));
+    EXPECT_EQ(pictureOf(close), drawn(Glyph::xmark, 11, colors().secondaryText));
     EXPECT_EQ(pictureOf(plus), drawn(Glyph::plus, 13, colors().secondaryText));
     EXPECT_EQ(pictureOf(gear), drawn(Glyph::gear, 15, colors().secondaryText));
     for (QWidget* const button : {&plus, &gear}) {

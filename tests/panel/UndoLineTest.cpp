@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Quillbar developers
 // SPDX-License-Identifier: MIT
 #include "Quillbar/panel/UndoLine.h"
+#include "Quillbar/text/SystemFont.h"
 #include "Quillbar/watchlist/CoinListView.h"
 #include "tests/panel/PanelFixture.h"
 #include "tests/qtsupport/Ink.h"
@@ -185,6 +186,19 @@ TEST_F(UndoLineTest, onlyTheLatestRemovalIsOffered) {
     EXPECT_THAT(watched(), ElementsAre("ETH", "SOL"));
 }
 
+TEST_F(UndoLineTest, isHiddenBetweenTwoRemovalsBecauseScreenReadersReadWhatAppears) {
+    showThree();
+    remove("BTC");
+    const QWidget& line = *widgetsOf<UndoLine>(*panel).at(0);
+    ASSERT_TRUE(line.isVisible());
+    bool wasVisible = true;
+    const Observation afterTheLine = state->watchlist().observe(
+        [&](const Watchlist& /*watchlist*/) { wasVisible = line.isVisible(); });
+    remove("ETH");
+    EXPECT_FALSE(wasVisible);
+    EXPECT_TRUE(line.isVisible());
+}
+
 TEST_F(UndoLineTest, otherEditsAreNotOfferedAndACoinThatIsAddedAgainNeedsNoOffer) {
     showThree();
     run(state->move({0}, 3));
@@ -288,6 +302,22 @@ TEST_F(UndoLineTest, aNameThatIsTooLongEndsWithDots) {
                                   colors().surface);
     EXPECT_LE(end.height(), dot);
     EXPECT_GT(end.top(), ink.center().y());
+}
+
+TEST_F(UndoLineTest, keepsTwelvePointsAtItsSidesAndEightBeforeTheButton) {
+    showThree();
+    remove("ETH");
+    panel->resize(panel->sizeHint());
+    spinUntilIdle();
+    QWidget& line = *widgetsOf<UndoLine>(*panel).at(0);
+    const QRect text = line.findChild<QLabel*>()->geometry();
+    const QRect button = line.findChild<QAbstractButton*>()->geometry();
+    EXPECT_EQ(text.left(), 12);
+    EXPECT_EQ(button.left(), text.right() + 1 + 8);
+    EXPECT_EQ(button.right() + 1, 400 - 12);
+    EXPECT_EQ(button.top(), 0);
+    EXPECT_EQ(line.height(), 20 + 4) << "four below";
+    EXPECT_EQ(line.findChild<QLabel*>()->font(), systemFont(10.5));
 }
 
 TEST_F(UndoLineTest, standsBelowTheListAndIsReadAloud) {
