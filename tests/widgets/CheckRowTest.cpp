@@ -117,6 +117,21 @@ TEST_F(CheckRowTest, growsWithItsTextsAndWrapsThem) {
     EXPECT_GT(row->heightForWidth(1), 0) << "however narrow";
 }
 
+TEST_F(CheckRowTest, isAsHighAsItsLinesAndTenPointsMore) {
+    const QString title = QStringLiteral("提示音");
+    const QString details = QStringLiteral("响一声");
+    const QRect unlimited(0, 0, 1000, 1000);
+    const auto heightOf = [&](const QString& text, double size) {
+        return QFontMetrics(systemFont(size)).boundingRect(unlimited, 0, text).height();
+    };
+    row->setTexts(title, details);
+    EXPECT_EQ(row->heightForWidth(300), heightOf(title, 12) + heightOf(details, 10.5) + 2 * 5);
+    EXPECT_EQ(row->heightForWidth(row->sizeHint().width()), row->heightForWidth(300));
+    EXPECT_EQ(row->sizeHint().width(),
+              29 + QFontMetrics(systemFont(12)).horizontalAdvance(title) + 8);
+    EXPECT_GT(row->heightForWidth(row->sizeHint().width() - 8), row->heightForWidth(300));
+}
+
 TEST_F(CheckRowTest, showsWhetherItIsOn) {
     const QImage off = pictureOf(*row);
     row->setChecked(true);
