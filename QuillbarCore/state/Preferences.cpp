@@ -15,6 +15,12 @@ Preferences Preferences::settingChangeColors(ChangeColors colors) const {
     return result;
 }
 
+Preferences Preferences::settingTextSize(TextSize size) const {
+    Preferences result = *this;
+    result.textSize = size;
+    return result;
+}
+
 Preferences Preferences::settingLabel(const LabelPreferences& preferences) const {
     Preferences result = *this;
     result.label = preferences;

@@ -4,6 +4,7 @@
 
 #include "QuillbarCore/state/ChangeColors.h"
 #include "QuillbarCore/state/LabelPreferences.h"
+#include "QuillbarCore/state/TextSize.h"
 
 #include <cstdint>
 
@@ -21,15 +22,17 @@ struct Preferences final {
     LabelPreferences label = {};
     /// Whether the notice of a price alert asks for a sound.
     bool alertSound = false;
+    TextSize textSize = TextSize::normal;
 
-    /// The preferences of a first start: green for rising prices, and no sound. The reference stays
-    /// valid for the life of the process.
+    /// The preferences of a first start: green for rising prices, no sound, and the panel at 100 %.
+    /// The reference stays valid for the life of the process.
     [[nodiscard]] static const Preferences& defaultPreferences();
 
     // Each returns the preferences with this one field replaced.
     [[nodiscard]] Preferences settingChangeColors(ChangeColors colors) const;
     [[nodiscard]] Preferences settingLabel(const LabelPreferences& preferences) const;
     [[nodiscard]] Preferences settingAlertSound(bool isOn) const;
+    [[nodiscard]] Preferences settingTextSize(TextSize size) const;
 
     [[nodiscard]] bool operator==(const Preferences&) const = default;
 };

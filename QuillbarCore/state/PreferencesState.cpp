@@ -19,6 +19,10 @@ void PreferencesState::setAlertSound(bool isOn) {
     apply(m_preferences->settingAlertSound(isOn));
 }
 
+void PreferencesState::setTextSize(TextSize size) {
+    apply(m_preferences->settingTextSize(size));
+}
+
 void PreferencesState::setLabel(const LabelPreferences& label) {
     LabelPreferences before = m_preferences->label;
     before.ownTemplate = label.ownTemplate;

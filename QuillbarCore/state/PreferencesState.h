@@ -9,6 +9,7 @@
 #include "QuillbarCore/state/LabelPreferences.h"
 #include "QuillbarCore/state/Preferences.h"
 #include "QuillbarCore/state/PreferencesStore.h"
+#include "QuillbarCore/state/TextSize.h"
 
 #include <optional>
 #include <string>
@@ -33,15 +34,18 @@ public:
         return m_lastError;
     }
 
-    /// Shows changes in these colours, and saves that. Does nothing for the colours that are set. A
-    /// save that fails is logged, keeps the edit in memory and sets `lastError`.
-    void setChangeColors(ChangeColors colors);
-    /// Gives the notices of price alerts a sound or none, in the same way.
-    void setAlertSound(bool isOn);
+    // Edits. Each saves, and does nothing for what is set already. A save that fails is logged,
+    // keeps the edit in memory and sets `lastError`.
 
-    /// The same for the item in the status area. While a template is typed, each of its versions is
-    /// an edit, so an edit of the template alone does not wait for the disk: a power cut a few
-    /// seconds later may cost it.
+    /// Shows changes in these colours.
+    void setChangeColors(ChangeColors colors);
+    /// Gives the notices of price alerts a sound or none.
+    void setAlertSound(bool isOn);
+    /// Draws the panel in this size.
+    void setTextSize(TextSize size);
+    /// Shows this in the status area. While a template is typed, each of its versions is an edit, so
+    /// an edit of the template alone does not wait for the disk: a power cut a few seconds later may
+    /// cost it.
     void setLabel(const LabelPreferences& label);
 
 private:

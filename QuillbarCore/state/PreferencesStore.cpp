@@ -23,6 +23,7 @@ constexpr const char* kDiscreet = "discreet";
 constexpr const char* kCoins = "coins";
 constexpr const char* kEvery = "every";
 constexpr const char* kAlertSound = "alertSound";
+constexpr const char* kTextSize = "textSize";
 
 int decodeRotationSeconds(const ordered_json& value) {
     const std::int64_t seconds = JSONDocument::requiredInteger(value, kEvery);
@@ -75,6 +76,14 @@ ordered_json encodeLabel(const LabelPreferences& label) {
     return value;
 }
 
+TextSize decodeTextSize(const ordered_json& value) {
+    const std::int64_t percent = JSONDocument::requiredInteger(value, kTextSize);
+    if (const auto size = textSizeFromPercent(percent)) {
+        return *size;
+    }
+    throw DocumentError(fmt::format("\"{}\" cannot be {}", kTextSize, percent));
+}
+
 }  // namespace
 
 const Preferences& PreferencesDocument::defaultDocument() {
@@ -99,6 +108,9 @@ Preferences PreferencesDocument::decode(std::string_view text) {
     if (JSONDocument::optionalMember(value, kAlertSound) != nullptr) {
         preferences.alertSound = JSONDocument::requiredTruth(value, kAlertSound);
     }
+    if (JSONDocument::optionalMember(value, kTextSize) != nullptr) {
+        preferences.textSize = decodeTextSize(value);
+    }
     return preferences;
 }
 
@@ -111,6 +123,9 @@ std::string PreferencesDocument::encode(const Preferences& preferences) {
     }
     if (preferences.alertSound) {
         value[kAlertSound] = true;
+    }
+    if (preferences.textSize != TextSize::normal) {
+        value[kTextSize] = percentOf(preferences.textSize);
     }
     return JSONDocument::compactText(value);
 }

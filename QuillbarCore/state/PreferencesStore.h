@@ -16,10 +16,10 @@ namespace quillbar {
 ///
 ///     {"schemaVersion":1,"changeColors":"redUp","label":{"wording":"custom",
 ///      "template":"{symbol} {price:.0}","discreet":true,"coins":"rotating","every":30},
-///      "alertSound":true}
+///      "alertSound":true,"textSize":115}
 ///
-/// The version alone is required; what is absent has its default. A raw text or a number of
-/// seconds that stands for nothing, or a switch that is neither true nor false, fails the whole
+/// The version alone is required; what is absent has its default. A raw text, a number of seconds or
+/// a text size that stands for nothing, or a switch that is neither true nor false, fails the whole
 /// document; the template may be any text. But for the version and the colours, only what is not
 /// the default is written.
 struct PreferencesDocument final {

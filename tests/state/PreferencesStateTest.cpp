@@ -102,6 +102,19 @@ TEST_F(PreferencesStateTest, theColorsThatAreSetAlreadyAreNotSavedAgain) {
     EXPECT_EQ(entryCount(folder.path()), 0U);
 }
 
+TEST_F(PreferencesStateTest, anotherSizeIsToldAndSavedBesideTheColors) {
+    PreferencesState state = started();
+    state.setChangeColors(ChangeColors::redUp);
+    std::vector<TextSize> told;
+    const Observation observation = state.preferences().observe(
+        [&](const Preferences& preferences) { told.push_back(preferences.textSize); });
+    state.setTextSize(TextSize::large);
+    state.setTextSize(TextSize::large);
+    EXPECT_THAT(told, ElementsAre(TextSize::large));
+    EXPECT_EQ(stored(), R"({"schemaVersion":1,"changeColors":"redUp","textSize":115})");
+    EXPECT_EQ(started().preferences()->textSize, TextSize::large);
+}
+
 TEST_F(PreferencesStateTest, anEditThatCannotBeSavedIsKeptAndReported) {
     PreferencesState state = started();
     log.clear();

@@ -29,7 +29,7 @@ struct PreferencesStoreTest : testing::Test {
 
 TEST_F(PreferencesStoreTest, takesTheDefaultForWhatIsAbsent) {
     EXPECT_EQ(load(R"({"schemaVersion":1})"), Preferences::defaultPreferences());
-    EXPECT_EQ(load(R"({"schemaVersion":1,"changeColors":null,"alertSound":null})"),
+    EXPECT_EQ(load(R"({"schemaVersion":1,"changeColors":null,"alertSound":null,"textSize":null})"),
               Preferences::defaultPreferences());
     EXPECT_THAT(log.lines(), IsEmpty());
 }
@@ -42,10 +42,33 @@ TEST_F(PreferencesStoreTest, ignoresKeysItDoesNotKnow) {
 
 TEST_F(PreferencesStoreTest, loadsEveryValueItCanHold) {
     for (const ChangeColors colors : kAllChangeColors) {
-        const Preferences preferences{1, colors};
-        PreferencesStore(folder.path()).save(preferences);
-        EXPECT_EQ(PreferencesStore(folder.path()).load(), preferences);
+        for (const TextSize size : kAllTextSizes) {
+            const Preferences preferences =
+                Preferences{1, colors}.settingTextSize(size).settingAlertSound(true);
+            PreferencesStore(folder.path()).save(preferences);
+            EXPECT_EQ(PreferencesStore(folder.path()).load(), preferences);
+        }
     }
+}
+
+TEST_F(PreferencesStoreTest, writesOnlyASizeThatIsNotTheNormalOne) {
+    const Preferences normal{1, ChangeColors::redUp};
+    EXPECT_EQ(PreferencesDocument::encode(normal.settingTextSize(TextSize::larger)),
+              R"({"schemaVersion":1,"changeColors":"redUp","textSize":130})");
+    EXPECT_EQ(PreferencesDocument::encode(normal), R"({"schemaVersion":1,"changeColors":"redUp"})");
+}
+
+TEST_F(PreferencesStoreTest, loadsTheNormalSizeWhereItIsWritten) {
+    EXPECT_EQ(load(R"({"schemaVersion":1,"textSize":100})"), Preferences::defaultPreferences());
+    EXPECT_THAT(log.lines(), IsEmpty());
+}
+
+TEST_F(PreferencesStoreTest, loadsTheWholeDefaultForAnUnknownSize) {
+    EXPECT_EQ(load(R"({"schemaVersion":1,"changeColors":"redUp","textSize":125})"),
+              Preferences::defaultPreferences());
+    EXPECT_THAT(log.lines(),
+                ElementsAre("PreferencesStore|default|load preferences failed "
+                            R"(("textSize" cannot be 125), using default)"));
 }
 
 TEST_F(PreferencesStoreTest, loadsTheWholeDefaultForUnknownColors) {
@@ -65,6 +88,8 @@ TEST_F(PreferencesStoreTest, loadsTheWholeDefaultForValuesOfAnotherType) {
                                         R"({"schemaVersion":1,"changeColors":{}})",
                                         R"({"schemaVersion":1,"alertSound":"true"})",
                                         R"({"schemaVersion":1,"alertSound":1})",
+                                        R"({"schemaVersion":1,"textSize":115.5})",
+                                        R"({"schemaVersion":1,"textSize":"115"})",
                                         R"(["redUp"])"}) {
         SCOPED_TRACE(text);
         log.clear();

@@ -12,6 +12,7 @@ TEST(Preferences, areGreenForRisingAtAFirstStart) {
     EXPECT_EQ(preferences.schemaVersion, 1);
     EXPECT_EQ(preferences.changeColors, ChangeColors::greenUp);
     EXPECT_FALSE(preferences.alertSound);
+    EXPECT_EQ(preferences.textSize, TextSize::normal);
 }
 
 TEST(Preferences, ofAFirstStartWordTheLabelWithCoinPriceAndChange) {
@@ -30,6 +31,9 @@ TEST(Preferences, areReplacedOneFieldAtATime) {
     EXPECT_EQ(before.settingAlertSound(true),
               (Preferences{.schemaVersion = 7, .alertSound = true}));
     EXPECT_EQ(before.changeColors, ChangeColors::greenUp);
+    EXPECT_EQ(before.settingTextSize(TextSize::larger),
+              (Preferences{.schemaVersion = 7, .textSize = TextSize::larger}));
+    EXPECT_EQ(before.textSize, TextSize::normal);
     const LabelPreferences label{.wording = LabelWording::price, .isDiscreet = true};
     EXPECT_EQ(before.settingLabel(label), (Preferences{7, ChangeColors::greenUp, label}));
     EXPECT_FALSE(before.label.isDiscreet);
@@ -44,6 +48,7 @@ TEST(Preferences, areEqualWhenEveryFieldIs) {
     EXPECT_NE(preferences, preferences.settingLabel({.ownTemplate = "{price}"}));
     EXPECT_NE(preferences, preferences.settingLabel({.isDiscreet = true}));
     EXPECT_NE(preferences, preferences.settingAlertSound(true));
+    EXPECT_NE(preferences, preferences.settingTextSize(TextSize::large));
 }
 
 }  // namespace
