@@ -5,6 +5,7 @@
 #include "Quillbar/text/SystemFont.h"
 #include "Quillbar/text/TabularText.h"
 #include "Quillbar/widgets/Announcement.h"
+#include "Quillbar/widgets/TextScale.h"
 #include "Quillbar/widgets/Theme.h"
 
 #include <QColor>
@@ -22,7 +23,7 @@ constexpr float kBackgroundOpacity = 0.1F;
 
 BannerRow::BannerRow(QWidget* parent)
     : QWidget(parent) {
-    setFixedHeight(kHeight);
+    TextScale::follow(*this, [this] { setFixedHeight(TextScale::length(*this, kHeight)); });
     Announcement::mark(*this);
 }
 
@@ -46,7 +47,8 @@ void BannerRow::paintEvent(QPaintEvent* /*event*/) {
     background.setAlphaF(kBackgroundOpacity);
     painter.fillRect(rect(), background);
     painter.setPen(colors.warning);
-    const QRectF area = QRectF(rect()).adjusted(kPadding + m_indent, 0, -kPadding, 0);
+    const QRectF area =
+        TextScale::enlarge(painter, *this).adjusted(kPadding + m_indent, 0, -kPadding, 0);
     TabularText::draw(
         painter, area, Qt::AlignLeft | Qt::AlignVCenter, m_text, systemFont(kFontSize));
 }

@@ -3,6 +3,7 @@
 #include "Quillbar/widgets/CenteredText.h"
 
 #include "Quillbar/text/SystemFont.h"
+#include "Quillbar/widgets/TextScale.h"
 #include "Quillbar/widgets/Theme.h"
 
 #include <QFontMetricsF>
@@ -26,19 +27,23 @@ CenteredText::CenteredText(const QString& text, int padding, QWidget* parent)
     , m_padding(padding) {
     setAccessibleName(text);
     setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
+    TextScale::follow(*this, [this] { updateGeometry(); });
 }
 
 QSize CenteredText::sizeHint() const {
     const QFontMetricsF metrics(systemFont(kTextSize));
-    return {static_cast<int>(std::ceil(metrics.horizontalAdvance(m_text))) + 2 * m_padding,
-            static_cast<int>(std::ceil(metrics.height())) + 2 * m_padding};
+    const double scale = TextScale::of(*this);
+    const int padding = 2 * TextScale::length(*this, m_padding);
+    return {static_cast<int>(std::ceil(metrics.horizontalAdvance(m_text) * scale)) + padding,
+            static_cast<int>(std::ceil(metrics.height() * scale)) + padding};
 }
 
 void CenteredText::paintEvent(QPaintEvent* /*event*/) {
     QPainter painter(this);
+    const QRectF area = TextScale::enlarge(painter, *this);
     painter.setFont(systemFont(kTextSize));
     painter.setPen(ThemeKey::value(*this).colors.secondaryText);
-    painter.drawText(rect(), Qt::AlignCenter, m_text);
+    painter.drawText(area, Qt::AlignCenter, m_text);
 }
 
 }  // namespace quillbar

@@ -4,6 +4,7 @@
 
 #include "Quillbar/text/SystemFont.h"
 #include "Quillbar/widgets/Glyphs.h"
+#include "Quillbar/widgets/TextScale.h"
 #include "Quillbar/widgets/Theme.h"
 
 #include <QFont>
@@ -15,6 +16,7 @@
 #include <QSizePolicy>
 
 #include <algorithm>
+#include <cmath>
 
 namespace quillbar {
 
@@ -37,6 +39,11 @@ constexpr int kUnlimited = 100'000;
 int textHeight(const QString& text, double size, int width) {
     const QRect room(0, 0, std::max(1, width), kUnlimited);
     return QFontMetrics(systemFont(size)).boundingRect(room, Qt::TextWordWrap, text).height();
+}
+
+/// How wide the texts of a row of that width may be.
+int roomFor(double width) {
+    return static_cast<int>(width) - kTextLeft - kPadding;
 }
 
 void drawMark(QPainter& painter,
@@ -64,6 +71,7 @@ CheckRow::CheckRow(const QString& title, QWidget* parent)
     policy.setHeightForWidth(true);
     setSizePolicy(policy);
     setTexts(title, QString());
+    TextScale::follow(*this, [this] { updateGeometry(); });
 }
 
 void CheckRow::setTexts(const QString& title, const QString& details) {
@@ -78,12 +86,12 @@ void CheckRow::setTexts(const QString& title, const QString& details) {
 }
 
 int CheckRow::heightForWidth(int width) const {
-    const int room = width - kTextLeft - kPadding;
+    const int room = roomFor(width / TextScale::of(*this));
     int height = textHeight(text(), kTitleSize, room);
     if (!m_details.isEmpty()) {
         height += textHeight(m_details, kDetailsSize, room);
     }
-    return std::max(kRowHeight, height + 2 * kVerticalPadding);
+    return TextScale::length(*this, std::max(kRowHeight, height + 2 * kVerticalPadding));
 }
 
 QSize CheckRow::sizeHint() const {
@@ -91,25 +99,27 @@ QSize CheckRow::sizeHint() const {
         kTextLeft + kPadding
         + std::max(QFontMetrics(systemFont(kTitleSize)).horizontalAdvance(text()),
                    QFontMetrics(systemFont(kDetailsSize)).horizontalAdvance(m_details));
-    return {width, heightForWidth(width)};
+    const int atSize = static_cast<int>(std::ceil(width * TextScale::of(*this)));
+    return {atSize, heightForWidth(atSize)};
 }
 
 QSize CheckRow::minimumSizeHint() const {
-    return {kTextLeft + kPadding, kRowHeight};
+    return TextScale::size(*this, {kTextLeft + kPadding, kRowHeight});
 }
 
 void CheckRow::drawContent(QPainter& painter) {
     const ThemeColors::Resolved& colors = ThemeKey::value(*this).colors;
+    const QRectF area = TextScale::enlarge(painter, *this);
     painter.setRenderHint(QPainter::Antialiasing);
     if (isHovered()) {
         painter.setPen(Qt::NoPen);
         painter.setBrush(colors.rowHover);
-        painter.drawRoundedRect(QRectF(rect()), kRadius, kRadius);
+        painter.drawRoundedRect(area, kRadius, kRadius);
     }
-    const int room = width() - kTextLeft - kPadding;
+    const int room = roomFor(area.width());
     const int titleHeight = textHeight(text(), kTitleSize, room);
     const int detailsHeight = m_details.isEmpty() ? 0 : textHeight(m_details, kDetailsSize, room);
-    const int top = (height() - titleHeight - detailsHeight) / 2;
+    const int top = (static_cast<int>(area.height()) - titleHeight - detailsHeight) / 2;
     // In the middle of the title's first line.
     const QFont titleFont = systemFont(kTitleSize);
     const double middle = top + QFontMetrics(titleFont).height() / 2.0;

@@ -14,7 +14,7 @@ namespace quillbar {
 /// readers it is a check box whose name is both texts.
 class CheckRow final : public PlainButton {
 public:
-    /// The height of a row with a title of one line, in points.
+    /// The height of a row with a title of one line, in points at a text size of 100 %.
     static constexpr int kRowHeight = 28;
 
     /// A row that is off and has no details.

@@ -4,6 +4,7 @@
 
 #include "Quillbar/text/SystemFont.h"
 #include "Quillbar/widgets/PlainButton.h"
+#include "Quillbar/widgets/TextScale.h"
 #include "Quillbar/widgets/Theme.h"
 
 #include <QAccessible>
@@ -59,13 +60,13 @@ public:
         setAccessibleName(title);
         setCheckable(true);
         setAutoExclusive(true);
-        setFixedHeight(kRowHeight);
+        TextScale::follow(*this, [this] { setFixedHeight(TextScale::length(*this, kRowHeight)); });
     }
 
 protected:
     void drawContent(QPainter& painter) override {
         const ThemeColors::Resolved& colors = ThemeKey::value(*this).colors;
-        const QRectF row(rect());
+        const QRectF row = TextScale::enlarge(painter, *this);
         painter.setRenderHint(QPainter::Antialiasing);
         if (isHovered()) {
             painter.setPen(Qt::NoPen);

@@ -19,7 +19,7 @@ namespace quillbar {
 /// Space and Enter. For screen readers it is a group of radio buttons.
 class ChoiceList final : public QWidget {
 public:
-    /// The height of a row, in points.
+    /// The height of a row, in points at a text size of 100 %.
     static constexpr int kRowHeight = 28;
 
     /// The first title is selected. `name` is what is chosen, for screen readers.
@@ -34,8 +34,8 @@ public:
 
     /// Called when the user selects another title.
     std::function<void(std::size_t index)> onSelect;
-    /// Draws the sample of a title into the rectangle, which ends where the row does. Null for
-    /// none.
+    /// Draws the sample of a title into the rectangle, which ends where the row does. The painter's
+    /// unit is a point at a text size of 100 %. Null for none.
     std::function<void(QPainter& painter, const QRectF& rectangle, std::size_t index)> drawSample;
 
 private:

@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "Quillbar/widgets/GlyphButton.h"
 
+#include "Quillbar/widgets/TextScale.h"
+
 #include <QPainter>
 #include <QPointF>
 #include <QRectF>
@@ -12,7 +14,7 @@ GlyphButton::GlyphButton(Glyph glyph, double glyphSize, const QSize& size, QWidg
     : PlainButton(parent)
     , m_glyph(glyph)
     , m_glyphSize(glyphSize) {
-    setFixedSize(size);
+    TextScale::follow(*this, [this, size] { setFixedSize(TextScale::size(*this, size)); });
 }
 
 void GlyphButton::setGlyph(Glyph glyph) {
@@ -35,7 +37,7 @@ void GlyphButton::setRestingOpacity(double opacity) {
 
 void GlyphButton::drawContent(QPainter& painter) {
     QRectF square(0, 0, m_glyphSize, m_glyphSize);
-    square.moveCenter(QRectF(rect()).center());
+    square.moveCenter(TextScale::enlarge(painter, *this).center());
     const ThemeColors::Resolved& colors = ThemeKey::value(*this).colors;
     painter.setOpacity(glyphOpacity());
     drawGlyph(painter, m_glyph, square, colors.*(isHovered() ? m_hoverRole : m_role));

@@ -14,7 +14,7 @@ namespace quillbar {
 class GlyphButton : public PlainButton {
 public:
     /// `size` is the size of the whole button, `glyphSize` that of the glyph in it; both are in
-    /// points.
+    /// points at a text size of 100 %.
     GlyphButton(Glyph glyph, double glyphSize, const QSize& size, QWidget* parent = nullptr);
 
     /// Repaints only for another glyph.

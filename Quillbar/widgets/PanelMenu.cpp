@@ -2,11 +2,11 @@
 // SPDX-License-Identifier: MIT
 #include "Quillbar/widgets/PanelMenu.h"
 
-#include "Quillbar/text/SystemFont.h"
 #include "Quillbar/widgets/EntryMenu.h"
 #include "Quillbar/widgets/LiftedSurface.h"
 #include "Quillbar/widgets/PanelMenuStyle.h"
 #include "Quillbar/widgets/PopoverPlacement.h"
+#include "Quillbar/widgets/TextScale.h"
 #include "Quillbar/widgets/Theme.h"
 
 #include <QAction>
@@ -49,7 +49,7 @@ PanelMenu::PanelMenu(QWidget* parent)
     auto* const style = new PanelMenuStyle;
     style->setParent(this);
     setStyle(style);
-    setFont(systemFont(kFontSize));
+    TextScale::follow(*this, [this] { setFont(TextScale::font(*this, kFontSize)); });
 }
 
 void PanelMenu::setDestructive(QAction& action) {
@@ -77,11 +77,11 @@ void PanelMenu::initStyleOption(QStyleOptionMenuItem* option, const QAction* act
     QColor text = action->isEnabled() ? colors.primaryText : colors.tertiaryText;
     switch (entryKindOf(*action)) {
     case MenuEntry::Kind::header:
-        option->font = systemFont(kSmallFontSize);
+        option->font = TextScale::font(*this, kSmallFontSize);
         text = colors.secondaryText;
         break;
     case MenuEntry::Kind::notice:
-        option->font = systemFont(kSmallFontSize);
+        option->font = TextScale::font(*this, kSmallFontSize);
         text = colors.danger;
         break;
     case MenuEntry::Kind::action:

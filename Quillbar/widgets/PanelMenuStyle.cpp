@@ -4,6 +4,7 @@
 
 #include "Quillbar/widgets/Glyphs.h"
 #include "Quillbar/widgets/LiftedSurface.h"
+#include "Quillbar/widgets/TextScale.h"
 #include "Quillbar/widgets/Theme.h"
 
 #include <QIcon>
@@ -21,6 +22,7 @@ namespace {
 
 // The parts of an entry, from the left: a column for marks and icons, the text, the shortcut, and a
 // margin or the arrow of a submenu.
+// Their lengths are those at a text size of 100 %.
 constexpr int kMarkColumn = 28;
 constexpr int kRightColumn = 20;
 constexpr int kVerticalPadding = 5;
@@ -50,9 +52,9 @@ struct Texts {
     QString key;
 };
 
-QSize labelSize(const QStyleOptionMenuItem& item, const QString& label) {
+QSize labelSize(const QStyleOptionMenuItem& item, const QString& label, int greatestWidth) {
     const QFontMetrics metrics(item.font);
-    return metrics.boundingRect(QRect(0, 0, kMaximumTextWidth, 0), kTextFlags, label).size();
+    return metrics.boundingRect(QRect(0, 0, greatestWidth, 0), kTextFlags, label).size();
 }
 
 void drawSeparator(QPainter& painter,
@@ -63,20 +65,32 @@ void drawSeparator(QPainter& painter,
                      colors.separator);
 }
 
+/// A square of that size at 100 % in the middle of a column.
+QRectF squareIn(const QRectF& column, double points, const QWidget& menu) {
+    const double side = points * TextScale::of(menu);
+    QRectF square(0, 0, side, side);
+    square.moveCenter(column.center());
+    return square;
+}
+
 void drawMark(QPainter& painter,
               const QStyleOptionMenuItem& item,
-              const ThemeColors::Resolved& colors) {
-    const QRectF column(item.rect.left(), item.rect.top(), kMarkColumn, item.rect.height());
+              const ThemeColors::Resolved& colors,
+              const QWidget& menu) {
+    const QRectF column(item.rect.left(),
+                        item.rect.top(),
+                        TextScale::length(menu, kMarkColumn),
+                        item.rect.height());
     if (item.checkType != QStyleOptionMenuItem::NotCheckable) {
         if (item.checked) {
-            QRectF square(0, 0, kCheckmarkSize, kCheckmarkSize);
-            square.moveCenter(column.center());
+            const QRectF square = squareIn(column, kCheckmarkSize, menu);
             drawGlyph(painter, Glyph::checkmark, square, colors.accent);
         }
         return;
     }
     if (!item.icon.isNull()) {
-        QRect square(0, 0, kIconSize, kIconSize);
+        const int side = TextScale::length(menu, kIconSize);
+        QRect square(0, 0, side, side);
         square.moveCenter(column.center().toPoint());
         const bool isEnabled = item.state.testFlag(QStyle::State_Enabled);
         item.icon.paint(
@@ -86,7 +100,8 @@ void drawMark(QPainter& painter,
 
 void drawEntry(QPainter& painter,
                const QStyleOptionMenuItem& item,
-               const ThemeColors::Resolved& colors) {
+               const ThemeColors::Resolved& colors,
+               const QWidget& menu) {
     if (item.state.testFlag(QStyle::State_Selected) && item.state.testFlag(QStyle::State_Enabled)) {
         QColor tint = colors.accent;
         tint.setAlphaF(kTintOpacity);
@@ -96,10 +111,11 @@ void drawEntry(QPainter& painter,
         painter.drawRoundedRect(
             QRectF(item.rect).adjusted(kTintMargin, 0, -kTintMargin, 0), kTintRadius, kTintRadius);
     }
-    drawMark(painter, item, colors);
+    drawMark(painter, item, colors, menu);
     painter.setFont(item.font);
     painter.setPen(item.palette.color(QPalette::Text));
-    const QRect area = item.rect.adjusted(kMarkColumn, 0, -kRightColumn, 0);
+    const int rightColumn = TextScale::length(menu, kRightColumn);
+    const QRect area = item.rect.adjusted(TextScale::length(menu, kMarkColumn), 0, -rightColumn, 0);
     const Texts texts(item);
     painter.drawText(area, kTextFlags, texts.label);
     if (!texts.key.isEmpty()) {
@@ -107,13 +123,12 @@ void drawEntry(QPainter& painter,
         painter.drawText(area, Qt::AlignRight | Qt::AlignVCenter, texts.key);
     }
     if (item.menuItemType == QStyleOptionMenuItem::SubMenu) {
-        const QRectF column(item.rect.right() + 1 - kRightColumn,
-                            item.rect.top(),
-                            kRightColumn,
-                            item.rect.height());
-        QRectF square(0, 0, kArrowSize, kArrowSize);
-        square.moveCenter(column.center());
-        drawGlyph(painter, Glyph::chevronRight, square, item.palette.color(QPalette::Text));
+        const QRectF column(
+            item.rect.right() + 1 - rightColumn, item.rect.top(), rightColumn, item.rect.height());
+        drawGlyph(painter,
+                  Glyph::chevronRight,
+                  squareIn(column, kArrowSize, menu),
+                  item.palette.color(QPalette::Text));
     }
 }
 
@@ -161,7 +176,7 @@ void PanelMenuStyle::drawControl(ControlElement element,
     if (item->menuItemType == QStyleOptionMenuItem::Separator) {
         drawSeparator(*painter, *item, colors);
     } else {
-        drawEntry(*painter, *item, colors);
+        drawEntry(*painter, *item, colors, *widget);
     }
     painter->restore();
 }
@@ -171,19 +186,20 @@ QSize PanelMenuStyle::sizeFromContents(ContentsType type,
                                        const QSize& contents,
                                        const QWidget* widget) const {
     const auto* const item = qstyleoption_cast<const QStyleOptionMenuItem*>(option);
-    if (type != CT_MenuItem || item == nullptr) {
+    if (type != CT_MenuItem || item == nullptr || widget == nullptr) {
         return QProxyStyle::sizeFromContents(type, option, contents, widget);
     }
+    const auto length = [widget](int points) { return TextScale::length(*widget, points); };
     if (item->menuItemType == QStyleOptionMenuItem::Separator) {
         // An entry without a width is left out.
-        return {kMarkColumn, kSeparatorHeight};
+        return {length(kMarkColumn), length(kSeparatorHeight)};
     }
     const Texts texts(*item);
-    const QSize text = labelSize(*item, texts.label);
+    const QSize text = labelSize(*item, texts.label, length(kMaximumTextWidth));
     // The menu itself adds the column for the shortcuts.
-    const int gap = texts.key.isEmpty() ? 0 : kKeyGap;
-    return {kMarkColumn + text.width() + gap + kRightColumn,
-            std::max(text.height(), kIconSize) + 2 * kVerticalPadding};
+    const int gap = texts.key.isEmpty() ? 0 : length(kKeyGap);
+    return {length(kMarkColumn) + text.width() + gap + length(kRightColumn),
+            std::max(text.height(), length(kIconSize)) + 2 * length(kVerticalPadding)};
 }
 
 int PanelMenuStyle::pixelMetric(PixelMetric metric,
@@ -193,7 +209,7 @@ int PanelMenuStyle::pixelMetric(PixelMetric metric,
     case PM_MenuPanelWidth:
         return 1;
     case PM_MenuVMargin:
-        return kMenuPadding;
+        return widget == nullptr ? kMenuPadding : TextScale::length(*widget, kMenuPadding);
     case PM_MenuHMargin:
         return 0;
     default:

@@ -24,7 +24,9 @@ void PlainButton::drawRing(QPainter& painter, const QRectF& rectangle) const {
 
 void PlainButton::paintEvent(QPaintEvent* /*event*/) {
     QPainter painter(this);
+    painter.save();
     drawContent(painter);
+    painter.restore();
     if (m_ringBy == RingBy::button) {
         drawRing(painter, QRectF(rect()));
     }

@@ -29,7 +29,8 @@ public:
     void drawRing(QPainter& painter, const QRectF& rectangle) const;
 
 protected:
-    /// Draws the button without its ring, by a painter in its initial state.
+    /// Draws the button without its ring, by a painter in its initial state, which need not be
+    /// kept.
     virtual void drawContent(QPainter& painter) = 0;
 
     /// Whether the pointer is over the button and it can be clicked.

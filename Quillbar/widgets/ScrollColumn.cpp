@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "Quillbar/widgets/ScrollColumn.h"
 
+#include "Quillbar/widgets/TextScale.h"
+
 #include <QAbstractSlider>
 #include <QApplication>
 #include <QEvent>
@@ -36,7 +38,6 @@ ScrollColumn::ScrollColumn(int spacing, QWidget* parent)
     , m_stack(new QVBoxLayout(m_content))
     , m_fade(*viewport()) {
     m_stack->setContentsMargins(0, 0, 0, 0);
-    m_stack->setSpacing(spacing);
     setWidget(m_content);
     setWidgetResizable(true);
     setFrameShape(QFrame::NoFrame);
@@ -48,7 +49,10 @@ ScrollColumn::ScrollColumn(int spacing, QWidget* parent)
     viewport()->setAutoFillBackground(false);
     m_content->setAutoFillBackground(false);
     QScrollBar* const bar = verticalScrollBar();
-    bar->setSingleStep(kStep);
+    TextScale::follow(*this, [this, bar, spacing] {
+        m_stack->setSpacing(TextScale::length(*this, spacing));
+        bar->setSingleStep(TextScale::length(*this, kStep));
+    });
     connect(bar, &QAbstractSlider::valueChanged, this, [this] { updateFade(); });
     connect(bar, &QAbstractSlider::rangeChanged, this, [this] { updateFade(); });
     connect(qApp, &QApplication::focusChanged, this, [this](QWidget* /*before*/, QWidget* focused) {

@@ -19,10 +19,10 @@ namespace quillbar {
 /// Used on the main thread alone.
 class ScrollColumn final : public QScrollArea {
 public:
-    /// How far the wheel scrolls in one step, in points.
+    /// How far the wheel scrolls in one step, in points at a text size of 100 %.
     static constexpr int kStep = 28;
 
-    /// `spacing` is the distance between two widgets, in points.
+    /// `spacing` is the distance between two widgets, in points at a text size of 100 %.
     explicit ScrollColumn(int spacing, QWidget* parent = nullptr);
 
     /// Adds a widget at the end. The column owns it.

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "Quillbar/widgets/Spinner.h"
 
+#include "Quillbar/widgets/TextScale.h"
 #include "Quillbar/widgets/Theme.h"
 
 #include <QPainter>
@@ -24,15 +25,17 @@ constexpr double kFullTurn = 360;
 Spinner::Spinner(double diameter, QWidget* parent)
     : QWidget(parent)
     , m_diameter(diameter) {
-    const int side = static_cast<int>(std::ceil(diameter));
-    setFixedSize(side, side);
+    TextScale::follow(*this, [this] {
+        const int side = static_cast<int>(std::ceil(m_diameter * TextScale::of(*this)));
+        setFixedSize(side, side);
+    });
     setAttribute(Qt::WA_TransparentForMouseEvents);
 }
 
 void Spinner::paintEvent(QPaintEvent* /*event*/) {
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
-    painter.translate(QRectF(rect()).center());
+    painter.translate(TextScale::enlarge(painter, *this).center());
     const double width = m_diameter * kSpokeWidthRatio;
     const double outer = (m_diameter - width) / 2;
     const double inner = m_diameter * kInnerRadiusRatio;

@@ -12,7 +12,7 @@ namespace quillbar {
 /// under the pointer; pale while it is disabled.
 class TextButton final : public PlainButton {
 public:
-    /// In points. The width is that of the text.
+    /// In points, at a text size of 100 %. The width is that of the text.
     static constexpr int kHeight = 20;
 
     /// The text is its accessible name too.
@@ -20,6 +20,9 @@ public:
 
 protected:
     void drawContent(QPainter& painter) override;
+
+private:
+    void fit();
 };
 
 }  // namespace quillbar

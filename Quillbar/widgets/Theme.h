@@ -49,9 +49,11 @@ struct ThemeColors final {
     [[nodiscard]] static Resolved of(ColorScheme scheme, ChangeColors changeColors);
 };
 
-/// The colours and the scheme that views draw with.
+/// The colours and the size that views draw with.
 struct Theme final {
     ThemeColors::Resolved colors;
+    /// The text size as a factor, 1 for 100 %. Views read it by `TextScale`.
+    double scale = 1;
 
     [[nodiscard]] bool operator==(const Theme&) const = default;
 };
@@ -72,7 +74,7 @@ namespace ThemeKey {
 void set(QWidget& root, const Theme& theme);
 
 /// The type of the event that a widget gets when its theme has changed. Only widgets that keep
-/// something made of colours need it.
+/// something made of colours need it; for lengths there is `TextScale::follow`.
 [[nodiscard]] QEvent::Type changeEvent();
 
 }  // namespace ThemeKey

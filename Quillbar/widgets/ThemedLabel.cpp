@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "Quillbar/widgets/ThemedLabel.h"
 
+#include "Quillbar/widgets/TextScale.h"
 #include "Quillbar/widgets/Theme.h"
 
 #include <QEvent>
@@ -12,8 +13,8 @@ namespace quillbar {
 ThemedLabel::ThemedLabel(const QFont& font, ColorRole role, QWidget* parent)
     : QLabel(parent)
     , m_role(role) {
-    setFont(font);
     setTextFormat(Qt::PlainText);
+    TextScale::follow(*this, [this, font] { setFont(TextScale::font(*this, font)); });
     applyTheme();
 }
 

@@ -9,10 +9,11 @@
 
 namespace quillbar {
 
-/// A label of plain text whose colour follows the theme.
+/// A label of plain text whose colour and size follow the theme.
 class ThemedLabel : public QLabel {
 public:
-    /// Makes a label without text. `role` is the text's colour.
+    /// Makes a label without text. `font` is the one at a text size of 100 %; it grows with the
+    /// size. `role` is the text's colour.
     ThemedLabel(const QFont& font, ColorRole role, QWidget* parent = nullptr);
 
 protected:

@@ -3,6 +3,7 @@
 #include "Quillbar/widgets/TooltipStyle.h"
 
 #include "Quillbar/widgets/LiftedSurface.h"
+#include "Quillbar/widgets/TextScale.h"
 #include "Quillbar/widgets/Theme.h"
 
 #include <QApplication>
@@ -11,6 +12,7 @@
 #include <QPalette>
 #include <QPoint>
 #include <QRect>
+#include <QToolTip>
 #include <QWidget>
 
 #include <algorithm>
@@ -61,6 +63,7 @@ void TooltipStyle::polish(QWidget* widget) {
     QPalette colors = widget->palette();
     colors.setColor(QPalette::ToolTipText, ThemeKey::value(*widget).colors.primaryText);
     widget->setPalette(colors);
+    widget->setFont(TextScale::font(*widget, QToolTip::font()));
 }
 
 void TooltipStyle::drawPrimitive(PrimitiveElement element,

@@ -6,9 +6,9 @@
 
 namespace quillbar {
 
-/// The desktop's style, but for tooltips, which look as `LiftedSurface` has it, in the theme of the
-/// widget that they belong to. They do not reach beyond the right edge of its window, unless they
-/// are wider than that. For QApplication::setStyle().
+/// The desktop's style, but for tooltips, which look as `LiftedSurface` has it, in the theme and
+/// the text size of the widget that they belong to. They do not reach beyond the edges of its
+/// window, unless they are wider than that. For QApplication::setStyle().
 class TooltipStyle final : public QProxyStyle {
 public:
     /// On the style that the application has.

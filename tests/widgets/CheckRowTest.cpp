@@ -132,6 +132,17 @@ TEST_F(CheckRowTest, isAsHighAsItsLinesAndTenPointsMore) {
     EXPECT_GT(row->heightForWidth(row->sizeHint().width() - 8), row->heightForWidth(300));
 }
 
+TEST_F(CheckRowTest, growsWithTheTextSizeAndWrapsAtTheSamePlace) {
+    row->setTexts(QStringLiteral("提示音"), QString(60, u'长'));
+    const int before = row->heightForWidth(300);
+    const int oneLine = row->sizeHint().width();
+    ThemeKey::set(window, {.colors = ThemeColors::dark(), .scale = 1.3});
+    EXPECT_NEAR(row->heightForWidth(390), before * 1.3, 0.5);
+    EXPECT_NEAR(row->sizeHint().width(), oneLine * 1.3, 1);
+    row->setTexts(QStringLiteral("提示音"), QString());
+    EXPECT_EQ(row->heightForWidth(390), 36);
+}
+
 TEST_F(CheckRowTest, showsWhetherItIsOn) {
     const QImage off = pictureOf(*row);
     row->setChecked(true);
