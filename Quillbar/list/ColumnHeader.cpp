@@ -5,6 +5,7 @@
 #include "Quillbar/list/SortableHeader.h"
 #include "Quillbar/list/TableRow.h"
 #include "Quillbar/text/SystemFont.h"
+#include "Quillbar/widgets/TextScale.h"
 #include "Quillbar/widgets/Theme.h"
 
 #include <QHBoxLayout>
@@ -33,9 +34,10 @@ public:
 protected:
     void paintEvent(QPaintEvent* /*event*/) override {
         QPainter painter(this);
+        const QRectF area = TextScale::enlarge(painter, *this);
         painter.setFont(ColumnHeader::titleFont());
         painter.setPen(ThemeKey::value(*this).colors.secondaryText);
-        painter.drawText(rect(), static_cast<int>(m_alignment | Qt::AlignVCenter), m_text);
+        painter.drawText(area, static_cast<int>(m_alignment | Qt::AlignVCenter), m_text);
     }
 
 private:
@@ -43,14 +45,22 @@ private:
     Qt::Alignment m_alignment;
 };
 
+void followWidth(QWidget& column, int width) {
+    TextScale::follow(column,
+                      [&column, width] { column.setFixedWidth(TextScale::length(column, width)); });
+}
+
 }  // namespace
 
 ColumnHeader::ColumnHeader(QWidget* parent)
     : QWidget(parent)
     , m_layout(new QHBoxLayout(this)) {
-    setFixedHeight(kHeight);
-    m_layout->setContentsMargins(TableRow::kPadding, 0, TableRow::kPadding, 0);
-    m_layout->setSpacing(TableRow::kSpacing);
+    TextScale::follow(*this, [this] {
+        setFixedHeight(TextScale::length(*this, kHeight));
+        m_layout->setContentsMargins(
+            TextScale::margins(*this, {TableRow::kPadding, 0, TableRow::kPadding, 0}));
+        m_layout->setSpacing(TextScale::length(*this, TableRow::kSpacing));
+    });
 }
 
 void ColumnHeader::addFlexibleTitle(const QString& title) {
@@ -59,7 +69,7 @@ void ColumnHeader::addFlexibleTitle(const QString& title) {
 
 void ColumnHeader::addTitle(const QString& title, int width) {
     auto* const column = new Title(title, Qt::AlignRight, this);
-    column->setFixedWidth(width);
+    followWidth(*column, width);
     m_layout->addWidget(column);
 }
 
@@ -73,7 +83,7 @@ SortableHeader* ColumnHeader::addSortable(const QString& title, int width) {
 void ColumnHeader::addGap(int width) {
     // A widget, because a layout keeps no spacing beside a spacer.
     auto* const gap = new QWidget(this);
-    gap->setFixedWidth(width);
+    followWidth(*gap, width);
     gap->setAttribute(Qt::WA_TransparentForMouseEvents);
     m_layout->addWidget(gap);
 }

@@ -15,7 +15,7 @@ namespace quillbar {
 class SortableHeader;
 
 /// The titles over a table's columns: 20 points high, spaced as the rows are, with a separator
-/// along the bottom edge.
+/// along the bottom edge. All widths and heights are those at a text size of 100 %.
 class ColumnHeader final : public QWidget {
 public:
     static constexpr int kHeight = 20;
@@ -32,7 +32,7 @@ public:
     /// Adds a column without a title.
     void addGap(int width);
 
-    /// What every title is written in.
+    /// What every title is written in, at 100 %.
     [[nodiscard]] static QFont titleFont();
 
 protected:

@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-/// The widths of the columns that every table of coins has, in points. The coin's own column takes
-/// the rest.
+/// The widths of the columns that every table of coins has, in points at a text size of 100 %.
+/// The coin's own column takes the rest.
 namespace quillbar::ColumnWidths {
 
 /// Of the volume or the market capitalisation.

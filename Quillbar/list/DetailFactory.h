@@ -10,11 +10,11 @@ class QWidget;
 
 namespace quillbar {
 
-/// The height of what unfolds under a coin's row, in points.
+/// The height of what unfolds under a coin's row, in points at a text size of 100 %.
 inline constexpr int kDetailHeight = 210;
 
 /// Makes what unfolds under the row of a coin, as a child of `parent`. It is as high as
-/// `kDetailHeight`.
+/// `kDetailHeight` at the text size.
 using DetailFactory = std::function<QWidget*(const Coin& coin, QWidget* parent)>;
 
 }  // namespace quillbar

@@ -4,6 +4,7 @@
 
 #include "Quillbar/text/SystemFont.h"
 #include "Quillbar/text/TabularText.h"
+#include "Quillbar/widgets/TextScale.h"
 
 #include <QFont>
 #include <QPainter>
@@ -24,7 +25,7 @@ constexpr double kSmallestScale = 0.6;
 NumericCell::NumericCell(int width, double size, QWidget* parent)
     : QWidget(parent)
     , m_size(size) {
-    setFixedWidth(width);
+    TextScale::follow(*this, [this, width] { setFixedWidth(TextScale::length(*this, width)); });
     setAttribute(Qt::WA_TransparentForMouseEvents);
 }
 
@@ -44,13 +45,14 @@ void NumericCell::setColor(ColorRole role) {
 
 void NumericCell::paintEvent(QPaintEvent* /*event*/) {
     QPainter painter(this);
+    const QRectF area = TextScale::enlarge(painter, *this);
     painter.setPen(ThemeKey::value(*this).colors.*m_role);
     QFont font = systemFont(m_size);
     const double needed = TabularText::width(m_text, font);
-    if (needed > width()) {
-        font = systemFont(m_size * std::max(kSmallestScale, width() / needed));
+    if (needed > area.width()) {
+        font = systemFont(m_size * std::max(kSmallestScale, area.width() / needed));
     }
-    TabularText::draw(painter, QRectF(rect()), Qt::AlignRight | Qt::AlignVCenter, m_text, font);
+    TabularText::draw(painter, area, Qt::AlignRight | Qt::AlignVCenter, m_text, font);
 }
 
 }  // namespace quillbar

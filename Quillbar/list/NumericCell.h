@@ -13,9 +13,10 @@ namespace quillbar {
 /// column is written smaller.
 class NumericCell : public QWidget {
 public:
-    /// The column's width and the size of the font, in points.
+    /// The column's width and the size of the font, in points at a text size of 100 %.
     NumericCell(int width, double size, QWidget* parent = nullptr);
 
+    /// At 100 %.
     [[nodiscard]] double fontSize() const noexcept { return m_size; }
 
     /// Repaints only for another text.

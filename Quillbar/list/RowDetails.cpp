@@ -24,6 +24,8 @@ public:
         , m_fullHeight(fullHeight) {}
 
     void setContent(QWidget* content) { m_content = content; }
+    /// Holds from the next size of the frame on.
+    void setFullHeight(int height) { m_fullHeight = height; }
 
 protected:
     void resizeEvent(QResizeEvent* event) override {
@@ -86,6 +88,21 @@ void RowDetails::open(const std::optional<std::string>& id, Transition transitio
     } else {
         settle();
     }
+}
+
+void RowDetails::setFullHeight(int height) {
+    if (height == m_fullHeight) {
+        return;
+    }
+    m_fullHeight = height;
+    for (Entry& entry : m_entries) {
+        dynamic_cast<Frame&>(*entry.frame).setFullHeight(height);
+        if (entry.to != 0) {
+            entry.to = height;
+            entry.height = isMoving() ? entry.height : height;
+        }
+    }
+    m_onChanged();
 }
 
 void RowDetails::settle() {

@@ -60,6 +60,8 @@ public:
     [[nodiscard]] QWidget* frame(const std::string& id) const;
     [[nodiscard]] bool isMoving() const;
     [[nodiscard]] int fullHeight() const noexcept { return m_fullHeight; }
+    /// Gives every detail another height, and calls `onChanged`. Those that move go on moving.
+    void setFullHeight(int height);
 
 private:
     void step(double progress);

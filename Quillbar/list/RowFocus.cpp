@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "Quillbar/list/RowFocus.h"
 
+#include "Quillbar/widgets/TextScale.h"
+
 #include <QKeyEvent>
 #include <QPoint>
 #include <QWidget>
@@ -261,7 +263,8 @@ void RowFocus::openMenu() {
     focusRow(index, m_reason);
     const RowWidgets::Slot* const slot = m_stage.widgets.find(m_stage.places.ids()[index]);
     if (slot != nullptr && m_stage.content.openMenu) {
-        const QPoint corner(TableRow::kPadding, TableRow::kHeight);
+        const QPoint corner(TextScale::length(m_stage.view, TableRow::kPadding),
+                            slot->widget->height());
         m_stage.content.openMenu(std::string(slot->id), slot->widget->mapToGlobal(corner));
     }
 }

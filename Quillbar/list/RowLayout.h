@@ -35,6 +35,8 @@ public:
     explicit RowLayout(int rowHeight)
         : m_rowHeight(rowHeight) {}
 
+    /// Gives all rows another height, which is positive.
+    void setRowHeight(int height) { m_rowHeight = height; }
     /// Also drops the details of rows that are gone.
     void setRowCount(std::size_t count);
     /// The details may be in any order, at most one for each row. A detail without a height, or of

@@ -3,6 +3,7 @@
 #include "Quillbar/list/RowList.h"
 
 #include "Quillbar/list/RowAccessibility.h"
+#include "Quillbar/widgets/TextScale.h"
 
 #include <QApplication>
 #include <QContextMenuEvent>
@@ -34,6 +35,11 @@ RowList::RowList(RowListContent content, int detailHeight, QWidget* parent)
               .details = makeDetails(detailHeight)} {
     RowAccessibility::install();
     setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Maximum);
+    TextScale::follow(*this, [this, detailHeight] {
+        m_stage.setHeights(TextScale::length(*this, TableRow::kHeight),
+                           TextScale::length(*this, detailHeight));
+        updateGeometry();
+    });
 }
 
 ListRow* RowList::makeRow() {
@@ -72,7 +78,7 @@ QSize RowList::sizeHint() const {
 }
 
 QSize RowList::minimumSizeHint() const {
-    return {0, std::min(m_preferredHeight, TableRow::kHeight)};
+    return {0, std::min(m_preferredHeight, rowLayout().rowHeight())};
 }
 
 // What is shown
@@ -197,14 +203,14 @@ int RowList::topInView(const Slot& slot) const {
 
 void RowList::place() {
     for (const Slot& slot : m_stage.widgets.all()) {
-        slot.widget->setGeometry(0, topInView(slot), width(), TableRow::kHeight);
+        slot.widget->setGeometry(0, topInView(slot), width(), rowLayout().rowHeight());
         slot.widget->show();
         tint(slot);
     }
     for (const RowDetails::Entry& entry : m_stage.details.entries()) {
         const auto index = m_stage.places.indexOf(entry.id);
         if (index && entry.height > 0) {
-            const int top = m_stage.places.top(*index) + TableRow::kHeight - scrollOffset();
+            const int top = m_stage.places.top(*index) + rowLayout().rowHeight() - scrollOffset();
             entry.frame->setGeometry(0, top, width(), entry.height);
             entry.frame->show();
         } else {
@@ -349,7 +355,7 @@ void RowList::contextMenuEvent(QContextMenuEvent* event) {
     }
     const int line = event->pos().y() + scrollOffset();
     const auto index = rowLayout().rowAt(line);
-    const bool isOnRow = index && line < rowLayout().top(*index) + TableRow::kHeight;
+    const bool isOnRow = index && line < rowLayout().top(*index) + rowLayout().rowHeight();
     if (!m_stage.content.openMenu || !isOnRow) {
         event->ignore();
         return;
@@ -360,18 +366,12 @@ void RowList::contextMenuEvent(QContextMenuEvent* event) {
 // For tests
 
 std::string RowList::brokenRule() const {
-    if (std::string broken = rowLayout().brokenRule(); !broken.empty()) {
+    std::string broken = m_stage.places.brokenRule();
+    if (broken.empty()) {
+        broken = m_stage.scroll.brokenRule();
+    }
+    if (!broken.empty() || !isVisible()) {
         return broken;
-    }
-    if (rowLayout().rowCount() != ids().size()) {
-        return "the layout has another number of rows than there are ids";
-    }
-    const RowScroll& scroll = m_stage.scroll;
-    if (!scroll.hold().isHeld() && (scroll.offset() < 0 || scroll.offset() > scroll.end())) {
-        return fmt::format("scrolled to {} of {}", scroll.offset(), scroll.end());
-    }
-    if (!isVisible()) {
-        return {};
     }
     const auto inView = rowLayout().rowsWithin(scrollOffset(), scrollOffset() + height());
     for (std::size_t position = inView.first; position < inView.end; ++position) {
@@ -388,7 +388,7 @@ std::string RowList::brokenRule() const {
         if (!isNear && slot.id != current() && slot.id != lifted()) {
             return fmt::format("row {} has a widget far from the view", slot.index);
         }
-        const QRect where(0, topInView(slot), width(), TableRow::kHeight);
+        const QRect where(0, topInView(slot), width(), rowLayout().rowHeight());
         if (slot.widget->geometry() != where || slot.widget->isHidden()) {
             return fmt::format("row {} is not in its place", slot.index);
         }

@@ -33,6 +33,7 @@ public:
     /// How many rows beyond either edge have a widget.
     static constexpr std::size_t kMargin = 2;
 
+    /// `detailHeight` is in points at a text size of 100 %.
     RowList(RowListContent content, int detailHeight, QWidget* parent = nullptr);
 
     /// The height that the list asks its layout for, which is also its greatest. With less, down to

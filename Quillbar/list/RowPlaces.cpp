@@ -57,4 +57,10 @@ void RowPlaces::layOutDetails() {
     m_layout.setDetails(std::move(details));
 }
 
+std::string RowPlaces::brokenRule() const {
+    return m_layout.rowCount() == m_ids.size()
+               ? m_layout.brokenRule()
+               : "the layout has another number of rows than there are ids";
+}
+
 }  // namespace quillbar

@@ -21,6 +21,8 @@ public:
     explicit RowPlaces(int rowHeight)
         : m_layout(rowHeight) {}
 
+    /// Gives all rows another height, which is positive.
+    void setRowHeight(int height) { m_layout.setRowHeight(height); }
     /// The ids differ from one another. A gap stays where it is.
     void setIds(std::vector<std::string> ids);
     [[nodiscard]] const std::vector<std::string>& ids() const noexcept { return m_ids; }
@@ -42,6 +44,9 @@ public:
     /// The edges of the row of an index; the lower one with its detail.
     [[nodiscard]] int top(std::size_t index) const { return m_layout.top(positionOf(index)); }
     [[nodiscard]] int bottom(std::size_t index) const { return m_layout.bottom(positionOf(index)); }
+
+    /// For tests: the first rule that does not hold, in words; empty when all hold.
+    [[nodiscard]] std::string brokenRule() const;
 
 private:
     void layOutDetails();

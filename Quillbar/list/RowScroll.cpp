@@ -2,13 +2,13 @@
 // SPDX-License-Identifier: MIT
 #include "Quillbar/list/RowScroll.h"
 
-#include "Quillbar/list/TableRow.h"
-
 #include <QApplication>
 #include <QGuiApplication>
 #include <QString>
 #include <QWheelEvent>
 #include <QWidget>
+
+#include <fmt/format.h>
 
 #include <algorithm>
 #include <cmath>
@@ -21,14 +21,14 @@ namespace {
 constexpr double kNotch = 120;
 
 // How far the event scrolls, in points; upwards is positive.
-double turnedBy(const QWheelEvent& event) {
+double turnedBy(const QWheelEvent& event, int rowHeight) {
     // Under X11 the pixel delta has a unit of the driver's own, which is not pixels.
     const bool hasPixels =
         !event.pixelDelta().isNull() && QGuiApplication::platformName() != QStringLiteral("xcb");
     if (hasPixels) {
         return event.pixelDelta().y();
     }
-    return event.angleDelta().y() / kNotch * QApplication::wheelScrollLines() * TableRow::kHeight;
+    return event.angleDelta().y() / kNotch * QApplication::wheelScrollLines() * rowHeight;
 }
 
 }  // namespace
@@ -74,7 +74,7 @@ void RowScroll::reveal(int top, int bottom) {
 }
 
 void RowScroll::turn(const QWheelEvent& event) {
-    m_turned += turnedBy(event);
+    m_turned += turnedBy(event, m_places.layout().rowHeight());
     const double whole = std::trunc(m_turned);
     m_turned -= whole;
     scrollTo(m_offset - static_cast<int>(whole));
@@ -127,6 +127,11 @@ void RowScroll::endHold(int sum) {
     if (m_offset != before) {
         m_onScrolled();
     }
+}
+
+std::string RowScroll::brokenRule() const {
+    const bool isWithin = m_offset >= 0 && m_offset <= end();
+    return m_hold.isHeld() || isWithin ? "" : fmt::format("scrolled to {} of {}", m_offset, end());
 }
 
 }  // namespace quillbar

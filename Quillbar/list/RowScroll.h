@@ -55,6 +55,9 @@ public:
     /// The view has another height.
     void followView();
 
+    /// For tests: the first rule that does not hold, in words; empty when all hold.
+    [[nodiscard]] std::string brokenRule() const;
+
 private:
     /// A row that stays where it is in the view while details move.
     struct Anchor {

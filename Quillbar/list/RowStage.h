@@ -28,6 +28,19 @@ struct RowStage final {
     RowPlaces places{TableRow::kHeight};
     RowScroll scroll{view, places, update};
 
+    /// Gives all rows and all details these heights, in points. What is at the upper edge stays
+    /// there.
+    void setHeights(int rowHeight, int detailHeight) {
+        const int before = places.layout().rowHeight();
+        if (rowHeight == before && detailHeight == details.fullHeight()) {
+            return;
+        }
+        const int offset = scroll.offset() * rowHeight / before;
+        places.setRowHeight(rowHeight);
+        details.setFullHeight(detailHeight);
+        scroll.scrollTo(offset);
+    }
+
     /// The widget of this window, active or not, that has the focus. Null for none.
     [[nodiscard]] QWidget* focused() const { return view.window()->focusWidget(); }
     [[nodiscard]] bool isRowFocused() const { return widgets.find(focused()) != nullptr; }

@@ -4,10 +4,10 @@
 
 #include "Quillbar/list/ColumnHeader.h"
 #include "Quillbar/widgets/Glyphs.h"
+#include "Quillbar/widgets/TextScale.h"
 #include "Quillbar/widgets/Theme.h"
 
 #include <QPainter>
-#include <QRect>
 #include <QRectF>
 
 namespace quillbar {
@@ -35,7 +35,10 @@ SortableHeader::SortableHeader(const QString& title, int width, QWidget* parent)
     setAccessibleName(title);
     setToolTip(QStringLiteral("点击排序:降序 → 升序 → 手动顺序"));
     setAccessibleDescription(toolTip());
-    setFixedSize(width, ColumnHeader::kHeight - 1);
+    TextScale::follow(*this, [this, width] {
+        setFixedSize(TextScale::length(*this, width),
+                     TextScale::length(*this, ColumnHeader::kHeight) - 1);
+    });
 }
 
 void SortableHeader::setDirection(std::optional<SortDirection> direction) {
@@ -48,15 +51,17 @@ void SortableHeader::setDirection(std::optional<SortDirection> direction) {
 
 void SortableHeader::drawContent(QPainter& painter) {
     const ThemeColors::Resolved& colors = ThemeKey::value(*this).colors;
+    const QRectF area = TextScale::enlarge(painter, *this);
     painter.setFont(ColumnHeader::titleFont());
     painter.setPen(isHovered() || m_direction ? colors.primaryText : colors.secondaryText);
-    painter.drawText(rect().adjusted(0, 0, -kSortIndicatorWidth, 0),
+    painter.drawText(area.adjusted(0, 0, -kSortIndicatorWidth, 0),
                      static_cast<int>(Qt::AlignRight | Qt::AlignVCenter),
                      text());
     if (m_direction) {
         QRectF arrow(0, 0, kArrowSize, kArrowSize);
         arrow.moveCenter(
-            QRectF(width() - kSortIndicatorWidth, 0, kSortIndicatorWidth, height()).center());
+            QRectF(area.right() - kSortIndicatorWidth, 0, kSortIndicatorWidth, area.height())
+                .center());
         drawGlyph(painter,
                   *m_direction == SortDirection::descending ? Glyph::chevronDown : Glyph::chevronUp,
                   arrow,

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "Quillbar/list/TableRow.h"
 
+#include "Quillbar/widgets/TextScale.h"
 #include "Quillbar/widgets/Theme.h"
 
 #include <QEnterEvent>
@@ -24,9 +25,11 @@ constexpr int kRingMargin = 2;
 TableRow::TableRow(QWidget* parent)
     : QWidget(parent)
     , m_layout(new QHBoxLayout(this)) {
-    setFixedHeight(kHeight);
-    m_layout->setContentsMargins(kPadding, 0, kPadding, 0);
-    m_layout->setSpacing(kSpacing);
+    TextScale::follow(*this, [this] {
+        setFixedHeight(TextScale::length(*this, kHeight));
+        m_layout->setContentsMargins(TextScale::margins(*this, {kPadding, 0, kPadding, 0}));
+        m_layout->setSpacing(TextScale::length(*this, kSpacing));
+    });
 }
 
 void TableRow::addContent(QWidget* content, int stretch) {
@@ -36,7 +39,7 @@ void TableRow::addContent(QWidget* content, int stretch) {
 void TableRow::addGap(int width) {
     // A widget, because a layout keeps no spacing beside a spacer.
     auto* const gap = new QWidget(this);
-    gap->setFixedWidth(width);
+    TextScale::follow(*gap, [gap, width] { gap->setFixedWidth(TextScale::length(*gap, width)); });
     gap->setAttribute(Qt::WA_TransparentForMouseEvents);
     m_layout->addWidget(gap);
 }

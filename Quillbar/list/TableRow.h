@@ -11,8 +11,8 @@ class QHBoxLayout;
 namespace quillbar {
 
 /// One row of a table: 28 points high, its content side by side, 6 points apart and 12 from either
-/// edge. Its background spans the whole width and follows the pointer; a ring shows the keyboard's
-/// focus.
+/// edge, at a text size of 100 %. Its background spans the whole width and follows the pointer; a
+/// ring shows the keyboard's focus.
 class TableRow : public QWidget {
 public:
     static constexpr int kHeight = 28;
@@ -24,7 +24,7 @@ public:
     /// Adds a widget at the right end of the content; it takes the width that the others leave when
     /// `stretch` is not 0. The row owns it.
     void addContent(QWidget* content, int stretch = 0);
-    /// Adds an empty column.
+    /// Adds an empty column of that width at 100 %.
     void addGap(int width);
 
     /// Whether this is one of the rows that are tinted to guide the eye.
