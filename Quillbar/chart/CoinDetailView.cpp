@@ -10,6 +10,7 @@
 #include "Quillbar/widgets/ColorRole.h"
 #include "Quillbar/widgets/Spinner.h"
 #include "Quillbar/widgets/TextButton.h"
+#include "Quillbar/widgets/TextScale.h"
 #include "Quillbar/widgets/Theme.h"
 #include "Quillbar/widgets/ThemedLabel.h"
 #include "QuillbarCore/exchange/URLError.h"
@@ -66,12 +67,23 @@ CoinDetailView::CoinDetailView(const ViewEnvironment& environment, Coin coin, QW
     , m_retry(new TextButton(QStringLiteral("重试"), this))
     , m_chart(new PriceChart(environment.calendar, this))
     , m_scope(environment.executor) {
-    setFixedHeight(kHeight);
     setAccessibleName(OneLineText::of(m_coin.baseAsset) + QStringLiteral(" 走势"));
     m_spinner->setAccessibleName(QStringLiteral("正在加载走势"));
     m_ranges->onChoose = [this](ChartRange range) { choose(range); };
     connect(m_retry, &QAbstractButton::clicked, this, [this] { startLoad(); });
     refresh();
+    TextScale::follow(*this, [this] {
+        setFixedHeight(TextScale::length(*this, kHeight));
+        placeChildren();
+    });
+}
+
+bool CoinDetailView::event(QEvent* event) {
+    // A child has another size.
+    if (event->type() == QEvent::LayoutRequest) {
+        placeChildren();
+    }
+    return QWidget::event(event);
 }
 
 void CoinDetailView::paintEvent(QPaintEvent* /*event*/) {
@@ -79,6 +91,7 @@ void CoinDetailView::paintEvent(QPaintEvent* /*event*/) {
         return;
     }
     QPainter painter(this);
+    TextScale::enlarge(painter, *this);
     // The figures belong to the candles, so they are as faint as the chart.
     painter.setOpacity(isOutdated() ? PriceChart::kOutdatedOpacity : 1);
     const ThemeColors::Resolved& colors = ThemeKey::value(*this).colors;
@@ -218,9 +231,11 @@ void CoinDetailView::refresh() {
 }
 
 void CoinDetailView::placeChildren() {
-    const int width = this->width() - 2 * kHorizontalPadding;
-    const QRect head(kHorizontalPadding, kVerticalPadding, width, RangeSelector::kHeight);
-    const QRect chart(kHorizontalPadding, kChartTop, width, kChartHeight);
+    const auto length = [this](int points) { return TextScale::length(*this, points); };
+    const int left = length(kHorizontalPadding);
+    const int width = this->width() - 2 * left;
+    const QRect head(left, length(kVerticalPadding), width, length(RangeSelector::kHeight));
+    const QRect chart(left, length(kChartTop), width, length(kChartHeight));
     m_ranges->move(head.topLeft());
     m_chart->setGeometry(chart);
 
@@ -235,12 +250,12 @@ void CoinDetailView::placeChildren() {
 
 void CoinDetailView::placeFailure(const QRect& place, bool isCentred) {
     m_message->adjustSize();
-    const int width =
-        m_message->width() + (m_retry->isHidden() ? 0 : kSpaceBeforeButton + m_retry->width());
+    const int gap = TextScale::length(*this, kSpaceBeforeButton);
+    const int width = m_message->width() + (m_retry->isHidden() ? 0 : gap + m_retry->width());
     const int spare = place.width() - width;
     const int left = place.left() + (isCentred ? spare / 2 : spare);
     m_message->move(left, place.top() + (place.height() - m_message->height()) / 2);
-    m_retry->move(left + m_message->width() + kSpaceBeforeButton,
+    m_retry->move(left + m_message->width() + gap,
                   place.top() + (place.height() - m_retry->height()) / 2);
 }
 

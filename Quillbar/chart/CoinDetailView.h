@@ -52,6 +52,7 @@ public:
     [[nodiscard]] bool loadFailed() const noexcept { return m_loadFailed; }
 
 protected:
+    bool event(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void showEvent(QShowEvent* event) override;

@@ -6,6 +6,7 @@
 #include "Quillbar/text/LocalTimeText.h"
 #include "Quillbar/text/TabularText.h"
 #include "Quillbar/widgets/ColorRole.h"
+#include "Quillbar/widgets/TextScale.h"
 #include "QuillbarCore/model/PriceFormatter.h"
 
 #include <QAccessible>
@@ -46,6 +47,7 @@ QAccessibleInterface* accessibleChart(const QString& /*className*/, QObject* obj
 PriceChart::PriceChart(Calendar calendar, QWidget* parent)
     : QWidget(parent)
     , m_calendar(std::move(calendar)) {
+    TextScale::follow(*this, [this] { forgetLayout(); });
     // Installing it again changes nothing.
     QAccessible::installFactory(accessibleChart);
     // The language of what stands around it.
@@ -111,6 +113,7 @@ void PriceChart::paintEvent(QPaintEvent* /*event*/) {
     painter.setOpacity(m_isOutdated ? kOutdatedOpacity : 1);
     painter.drawPixmap(QPointF(), picture(colors));
     painter.setOpacity(1);
+    TextScale::enlarge(painter, *this);
     paintCrosshair(painter, colors);
     // The ring is around the plot, in which the arrow keys move. There is no room for it around the
     // prices.
@@ -131,7 +134,7 @@ void PriceChart::resizeEvent(QResizeEvent* event) {
 }
 
 void PriceChart::mouseMoveEvent(QMouseEvent* event) {
-    m_pointerX = event->position().x();
+    m_pointerX = event->position().x() / TextScale::of(*this);
     read(layout().nearest(m_pointerX), Reader::pointer);
     QWidget::mouseMoveEvent(event);
 }
@@ -162,7 +165,7 @@ const ChartLayout& PriceChart::layout() const {
         const QFont font = ChartPicture::font();
         m_layout = ChartLayout::of({
             .candles = m_candles,
-            .size = QSizeF(size()),
+            .size = QSizeF(size()) / TextScale::of(*this),
             .text = {.width =
                          [&font](const QString& text) { return TabularText::width(text, font); },
                      .height = QFontMetricsF(font).height()},
@@ -263,15 +266,19 @@ void PriceChart::describe() {
 }
 
 const QPixmap& PriceChart::picture(const ThemeColors::Resolved& colors) {
-    const double scale = devicePixelRatioF();
-    if (m_picture.isNull() || m_picture.devicePixelRatioF() != scale || m_pictureColors != colors) {
-        m_picture = QPixmap(size() * scale);
-        m_picture.setDevicePixelRatio(scale);
+    const double ratio = devicePixelRatioF();
+    if (m_picture.isNull() || m_picture.devicePixelRatioF() != ratio || m_pictureColors != colors) {
+        m_picture = QPixmap(size() * ratio);
+        // While it is drawn on, its unit is that of the layout: a point at 100 %.
+        m_picture.setDevicePixelRatio(ratio * TextScale::of(*this));
         m_picture.fill(Qt::transparent);
         m_pictureColors = colors;
-        QPainter painter(&m_picture);
-        painter.setRenderHint(QPainter::Antialiasing);
-        ChartPicture::paint(painter, layout(), lineColor(m_summary, colors), colors);
+        {
+            QPainter painter(&m_picture);
+            painter.setRenderHint(QPainter::Antialiasing);
+            ChartPicture::paint(painter, layout(), lineColor(m_summary, colors), colors);
+        }
+        m_picture.setDevicePixelRatio(ratio);
     }
     return m_picture;
 }

@@ -90,7 +90,7 @@ private:
     QString m_rangeName;
     ChartSummary m_summary;
     bool m_isOutdated = false;
-    // Reset when the candles, the size or the font change.
+    // In points at a text size of 100 %. Reset when the candles, the size or the font change.
     mutable std::optional<ChartLayout> m_layout;
     // All but the crosshair, in these colours: drawing the line takes milliseconds, and the
     // crosshair follows every move of the pointer. Null when it has to be drawn.
@@ -100,7 +100,7 @@ private:
     std::optional<std::size_t> m_reading;
     // Whether the pointer or the keys put it there.
     Reader m_reader = Reader::pointer;
-    // The last place of the pointer.
+    // The last place of the pointer, in the layout.
     double m_pointerX = 0;
     KeyboardFocus m_focus;
 };

@@ -4,6 +4,7 @@
 
 #include "Quillbar/text/SystemFont.h"
 #include "Quillbar/widgets/PlainButton.h"
+#include "Quillbar/widgets/TextScale.h"
 #include "Quillbar/widgets/Theme.h"
 
 #include <QHBoxLayout>
@@ -29,26 +30,29 @@ public:
         setAccessibleName(QStringLiteral("走势范围：") + nameOf(range));
         setCheckable(true);
         setAutoExclusive(true);
-        setFixedSize(kSegmentWidth, kHeight);
+        TextScale::follow(*this, [this] {
+            setFixedSize(TextScale::size(*this, {kSegmentWidth, kHeight}));
+        });
     }
 
 protected:
     void drawContent(QPainter& painter) override {
         const ThemeColors::Resolved& colors = ThemeKey::value(*this).colors;
+        const QRectF area = TextScale::enlarge(painter, *this);
         painter.setRenderHint(QPainter::Antialiasing);
         painter.setPen(Qt::NoPen);
         if (isChecked()) {
             QColor background = colors.accent;
             background.setAlphaF(kChosenOpacity);
             painter.setBrush(background);
-            painter.drawRoundedRect(rect(), kRadius, kRadius);
+            painter.drawRoundedRect(area, kRadius, kRadius);
         } else if (isHovered()) {
             painter.setBrush(colors.rowHover);
-            painter.drawRoundedRect(rect(), kRadius, kRadius);
+            painter.drawRoundedRect(area, kRadius, kRadius);
         }
         painter.setFont(systemFont(kFontSize, isChecked() ? QFont::DemiBold : QFont::Normal));
         painter.setPen(isChecked() ? colors.accent : colors.secondaryText);
-        painter.drawText(rect(), Qt::AlignCenter, text());
+        painter.drawText(area, Qt::AlignCenter, text());
     }
 };
 
@@ -68,14 +72,19 @@ RangeSelector::RangeSelector(QWidget* parent)
     : QWidget(parent) {
     auto* const row = new QHBoxLayout(this);
     row->setContentsMargins(0, 0, 0, 0);
-    row->setSpacing(kSpacing);
     for (const ChartRange range : kChartRanges) {
         auto* const segment = new Segment(range, this);
         segment->setChecked(range == m_range);
         connect(segment, &QAbstractButton::clicked, this, [this, range] { choose(range); });
         row->addWidget(segment);
     }
-    setFixedSize(row->sizeHint());
+    TextScale::follow(*this, [this, row] {
+        const QSize segment = TextScale::size(*this, {kSegmentWidth, kHeight});
+        const int count = static_cast<int>(kChartRanges.size());
+        const int spacing = TextScale::length(*this, kSpacing);
+        row->setSpacing(spacing);
+        setFixedSize(count * segment.width() + (count - 1) * spacing, segment.height());
+    });
 }
 
 void RangeSelector::choose(ChartRange range) {

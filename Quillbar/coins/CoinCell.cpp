@@ -6,6 +6,7 @@
 #include "Quillbar/text/FittedText.h"
 #include "Quillbar/text/OneLineText.h"
 #include "Quillbar/widgets/Glyphs.h"
+#include "Quillbar/widgets/TextScale.h"
 #include "Quillbar/widgets/Theme.h"
 
 #include <QFontMetricsF>
@@ -55,19 +56,20 @@ void CoinCell::setBellMark(BellMark mark) {
 void CoinCell::paintEvent(QPaintEvent* /*event*/) {
     QPainter painter(this);
     const ThemeColors::Resolved& colors = ThemeKey::value(*this).colors;
+    const QRectF area = TextScale::enlarge(painter, *this);
     const double left = kIconSize + kSpacing;
     const int marks = (m_mark == PinMark::pinned ? 1 : 0) + (m_bell == BellMark::bell ? 1 : 0);
-    const double room = width() - left - marks * (kMarkSize + kSpacing);
+    const double room = area.width() - left - marks * (kMarkSize + kSpacing);
     const FittedText::Fit name = FittedText::fit(
         OneLineText::of(m_baseAsset), kNameSize, QFont::DemiBold, room, kSmallestNameScale);
     painter.setFont(name.font);
     painter.setPen(colors.primaryText);
     painter.drawText(
-        QRectF(left, 0, room, height()),
+        QRectF(left, 0, room, area.height()),
         static_cast<int>(Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine | Qt::TextDontClip),
         name.text);
     const double end = left + QFontMetricsF(name.font).horizontalAdvance(name.text);
-    QRectF mark(end + kSpacing, (height() - kMarkSize) / 2, kMarkSize, kMarkSize);
+    QRectF mark(end + kSpacing, (area.height() - kMarkSize) / 2, kMarkSize, kMarkSize);
     if (m_mark == PinMark::pinned) {
         drawGlyph(painter, Glyph::pinFill, mark, colors.accent);
         mark.translate(kMarkSize + kSpacing, 0);
@@ -78,7 +80,7 @@ void CoinCell::paintEvent(QPaintEvent* /*event*/) {
 }
 
 void CoinCell::resizeEvent(QResizeEvent* event) {
-    m_icon->move(0, (height() - kIconSize) / 2);
+    m_icon->move(0, (height() - TextScale::length(*this, kIconSize)) / 2);
     QWidget::resizeEvent(event);
 }
 

@@ -5,6 +5,7 @@
 #include "Quillbar/coins/CoinIconCache.h"
 #include "Quillbar/coins/CoinIconImage.h"
 #include "Quillbar/text/FittedText.h"
+#include "Quillbar/widgets/TextScale.h"
 #include "QuillbarCore/catalog/CoinIconDescriptor.h"
 
 #include <QBrush>
@@ -31,10 +32,12 @@ constexpr double kMonogramPadding = 1;
 CoinIconView::CoinIconView(const ViewEnvironment& environment, double size, QWidget* parent)
     : QWidget(parent)
     , m_iconStore(environment.iconStore)
-    , m_size(size)
     , m_scope(environment.executor) {
-    const int side = static_cast<int>(std::ceil(size));
-    setFixedSize(side, side);
+    TextScale::follow(*this, [this, size] {
+        m_size = size * TextScale::of(*this);
+        const int side = static_cast<int>(std::ceil(m_size));
+        setFixedSize(side, side);
+    });
     setAttribute(Qt::WA_TransparentForMouseEvents);
     describe();
 }

@@ -17,14 +17,15 @@
 namespace quillbar {
 
 /// A coin's round logo. Until it is loaded, and for a coin without one, a disc in one of twelve
-/// colours with the coin's monogram. Its size never changes. The pointer passes through it.
+/// colours with the coin's monogram. Its size follows the text size alone. The pointer passes
+/// through it.
 ///
 /// The logo is loaded only while the view is shown. Loading ends when the view is hidden, destroyed
 /// or given another coin, and begins again when it is shown again. A logo that the server does not
 /// have is requested once an hour.
 class CoinIconView final : public QWidget {
 public:
-    /// `size` is the diameter in points. The environment outlives the view.
+    /// `size` is the diameter in points at a text size of 100 %. The environment outlives the view.
     CoinIconView(const ViewEnvironment& environment, double size, QWidget* parent = nullptr);
 
     /// Shows another coin at once: its logo when the cache has it, its disc otherwise. Does nothing
@@ -55,7 +56,8 @@ private:
     void paintPlaceholder(QPainter& painter, const QRectF& disc) const;
 
     IconStore* m_iconStore;
-    double m_size;
+    // The diameter at the text size.
+    double m_size = 0;
     std::string m_baseAsset;
     // What the placeholder shows while there is no logo.
     QString m_monogram;
