@@ -5,6 +5,7 @@
 #include "Quillbar/widgets/CenteredText.h"
 #include "Quillbar/widgets/Spinner.h"
 #include "Quillbar/widgets/TextButton.h"
+#include "Quillbar/widgets/TextScale.h"
 
 #include <QString>
 #include <QVBoxLayout>
@@ -29,7 +30,10 @@ BoardPlaceholder::BoardPlaceholder(int height, QWidget* parent)
     QObject::connect(m_retry, &QAbstractButton::clicked, this, [this] { onRetry(); });
     auto* const layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
-    layout->setSpacing(kSpacing);
+    TextScale::follow(*this, [this, layout] {
+        layout->setSpacing(TextScale::length(*this, kSpacing));
+        updateGeometry();
+    });
     layout->addStretch();
     layout->addWidget(m_spinner, 0, Qt::AlignHCenter);
     layout->addWidget(m_failure);
@@ -47,7 +51,7 @@ void BoardPlaceholder::setContent(Content content) {
 }
 
 QSize BoardPlaceholder::sizeHint() const {
-    return {0, m_height};
+    return {0, TextScale::length(*this, m_height)};
 }
 
 bool BoardPlaceholder::holdsFocus() const {

@@ -9,6 +9,7 @@
 #include "Quillbar/list/ColumnWidths.h"
 #include "Quillbar/list/RowAccessibility.h"
 #include "Quillbar/widgets/BannerRow.h"
+#include "Quillbar/widgets/TextScale.h"
 #include "QuillbarCore/market/MarketCapAge.h"
 #include "QuillbarCore/market/MarketCapRanking.h"
 #include "QuillbarCore/market/Ranking.h"
@@ -80,7 +81,9 @@ MarketBoardView::MarketBoardView(const ViewEnvironment& environment,
     }
     layout->addWidget(&m_list.rows());
     layout->addWidget(m_placeholder);
-    m_list.rows().setPreferredHeight(kBoardHeight);
+    TextScale::follow(*this, [this] {
+        m_list.rows().setPreferredHeight(TextScale::length(*this, kBoardHeight));
+    });
     m_placeholder->onRetry = [this] { retry(); };
 
     m_turn.setSingleShot(true);

@@ -9,6 +9,7 @@
 #include "Quillbar/list/RowAccessibility.h"
 #include "Quillbar/text/OneLineText.h"
 #include "Quillbar/widgets/GlyphButton.h"
+#include "Quillbar/widgets/TextScale.h"
 #include "QuillbarCore/model/PriceFormatter.h"
 #include "QuillbarCore/model/Watchlist.h"
 
@@ -30,9 +31,10 @@ constexpr double kPriceSize = 12;
 constexpr double kGlyphSize = 9;
 constexpr double kRestingOpacity = 0.55;
 
-QRectF glyphSquare(const QWidget& widget) {
+/// A square for a glyph in the middle of the widget that the painter paints, which it enlarges.
+QRectF glyphSquare(QPainter& painter, const QWidget& widget) {
     QRectF square(0, 0, kGlyphSize, kGlyphSize);
-    square.moveCenter(QRectF(widget.rect()).center());
+    square.moveCenter(TextScale::enlarge(painter, widget).center());
     return square;
 }
 
@@ -53,7 +55,8 @@ protected:
             return;
         }
         QPainter painter(this);
-        drawGlyph(painter, *glyph, glyphSquare(*this), ThemeKey::value(*this).colors.secondaryText);
+        const QRectF square = glyphSquare(painter, *this);
+        drawGlyph(painter, *glyph, square, ThemeKey::value(*this).colors.secondaryText);
     }
 
 private:
@@ -70,7 +73,9 @@ public:
                                    kGlyphSize,
                                    QSize(ColumnWidths::kTrailing, kHeight),
                                    this)) {
-        setFixedSize(ColumnWidths::kTrailing, kHeight);
+        TextScale::follow(*this, [this] {
+            setFixedSize(TextScale::size(*this, {ColumnWidths::kTrailing, kHeight}));
+        });
         setToolTip(QStringLiteral("已在自选列表中"));
         m_button->setToolTip(QStringLiteral("加入自选"));
         m_button->setColors(&ThemeColors::Resolved::primaryText,
@@ -91,10 +96,9 @@ protected:
     void paintEvent(QPaintEvent* /*event*/) override {
         if (m_button->isHidden()) {
             QPainter painter(this);
-            drawGlyph(painter,
-                      Glyph::checkmark,
-                      glyphSquare(*this),
-                      ThemeKey::value(*this).colors.secondaryText);
+            const QRectF square = glyphSquare(painter, *this);
+            drawGlyph(
+                painter, Glyph::checkmark, square, ThemeKey::value(*this).colors.secondaryText);
         }
     }
 

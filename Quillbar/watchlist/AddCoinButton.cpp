@@ -5,6 +5,7 @@
 #include "Quillbar/watchlist/AddCoinView.h"
 #include "Quillbar/widgets/Glyphs.h"
 #include "Quillbar/widgets/Popover.h"
+#include "Quillbar/widgets/TextScale.h"
 #include "Quillbar/widgets/Theme.h"
 
 #include <QPainter>
@@ -22,7 +23,7 @@ constexpr double kGlyphSize = 13;
 AddCoinButton::AddCoinButton(const ViewEnvironment& environment, QWidget* parent)
     : PlainButton(parent)
     , m_environment(environment) {
-    setFixedSize(kSize, kSize);
+    TextScale::follow(*this, [this] { setFixedSize(TextScale::size(*this, {kSize, kSize})); });
     setAccessibleName(QStringLiteral("添加币种"));
     setToolTip(QStringLiteral("添加币种"));
     QObject::connect(this, &QAbstractButton::clicked, this, [this] { toggle(); });
@@ -30,7 +31,7 @@ AddCoinButton::AddCoinButton(const ViewEnvironment& environment, QWidget* parent
 
 void AddCoinButton::drawContent(QPainter& painter) {
     QRectF square(0, 0, kGlyphSize, kGlyphSize);
-    square.moveCenter(QRectF(rect()).center());
+    square.moveCenter(TextScale::enlarge(painter, *this).center());
     const ThemeColors::Resolved& colors = ThemeKey::value(*this).colors;
     drawGlyph(painter,
               Glyph::plus,

@@ -8,6 +8,7 @@
 #include "Quillbar/watchlist/SearchField.h"
 #include "Quillbar/watchlist/SearchResultRow.h"
 #include "Quillbar/widgets/CenteredText.h"
+#include "Quillbar/widgets/TextScale.h"
 #include "QuillbarCore/exchange/URLError.h"
 
 #include <QApplication>
@@ -57,7 +58,6 @@ AddCoinView::AddCoinView(const ViewEnvironment& environment,
     , m_field(new SearchField(QStringLiteral("搜索币种,如 SOL"), this))
     , m_scope(environment.executor) {
     setAccessibleName(QStringLiteral("添加币种"));
-    setFixedWidth(kPopoverWidth);
     setFocusProxy(m_field);
     m_field->setAccessibleName(QStringLiteral("搜索币种"));
     QObject::connect(m_field, &QLineEdit::textChanged, this, [this] { onQueryChange(); });
@@ -65,16 +65,22 @@ AddCoinView::AddCoinView(const ViewEnvironment& environment,
     makeArea();
 
     auto* const field = new QVBoxLayout;
-    field->setContentsMargins(kFieldMargin, kFieldMargin, kFieldMargin, 0);
     field->addWidget(m_field);
     auto* const area = new QVBoxLayout;
-    area->setContentsMargins(kAreaMargin, kSpacing, kAreaMargin, kAreaMargin);
     area->addLayout(m_area);
     auto* const stack = new QVBoxLayout(this);
     stack->setContentsMargins(0, 0, 0, 0);
     stack->setSpacing(0);
     stack->addLayout(field);
     stack->addLayout(area);
+    TextScale::follow(*this, [this, field, area] {
+        setFixedWidth(TextScale::length(*this, kPopoverWidth));
+        field->setContentsMargins(
+            TextScale::margins(*this, {kFieldMargin, kFieldMargin, kFieldMargin, 0}));
+        area->setContentsMargins(
+            TextScale::margins(*this, {kAreaMargin, kSpacing, kAreaMargin, kAreaMargin}));
+        fitArea();
+    });
 
     m_watchlistObservation = environment.appState.watchlist().observe(
         [this](const Watchlist& watchlist) { onWatchlistChange(watchlist); });
@@ -102,7 +108,7 @@ AddCoinView::ResultArea AddCoinView::resultArea() const {
 }
 
 QSize AddCoinView::sizeHint() const {
-    return {kPopoverWidth, layout()->sizeHint().height()};
+    return {TextScale::length(*this, kPopoverWidth), layout()->sizeHint().height()};
 }
 
 // Its parts
@@ -110,15 +116,24 @@ QSize AddCoinView::sizeHint() const {
 void AddCoinView::makeArea() {
     m_area = new QStackedLayout;
     for (std::size_t each = 0; each < kTexts.size(); ++each) {
-        auto* const text = new CenteredText(textOf(static_cast<ResultArea>(each)), 0, this);
-        text->setFixedHeight(kResultListHeight);
-        m_area->addWidget(text);
+        m_area->addWidget(new CenteredText(textOf(static_cast<ResultArea>(each)), 0, this));
     }
     m_rows = makeRows();
     m_area->addWidget(m_rows);
     m_offerView = new ListOfferView([this] { pickFirst(); }, this);
     m_offerView->rows().installEventFilter(this);
     m_area->addWidget(m_offerView);
+}
+
+void AddCoinView::fitArea() {
+    const int height = TextScale::length(*this, kResultListHeight);
+    m_rows->setPreferredHeight(height);
+    for (int each = 0; each < m_area->count(); ++each) {
+        QWidget& shown = *m_area->widget(each);
+        if (&shown != m_offerView) {
+            shown.setFixedHeight(height);
+        }
+    }
 }
 
 RowList* AddCoinView::makeRows() {
@@ -143,8 +158,6 @@ RowList* AddCoinView::makeRows() {
         0,
         this);
     rows->setAccessibleName(QStringLiteral("搜索结果"));
-    rows->setPreferredHeight(kResultListHeight);
-    rows->setFixedHeight(kResultListHeight);
     rows->installEventFilter(this);
     return rows;
 }

@@ -44,6 +44,7 @@ class SearchField;
 /// are typed go to the field.
 class AddCoinView final : public QWidget {
 public:
+    // In points at a text size of 100 %.
     static constexpr int kPopoverWidth = 280;
     static constexpr int kResultListHeight = 200;
     /// How long after the last keystroke a search begins.
@@ -92,6 +93,7 @@ private:
     enum class Purpose { show, showAndPickFirst };
 
     void makeArea();
+    void fitArea();
     [[nodiscard]] RowList* makeRows();
     void updateArea();
 

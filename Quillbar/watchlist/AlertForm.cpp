@@ -9,11 +9,13 @@
 #include "Quillbar/widgets/GlyphButton.h"
 #include "Quillbar/widgets/Popover.h"
 #include "Quillbar/widgets/TextButton.h"
+#include "Quillbar/widgets/TextScale.h"
 #include "Quillbar/widgets/ThemedLabel.h"
 #include "QuillbarCore/alerts/AlertKeeper.h"
 #include "QuillbarCore/model/PriceFormatter.h"
 
 #include <QHBoxLayout>
+#include <QMargins>
 #include <QPainter>
 #include <QScrollArea>
 #include <QVBoxLayout>
@@ -48,12 +50,15 @@ public:
         setAccessibleName(text);
         setCheckable(true);
         setAutoExclusive(true);
-        setFixedSize(kChoiceWidth, kChoiceHeight);
+        TextScale::follow(*this, [this] {
+            setFixedSize(TextScale::size(*this, {kChoiceWidth, kChoiceHeight}));
+        });
     }
 
 protected:
     void drawContent(QPainter& painter) override {
         const ThemeColors::Resolved& colors = ThemeKey::value(*this).colors;
+        const QRectF area = TextScale::enlarge(painter, *this);
         painter.setRenderHint(QPainter::Antialiasing);
         QColor ground = isChecked() ? colors.accent : colors.rowHover;
         if (isChecked()) {
@@ -62,11 +67,11 @@ protected:
         if (isChecked() || isHovered()) {
             painter.setPen(Qt::NoPen);
             painter.setBrush(ground);
-            painter.drawRoundedRect(rect(), kRadius, kRadius);
+            painter.drawRoundedRect(area, kRadius, kRadius);
         }
         painter.setFont(systemFont(kTextSize, isChecked() ? QFont::DemiBold : QFont::Normal));
         painter.setPen(isChecked() ? colors.accent : colors.secondaryText);
-        painter.drawText(rect(), Qt::AlignCenter, text());
+        painter.drawText(area, Qt::AlignCenter, text());
     }
 };
 
@@ -96,10 +101,9 @@ AlertForm::AlertForm(const ViewEnvironment& environment,
     , m_dismiss(std::move(dismiss)) {
     const QString name = OneLineText::of(m_coin.baseAsset) + QStringLiteral(" 价格提醒");
     setAccessibleName(name);
-    setFixedWidth(kWidth);
     auto* const stack = new QVBoxLayout(this);
-    stack->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
-    stack->setSpacing(kSpacing);
+    TextScale::follow(*this, [this] { setFixedWidth(TextScale::length(*this, kWidth)); });
+    TextScale::followSpaces(*this, *stack, QMargins(kMargin, kMargin, kMargin, kMargin), kSpacing);
     auto* const title = new ThemedLabel(
         systemFont(kTitleSize, QFont::DemiBold), &ThemeColors::Resolved::primaryText, this);
     title->setText(name);
@@ -122,6 +126,8 @@ AlertForm::AlertForm(const ViewEnvironment& environment,
     });
     refreshList();
     refresh();
+    // After all parts have grown, whose heights it adds up.
+    TextScale::follow(*m_add, [this] { fitList(); });
 }
 
 void AlertForm::open(const ViewEnvironment& environment,
@@ -141,7 +147,8 @@ void AlertForm::open(const ViewEnvironment& environment,
 }
 
 QSize AlertForm::sizeHint() const {
-    return {kWidth, layout()->totalHeightForWidth(kWidth)};
+    const int width = TextScale::length(*this, kWidth);
+    return {width, layout()->totalHeightForWidth(width)};
 }
 
 // Its parts
@@ -167,10 +174,12 @@ void AlertForm::makeChoices(QVBoxLayout& stack) {
     m_margin->setAccessibleName(QStringLiteral("往回多少后可再次提醒"));
     m_margin->setToolTip(QStringLiteral("往回多少后可再次提醒"));
     m_margin->setText(QStringLiteral("1%"));
-    m_margin->setFixedWidth(kMarginFieldWidth);
+    TextScale::follow(*m_margin, [this] {
+        m_margin->setFixedWidth(TextScale::length(*this, kMarginFieldWidth));
+    });
     m_margin->hide();
     auto* const row = new QHBoxLayout;
-    row->setSpacing(kSpacing);
+    TextScale::followSpaces(*this, *row, QMargins(), kSpacing);
     row->addWidget(m_once);
     row->addWidget(m_again);
     row->addWidget(m_margin);
@@ -270,17 +279,20 @@ void AlertForm::refreshList() {
             m_environment.alerts->remove(id);
         });
         auto* const layout = new QHBoxLayout(row);
-        layout->setContentsMargins(0, 0, 0, 0);
-        layout->setSpacing(kSpacing);
+        TextScale::followSpaces(*row, *layout, QMargins(), kSpacing);
         layout->addWidget(label, 1);
         layout->addWidget(button);
         m_list->addWidget(row);
         m_rows.push_back(row);
     }
     m_listArea->setVisible(!m_rows.empty());
-    const int width = kWidth - 2 * kMargin;
+    fitList();
+}
+
+void AlertForm::fitList() {
+    const int width = TextScale::length(*this, kWidth) - 2 * TextScale::length(*this, kMargin);
     const int height = m_rows.empty() ? 0 : m_list->totalHeightForWidth(width);
-    m_listArea->setFixedHeight(std::min(kListHeight, height));
+    m_listArea->setFixedHeight(std::min(TextScale::length(*this, kListHeight), height));
     updateGeometry();
 }
 

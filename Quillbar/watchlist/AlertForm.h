@@ -59,6 +59,7 @@ private:
     void makeList(QVBoxLayout& stack);
     void refresh();
     void refreshList();
+    void fitList();
     void add();
 
     const ViewEnvironment& m_environment;

@@ -10,6 +10,7 @@
 #include "Quillbar/watchlist/CoinRowMenu.h"
 #include "Quillbar/watchlist/WatchlistMove.h"
 #include "Quillbar/widgets/CenteredText.h"
+#include "Quillbar/widgets/TextScale.h"
 #include "QuillbarCore/alerts/AlertKeeper.h"
 #include "QuillbarCore/model/Watchlist.h"
 
@@ -25,6 +26,7 @@
 #include <QVBoxLayout>
 
 #include <algorithm>
+#include <cmath>
 #include <string_view>
 #include <utility>
 
@@ -81,6 +83,7 @@ CoinListView::CoinListView(const ViewEnvironment& environment,
     observeEdits();
     onWatchlistChange();
     m_list.unfold();
+    TextScale::follow(*this, [this] { updateHeight(); });
 }
 
 // Its parts
@@ -199,18 +202,24 @@ void CoinListView::openAlerts(const std::string& symbol) {
 
 // What is shown
 
-int CoinListView::listHeight(std::size_t coinCount, Chart chart) {
+int CoinListView::listHeight(std::size_t coinCount, Chart chart, double scale) {
+    const auto length = [scale](int points) {
+        return static_cast<int>(std::lround(points * scale));
+    };
     // With this many rows the list has its greatest height. The height of more rows may not fit
     // into an int.
-    const std::size_t rows = std::min<std::size_t>(coinCount, kMaxPanelHeight / TableRow::kHeight);
-    const int height = static_cast<int>(rows) * TableRow::kHeight
-                       + (chart == Chart::open ? kExpandedDetailHeight : 0) + kBottomSlack;
-    return std::min(height, kMaxPanelHeight);
+    constexpr std::size_t kMostRows = kMaxPanelHeight / TableRow::kHeight + 1;
+    const std::size_t rows = std::min(coinCount, kMostRows);
+    const int height = static_cast<int>(rows) * length(TableRow::kHeight)
+                       + (chart == Chart::open ? length(kExpandedDetailHeight) : 0)
+                       + length(kBottomSlack);
+    return std::min(height, length(kMaxPanelHeight));
 }
 
 int CoinListView::listHeight() const {
     return listHeight(m_environment.appState.watchlist()->coins.size(),
-                      m_expandedSymbol->has_value() ? Chart::open : Chart::closed);
+                      m_expandedSymbol->has_value() ? Chart::open : Chart::closed,
+                      TextScale::of(*this));
 }
 
 void CoinListView::updateOrder() {

@@ -64,8 +64,8 @@ public:
     /// What the user sorts by; absent for the order of the watchlist.
     [[nodiscard]] const std::optional<WatchlistSort>& sort() const noexcept { return m_sort; }
 
-    /// The height of the list of rows. Pure.
-    [[nodiscard]] static int listHeight(std::size_t coinCount, Chart chart);
+    /// The height of the list of rows at a text size of that factor. Pure.
+    [[nodiscard]] static int listHeight(std::size_t coinCount, Chart chart, double scale = 1);
     /// The height of the list as it is now.
     [[nodiscard]] int listHeight() const;
 

@@ -4,6 +4,7 @@
 
 #include "Quillbar/widgets/Glyphs.h"
 #include "Quillbar/widgets/PanelMenu.h"
+#include "Quillbar/widgets/TextScale.h"
 #include "Quillbar/widgets/Theme.h"
 #include "QuillbarCore/model/Watchlist.h"
 
@@ -75,14 +76,15 @@ void addMoves(QMenu& menu, const ViewEnvironment& environment, const std::string
 // The colour by which a destructive item differs from the others.
 QIcon trashIcon(const QWidget& view) {
     const double scale = view.devicePixelRatioF();
-    QPixmap pixmap((QSizeF(kIconSize, kIconSize) * scale).toSize());
+    const QSizeF size = TextScale::size(view, {kIconSize, kIconSize});
+    const double margin = kGlyphMargin * TextScale::of(view);
+    QPixmap pixmap((size * scale).toSize());
     pixmap.setDevicePixelRatio(scale);
     pixmap.fill(Qt::transparent);
     QPainter painter(&pixmap);
     drawGlyph(painter,
               Glyph::trash,
-              QRectF(0, 0, kIconSize, kIconSize)
-                  .adjusted(kGlyphMargin, kGlyphMargin, -kGlyphMargin, -kGlyphMargin),
+              QRectF(QPointF(), size).adjusted(margin, margin, -margin, -margin),
               ThemeKey::value(view).colors.danger);
     return {pixmap};
 }

@@ -9,6 +9,7 @@
 #include "Quillbar/list/TableRow.h"
 #include "Quillbar/text/AgeText.h"
 #include "Quillbar/text/OneLineText.h"
+#include "Quillbar/widgets/TextScale.h"
 #include "QuillbarCore/alerts/AlertKeeper.h"
 #include "QuillbarCore/model/MissingValue.h"
 #include "QuillbarCore/model/PriceFormatter.h"
@@ -38,8 +39,12 @@ CoinRowView::CoinRowView(const ViewEnvironment& environment, QWidget* parent)
     , m_change(new ChangeText(ColumnWidths::kChange, this)) {
     // The gap after the last cell consists of a margin and of the spacing before it.
     auto* const layout = new QHBoxLayout(this);
-    layout->setContentsMargins(0, 0, ColumnWidths::kTrailing + TableRow::kSpacing, 0);
-    layout->setSpacing(TableRow::kSpacing);
+    TextScale::follow(*this, [this, layout] {
+        const int spacing = TextScale::length(*this, TableRow::kSpacing);
+        const int trailing = TextScale::length(*this, ColumnWidths::kTrailing);
+        layout->setContentsMargins(0, 0, trailing + spacing, 0);
+        layout->setSpacing(spacing);
+    });
     layout->addWidget(m_coinCell, 1);
     layout->addWidget(m_volume);
     layout->addWidget(m_price);

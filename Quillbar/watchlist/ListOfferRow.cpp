@@ -4,6 +4,7 @@
 
 #include "Quillbar/watchlist/ListOffer.h"
 #include "Quillbar/widgets/Glyphs.h"
+#include "Quillbar/widgets/TextScale.h"
 #include "Quillbar/widgets/Theme.h"
 
 #include <QPainter>
@@ -33,9 +34,10 @@ void ListOfferRow::present(const std::string& /*id*/, std::size_t /*index*/) {
 
 void ListOfferRow::paintEvent(QPaintEvent* event) {
     SearchRow::paintEvent(event);
-    QRectF square(0, 0, kGlyphSize, kGlyphSize);
-    square.moveCenter(QRectF(kPadding, 0, kIconSize, height()).center());
     QPainter painter(this);
+    const QRectF area = TextScale::enlarge(painter, *this);
+    QRectF square(0, 0, kGlyphSize, kGlyphSize);
+    square.moveCenter(QRectF(kPadding, 0, kIconSize, area.height()).center());
     drawGlyph(painter, Glyph::plus, square, ThemeKey::value(*this).colors.accent);
 }
 

@@ -6,6 +6,7 @@
 #include "Quillbar/text/SystemFont.h"
 #include "Quillbar/watchlist/ListOfferRow.h"
 #include "Quillbar/widgets/Announcement.h"
+#include "Quillbar/widgets/TextScale.h"
 #include "Quillbar/widgets/ThemedLabel.h"
 
 #include <QVBoxLayout>
@@ -44,10 +45,14 @@ ListOfferView::ListOfferView(std::function<void()> pick, QWidget* parent)
           new ThemedLabel(systemFont(kNotesSize), &ThemeColors::Resolved::secondaryText, this)) {
     Announcement::mark(*this);
     m_rows->setAccessibleName(QStringLiteral("搜索结果"));
-    m_rows->setPreferredHeight(TableRow::kHeight);
-    m_rows->setFixedHeight(TableRow::kHeight);
     m_notes->setWordWrap(true);
-    m_notes->setContentsMargins(TableRow::kPadding, kNotesMargin, TableRow::kPadding, kNotesMargin);
+    TextScale::follow(*this, [this] {
+        const int rowHeight = TextScale::length(*this, TableRow::kHeight);
+        m_rows->setPreferredHeight(rowHeight);
+        m_rows->setFixedHeight(rowHeight);
+        m_notes->setContentsMargins(TextScale::margins(
+            *this, {TableRow::kPadding, kNotesMargin, TableRow::kPadding, kNotesMargin}));
+    });
     auto* const stack = new QVBoxLayout(this);
     stack->setContentsMargins(0, 0, 0, 0);
     stack->setSpacing(0);

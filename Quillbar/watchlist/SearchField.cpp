@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "Quillbar/watchlist/SearchField.h"
 
-#include "Quillbar/text/SystemFont.h"
 #include "Quillbar/widgets/PanelMenu.h"
+#include "Quillbar/widgets/TextScale.h"
 #include "Quillbar/widgets/Theme.h"
 
 #include <QAction>
@@ -46,13 +46,7 @@ void addItem(QMenu& menu, const QString& title, bool isEnabled, std::function<vo
 SearchField::SearchField(const QString& placeholder, QWidget* parent)
     : QLineEdit(parent) {
     setFrame(false);
-    setTextMargins(kHorizontalPadding - kOwnHorizontalMargin,
-                   kVerticalPadding - kOwnVerticalMargin,
-                   kHorizontalPadding - kOwnHorizontalMargin,
-                   kVerticalPadding - kOwnVerticalMargin);
-    setFont(systemFont(kFontSize));
-    // Some styles make it higher than asked.
-    setFixedHeight(QFontMetrics(font()).height() + 2 * kVerticalPadding);
+    TextScale::follow(*this, [this] { fit(); });
     setMaxLength(kMaximumLength);
     setPlaceholderText(placeholder);
     applyTheme();
@@ -132,6 +126,18 @@ void SearchField::endComposing(Ending ending) {
         }
         QCoreApplication::sendEvent(this, &end);
     }
+}
+
+void SearchField::fit() {
+    const int horizontal = TextScale::length(*this, kHorizontalPadding);
+    const int vertical = TextScale::length(*this, kVerticalPadding);
+    setTextMargins(horizontal - kOwnHorizontalMargin,
+                   vertical - kOwnVerticalMargin,
+                   horizontal - kOwnHorizontalMargin,
+                   vertical - kOwnVerticalMargin);
+    setFont(TextScale::font(*this, kFontSize));
+    // Some styles make it higher than asked.
+    setFixedHeight(QFontMetrics(font()).height() + 2 * vertical);
 }
 
 void SearchField::applyTheme() {

@@ -38,6 +38,7 @@ protected:
 private:
     enum class Ending { commits, givesUp };
 
+    void fit();
     void applyTheme();
     void endComposing(Ending ending);
 

@@ -4,6 +4,7 @@
 
 #include "Quillbar/coins/CoinIconView.h"
 #include "Quillbar/text/OneLineText.h"
+#include "Quillbar/widgets/TextScale.h"
 #include "QuillbarCore/model/Watchlist.h"
 
 #include <QResizeEvent>
@@ -45,7 +46,8 @@ QString SearchResultRow::pairOf(const Coin& coin) {
 }
 
 void SearchResultRow::resizeEvent(QResizeEvent* event) {
-    m_icon->move(kPadding, (height() - kIconSize) / 2);
+    m_icon->move(TextScale::length(*this, kPadding),
+                 (height() - TextScale::length(*this, kIconSize)) / 2);
     SearchRow::resizeEvent(event);
 }
 

@@ -4,6 +4,7 @@
 
 #include "Quillbar/text/FittedText.h"
 #include "Quillbar/text/SystemFont.h"
+#include "Quillbar/widgets/TextScale.h"
 #include "Quillbar/widgets/Theme.h"
 
 #include <QFontMetricsF>
@@ -56,12 +57,13 @@ void SearchRow::setPickable(bool isPickable) {
 void SearchRow::paintEvent(QPaintEvent* event) {
     ListRow::paintEvent(event);
     QPainter painter(this);
+    const QRectF area = TextScale::enlarge(painter, *this);
     const ThemeColors::Resolved& colors = ThemeKey::value(*this).colors;
     const double left = kPadding + kIconSize + kSpacing;
-    double right = width() - kPadding;
+    double right = area.width() - kPadding;
     const QFontMetricsF nameMetrics(systemFont(kNameSize, QFont::Medium));
     const double baseline =
-        std::round((height() - nameMetrics.height()) / 2 + nameMetrics.ascent());
+        std::round((area.height() - nameMetrics.height()) / 2 + nameMetrics.ascent());
 
     painter.setPen(colors.secondaryText);
     if (!m_texts.atEnd.isEmpty()) {

@@ -50,6 +50,18 @@ TEST_F(CoinListViewTest, isAsHighAsItsRowsAndItsChartUpToALimit) {
     EXPECT_EQ(CoinListView::listHeight(1'000'000'000, Chart::open), 560);
 }
 
+TEST_F(CoinListViewTest, isAsHighAsItsPartsAtALargerTextSize) {
+    using Chart = CoinListView::Chart;
+    EXPECT_EQ(CoinListView::listHeight(0, Chart::closed, 1.15), 5);
+    EXPECT_EQ(CoinListView::listHeight(4, Chart::closed, 1.15), 4 * 32 + 5);
+    EXPECT_EQ(CoinListView::listHeight(4, Chart::open, 1.15), 4 * 32 + 241 + 5);
+    EXPECT_EQ(CoinListView::listHeight(4, Chart::open, 1.3), 4 * 36 + 273 + 5);
+    EXPECT_EQ(CoinListView::listHeight(19, Chart::closed, 1.15), 19 * 32 + 5);
+    // 560 points, enlarged.
+    EXPECT_EQ(CoinListView::listHeight(1'000'000'000, Chart::open, 1.15), 644);
+    EXPECT_EQ(CoinListView::listHeight(1'000'000'000, Chart::closed, 1.3), 728);
+}
+
 TEST_F(CoinListViewTest, fifteenCoinsWithAChartScrollIn560Points) {
     std::vector<std::string> coins;
     for (int each = 10; each < 25; ++each) {
