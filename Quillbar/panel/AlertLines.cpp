@@ -7,6 +7,7 @@
 #include "Quillbar/text/SystemFont.h"
 #include "Quillbar/widgets/Announcement.h"
 #include "Quillbar/widgets/GlyphButton.h"
+#include "Quillbar/widgets/TextScale.h"
 #include "Quillbar/widgets/ThemedLabel.h"
 #include "QuillbarCore/alerts/AlertKeeper.h"
 
@@ -61,8 +62,10 @@ public:
             alerts.markShown(serial);
         });
         auto* const layout = new QHBoxLayout(this);
-        layout->setContentsMargins(
-            kHorizontalPadding, kVerticalPadding, kButtonMargin, kVerticalPadding);
+        TextScale::follow(*this, [this, layout] {
+            layout->setContentsMargins(TextScale::margins(
+                *this, {kHorizontalPadding, kVerticalPadding, kButtonMargin, kVerticalPadding}));
+        });
         layout->setSpacing(0);
         layout->addWidget(label, 1);
         layout->addWidget(button, 0, Qt::AlignTop);

@@ -6,8 +6,10 @@
 #include "Quillbar/text/OneLineText.h"
 #include "Quillbar/widgets/CheckRow.h"
 #include "Quillbar/widgets/GlyphButton.h"
+#include "Quillbar/widgets/TextScale.h"
 
 #include <QHBoxLayout>
+#include <QMargins>
 #include <QSize>
 
 namespace quillbar {
@@ -35,8 +37,7 @@ AlertRow::AlertRow(const Alert& alert, const Handlers& handlers, QWidget* parent
         onDelete(m_id);
     });
     auto* const layout = new QHBoxLayout(this);
-    layout->setContentsMargins(0, 0, kEndMargin, 0);
-    layout->setSpacing(0);
+    TextScale::followSpaces(*this, *layout, QMargins(0, 0, kEndMargin, 0), 0);
     layout->addWidget(m_switch, 1);
     layout->addWidget(m_delete, 0, Qt::AlignVCenter);
     setAlert(alert);

@@ -9,12 +9,14 @@
 #include "Quillbar/widgets/Announcement.h"
 #include "Quillbar/widgets/CheckRow.h"
 #include "Quillbar/widgets/TextButton.h"
+#include "Quillbar/widgets/TextScale.h"
 #include "Quillbar/widgets/ThemedLabel.h"
 #include "QuillbarCore/alerts/AlertKeeper.h"
 #include "QuillbarCore/state/PreferencesState.h"
 
 #include <QHBoxLayout>
 #include <QHideEvent>
+#include <QMargins>
 #include <QString>
 #include <QVBoxLayout>
 
@@ -70,7 +72,7 @@ AlertsSection::AlertsSection(const ViewEnvironment& environment,
     Announcement::mark(*m_error);
     add(m_error);
     for (ThemedLabel* const text : {m_empty, m_error}) {
-        text->setContentsMargins(kTextIndent, 0, kTextIndent, 0);
+        TextScale::followMargins(*text, QMargins(kTextIndent, 0, kTextIndent, 0));
     }
     m_observations.push_back(preferences.preferences().observe(
         [this](const Preferences& chosen) { m_sound->setChecked(chosen.alertSound); }));
@@ -85,8 +87,7 @@ AlertsSection::AlertsSection(const ViewEnvironment& environment,
 void AlertsSection::makeOffer() {
     Announcement::mark(*m_offer);
     auto* const layout = new QHBoxLayout(m_offer);
-    layout->setContentsMargins(kTextIndent, 0, kTextIndent, 0);
-    layout->setSpacing(kSpacing);
+    TextScale::followSpaces(*m_offer, *layout, QMargins(kTextIndent, 0, kTextIndent, 0), kSpacing);
     layout->addWidget(m_offerText, 1);
     layout->addWidget(m_takeBack);
     m_offer->hide();

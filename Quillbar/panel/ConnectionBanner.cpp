@@ -4,6 +4,7 @@
 
 #include "Quillbar/text/LocalTimeText.h"
 #include "Quillbar/widgets/Spinner.h"
+#include "Quillbar/widgets/TextScale.h"
 
 #include <QDateTime>
 
@@ -29,7 +30,10 @@ ConnectionBanner::ConnectionBanner(const AppState& state,
     , m_zone(std::move(zone))
     , m_locale(locale) {
     auto* const spinner = new Spinner(kSpinnerSize, this);
-    spinner->move(kPadding, (kHeight - spinner->height()) / 2);
+    TextScale::follow(*this, [this, spinner] {
+        spinner->move(TextScale::length(*this, kPadding),
+                      TextScale::length(*this, (kHeight - kSpinnerSize) / 2));
+    });
     setTextIndent(kSpinnerSize + kSpacing);
     m_observations.push_back(
         state.connectionState().observe([this](ConnectionState /*state*/) { refresh(); }));

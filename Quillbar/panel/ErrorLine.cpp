@@ -4,6 +4,7 @@
 
 #include "Quillbar/text/SystemFont.h"
 #include "Quillbar/widgets/Announcement.h"
+#include "Quillbar/widgets/TextScale.h"
 
 #include <optional>
 
@@ -30,7 +31,10 @@ ErrorLine::ErrorLine(const AppState& state, QWidget* parent)
     m_observations.push_back(state.watchlist().observe(changed));
     Announcement::mark(*this);
     setWordWrap(true);
-    setContentsMargins(kHorizontalPadding, kVerticalPadding, kHorizontalPadding, kVerticalPadding);
+    TextScale::follow(*this, [this] {
+        setContentsMargins(TextScale::margins(
+            *this, {kHorizontalPadding, kVerticalPadding, kHorizontalPadding, kVerticalPadding}));
+    });
     hide();
     refresh();
 }

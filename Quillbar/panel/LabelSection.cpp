@@ -9,11 +9,13 @@
 #include "Quillbar/watchlist/SearchField.h"
 #include "Quillbar/widgets/Announcement.h"
 #include "Quillbar/widgets/ChoiceList.h"
+#include "Quillbar/widgets/TextScale.h"
 #include "Quillbar/widgets/ThemedLabel.h"
 #include "QuillbarCore/state/AppState.h"
 #include "QuillbarCore/state/PreferencesState.h"
 
 #include <QHideEvent>
+#include <QMargins>
 #include <QShowEvent>
 #include <QVBoxLayout>
 
@@ -93,7 +95,7 @@ LabelSection::LabelSection(PreferencesState& preferences, const AppState& appSta
     };
     add(m_wordings);
     makeTemplateField();
-    m_preview->setContentsMargins(kTextIndent, 0, kTextIndent, 0);
+    TextScale::followMargins(*m_preview, QMargins(kTextIndent, 0, kTextIndent, 0));
     add(m_preview);
     m_observations.push_back(preferences.preferences().observe(
         [this](const Preferences& /*preferences*/) { refresh(); }));
@@ -105,8 +107,7 @@ LabelSection::LabelSection(PreferencesState& preferences, const AppState& appSta
 void LabelSection::makeTemplateField() {
     m_own = new QWidget(this);
     auto* const stack = new QVBoxLayout(m_own);
-    stack->setContentsMargins(kTextIndent, 0, kTextIndent, 0);
-    stack->setSpacing(kSpacing);
+    TextScale::followSpaces(*m_own, *stack, QMargins(kTextIndent, 0, kTextIndent, 0), kSpacing);
     m_template = new SearchField(QStringLiteral("如 {symbol} {price:.0}"), m_own);
     m_template->setAccessibleName(QStringLiteral("自定义的模板"));
     m_template->setMaxLength(kLongestTemplate);

@@ -4,6 +4,7 @@
 
 #include "Quillbar/text/SystemFont.h"
 #include "Quillbar/widgets/GlyphButton.h"
+#include "Quillbar/widgets/TextScale.h"
 #include "Quillbar/widgets/ThemedLabel.h"
 
 #include <QPainter>
@@ -38,8 +39,14 @@ public:
         setText(text);
         setAccessibleName(text);
         setWordWrap(true);
-        setContentsMargins(
-            kHorizontalPadding, kVerticalPadding, kButtonMargin + kButtonSize, kVerticalPadding);
+        TextScale::follow(*this, [this] {
+            setContentsMargins(TextScale::margins(*this,
+                                                  {kHorizontalPadding,
+                                                   kVerticalPadding,
+                                                   kButtonMargin + kButtonSize,
+                                                   kVerticalPadding}));
+            placeButton();
+        });
         m_button->setToolTip(QStringLiteral("关闭提示"));
         m_button->setAccessibleName(QStringLiteral("关闭提示，") + text);
         connect(
@@ -58,10 +65,14 @@ protected:
 
     void resizeEvent(QResizeEvent* event) override {
         ThemedLabel::resizeEvent(event);
-        m_button->move(width() - kButtonMargin - kButtonSize, 1);
+        placeButton();
     }
 
 private:
+    void placeButton() {
+        m_button->move(width() - TextScale::length(*this, kButtonMargin + kButtonSize), 1);
+    }
+
     Notice m_notice;
     GlyphButton* m_button;
 };

@@ -6,6 +6,7 @@
 #include "Quillbar/text/SystemFont.h"
 #include "Quillbar/watchlist/AddCoinButton.h"
 #include "Quillbar/widgets/GlyphButton.h"
+#include "Quillbar/widgets/TextScale.h"
 #include "Quillbar/widgets/ThemedLabel.h"
 
 #include <QHBoxLayout>
@@ -71,15 +72,20 @@ PanelHeader::PanelHeader(const ViewEnvironment& environment,
     connect(m_close, &QAbstractButton::clicked, this, [this] { onClose(); });
 
     auto* const layout = new QHBoxLayout(this);
-    layout->setContentsMargins(
-        kHorizontalPadding, kVerticalPadding, kHorizontalPadding, kVerticalPadding);
-    layout->setSpacing(kSpacing);
     layout->addWidget(m_back);
     layout->addWidget(m_title);
     layout->addStretch();
     layout->addWidget(m_plus);
     layout->addWidget(m_gear);
     layout->addWidget(m_close);
+    TextScale::follow(*this, [this] { fit(); });
+}
+
+void PanelHeader::fit() {
+    const int left = m_back->isHidden() ? kHorizontalPadding : kPaddingBeforeBack;
+    layout()->setContentsMargins(
+        TextScale::margins(*this, {left, kVerticalPadding, kHorizontalPadding, kVerticalPadding}));
+    layout()->setSpacing(TextScale::length(*this, kSpacing));
 }
 
 void PanelHeader::setStandalone(bool isStandalone) {
@@ -89,13 +95,11 @@ void PanelHeader::setStandalone(bool isStandalone) {
 
 void PanelHeader::setPage(const QString& title) {
     const bool isPage = !title.isEmpty();
-    QMargins margins = layout()->contentsMargins();
-    margins.setLeft(isPage ? kPaddingBeforeBack : kHorizontalPadding);
-    layout()->setContentsMargins(margins);
     m_title->setText(isPage ? title : productName());
     m_back->setVisible(isPage);
     m_plus->setVisible(!isPage);
     m_gear->setVisible(!isPage);
+    fit();
 }
 
 void PanelHeader::mousePressEvent(QMouseEvent* event) {

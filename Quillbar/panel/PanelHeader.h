@@ -52,6 +52,8 @@ protected:
     void mouseReleaseEvent(QMouseEvent* event) override;
 
 private:
+    void fit();
+
     // Children, owned by Qt.
     GlyphButton* m_back;
     ThemedLabel* m_title;

@@ -19,6 +19,7 @@
 #include "Quillbar/text/PinHint.h"
 #include "Quillbar/watchlist/CoinListView.h"
 #include "Quillbar/widgets/CenteredText.h"
+#include "Quillbar/widgets/TextScale.h"
 #include "QuillbarCore/state/PreferencesState.h"
 
 #include <QApplication>
@@ -45,14 +46,15 @@ bool isPinned(const Watchlist& watchlist) {
 QVBoxLayout* makeStack(QWidget& owner) {
     auto* const stack = new QVBoxLayout(&owner);
     stack->setContentsMargins(0, 0, 0, 0);
-    stack->setSpacing(kSpacing);
+    TextScale::follow(owner,
+                      [&owner, stack] { stack->setSpacing(TextScale::length(owner, kSpacing)); });
     return stack;
 }
 
 /// The height that the layout wants in the panel. It depends on the width only while a line that
 /// may wrap is shown.
-int heightOf(const QLayout& layout) {
-    return layout.hasHeightForWidth() ? layout.totalHeightForWidth(PanelView::kWidth)
+int heightOf(const QLayout& layout, int width) {
+    return layout.hasHeightForWidth() ? layout.totalHeightForWidth(width)
                                       : layout.sizeHint().height();
 }
 
@@ -68,8 +70,10 @@ PanelView::PanelView(const ViewEnvironment& environment,
     , m_environment(environment)
     , m_systemScheme(systemScheme)
     , m_preferences(preferences) {
-    setFixedWidth(kWidth);
     applyTheme();
+    // Where the screen is too narrow, less than the text size wants is better than a panel cut off.
+    setMinimumWidth(kWidth);
+    TextScale::follow(*this, [this] { setMaximumWidth(TextScale::length(*this, kWidth)); });
     auto* const pages = makeStack(*this);
     buildHeader(*pages, settings, std::move(quit));
     m_main = new QWidget(this);
@@ -111,11 +115,12 @@ PanelView::PanelView(const ViewEnvironment& environment,
 PanelView::~PanelView() = default;
 
 QSize PanelView::sizeHint() const {
-    int height = heightOf(*m_main->layout());
+    const int width = TextScale::length(*this, kWidth);
+    int height = heightOf(*m_main->layout(), width);
     if (isShowingPreferences()) {
-        height = std::max(height, m_preferencesView->heightFor(kWidth));
+        height = std::max(height, m_preferencesView->heightFor(width));
     }
-    return {kWidth, m_header->sizeHint().height() + kSpacing + height};
+    return {width, m_header->sizeHint().height() + TextScale::length(*this, kSpacing) + height};
 }
 
 bool PanelView::focusNextPrevChild(bool next) {
@@ -255,8 +260,10 @@ ColorScheme PanelView::scheme() const {
 }
 
 void PanelView::applyTheme() {
+    const Preferences& preferences = *m_preferences.preferences();
     ThemeKey::set(*this,
-                  {.colors = ThemeColors::of(scheme(), m_preferences.preferences()->changeColors)});
+                  {.colors = ThemeColors::of(scheme(), preferences.changeColors),
+                   .scale = scaleOf(preferences.textSize)});
 }
 
 void PanelView::restoreTab() {

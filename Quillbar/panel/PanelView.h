@@ -34,6 +34,8 @@ class UndoLine;
 /// its list shrinks. The page leaves the size as it is, unless it needs more itself.
 class PanelView final : public QWidget {
 public:
+    /// The width at a text size of 100 %, in points. At a larger one the panel wants to be wider in
+    /// proportion, and takes this much where the screen has no more.
     static constexpr int kWidth = 400;
 
     /// `systemScheme` is the desktop's colour scheme. It, the settings, the preferences and the

@@ -3,6 +3,7 @@
 #include "Quillbar/panel/PreferencesSection.h"
 
 #include "Quillbar/widgets/Heading.h"
+#include "Quillbar/widgets/TextScale.h"
 
 #include <QVBoxLayout>
 
@@ -19,10 +20,12 @@ PreferencesSection::PreferencesSection(const QString& title, QWidget* parent)
     , m_title(title)
     , m_stack(new QVBoxLayout(this)) {
     m_stack->setContentsMargins(0, 0, 0, 0);
-    m_stack->setSpacing(kSpacing);
     auto* const heading = new Heading(title, this);
-    heading->setContentsMargins(kTextIndent, 0, kTextIndent, 0);
     m_stack->addWidget(heading);
+    TextScale::follow(*this, [this, heading] {
+        m_stack->setSpacing(TextScale::length(*this, kSpacing));
+        heading->setContentsMargins(TextScale::margins(*this, {kTextIndent, 0, kTextIndent, 0}));
+    });
 }
 
 void PreferencesSection::add(QWidget* widget) {

@@ -13,8 +13,8 @@ namespace quillbar {
 /// section is a class of its own that adds its choices, observes the preferences and sets them.
 class PreferencesSection : public QWidget {
 public:
-    /// How far texts that are not in a `ChoiceList` stand from the section's edges, in points, so
-    /// that they begin where the marks of the choices do.
+    /// How far texts that are not in a `ChoiceList` stand from the section's edges, in points at a
+    /// text size of 100 %, so that they begin where the marks of the choices do.
     static constexpr int kTextIndent = 8;
 
     [[nodiscard]] const QString& title() const noexcept { return m_title; }

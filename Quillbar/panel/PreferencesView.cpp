@@ -3,12 +3,15 @@
 #include "Quillbar/panel/PreferencesView.h"
 
 #include "Quillbar/panel/ColorsSection.h"
+#include "Quillbar/panel/TextSizeSection.h"
 #include "Quillbar/text/SystemFont.h"
 #include "Quillbar/widgets/Announcement.h"
 #include "Quillbar/widgets/ScrollColumn.h"
+#include "Quillbar/widgets/TextScale.h"
 #include "Quillbar/widgets/ThemedLabel.h"
 #include "QuillbarCore/state/PreferencesState.h"
 
+#include <QMargins>
 #include <QVBoxLayout>
 
 #include <algorithm>
@@ -21,8 +24,7 @@ namespace quillbar {
 namespace {
 
 /// With the padding of a row, its mark stands 12 points from the panel's edge, as all texts do.
-constexpr int kHorizontalMargin = 4;
-constexpr int kBottomMargin = 12;
+constexpr QMargins kMargins(4, 0, 4, 12);
 constexpr int kSpacing = 4;
 constexpr int kSectionSpacing = 12;
 constexpr double kErrorFontSize = 10.5;
@@ -43,16 +45,19 @@ PreferencesView::PreferencesView(PreferencesState& preferences,
     , m_error(new ThemedLabel(systemFont(kErrorFontSize), &ThemeColors::Resolved::danger, this)) {
     setAccessibleName(title());
     auto* const stack = new QVBoxLayout(this);
-    stack->setContentsMargins(kHorizontalMargin, 0, kHorizontalMargin, kBottomMargin);
-    stack->setSpacing(kSpacing);
     m_sections->add(m_first);
+    m_sections->add(new TextSizeSection(preferences, this));
     stack->addWidget(m_sections);
     m_error->setWordWrap(true);
-    m_error->setContentsMargins(
-        PreferencesSection::kTextIndent, 0, PreferencesSection::kTextIndent, 0);
     Announcement::mark(*m_error);
     stack->addWidget(m_error);
     stack->addStretch();
+    TextScale::follow(*this, [this, stack] {
+        stack->setContentsMargins(TextScale::margins(*this, kMargins));
+        stack->setSpacing(TextScale::length(*this, kSpacing));
+        m_error->setContentsMargins(TextScale::margins(
+            *this, {PreferencesSection::kTextIndent, 0, PreferencesSection::kTextIndent, 0}));
+    });
     m_errorObservation = preferences.lastError().observe(
         [this](const std::optional<std::string>& /*error*/) { refreshError(); });
     refreshError();
@@ -63,12 +68,13 @@ void PreferencesView::add(PreferencesSection* section) {
 }
 
 int PreferencesView::heightFor(int width) const {
-    const int inside = width - 2 * kHorizontalMargin;
-    int height = m_sections->heightFor(inside) + kBottomMargin;
+    const QMargins margins = TextScale::margins(*this, kMargins);
+    const int inside = width - margins.left() - margins.right();
+    int height = m_sections->heightFor(inside) + margins.bottom();
     if (!m_error->isHidden()) {
-        height += kSpacing + m_error->heightForWidth(inside);
+        height += TextScale::length(*this, kSpacing) + m_error->heightForWidth(inside);
     }
-    return std::min(height, kMaxHeight);
+    return std::min(height, TextScale::length(*this, kMaxHeight));
 }
 
 void PreferencesView::takeFocus(Qt::FocusReason reason) {

@@ -23,7 +23,8 @@ class ThemedLabel;
 /// Under the column, which does not scroll it away, stands what could not be saved.
 class PreferencesView final : public QWidget {
 public:
-    /// The greatest height that the page asks for, in points: that of the list of coins.
+    /// The greatest height that the page asks for, in points at a text size of 100 %: that of the
+    /// list of coins.
     static constexpr int kMaxHeight = 560;
 
     /// The name of the page.

@@ -4,6 +4,7 @@
 
 #include "Quillbar/text/SystemFont.h"
 #include "Quillbar/widgets/PlainButton.h"
+#include "Quillbar/widgets/TextScale.h"
 #include "Quillbar/widgets/Theme.h"
 
 #include <QAccessible>
@@ -69,11 +70,7 @@ public:
         setText(title);
         setAccessibleName(title);
         setCheckable(true);
-        const QFontMetricsF selected(tabFont(true));
-        // As wide as when it is selected, so that the other tabs do not move.
-        setFixedSize(
-            static_cast<int>(std::ceil(selected.horizontalAdvance(title))) + 2 * kHorizontalPadding,
-            static_cast<int>(std::ceil(selected.height())) + kTopPadding + kBottomPadding);
+        TextScale::follow(*this, [this] { fit(); });
     }
 
     // For QAccessible. The caller owns what is made; null leaves the object to Qt.
@@ -88,17 +85,19 @@ public:
 protected:
     void drawContent(QPainter& painter) override {
         const ThemeColors::Resolved& colors = ThemeKey::value(*this).colors;
+        const QRectF area = TextScale::enlarge(painter, *this);
         painter.setFont(tabFont(isChecked()));
         painter.setPen(isChecked() || isHovered() ? colors.primaryText : colors.secondaryText);
         painter.drawText(
-            rect().adjusted(kHorizontalPadding, kTopPadding, -kHorizontalPadding, -kBottomPadding),
+            area.adjusted(kHorizontalPadding, kTopPadding, -kHorizontalPadding, -kBottomPadding),
             Qt::AlignCenter,
             text());
         if (isChecked()) {
             // Otherwise a height that is not a whole number of pixels is rounded.
             painter.setRenderHint(QPainter::Antialiasing);
-            painter.fillRect(QRectF(0, height() - m_underlineHeight, width(), m_underlineHeight),
-                             colors.accent);
+            painter.fillRect(
+                QRectF(0, area.height() - m_underlineHeight, area.width(), m_underlineHeight),
+                colors.accent);
         }
     }
 
@@ -112,6 +111,16 @@ protected:
     }
 
 private:
+    void fit() {
+        const QFontMetricsF selected(tabFont(true));
+        const double scale = TextScale::of(*this);
+        // As wide as when it is selected, so that the other tabs do not move.
+        setFixedSize(static_cast<int>(std::ceil(selected.horizontalAdvance(text()) * scale))
+                         + TextScale::length(*this, 2 * kHorizontalPadding),
+                     static_cast<int>(std::ceil(selected.height() * scale))
+                         + TextScale::length(*this, kTopPadding + kBottomPadding));
+    }
+
     double m_underlineHeight;
 };
 
@@ -124,8 +133,10 @@ UnderlineTabs::UnderlineTabs(const std::vector<QString>& titles,
     // it again changes nothing.
     QAccessible::installFactory(Tab::makeAccessible);
     auto* const row = new QHBoxLayout(this);
-    row->setContentsMargins(outerPadding, 0, outerPadding, 0);
-    row->setSpacing(kSpacing);
+    TextScale::follow(*this, [this, row, outerPadding] {
+        row->setContentsMargins(TextScale::margins(*this, {outerPadding, 0, outerPadding, 0}));
+        row->setSpacing(TextScale::length(*this, kSpacing));
+    });
     for (const QString& title : titles) {
         const std::size_t index = m_tabs.size();
         auto* const tab = new Tab(title, underlineHeight, this);

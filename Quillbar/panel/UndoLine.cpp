@@ -7,6 +7,7 @@
 #include "Quillbar/watchlist/WatchlistMove.h"
 #include "Quillbar/widgets/Announcement.h"
 #include "Quillbar/widgets/TextButton.h"
+#include "Quillbar/widgets/TextScale.h"
 #include "Quillbar/widgets/ThemedLabel.h"
 #include "QuillbarCore/alerts/AlertKeeper.h"
 
@@ -69,8 +70,11 @@ UndoLine::UndoLine(const ViewEnvironment& environment,
     // A base asset may be of any length.
     m_text->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
     auto* const layout = new QHBoxLayout(this);
-    layout->setContentsMargins(kPadding, 0, kPadding, kBottomPadding);
-    layout->setSpacing(kSpacing);
+    TextScale::follow(*this, [this, layout] {
+        layout->setContentsMargins(
+            TextScale::margins(*this, {kPadding, 0, kPadding, kBottomPadding}));
+        layout->setSpacing(TextScale::length(*this, kSpacing));
+    });
     layout->addWidget(m_text, 1);
     layout->addWidget(m_button);
     hide();

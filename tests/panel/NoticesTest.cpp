@@ -161,6 +161,17 @@ TEST_F(NoticeLinesTest, keepTwelvePointsAtTheirSidesAndFourAboveAndBelow) {
     EXPECT_EQ(labels.at(1)->y(), label->geometry().bottom() + 1 + 1) << "a line between the two";
 }
 
+TEST_F(NoticeLinesTest, growWithTheTextSize) {
+    notices.add(Notice::noTray);
+    show();
+    ThemeKey::set(window, {.colors = ThemeColors::dark(), .scale = 1.3});
+    spinUntilIdle();
+    const QLabel* const label = widgetsOf<QLabel>(*lines).at(0);
+    EXPECT_EQ(label->contentsRect().left(), 16);
+    // Six and twenty points at 100 %.
+    EXPECT_EQ(widgetsOf<GlyphButton>(*label).at(0)->geometry(), QRect(kPanelWidth - 34, 1, 26, 26));
+}
+
 TEST_F(NoticeLinesTest, standOnAFaintGroundInTheThemesWarningColour) {
     notices.add(Notice::noTray);
     show();
