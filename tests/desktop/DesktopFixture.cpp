@@ -11,6 +11,7 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 
+#include <algorithm>
 #include <array>
 #include <cstddef>
 #include <string_view>
@@ -30,8 +31,9 @@ constexpr int kMostTabStops = 20;
 
 constexpr QPoint kTitle{30, 20};
 
-constexpr int kPanelWidth = 400;
-constexpr int kSearchWidth = 280;
+// At each text size.
+constexpr std::array kPanelWidths{400, 460, 520};
+constexpr std::array kSearchWidths{280, 322, 364};
 // What is narrower or lower is no menu, but a window that is of no use to people.
 constexpr int kLeastMenu = 50;
 
@@ -68,6 +70,10 @@ QString textOfTooltip(const QVariant& tooltip) {
     argument >> title >> text;
     argument.endStructure();
     return text;
+}
+
+bool isAmong(const std::array<int, 3>& widths, int width) {
+    return std::find(widths.begin(), widths.end(), width) != widths.end();
 }
 
 }  // namespace
@@ -214,7 +220,8 @@ QPoint DesktopFixture::itemCentre() const {
 std::optional<Screen::Window> DesktopFixture::panel() const {
     for (Screen::Window& window : screen().windowsOf(m_application->id())) {
         // Others of this title, of a pixel or of menus, are no panel.
-        if (window.title == QStringLiteral("Quillbar") && window.geometry.width() == kPanelWidth) {
+        if (window.title == QStringLiteral("Quillbar")
+            && isAmong(kPanelWidths, window.geometry.width())) {
             return std::move(window);
         }
     }
@@ -229,8 +236,8 @@ QRect DesktopFixture::panelGeometry() const {
 QRect DesktopFixture::menuGeometry() const {
     for (const Screen::Window& window : screen().windowsOf(m_application->id())) {
         const QRect& area = window.geometry;
-        if (area.width() != kPanelWidth && area.width() != kSearchWidth && area.width() > kLeastMenu
-            && area.height() > kLeastMenu) {
+        if (!isAmong(kPanelWidths, area.width()) && !isAmong(kSearchWidths, area.width())
+            && area.width() > kLeastMenu && area.height() > kLeastMenu) {
             return area;
         }
     }
@@ -239,7 +246,7 @@ QRect DesktopFixture::menuGeometry() const {
 
 QRect DesktopFixture::searchGeometry() const {
     for (const Screen::Window& window : screen().windowsOf(m_application->id())) {
-        if (window.geometry.width() == kSearchWidth) {
+        if (isAmong(kSearchWidths, window.geometry.width())) {
             return window.geometry;
         }
     }

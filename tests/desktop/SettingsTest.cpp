@@ -63,6 +63,29 @@ TEST_F(SettingsTest, everyAppearanceIsSeenAtOnce) {
     EXPECT_TRUE(comesToBe(Desktop::Shade::light));
 }
 
+TEST_F(SettingsTest, aLargerTextSizeIsSeenAtOnceAndStaysOnTheScreen) {
+    startApplication();
+    openPanel();
+    const QRect before = panelGeometry();
+    EXPECT_EQ(startAgain({QStringLiteral("--preferences")}), 0);
+    settle();
+    // From the colours to the sizes, and to the largest of them.
+    screen().key(Screen::kTab);
+    screen().key(Screen::kDown);
+    screen().key(Screen::kDown);
+    EXPECT_TRUE(eventually([&] { return panelGeometry().width() == before.width() * 13 / 10; }));
+    EXPECT_TRUE(screen().workArea().contains(panelGeometry()));
+    EXPECT_TRUE(eventually([this] {
+        return kept(QStringLiteral("preferences.json"))[QStringLiteral("textSize")] == 130;
+    }));
+    screen().key(Screen::kEscape);
+    EXPECT_TRUE(eventually([&] {
+        return panelGeometry().size() == QSize(520, panelGeometry().height())
+               && panelGeometry().height() > before.height() * 5 / 4;
+    }));
+    EXPECT_TRUE(screen().workArea().contains(panelGeometry()));
+}
+
 TEST_F(SettingsTest, launchAtLoginIsSwitchedByEitherMenu) {
     startApplication();
     openPanel();
