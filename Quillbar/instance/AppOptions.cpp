@@ -2,6 +2,9 @@
 // SPDX-License-Identifier: MIT
 #include "Quillbar/instance/AppOptions.h"
 
+#include "Quillbar/platform/Formatted.h"
+#include "Quillbar/platform/Translated.h"
+
 #include <fmt/format.h>
 
 #include <string_view>
@@ -10,7 +13,8 @@ namespace quillbar {
 
 namespace {
 
-constexpr std::string_view kHelp = R"(用法：quillbar [选项]
+std::string help() {
+    return translated("instance", R"(用法：quillbar [选项]
 
 在桌面的状态栏里显示固定币种的实时价格，点击后打开行情面板。
 已在运行时，再次启动会显示或隐藏面板。
@@ -33,7 +37,9 @@ constexpr std::string_view kHelp = R"(用法：quillbar [选项]
   QUILLBAR_MARKETCAP_ENDPOINT  市值接口地址
   QUILLBAR_ICON_ENDPOINT       图标地址
   QUILLBAR_CA_FILE             额外信任的证书颁发机构（PEM 文件）
-)";
+)")
+        .toStdString();
+}
 
 /// What the program does with this option alone.
 std::optional<AppOptions> requestOf(std::string_view option) {
@@ -65,18 +71,21 @@ std::variant<AppOptions, AppInformation, AppUsageError> parseAppOptions(
     AppOptions options;
     for (const std::string& argument : arguments) {
         if (argument == "--help" || argument == "-h") {
-            return AppInformation{std::string(kHelp)};
+            return AppInformation{help()};
         }
         if (argument == "--version") {
             return AppInformation{fmt::format("quillbar {}\n", QUILLBAR_VERSION)};
         }
         const auto request = requestOf(argument);
         if (!request) {
-            return AppUsageError{fmt::format("未知的参数「{}」，请看 --help", argument)};
+            return AppUsageError{
+                formatted(translated("instance", "未知的参数「{}」，请看 --help"), argument)};
         }
         if (options != AppOptions{} && options != *request) {
-            return AppUsageError{
-                "--show、--toggle、--preferences、--discreet、--quit 与 --background 只能使用其一"};
+            return AppUsageError{translated("instance",
+                                            "--show、--toggle、--preferences、--discreet、--quit "
+                                            "与 --background 只能使用其一")
+                                     .toStdString()};
         }
         options = *request;
     }

@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "Quillbar/label/BoardsPrinter.h"
 
+#include "Quillbar/platform/Formatted.h"
+#include "Quillbar/platform/Translated.h"
 #include "QuillbarCore/market/MarketCapAge.h"
 #include "QuillbarCore/market/MarketCapRanking.h"
 #include "QuillbarCore/market/Ranking.h"
@@ -44,14 +46,16 @@ std::string boardText(RankingBoard board,
                       const std::optional<std::string>& note) {
     std::string text = fmt::format("{}", displayName(board));
     if (note && !rows.empty()) {
-        text += fmt::format("（{}）", *note);
+        text += formatted(translated("label", "（{}）"), *note);
     }
     text += '\n';
     for (const RankedCoin& row : rows) {
         text += rowText(row);
     }
     if (rows.empty()) {
-        text += fmt::format("     {}\n", isLoaded ? "暂无数据" : "加载行情失败");
+        const QString reason =
+            isLoaded ? translated("label", "暂无数据") : translated("label", "加载行情失败");
+        text += fmt::format("     {}\n", reason.toStdString());
     }
     return text;
 }

@@ -3,6 +3,8 @@
 #include "Quillbar/label/LabelLine.h"
 
 #include "Quillbar/labelstate/ConnectionName.h"
+#include "Quillbar/platform/Formatted.h"
+#include "Quillbar/platform/Translated.h"
 #include "QuillbarCore/model/PriceFormatter.h"
 #include "QuillbarCore/model/VolumeFormatter.h"
 #include "QuillbarCore/runtime/OutsideText.h"
@@ -65,12 +67,12 @@ nlohmann::ordered_json jsonObject(const LabelSnapshot& snapshot) {
 }
 
 // The price is known but not live, although the stream is connected: nothing comes over the stream.
-std::string_view connectionOf(const LabelSnapshot& snapshot) {
+std::string connectionOf(const LabelSnapshot& snapshot) {
     const ConnectionState connection = snapshot.visibleConnection();
     const PinnedQuote& quote = snapshot.quote;
     const bool isSilent =
         connection == ConnectionState::connected && quote.coin && quote.ticker && quote.isStale();
-    return isSilent ? kSilentConnectionName : displayName(connection);
+    return isSilent ? silentConnectionName() : displayName(connection);
 }
 
 // Empty without a ticker, otherwise lines.
@@ -80,9 +82,10 @@ std::string coinTooltip(const PinnedQuote& quote) {
     }
     const std::string change = quote.changePercent ? PriceFormatter::percent(*quote.changePercent)
                                                    : PriceFormatter::menuBarChange(std::nullopt);
-    return fmt::format("{} {}\n{}涨跌 {}\n成交额 {}\n",
+    return fmt::format("{} {}\n",
                        OutsideText::oneLine(quote.coin->symbol),
-                       PriceFormatter::price(quote.ticker->lastPrice),
+                       PriceFormatter::price(quote.ticker->lastPrice))
+           + formatted(translated("label", "{}涨跌 {}\n成交额 {}\n"),
                        displayName(quote.basis),
                        change,
                        VolumeFormatter::compact(quote.ticker->quoteVolume24h));
@@ -93,7 +96,7 @@ std::string connectionTooltip(const LabelSnapshot& snapshot) {
     if (snapshot.lastUpdate) {
         const QString time =
             dateTime(*snapshot.lastUpdate).toLocalTime().toString(QStringLiteral("HH:mm:ss"));
-        text += fmt::format("更新于 {}\n", time.toStdString());
+        text += formatted(translated("label", "更新于 {}\n"), time.toStdString());
     }
     text += connectionOf(snapshot);
     if (snapshot.failure) {

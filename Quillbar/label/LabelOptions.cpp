@@ -3,6 +3,10 @@
 #include "Quillbar/label/LabelOptions.h"
 
 #include "Quillbar/label/CoinName.h"
+#include "Quillbar/platform/Formatted.h"
+#include "Quillbar/platform/Translated.h"
+
+#include <QString>
 
 #include <fmt/format.h>
 
@@ -16,7 +20,8 @@ namespace quillbar {
 
 namespace {
 
-constexpr std::string_view kHelp = R"(用法：quillbar-label [选项]
+std::string help() {
+    return translated("label", R"(用法：quillbar-label [选项]
 
 显示固定币种的实时价格，适用于状态栏和终端。
 
@@ -41,7 +46,9 @@ constexpr std::string_view kHelp = R"(用法：quillbar-label [选项]
   QUILLBAR_STREAM_ENDPOINTS    实时行情地址，以逗号分隔
   QUILLBAR_MARKETCAP_ENDPOINT  市值接口地址
   QUILLBAR_CA_FILE             额外信任的证书颁发机构（PEM 文件）
-)";
+)")
+        .toStdString();
+}
 
 std::optional<LabelMode> modeNamed(std::string_view option) {
     if (option == "--once") {
@@ -77,12 +84,17 @@ bool hasValue(std::string_view option) {
     return option == kFormatOption || option == kTemplateOption || option == kSymbolOption;
 }
 
-std::string_view valueMissing(std::string_view option) {
+QString valueMissing(std::string_view option) {
     if (option == kFormatOption) {
-        return "--format 需要一个格式：text、json 或 waybar";
+        return translated("label", "--format 需要一个格式：text、json 或 waybar");
     }
-    return option == kTemplateOption ? "--template 需要一个模板，如 '{symbol} {price}'"
-                                     : "--symbol 需要一个币种，如 ETH";
+    return option == kTemplateOption
+               ? translated("label", "--template 需要一个模板，如 '{symbol} {price}'")
+               : translated("label", "--symbol 需要一个币种，如 ETH");
+}
+
+LabelUsageError usageError(const QString& text) {
+    return {text.toStdString()};
 }
 
 /// What has been read so far. An option that is not given is absent.
@@ -97,7 +109,7 @@ struct GivenOptions {
 
 std::optional<LabelUsageError> takeMode(LabelMode mode, GivenOptions& given) {
     if (given.mode && given.mode != mode) {
-        return LabelUsageError{"--once、--follow 与 --boards 只能使用其一"};
+        return usageError(translated("label", "--once、--follow 与 --boards 只能使用其一"));
     }
     given.mode = mode;
     return std::nullopt;
@@ -106,7 +118,8 @@ std::optional<LabelUsageError> takeMode(LabelMode mode, GivenOptions& given) {
 std::optional<LabelUsageError> takeFormat(const std::string& name, GivenOptions& given) {
     given.format = formatNamed(name);
     if (!given.format) {
-        return LabelUsageError{fmt::format("未知的格式「{}」，可用 text、json 或 waybar", name)};
+        return LabelUsageError{
+            formatted(translated("label", "未知的格式「{}」，可用 text、json 或 waybar"), name)};
     }
     return std::nullopt;
 }
@@ -114,8 +127,8 @@ std::optional<LabelUsageError> takeFormat(const std::string& name, GivenOptions&
 std::optional<LabelUsageError> takeTemplate(const std::string& text, GivenOptions& given) {
     auto parsed = LabelTemplate::parse(text);
     if (const auto* const error = std::get_if<LabelTemplateError>(&parsed)) {
-        return LabelUsageError{
-            fmt::format("--template 的第 {} 个字符：{}", error->position, error->text)};
+        return LabelUsageError{formatted(
+            translated("label", "--template 的第 {} 个字符：{}"), error->position, error->text)};
     }
     given.labelTemplate = std::get<LabelTemplate>(std::move(parsed));
     return std::nullopt;
@@ -124,8 +137,10 @@ std::optional<LabelUsageError> takeTemplate(const std::string& text, GivenOption
 std::optional<LabelUsageError> takeCoin(const std::string& name, GivenOptions& given) {
     const std::optional<Coin> coin = coinNamed(name);
     if (!coin) {
-        return LabelUsageError{fmt::format(
-            "「{}」不是 USDT 交易对，请写 ETH 或 ETH/USDT，多个币种请多次使用 --symbol", name)};
+        return LabelUsageError{formatted(
+            translated("label",
+                       "「{}」不是 USDT 交易对，请写 ETH 或 ETH/USDT，多个币种请多次使用 --symbol"),
+            name)};
     }
     if (std::ranges::find(given.coins, *coin) == given.coins.end()) {
         given.coins.push_back(*coin);
@@ -144,13 +159,13 @@ std::optional<LabelUsageError> takeValue(std::string_view option,
 
 std::variant<LabelOptions, LabelInformation, LabelUsageError> together(GivenOptions given) {
     if (given.mode == LabelMode::boards && given.format) {
-        return LabelUsageError{"--boards 只能输出文本，不能与 --format 同用"};
+        return usageError(translated("label", "--boards 只能输出文本，不能与 --format 同用"));
     }
     if (given.mode == LabelMode::boards && given.labelTemplate) {
-        return LabelUsageError{"--boards 不能与 --template 同用"};
+        return usageError(translated("label", "--boards 不能与 --template 同用"));
     }
     if (given.mode == LabelMode::boards && !given.coins.empty()) {
-        return LabelUsageError{"--boards 不能与 --symbol 同用"};
+        return usageError(translated("label", "--boards 不能与 --symbol 同用"));
     }
     return LabelOptions{.mode = given.mode.value_or(LabelMode::once),
                         .format = given.format.value_or(LabelFormat::text),
@@ -165,7 +180,7 @@ std::variant<LabelOptions, LabelInformation, LabelUsageError> parseLabelOptions(
     GivenOptions given;
     for (auto argument = arguments.begin(); argument != arguments.end(); ++argument) {
         if (*argument == "--help" || *argument == "-h") {
-            return LabelInformation{std::string(kHelp)};
+            return LabelInformation{help()};
         }
         if (*argument == "--version") {
             return LabelInformation{fmt::format("quillbar-label {}\n", QUILLBAR_VERSION)};
@@ -176,13 +191,14 @@ std::variant<LabelOptions, LabelInformation, LabelUsageError> parseLabelOptions(
         if (const auto mode = modeNamed(*argument)) {
             error = takeMode(*mode, given);
         } else if (!hasValue(option)) {
-            error = LabelUsageError{fmt::format("未知的参数「{}」，请看 --help", *argument)};
+            error = LabelUsageError{
+                formatted(translated("label", "未知的参数「{}」，请看 --help"), *argument)};
         } else if (equals != std::string::npos) {
             error = takeValue(option, argument->substr(equals + 1), given);
         } else if (++argument != arguments.end()) {
             error = takeValue(option, *argument, given);
         } else {
-            return LabelUsageError{std::string(valueMissing(option))};
+            return usageError(valueMissing(option));
         }
         if (error) {
             return *std::move(error);

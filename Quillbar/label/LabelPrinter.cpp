@@ -2,7 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "Quillbar/label/LabelPrinter.h"
 
-#include <fmt/format.h>
+#include "Quillbar/platform/Formatted.h"
+#include "Quillbar/platform/Translated.h"
 
 #include <algorithm>
 #include <utility>
@@ -120,9 +121,12 @@ bool LabelPrinter::print(const Snapshots& labels) {
 void LabelPrinter::rejectCoins(const std::vector<std::string>& names) {
     std::string list;
     for (const std::string& name : names) {
-        list += fmt::format("{}「{}」", list.empty() ? "" : "、", name);
+        if (!list.empty()) {
+            list += translated("label", "、").toStdString();
+        }
+        list += formatted(translated("label", "「{}」"), name);
     }
-    m_output.complain(fmt::format("交易所没有币种{}", list));
+    m_output.complain(formatted(translated("label", "交易所没有币种{}"), list));
     finish(kUnknownCoin);
 }
 

@@ -2,24 +2,29 @@
 // SPDX-License-Identifier: MIT
 #include "Quillbar/labelstate/ConnectionName.h"
 
+#include "Quillbar/platform/Translated.h"
 #include "QuillbarCore/model/RawValue.h"
 
 #include <array>
 
 namespace quillbar {
 
-std::string_view displayName(ConnectionState connection) {
+std::string displayName(ConnectionState connection) {
     switch (connection) {
     case ConnectionState::disconnected:
-        return "未连接";
+        return translated("labelstate", "未连接").toStdString();
     case ConnectionState::connecting:
-        return "正在连接";
+        return translated("labelstate", "正在连接").toStdString();
     case ConnectionState::connected:
-        return "已连接";
+        return translated("labelstate", "已连接").toStdString();
     case ConnectionState::waitingRetry:
-        return "连接中断，等待重试";
+        return translated("labelstate", "连接中断，等待重试").toStdString();
     }
-    return "";
+    return {};
+}
+
+std::string silentConnectionName() {
+    return translated("labelstate", "连接没有数据").toStdString();
 }
 
 std::string_view rawValue(ConnectionState connection) {

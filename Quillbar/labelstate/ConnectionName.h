@@ -5,15 +5,16 @@
 #include "QuillbarCore/exchange/ConnectionState.h"
 
 #include <optional>
+#include <string>
 #include <string_view>
 
 namespace quillbar {
 
-/// The connection's state in the words that the label's tooltips use.
-[[nodiscard]] std::string_view displayName(ConnectionState connection);
+/// The connection's state in the words that the label's tooltips use, in the user's language.
+[[nodiscard]] std::string displayName(ConnectionState connection);
 
 /// The words for a stream that is connected but has delivered nothing for long.
-inline constexpr std::string_view kSilentConnectionName = "连接没有数据";
+[[nodiscard]] std::string silentConnectionName();
 
 /// The name of the connection's state for other programs. It never changes.
 [[nodiscard]] std::string_view rawValue(ConnectionState connection);

@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "Quillbar/labelstate/LabelTemplate.h"
 
+#include "Quillbar/platform/Formatted.h"
+#include "Quillbar/platform/Translated.h"
 #include "QuillbarCore/model/MissingValue.h"
 #include "QuillbarCore/model/PriceFormatter.h"
 #include "QuillbarCore/runtime/OutsideText.h"
@@ -38,7 +40,7 @@ public:
 
     std::variant<LabelTemplate, LabelTemplateError> run() {
         if (m_text.empty()) {
-            fail(0, "模板不能为空");
+            fail(0, translated("labelstate", "模板不能为空").toStdString());
         }
         while (!m_error && m_at < m_text.size()) {
             readPart();
@@ -58,7 +60,9 @@ private:
         } else if (rest.front() == '{') {
             readField();
         } else if (rest.front() == '}') {
-            fail(m_at, "「}」之前没有「{」，要写大括号本身请用「}}」");
+            fail(m_at,
+                 translated("labelstate", "「}」之前没有「{」，要写大括号本身请用「}}」")
+                     .toStdString());
         } else {
             appendLiteral(rest.front());
             ++m_at;
@@ -68,7 +72,9 @@ private:
     void readField() {
         m_end = m_text.find_first_of("{}", m_at + 1);
         if (m_end == std::string_view::npos || m_text[m_end] == '{') {
-            fail(m_at, "「{」之后没有「}」，要写大括号本身请用「{{」");
+            fail(m_at,
+                 translated("labelstate", "「{」之后没有「}」，要写大括号本身请用「{{」")
+                     .toStdString());
             return;
         }
         ++m_at;
@@ -76,7 +82,10 @@ private:
         const std::string_view name = inside.substr(0, inside.find(':'));
         Field field;
         if (!readName(name, field)) {
-            fail(m_at, fmt::format("未知的字段「{}」，可用 symbol、price、arrow 或 change", name));
+            fail(m_at,
+                 formatted(translated("labelstate",
+                                      "未知的字段「{}」，可用 symbol、price、arrow 或 change"),
+                           name));
             return;
         }
         m_at += name.size();
@@ -110,10 +119,11 @@ private:
         readDecimals(field);
         if (m_at == begin || m_at != m_end) {
             fail(m_at,
-                 fmt::format("冒号后依次可写：< 或 >（靠左或靠右）、宽度（1 到 {}）、"
-                             "小数位数（.0 到 .{}），如「>10.2」",
-                             kWidest,
-                             kMostDecimals));
+                 formatted(translated("labelstate",
+                                      "冒号后依次可写：< 或 >（靠左或靠右）、宽度（1 到 {}）、"
+                                      "小数位数（.0 到 .{}），如「>10.2」"),
+                           kWidest,
+                           kMostDecimals));
         }
     }
 
@@ -129,7 +139,7 @@ private:
         if (const auto width = readNumber(1, kWidest)) {
             field.width = *width;
         } else {
-            fail(m_at, fmt::format("这里应是宽度，1 到 {}", kWidest));
+            fail(m_at, formatted(translated("labelstate", "这里应是宽度，1 到 {}"), kWidest));
         }
     }
 
@@ -138,12 +148,13 @@ private:
             return;
         }
         if (field.kind == Kind::symbol || field.kind == Kind::arrow) {
-            fail(m_at, "只有 price 和 change 有小数位数");
+            fail(m_at, translated("labelstate", "只有 price 和 change 有小数位数").toStdString());
         }
         ++m_at;
         field.decimals = readNumber(0, kMostDecimals);
         if (!field.decimals) {
-            fail(m_at, fmt::format("这里应是小数位数，0 到 {}", kMostDecimals));
+            fail(m_at,
+                 formatted(translated("labelstate", "这里应是小数位数，0 到 {}"), kMostDecimals));
         }
     }
 

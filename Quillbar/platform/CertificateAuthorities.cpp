@@ -2,13 +2,13 @@
 // SPDX-License-Identifier: MIT
 #include "Quillbar/platform/CertificateAuthorities.h"
 
+#include "Quillbar/platform/Formatted.h"
+#include "Quillbar/platform/Translated.h"
 #include "QuillbarCore/runtime/AtomicFile.h"
 
 #include <QByteArray>
 #include <QSslCertificate>
 #include <QSslConfiguration>
-
-#include <fmt/format.h>
 
 #include <cerrno>
 #include <string_view>
@@ -18,22 +18,22 @@ namespace quillbar {
 namespace {
 
 std::string about(const std::filesystem::path& pemFile, std::string_view reason) {
-    return fmt::format("QUILLBAR_CA_FILE:「{}」{}", pemFile.string(), reason);
+    return formatted(translated("platform", "QUILLBAR_CA_FILE:「{}」{}"), pemFile.string(), reason);
 }
 
 std::string reasonOf(const FileError& error) {
     switch (error.code()) {
     case ENOENT:
     case ENOTDIR:
-        return "不存在";
+        return translated("platform", "不存在").toStdString();
     case EACCES:
-        return "没有读取权限";
+        return translated("platform", "没有读取权限").toStdString();
     case EISDIR:
-        return "是一个文件夹";
+        return translated("platform", "是一个文件夹").toStdString();
     case EFBIG:
-        return "太大";
+        return translated("platform", "太大").toStdString();
     default:
-        return fmt::format("无法读取（错误 {}）", error.code());
+        return formatted(translated("platform", "无法读取（错误 {}）"), error.code());
     }
 }
 
@@ -48,7 +48,7 @@ std::optional<std::string> trustAuthorities(const std::filesystem::path& pemFile
     }
     const auto certificates = QSslCertificate::fromData(QByteArray::fromStdString(pem), QSsl::Pem);
     if (certificates.isEmpty()) {
-        return about(pemFile, "不含 PEM 格式的证书");
+        return about(pemFile, translated("platform", "不含 PEM 格式的证书").toStdString());
     }
     QSslConfiguration configuration = QSslConfiguration::defaultConfiguration();
     // A configuration with authorities of its own no longer looks the system's up as they are

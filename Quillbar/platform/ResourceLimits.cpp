@@ -2,7 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "Quillbar/platform/ResourceLimits.h"
 
-#include <fmt/format.h>
+#include "Quillbar/platform/Formatted.h"
+#include "Quillbar/platform/Translated.h"
 
 #include <algorithm>
 #include <csignal>
@@ -46,10 +47,14 @@ std::optional<std::string> prepare() {
     // A write then fails with an error, as every other failure does.
     std::signal(SIGXFSZ, SIG_IGN);
     if (const rlim_t files = atLeast(RLIMIT_NOFILE, kFiles); files < kFiles) {
-        return fmt::format("可以打开的文件太少：ulimit -n 为 {}，至少需要 {}", files, kFiles);
+        return formatted(translated("platform", "可以打开的文件太少：ulimit -n 为 {}，至少需要 {}"),
+                         files,
+                         kFiles);
     }
     if (const rlim_t stack = atLeast(RLIMIT_STACK, kStack); stack < kStack) {
-        return fmt::format("栈空间太小：ulimit -s 为 {}，至少需要 {}", stack / 1024, kStack / 1024);
+        return formatted(translated("platform", "栈空间太小：ulimit -s 为 {}，至少需要 {}"),
+                         stack / 1024,
+                         kStack / 1024);
     }
     giveThreadsTheirStack();
     return std::nullopt;

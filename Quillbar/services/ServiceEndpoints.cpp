@@ -2,13 +2,14 @@
 // SPDX-License-Identifier: MIT
 #include "Quillbar/services/ServiceEndpoints.h"
 
+#include "Quillbar/platform/Formatted.h"
+#include "Quillbar/platform/Translated.h"
 #include "QuillbarCore/exchange/BinanceEndpoints.h"
 
 #include <QHostAddress>
+#include <QLatin1String>
 #include <QString>
 #include <QUrl>
-
-#include <fmt/format.h>
 
 #include <algorithm>
 #include <cstdlib>
@@ -23,12 +24,12 @@ constexpr std::string_view kMarketCapEndpoint = "https://api.coingecko.com/api/v
 constexpr std::string_view kIconEndpoint = "https://bin.bnbstatic.com/static/assets/logos";
 
 struct Schemes {
-    std::string_view encrypted;
-    std::string_view plain;
+    QLatin1String encrypted;
+    QLatin1String plain;
 };
 
-constexpr Schemes kHTTP{"https", "http"};
-constexpr Schemes kWebSocket{"wss", "ws"};
+constexpr Schemes kHTTP{QLatin1String("https"), QLatin1String("http")};
+constexpr Schemes kWebSocket{QLatin1String("wss"), QLatin1String("ws")};
 
 bool isLoopback(const QString& host) {
     if (host.compare(QLatin1String("localhost"), Qt::CaseInsensitive) == 0) {
@@ -47,24 +48,25 @@ std::string inQuotes(std::string_view text) {
 }
 
 std::string baseURL(std::string_view variable, std::string_view text, const Schemes& schemes) {
-    const auto fail = [&](std::string_view reason) {
-        throw EndpointError(fmt::format("{}:「{}」{}", variable, inQuotes(text), reason));
+    const auto fail = [&](const QString& reason) {
+        throw EndpointError(formatted(
+            translated("services", "{}:「{}」{}"), variable, inQuotes(text), reason.toStdString()));
     };
     const QString typed = QString::fromUtf8(text).trimmed();
     const QUrl url(typed, QUrl::StrictMode);
     if (!url.isValid() || url.isRelative() || url.host().isEmpty()
         || typed.contains(QLatin1Char(','))) {
-        fail("不是有效的网址");
+        fail(translated("services", "不是有效的网址"));
     }
     if (url.hasQuery() || url.hasFragment() || typed.contains(QLatin1Char('@'))) {
-        fail("不能带有参数、片段或账号");
+        fail(translated("services", "不能带有参数、片段或账号"));
     }
-    const std::string scheme = url.scheme().toStdString();
+    const QString scheme = url.scheme();
     if (scheme != schemes.encrypted && scheme != schemes.plain) {
-        fail(fmt::format("必须以 {}:// 开头", schemes.encrypted));
+        fail(translated("services", "必须以 %1:// 开头").arg(schemes.encrypted));
     }
     if (scheme == schemes.plain && !isLoopback(url.host())) {
-        fail(fmt::format("只有本机地址可以使用 {}://", schemes.plain));
+        fail(translated("services", "只有本机地址可以使用 %1://").arg(schemes.plain));
     }
     std::string base = url.toString(QUrl::FullyEncoded).toStdString();
     while (base.ends_with('/')) {

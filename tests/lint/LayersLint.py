@@ -20,7 +20,7 @@ FLOORS = {
 ROOMS = {
     "Quillbar/platform": set(),
     "Quillbar/text": set(),
-    "Quillbar/labelstate": set(),
+    "Quillbar/labelstate": {"platform"},
     "Quillbar/login": {"platform"},
     "Quillbar/instance": {"labelstate", "platform"},
     "Quillbar/notifications": {"text"},
