@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "Quillbar/chart/ChartSummary.h"
 
+#include "Quillbar/platform/Translated.h"
 #include "QuillbarCore/model/PriceFormatter.h"
 
 #include <QStringList>
@@ -21,9 +22,9 @@ std::optional<double> number(double value) {
     return std::isfinite(value) ? std::optional<double>(value) : std::nullopt;
 }
 
-void add(QStringList& parts, const QString& label, const std::optional<double>& price) {
+void add(QStringList& parts, const QString& text, const std::optional<double>& price) {
     if (price) {
-        parts << label + u' ' + QString::fromStdString(PriceFormatter::price(*price));
+        parts << text.arg(QString::fromStdString(PriceFormatter::price(*price)));
     }
 }
 
@@ -53,15 +54,15 @@ std::optional<double> ChartSummary::changeTo(double price) const {
 
 QString ChartSummary::text() const {
     QStringList parts;
-    add(parts, QStringLiteral("起始"), first);
-    add(parts, QStringLiteral("最新"), last);
+    add(parts, translated("chart", "起始 %1"), first);
+    add(parts, translated("chart", "最新 %1"), last);
     if (changePercent) {
-        parts << QStringLiteral("区间 ")
-                     + QString::fromStdString(PriceFormatter::percent(*changePercent));
+        parts << translated("chart", "区间 %1")
+                     .arg(QString::fromStdString(PriceFormatter::percent(*changePercent)));
     }
-    add(parts, QStringLiteral("高"), high);
-    add(parts, QStringLiteral("低"), low);
-    return parts.join(QStringLiteral("，"));
+    add(parts, translated("chart", "高 %1"), high);
+    add(parts, translated("chart", "低 %1"), low);
+    return parts.join(translated("chart", "，"));
 }
 
 }  // namespace quillbar

@@ -4,6 +4,7 @@
 
 #include "Quillbar/chart/PriceChart.h"
 #include "Quillbar/chart/RangeSelector.h"
+#include "Quillbar/platform/Translated.h"
 #include "Quillbar/text/OneLineText.h"
 #include "Quillbar/text/SystemFont.h"
 #include "Quillbar/text/TabularText.h"
@@ -64,11 +65,11 @@ CoinDetailView::CoinDetailView(const ViewEnvironment& environment, Coin coin, QW
     , m_ranges(new RangeSelector(this))
     , m_spinner(new Spinner(kSpinnerDiameter, this))
     , m_message(new ThemedLabel(systemFont(kTextSize), &ThemeColors::Resolved::secondaryText, this))
-    , m_retry(new TextButton(QStringLiteral("重试"), this))
+    , m_retry(new TextButton(translated("chart", "重试"), this))
     , m_chart(new PriceChart(environment.calendar, this))
     , m_scope(environment.executor) {
-    setAccessibleName(OneLineText::of(m_coin.baseAsset) + QStringLiteral(" 走势"));
-    m_spinner->setAccessibleName(QStringLiteral("正在加载走势"));
+    setAccessibleName(translated("chart", "%1 走势").arg(OneLineText::of(m_coin.baseAsset)));
+    m_spinner->setAccessibleName(translated("chart", "正在加载走势"));
     m_ranges->onChoose = [this](ChartRange range) { choose(range); };
     connect(m_retry, &QAbstractButton::clicked, this, [this] { startLoad(); });
     refresh();
@@ -99,17 +100,17 @@ void CoinDetailView::paintEvent(QPaintEvent* /*event*/) {
     if (const auto& percent = m_summary.changePercent) {
         x = paintLabelled(painter,
                           x,
-                          QStringLiteral("区间"),
+                          translated("chart", "区间"),
                           QString::fromStdString(PriceFormatter::percent(*percent)),
                           colors.*colorOfChange(*percent));
     }
     if (m_summary.high) {
         x = paintLabelled(
-            painter, x, QStringLiteral("高"), priceText(*m_summary.high), colors.primaryText);
+            painter, x, translated("chart", "高"), priceText(*m_summary.high), colors.primaryText);
     }
     if (m_summary.low) {
         paintLabelled(
-            painter, x, QStringLiteral("低"), priceText(*m_summary.low), colors.primaryText);
+            painter, x, translated("chart", "低"), priceText(*m_summary.low), colors.primaryText);
     }
 }
 
@@ -216,14 +217,16 @@ bool CoinDetailView::isOutdated() const {
 void CoinDetailView::refresh() {
     const bool hasCandles = !m_candles.empty();
     m_chart->setAccessibleName(
-        OneLineText::of(m_coin.baseAsset + " 走势图，"
-                        + std::string(displayName(m_candlesRange.value_or(m_range)))));
+        translated("chart", "%1 走势图，%2")
+            .arg(OneLineText::of(m_coin.baseAsset),
+                 QString::fromUtf8(displayName(m_candlesRange.value_or(m_range)))));
     m_chart->setCandles(m_candles, RangeSelector::nameOf(m_candlesRange.value_or(m_range)));
     m_chart->setOutdated(isOutdated());
     m_chart->setVisible(hasCandles);
     // A load of what is shown already needs no spinner.
     m_spinner->setVisible(m_isLoading && (isOutdated() || !hasCandles));
-    m_message->setText(m_loadFailed ? QStringLiteral("加载走势失败") : QStringLiteral("暂无数据"));
+    m_message->setText(m_loadFailed ? translated("chart", "加载走势失败")
+                                    : translated("chart", "暂无数据"));
     m_message->setVisible(m_loadFailed || (!hasCandles && !m_isLoading));
     m_retry->setVisible(m_loadFailed);
     placeChildren();

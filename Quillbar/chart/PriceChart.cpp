@@ -3,6 +3,7 @@
 #include "Quillbar/chart/PriceChart.h"
 
 #include "Quillbar/chart/ChartPicture.h"
+#include "Quillbar/platform/Translated.h"
 #include "Quillbar/text/LocalTimeText.h"
 #include "Quillbar/text/TabularText.h"
 #include "Quillbar/widgets/ColorRole.h"
@@ -254,11 +255,11 @@ QString PriceChart::timeText(const Candle& candle) const {
 void PriceChart::describe() {
     QString text = m_summary.text();
     if (!m_rangeName.isEmpty() && !text.isEmpty()) {
-        text.prepend(m_rangeName + QStringLiteral("，"));
+        text = translated("chart", "%1，%2").arg(m_rangeName, text);
     }
     const QString reading = this->reading();
     if (!reading.isEmpty()) {
-        text.prepend(reading + QStringLiteral("；"));
+        text = translated("chart", "%1；%2").arg(reading, text);
     }
     if (text != accessibleDescription()) {
         setAccessibleDescription(text);

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "Quillbar/chart/RangeSelector.h"
 
+#include "Quillbar/platform/Translated.h"
 #include "Quillbar/text/SystemFont.h"
 #include "Quillbar/widgets/PlainButton.h"
 #include "Quillbar/widgets/TextScale.h"
@@ -27,7 +28,7 @@ public:
     Segment(ChartRange range, QWidget* parent)
         : PlainButton(parent) {
         setText(QString::fromUtf8(displayName(range)));
-        setAccessibleName(QStringLiteral("走势范围：") + nameOf(range));
+        setAccessibleName(translated("chart", "走势范围：%1").arg(nameOf(range)));
         setCheckable(true);
         setAutoExclusive(true);
         TextScale::follow(*this, [this] {
@@ -59,13 +60,13 @@ protected:
 QString RangeSelector::nameOf(ChartRange range) {
     switch (range) {
     case ChartRange::day:
-        return QStringLiteral("一天");
+        return translated("chart", "一天");
     case ChartRange::week:
-        return QStringLiteral("一周");
+        return translated("chart", "一周");
     case ChartRange::month:
         break;
     }
-    return QStringLiteral("一个月");
+    return translated("chart", "一个月");
 }
 
 RangeSelector::RangeSelector(QWidget* parent)

@@ -3,6 +3,7 @@
 #include "Quillbar/list/SortableHeader.h"
 
 #include "Quillbar/list/ColumnHeader.h"
+#include "Quillbar/platform/Translated.h"
 #include "Quillbar/widgets/Glyphs.h"
 #include "Quillbar/widgets/TextScale.h"
 #include "Quillbar/widgets/Theme.h"
@@ -22,9 +23,9 @@ QString spoken(const QString& title, std::optional<SortDirection> direction) {
     if (!direction) {
         return title;
     }
-    return title
-           + (direction == SortDirection::descending ? QStringLiteral("，降序")
-                                                     : QStringLiteral("，升序"));
+    return (direction == SortDirection::descending ? translated("list", "%1，降序")
+                                                   : translated("list", "%1，升序"))
+        .arg(title);
 }
 
 }  // namespace
@@ -33,7 +34,7 @@ SortableHeader::SortableHeader(const QString& title, int width, QWidget* parent)
     : PlainButton(parent, RingBy::parent) {
     setText(title);
     setAccessibleName(title);
-    setToolTip(QStringLiteral("点击排序:降序 → 升序 → 手动顺序"));
+    setToolTip(translated("list", "点击排序:降序 → 升序 → 手动顺序"));
     setAccessibleDescription(toolTip());
     TextScale::follow(*this, [this, width] {
         setFixedSize(TextScale::length(*this, width),

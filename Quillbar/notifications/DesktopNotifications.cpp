@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "Quillbar/notifications/DesktopNotifications.h"
 
+#include "Quillbar/platform/Translated.h"
 #include "QuillbarCore/runtime/Logger.h"
 
 #include <QDBusPendingCallWatcher>
@@ -94,7 +95,7 @@ void DesktopNotifications::send(const Notice& notice,
     }
     QStringList actions;
     if (capabilities.contains(QStringLiteral("actions"))) {
-        actions << kDefaultAction << QStringLiteral("查看走势");
+        actions << kDefaultAction << translated("notifications", "查看走势");
     }
     QDBusMessage call = callOf(QStringLiteral("Notify"));
     call << QStringLiteral("Quillbar") << notice.replaces

@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "Quillbar/text/AgeText.h"
 
+#include "Quillbar/platform/Translated.h"
+
 #include <QDateTime>
 
 #include <chrono>
@@ -25,18 +27,18 @@ QString localTime(TimePoint instant, const QString& format) {
 QString of(TimePoint update, TimePoint now) {
     const Seconds age = now - update;
     if (age < kLive) {
-        return QStringLiteral("刚刚更新");
+        return translated("text", "刚刚更新");
     }
-    const auto ago = [age](Seconds unit) { return static_cast<qint64>(age / unit); };
+    const auto ago = [age](Seconds unit) { return static_cast<int>(age / unit); };
     const QString time = localTime(update, QStringLiteral("HH:mm:ss"));
     if (age < kHour) {
-        return QStringLiteral("%1 分钟前更新（%2）").arg(ago(kMinute)).arg(time);
+        return translated("text", "%n 分钟前更新（%1）", nullptr, ago(kMinute)).arg(time);
     }
     if (age < kDay) {
-        return QStringLiteral("%1 小时前更新（%2）").arg(ago(kHour)).arg(time);
+        return translated("text", "%n 小时前更新（%1）", nullptr, ago(kHour)).arg(time);
     }
     const QString date = localTime(update, QStringLiteral("yyyy-MM-dd"));
-    return QStringLiteral("%1 天前更新（%2 %3）").arg(ago(kDay)).arg(date, time);
+    return translated("text", "%n 天前更新（%1 %2）", nullptr, ago(kDay)).arg(date, time);
 }
 
 }  // namespace quillbar::AgeText

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "Quillbar/text/AlertText.h"
 
+#include "Quillbar/platform/Translated.h"
 #include "Quillbar/text/OneLineText.h"
 #include "QuillbarCore/model/PriceFormatter.h"
 
@@ -14,22 +15,41 @@ QString amount(AlertKind kind, double value) {
                                                      : PriceFormatter::percent(value));
 }
 
-QString wayBack(AlertKind kind) {
-    return isRising(kind) ? QStringLiteral("回落") : QStringLiteral("回升");
-}
-
 // A margin has no sign.
 QString marginText(const Alert& alert) {
     const QString text = amount(alert.kind, *alert.margin);
     return text.startsWith(u'+') ? text.mid(1) : text;
 }
 
+QString repetition(const Alert& alert) {
+    return (isRising(alert.kind) ? translated("text", "重复（回落 %1 后）")
+                                 : translated("text", "重复（回升 %1 后）"))
+        .arg(marginText(alert));
+}
+
+// What must come before it waits for its line again.
+QString rearming(const Alert& alert) {
+    if (alert.margin) {
+        return (isRising(alert.kind) ? translated("text", "回落到 %1 后生效")
+                                     : translated("text", "回升到 %1 后生效"))
+            .arg(amount(alert.kind, alert.rearmLevel()));
+    }
+    return (isRising(alert.kind) ? translated("text", "低于 %1 后生效")
+                                 : translated("text", "高于 %1 后生效"))
+        .arg(amount(alert.kind, alert.threshold));
+}
+
 }  // namespace
 
 QString condition(AlertKind kind, double threshold) {
-    return (watchesPrice(kind) ? QStringLiteral("价格 ") : QStringLiteral("24 小时涨跌 "))
-           + (isRising(kind) ? QStringLiteral("≥ ") : QStringLiteral("≤ "))
-           + amount(kind, threshold);
+    const QString value = amount(kind, threshold);
+    if (watchesPrice(kind)) {
+        return (isRising(kind) ? translated("text", "价格 ≥ %1") : translated("text", "价格 ≤ %1"))
+            .arg(value);
+    }
+    return (isRising(kind) ? translated("text", "24 小时涨跌 ≥ %1")
+                           : translated("text", "24 小时涨跌 ≤ %1"))
+        .arg(value);
 }
 
 QString description(const Alert& alert) {
@@ -37,10 +57,7 @@ QString description(const Alert& alert) {
 }
 
 QString manner(const Alert& alert) {
-    QString text =
-        alert.margin
-            ? QStringLiteral("重复（%1 %2 后）").arg(wayBack(alert.kind), marginText(alert))
-            : QStringLiteral("仅一次");
+    QString text = alert.margin ? repetition(alert) : translated("text", "仅一次");
     if (!alert.note.empty()) {
         text += QStringLiteral(" · ") + OneLineText::of(alert.note);
     }
@@ -49,33 +66,30 @@ QString manner(const Alert& alert) {
 
 QString state(const Alert& alert) {
     if (!alert.isOn) {
-        return QStringLiteral("已关闭");
+        return translated("text", "已关闭");
     }
     if (alert.isArmed) {
-        return QStringLiteral("等待触发");
+        return translated("text", "等待触发");
     }
-    if (alert.margin) {
-        return wayBack(alert.kind) + QStringLiteral("到 ") + amount(alert.kind, alert.rearmLevel())
-               + QStringLiteral(" 后生效");
-    }
-    return (isRising(alert.kind) ? QStringLiteral("低于 ") : QStringLiteral("高于 "))
-           + amount(alert.kind, alert.threshold) + QStringLiteral(" 后生效");
+    return rearming(alert);
 }
 
 QString title(const FiredAlert& fired) {
-    const QString meanwhile =
-        watchesPrice(fired.alert.kind) ? QStringLiteral(" 期间") : QStringLiteral(" 期间 ");
-    return OneLineText::of(fired.alert.baseAsset)
-           + (fired.isMeanwhile ? meanwhile : QStringLiteral(" "))
-           + condition(fired.alert.kind, fired.alert.threshold);
+    const QString coin = OneLineText::of(fired.alert.baseAsset);
+    const QString line = condition(fired.alert.kind, fired.alert.threshold);
+    if (!fired.isMeanwhile) {
+        return coin + u' ' + line;
+    }
+    return watchesPrice(fired.alert.kind) ? translated("text", "%1 期间%2").arg(coin, line)
+                                          : translated("text", "%1 期间 %2").arg(coin, line);
 }
 
 QString details(const FiredAlert& fired) {
-    QString text = QStringLiteral("当时 %1，24 小时 %2")
+    QString text = translated("text", "当时 %1，24 小时 %2")
                        .arg(QString::fromStdString(PriceFormatter::price(fired.price)),
                             QString::fromStdString(PriceFormatter::percent(fired.changePercent)));
     if (fired.isMeanwhile) {
-        text = QStringLiteral("在休眠、断线或未运行期间越过。") + text;
+        text = translated("text", "在休眠、断线或未运行期间越过。%1").arg(text);
     }
     if (!fired.alert.note.empty()) {
         text += u'\n' + OneLineText::of(fired.alert.note);

@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "Quillbar/platform/Translated.h"
+
 #include <QString>
 
 namespace quillbar {
@@ -9,7 +11,7 @@ namespace quillbar {
 /// The hint for users without a pinned coin: how to get a price into the item. It names the entry
 /// of a coin's menu.
 [[nodiscard]] inline QString pinHint() {
-    return QStringLiteral("右键任一币种，固定到菜单栏");
+    return translated("text", "右键任一币种，固定到菜单栏");
 }
 
 }  // namespace quillbar

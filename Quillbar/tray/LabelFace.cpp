@@ -4,6 +4,7 @@
 
 #include "Quillbar/labelstate/ConnectionName.h"
 #include "Quillbar/labelstate/LabelWords.h"
+#include "Quillbar/platform/Translated.h"
 #include "Quillbar/text/AgeText.h"
 #include "Quillbar/text/OneLineText.h"
 #include "Quillbar/text/PinHint.h"
@@ -13,7 +14,7 @@
 #include <QStringList>
 
 #include <algorithm>
-#include <string_view>
+#include <string>
 
 namespace quillbar {
 
@@ -42,7 +43,7 @@ QString shortened(const QString& text) {
 // may be older, because some coins get no prices while others do.
 QStringList agesOf(const LabelSnapshot& snapshot, TimePoint now) {
     if (!snapshot.lastUpdate) {
-        return {QStringLiteral("尚无数据")};
+        return {translated("tray", "尚无数据")};
     }
     const QString age = AgeText::of(*snapshot.lastUpdate, now);
     const auto& own = snapshot.coinUpdate;
@@ -53,17 +54,17 @@ QStringList agesOf(const LabelSnapshot& snapshot, TimePoint now) {
     }
     const QString coin = shortened(OneLineText::of(snapshot.quote.coin->baseAsset));
     const QString ownAge =
-        snapshot.quote.ticker ? AgeText::of(*own, now) : QStringLiteral("尚无数据");
-    return {QStringLiteral("%1 的价格 %2").arg(coin, ownAge),
-            QStringLiteral("其他行情 %1").arg(age)};
+        snapshot.quote.ticker ? AgeText::of(*own, now) : translated("tray", "尚无数据");
+    return {translated("tray", "%1 的价格 %2").arg(coin, ownAge),
+            translated("tray", "其他行情 %1").arg(age)};
 }
 
 // Nobody would call a connection sound over which no prices come.
-std::string_view connectionOf(const LabelSnapshot& snapshot, TimePoint now) {
+std::string connectionOf(const LabelSnapshot& snapshot, TimePoint now) {
     const ConnectionState connection = snapshot.visibleConnection();
     const bool isSilent = connection == ConnectionState::connected && snapshot.lastUpdate
                           && now - *snapshot.lastUpdate >= AgeText::kLive;
-    return isSilent ? kSilentConnectionName : displayName(connection);
+    return isSilent ? silentConnectionName() : displayName(connection);
 }
 
 // Replaces each digit by the widest one.
@@ -78,7 +79,8 @@ QString withWideDigits(QString text) {
 
 // Without the reason of a failure, which may name a number.
 QString discreetDetailsOf(const LabelSnapshot& snapshot, TimePoint now) {
-    QStringList lines{QStringLiteral("数字已隐藏"), QString::fromUtf8(connectionOf(snapshot, now))};
+    QStringList lines{translated("tray", "数字已隐藏"),
+                      QString::fromStdString(connectionOf(snapshot, now))};
     if (snapshot.lastError) {
         lines << OneLineText::of(*snapshot.lastError);
     }
@@ -91,7 +93,7 @@ QString detailsOf(const LabelSnapshot& snapshot, TimePoint now) {
         lines << pinHint();
     }
     lines << agesOf(snapshot, now);
-    lines << QString::fromUtf8(connectionOf(snapshot, now));
+    lines << QString::fromStdString(connectionOf(snapshot, now));
     if (snapshot.failure) {
         lines << OneLineText::of(*snapshot.failure);
     }

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "Quillbar/tray/StatusItem.h"
 
+#include "Quillbar/platform/Translated.h"
 #include "Quillbar/text/SystemFont.h"
 #include "Quillbar/tray/HostPictures.h"
 #include "Quillbar/widgets/EntryMenu.h"
@@ -23,7 +24,7 @@ const QString kThemeAlertIcon = QStringLiteral("dialog-information");
 const QString kStockIcon = QStringLiteral("x-office-spreadsheet");
 
 QString firedText(int count) {
-    return QStringLiteral("%1 个价格提醒已触发").arg(count);
+    return translated("tray", "%n 个价格提醒已触发", nullptr, count);
 }
 
 PictureGround groundOf(const TrayHost& host) {
@@ -114,13 +115,14 @@ void StatusItem::setMenu(const std::vector<MenuEntry>& middle) {
     const auto separator = [](int id) {
         return MenuEntry{.id = id, .kind = MenuEntry::Kind::separator};
     };
-    std::vector<MenuEntry> entries{MenuEntry{.id = kOpenPanel, .label = QStringLiteral("打开面板")},
-                                   separator(kFirstSeparator)};
+    std::vector<MenuEntry> entries{
+        MenuEntry{.id = kOpenPanel, .label = translated("tray", "打开面板")},
+        separator(kFirstSeparator)};
     if (!middle.empty()) {
         entries.insert(entries.end(), middle.begin(), middle.end());
         entries.push_back(separator(kSecondSeparator));
     }
-    entries.push_back(MenuEntry{.id = kQuit, .label = QStringLiteral("退出 Quillbar")});
+    entries.push_back(MenuEntry{.id = kQuit, .label = translated("tray", "退出 Quillbar")});
     m_menu.setEntries(entries);
     // A choice is handled later, because it may change the menu that is still handling the click.
     fillMenu(m_ownMenu, entries, [this](int id) {
@@ -215,7 +217,7 @@ void StatusItem::refreshTooltip() {
     const bool hasNames = !isPaused || m_host.emptyTooltip == TrayHost::EmptyTooltip::nothing;
     QString description = m_face->text;
     if (m_firedAlerts > 0) {
-        description += QStringLiteral("，") + firedText(m_firedAlerts);
+        description = translated("tray", "%1，%2").arg(description, firedText(m_firedAlerts));
     }
     m_item.setDescription(hasNames ? description : QString());
 

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "Quillbar/widgets/CheckRow.h"
 
+#include "Quillbar/platform/Translated.h"
 #include "Quillbar/text/SystemFont.h"
 #include "Quillbar/widgets/Glyphs.h"
 #include "Quillbar/widgets/TextScale.h"
@@ -80,7 +81,8 @@ void CheckRow::setTexts(const QString& title, const QString& details) {
     }
     setText(title);
     m_details = details;
-    setAccessibleName(details.isEmpty() ? title : title + QStringLiteral("，") + details);
+    setAccessibleName(details.isEmpty() ? title
+                                        : translated("widgets", "%1，%2").arg(title, details));
     updateGeometry();
     update();
 }

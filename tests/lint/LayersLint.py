@@ -19,22 +19,23 @@ FLOORS = {
 # The rooms of the application, each below those that it may use. All of them stand above the core.
 ROOMS = {
     "Quillbar/platform": set(),
-    "Quillbar/text": set(),
+    "Quillbar/text": {"platform"},
     "Quillbar/labelstate": {"platform"},
     "Quillbar/login": {"platform"},
     "Quillbar/instance": {"labelstate", "platform"},
-    "Quillbar/notifications": {"text"},
+    "Quillbar/notifications": {"platform", "text"},
     "Quillbar/services": {"platform"},
     "Quillbar/label": {"instance", "labelstate", "platform", "services"},
     "Quillbar/widgets": {"platform", "text"},
-    "Quillbar/tray": {"labelstate", "text", "widgets"},
+    "Quillbar/tray": {"labelstate", "platform", "text", "widgets"},
     "Quillbar/window": {"widgets"},
-    "Quillbar/list": {"text", "widgets"},
+    "Quillbar/list": {"platform", "text", "widgets"},
     "Quillbar/coins": {"text", "widgets"},
-    "Quillbar/chart": {"list", "text", "widgets"},
-    "Quillbar/watchlist": {"coins", "list", "text", "widgets"},
-    "Quillbar/boards": {"coins", "list", "text", "widgets"},
-    "Quillbar/panel": {"boards", "chart", "labelstate", "login", "text", "watchlist", "widgets"},
+    "Quillbar/chart": {"list", "platform", "text", "widgets"},
+    "Quillbar/watchlist": {"coins", "list", "platform", "text", "widgets"},
+    "Quillbar/boards": {"coins", "list", "platform", "text", "widgets"},
+    "Quillbar/panel": {"boards", "chart", "labelstate", "login", "platform", "text", "watchlist",
+                       "widgets"},
 }
 # The top puts them together.
 ROOMS["Quillbar"] = {room.partition("/")[2] for room in ROOMS}
