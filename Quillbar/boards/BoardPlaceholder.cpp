@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "Quillbar/boards/BoardPlaceholder.h"
 
+#include "Quillbar/platform/Translated.h"
 #include "Quillbar/widgets/CenteredText.h"
 #include "Quillbar/widgets/Spinner.h"
 #include "Quillbar/widgets/TextButton.h"
@@ -22,11 +23,11 @@ BoardPlaceholder::BoardPlaceholder(int height, QWidget* parent)
     : QWidget(parent)
     , m_height(height)
     , m_spinner(new Spinner(kSpinnerDiameter, this))
-    , m_failure(new CenteredText(QStringLiteral("加载行情失败"), 0, this))
-    , m_retry(new TextButton(QStringLiteral("重试"), this))
-    , m_empty(new CenteredText(QStringLiteral("暂无数据"), 0, this)) {
+    , m_failure(new CenteredText(translated("boards", "加载行情失败"), 0, this))
+    , m_retry(new TextButton(translated("boards", "重试"), this))
+    , m_empty(new CenteredText(translated("boards", "暂无数据"), 0, this)) {
     setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Maximum);
-    m_spinner->setAccessibleName(QStringLiteral("正在加载行情"));
+    m_spinner->setAccessibleName(translated("boards", "正在加载行情"));
     QObject::connect(m_retry, &QAbstractButton::clicked, this, [this] { onRetry(); });
     auto* const layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);

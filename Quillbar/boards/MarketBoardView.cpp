@@ -8,6 +8,7 @@
 #include "Quillbar/list/ColumnHeader.h"
 #include "Quillbar/list/ColumnWidths.h"
 #include "Quillbar/list/RowAccessibility.h"
+#include "Quillbar/platform/Translated.h"
 #include "Quillbar/widgets/BannerRow.h"
 #include "Quillbar/widgets/TextScale.h"
 #include "QuillbarCore/market/MarketCapAge.h"
@@ -111,10 +112,10 @@ MarketBoardView::~MarketBoardView() {
 ColumnHeader* MarketBoardView::makeHeader(SecondaryColumn column) {
     auto* const header = new ColumnHeader(this);
     header->addGap(MarketRowView::kRankWidth);
-    header->addFlexibleTitle(QStringLiteral("币种"));
+    header->addFlexibleTitle(translated("boards", "币种"));
     header->addTitle(columnTitle(column), ColumnWidths::kAmount);
-    header->addTitle(QStringLiteral("价格"), ColumnWidths::kPrice);
-    header->addTitle(QStringLiteral("涨跌"), ColumnWidths::kChange);
+    header->addTitle(translated("boards", "价格"), ColumnWidths::kPrice);
+    header->addTitle(translated("boards", "涨跌"), ColumnWidths::kChange);
     header->addGap(ColumnWidths::kTrailing);
     return header;
 }
@@ -167,8 +168,8 @@ void MarketBoardView::showContent() {
     for (std::size_t each = 0; each < m_headers.size(); ++each) {
         m_headers[each]->setVisible(hasRows && kColumns[each] == secondaryColumnOf(m_board));
     }
-    RowAccessibility::setName(m_list.rows(),
-                              QString::fromUtf8(displayName(m_board)) + QStringLiteral("榜"));
+    RowAccessibility::setName(
+        m_list.rows(), translated("boards", "%1榜").arg(QString::fromUtf8(displayName(m_board))));
     m_list.rows().setVisible(hasRows);
     if (passesFocusOn) {
         m_list.rows().setFocus(Qt::TabFocusReason);
@@ -185,9 +186,10 @@ void MarketBoardView::showWarnings() {
         marketCapAge = MarketCapAge::textIfOld(m_models.marketCaps.dataAge());
     }
     if (marketCapAge) {
-        const QString what = *m_models.marketCaps.loadFailed() ? QStringLiteral("市值刷新失败,")
-                                                               : QStringLiteral("市值已停止刷新,");
-        m_marketCapBanner->setText(what + QString::fromStdString(*marketCapAge));
+        const QString text = *m_models.marketCaps.loadFailed()
+                                 ? translated("boards", "市值刷新失败,%1")
+                                 : translated("boards", "市值已停止刷新,%1");
+        m_marketCapBanner->setText(text.arg(QString::fromStdString(*marketCapAge)));
     }
     m_marketCapBanner->setVisible(marketCapAge.has_value());
 }
@@ -204,14 +206,16 @@ bool MarketBoardView::isStale(std::optional<Seconds> age, LastLoad lastLoad) {
 
 QString MarketBoardView::staleText(std::optional<Seconds> age, LastLoad lastLoad) {
     if (!age) {
-        return QStringLiteral("数据刷新失败");
+        return translated("boards", "数据刷新失败");
     }
-    const auto minutes = static_cast<qlonglong>(*age / kMinute);
-    const QString when = minutes < 1 ? QStringLiteral("刚才的")
-                                     : QString::number(minutes) + QStringLiteral(" 分钟前的");
-    return (lastLoad == LastLoad::failed ? QStringLiteral("刷新失败,数据为")
-                                         : QStringLiteral("已停止刷新,数据为"))
-           + when;
+    const auto minutes = static_cast<int>(*age / kMinute);
+    if (minutes < 1) {
+        return lastLoad == LastLoad::failed ? translated("boards", "刷新失败,数据为刚才的")
+                                            : translated("boards", "已停止刷新,数据为刚才的");
+    }
+    return lastLoad == LastLoad::failed
+               ? translated("boards", "刷新失败,数据为%n 分钟前的", nullptr, minutes)
+               : translated("boards", "已停止刷新,数据为%n 分钟前的", nullptr, minutes);
 }
 
 QString MarketBoardView::staleText() const {

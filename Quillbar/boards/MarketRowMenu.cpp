@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "Quillbar/boards/MarketRowMenu.h"
 
+#include "Quillbar/platform/Translated.h"
 #include "Quillbar/widgets/PanelMenu.h"
 #include "QuillbarCore/model/Watchlist.h"
 
@@ -16,10 +17,10 @@ QMenu* MarketRowMenu::make(const ViewEnvironment& environment, const Coin& coin,
     auto* const menu = new PanelMenu(parent);
     menu->setAttribute(Qt::WA_DeleteOnClose);
     if (environment.appState.watchlist()->contains(coin.symbol)) {
-        menu->addAction(QStringLiteral("已在自选列表中"))->setEnabled(false);
+        menu->addAction(translated("boards", "已在自选列表中"))->setEnabled(false);
         return menu;
     }
-    QAction* const add = menu->addAction(QStringLiteral("加入自选"));
+    QAction* const add = menu->addAction(translated("boards", "加入自选"));
     // The key works on the row, not in the menu. It is shown here because nothing else names it.
     add->setShortcut(QKeySequence(Qt::Key_Plus));
     add->setShortcutVisibleInContextMenu(true);

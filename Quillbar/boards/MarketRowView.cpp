@@ -7,6 +7,7 @@
 #include "Quillbar/list/ColumnWidths.h"
 #include "Quillbar/list/NumericCell.h"
 #include "Quillbar/list/RowAccessibility.h"
+#include "Quillbar/platform/Translated.h"
 #include "Quillbar/text/OneLineText.h"
 #include "Quillbar/widgets/GlyphButton.h"
 #include "Quillbar/widgets/TextScale.h"
@@ -76,8 +77,8 @@ public:
         TextScale::follow(*this, [this] {
             setFixedSize(TextScale::size(*this, {ColumnWidths::kTrailing, kHeight}));
         });
-        setToolTip(QStringLiteral("已在自选列表中"));
-        m_button->setToolTip(QStringLiteral("加入自选"));
+        setToolTip(translated("boards", "已在自选列表中"));
+        m_button->setToolTip(translated("boards", "加入自选"));
         m_button->setColors(&ThemeColors::Resolved::primaryText,
                             &ThemeColors::Resolved::primaryText);
         m_button->setRestingOpacity(kRestingOpacity);
@@ -87,7 +88,7 @@ public:
     }
 
     void setCoin(const QString& name, bool isWatched) {
-        RowAccessibility::setName(*m_button, QStringLiteral("加入自选 ") + name);
+        RowAccessibility::setName(*m_button, translated("boards", "加入自选 %1").arg(name));
         RowAccessibility::setName(*this, isWatched ? toolTip() : QString());
         m_button->setVisible(!isWatched);
     }
@@ -160,7 +161,7 @@ std::optional<Glyph> MarketRowView::rankGlyph() const {
 }
 
 QString MarketRowView::sentence(SecondaryColumn column) const {
-    return QStringLiteral("%1，%2，价格 %3，涨跌 %4，%5 %6")
+    return translated("boards", "%1，%2，价格 %3，涨跌 %4，%5 %6")
         .arg(m_rank->text(),
              OneLineText::of(m_entry.coin.baseAsset),
              m_price->text(),

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "Quillbar/boards/SecondaryColumn.h"
 
+#include "Quillbar/platform/Translated.h"
 #include "QuillbarCore/model/MarketCapFormatter.h"
 #include "QuillbarCore/model/VolumeFormatter.h"
 
@@ -12,7 +13,8 @@ SecondaryColumn secondaryColumnOf(RankingBoard board) {
 }
 
 QString columnTitle(SecondaryColumn column) {
-    return column == SecondaryColumn::marketCap ? QStringLiteral("市值") : QStringLiteral("成交额");
+    return column == SecondaryColumn::marketCap ? translated("boards", "市值")
+                                                : translated("boards", "成交额");
 }
 
 QString columnText(SecondaryColumn column, const RankedCoin& entry) {

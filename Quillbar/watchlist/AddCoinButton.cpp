@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "Quillbar/watchlist/AddCoinButton.h"
 
+#include "Quillbar/platform/Translated.h"
 #include "Quillbar/watchlist/AddCoinView.h"
 #include "Quillbar/widgets/Glyphs.h"
 #include "Quillbar/widgets/Popover.h"
@@ -24,8 +25,8 @@ AddCoinButton::AddCoinButton(const ViewEnvironment& environment, QWidget* parent
     : PlainButton(parent)
     , m_environment(environment) {
     TextScale::follow(*this, [this] { setFixedSize(TextScale::size(*this, {kSize, kSize})); });
-    setAccessibleName(QStringLiteral("添加币种"));
-    setToolTip(QStringLiteral("添加币种"));
+    setAccessibleName(translated("watchlist", "添加币种"));
+    setToolTip(translated("watchlist", "添加币种"));
     QObject::connect(this, &QAbstractButton::clicked, this, [this] { toggle(); });
 }
 

@@ -4,6 +4,7 @@
 
 #include "Quillbar/list/RowIds.h"
 #include "Quillbar/list/RowList.h"
+#include "Quillbar/platform/Translated.h"
 #include "Quillbar/watchlist/ListOfferView.h"
 #include "Quillbar/watchlist/SearchField.h"
 #include "Quillbar/watchlist/SearchResultRow.h"
@@ -31,14 +32,25 @@ constexpr int kFieldMargin = 8;
 constexpr int kAreaMargin = 4;
 constexpr int kSpacing = 6;
 
-/// The texts that are shown in place of results, in the order of `ResultArea`.
-constexpr std::array<const char16_t*, 4> kTexts{u"搜索失败,请检查网络后重试",
-                                                u"输入币种代号开始搜索",
-                                                u"搜索中…",
-                                                u"无匹配结果"};
+/// What is shown in place of results, in the order of `ResultArea`.
+constexpr std::array kTextAreas{AddCoinView::ResultArea::error,
+                                AddCoinView::ResultArea::hint,
+                                AddCoinView::ResultArea::searching,
+                                AddCoinView::ResultArea::noMatches};
 
 QString textOf(AddCoinView::ResultArea area) {
-    return QString::fromUtf16(kTexts.at(static_cast<std::size_t>(area)));
+    switch (area) {
+    case AddCoinView::ResultArea::error:
+        return translated("watchlist", "搜索失败,请检查网络后重试");
+    case AddCoinView::ResultArea::hint:
+        return translated("watchlist", "输入币种代号开始搜索");
+    case AddCoinView::ResultArea::searching:
+        return translated("watchlist", "搜索中…");
+    case AddCoinView::ResultArea::noMatches:
+        return translated("watchlist", "无匹配结果");
+    default:
+        return {};
+    }
 }
 
 bool isTyping(const QKeyEvent& event) {
@@ -55,11 +67,11 @@ AddCoinView::AddCoinView(const ViewEnvironment& environment,
     : QWidget(parent)
     , m_environment(environment)
     , m_dismiss(std::move(dismiss))
-    , m_field(new SearchField(QStringLiteral("搜索币种,如 SOL"), this))
+    , m_field(new SearchField(translated("watchlist", "搜索币种,如 SOL"), this))
     , m_scope(environment.executor) {
-    setAccessibleName(QStringLiteral("添加币种"));
+    setAccessibleName(translated("watchlist", "添加币种"));
     setFocusProxy(m_field);
-    m_field->setAccessibleName(QStringLiteral("搜索币种"));
+    m_field->setAccessibleName(translated("watchlist", "搜索币种"));
     QObject::connect(m_field, &QLineEdit::textChanged, this, [this] { onQueryChange(); });
     QObject::connect(m_field, &QLineEdit::returnPressed, this, [this] { onEnter(); });
     makeArea();
@@ -115,8 +127,8 @@ QSize AddCoinView::sizeHint() const {
 
 void AddCoinView::makeArea() {
     m_area = new QStackedLayout;
-    for (std::size_t each = 0; each < kTexts.size(); ++each) {
-        m_area->addWidget(new CenteredText(textOf(static_cast<ResultArea>(each)), 0, this));
+    for (const ResultArea area : kTextAreas) {
+        m_area->addWidget(new CenteredText(textOf(area), 0, this));
     }
     m_rows = makeRows();
     m_area->addWidget(m_rows);
@@ -157,7 +169,7 @@ RowList* AddCoinView::makeRows() {
         },
         0,
         this);
-    rows->setAccessibleName(QStringLiteral("搜索结果"));
+    rows->setAccessibleName(translated("watchlist", "搜索结果"));
     rows->installEventFilter(this);
     return rows;
 }

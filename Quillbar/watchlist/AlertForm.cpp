@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "Quillbar/watchlist/AlertForm.h"
 
+#include "Quillbar/platform/Translated.h"
 #include "Quillbar/text/AlertText.h"
 #include "Quillbar/text/OneLineText.h"
 #include "Quillbar/text/SystemFont.h"
@@ -78,15 +79,15 @@ protected:
 QString textOf(AlertInput::Problem problem) {
     switch (problem) {
     case AlertInput::Problem::nothing:
-        return QStringLiteral("输入价格，或带 % 的 24 小时涨跌");
+        return translated("watchlist", "输入价格，或带 % 的 24 小时涨跌");
     case AlertInput::Problem::noNumber:
-        return QStringLiteral("不是价格，也不是带 % 的涨跌");
+        return translated("watchlist", "不是价格，也不是带 % 的涨跌");
     case AlertInput::Problem::noPriceYet:
-        return QStringLiteral("还没有价格，请稍后再试");
+        return translated("watchlist", "还没有价格，请稍后再试");
     case AlertInput::Problem::isThere:
         break;
     }
-    return QStringLiteral("现在就是这个数；高于它提醒上涨，低于它提醒下跌");
+    return translated("watchlist", "现在就是这个数；高于它提醒上涨，低于它提醒下跌");
 }
 
 }  // namespace
@@ -99,7 +100,8 @@ AlertForm::AlertForm(const ViewEnvironment& environment,
     , m_environment(environment)
     , m_coin(std::move(coin))
     , m_dismiss(std::move(dismiss)) {
-    const QString name = OneLineText::of(m_coin.baseAsset) + QStringLiteral(" 价格提醒");
+    const QString name =
+        translated("watchlist", "%1 价格提醒").arg(OneLineText::of(m_coin.baseAsset));
     setAccessibleName(name);
     auto* const stack = new QVBoxLayout(this);
     TextScale::follow(*this, [this] { setFixedWidth(TextScale::length(*this, kWidth)); });
@@ -155,8 +157,8 @@ QSize AlertForm::sizeHint() const {
 
 void AlertForm::makeFields(QVBoxLayout& stack) {
     m_present = new ThemedLabel(systemFont(kTextSize), &ThemeColors::Resolved::secondaryText, this);
-    m_value = new SearchField(QStringLiteral("价格，或如 5%"), this);
-    m_value->setAccessibleName(QStringLiteral("提醒的价格，或带百分号的 24 小时涨跌"));
+    m_value = new SearchField(translated("watchlist", "价格，或如 5%"), this);
+    m_value->setAccessibleName(translated("watchlist", "提醒的价格，或带百分号的 24 小时涨跌"));
     m_meaning = new ThemedLabel(systemFont(kTextSize), &ThemeColors::Resolved::secondaryText, this);
     m_meaning->setWordWrap(true);
     stack.addWidget(m_present);
@@ -167,12 +169,12 @@ void AlertForm::makeFields(QVBoxLayout& stack) {
 }
 
 void AlertForm::makeChoices(QVBoxLayout& stack) {
-    m_once = new Choice(QStringLiteral("仅一次"), this);
-    m_again = new Choice(QStringLiteral("重复"), this);
+    m_once = new Choice(translated("watchlist", "仅一次"), this);
+    m_again = new Choice(translated("watchlist", "重复"), this);
     m_once->setChecked(true);
-    m_margin = new SearchField(QStringLiteral("如 1%"), this);
-    m_margin->setAccessibleName(QStringLiteral("往回多少后可再次提醒"));
-    m_margin->setToolTip(QStringLiteral("往回多少后可再次提醒"));
+    m_margin = new SearchField(translated("watchlist", "如 1%"), this);
+    m_margin->setAccessibleName(translated("watchlist", "往回多少后可再次提醒"));
+    m_margin->setToolTip(translated("watchlist", "往回多少后可再次提醒"));
     m_margin->setText(QStringLiteral("1%"));
     TextScale::follow(*m_margin, [this] {
         m_margin->setFixedWidth(TextScale::length(*this, kMarginFieldWidth));
@@ -185,10 +187,10 @@ void AlertForm::makeChoices(QVBoxLayout& stack) {
     row->addWidget(m_margin);
     row->addStretch(1);
     stack.addLayout(row);
-    m_note = new SearchField(QStringLiteral("备注（可不填）"), this);
-    m_note->setAccessibleName(QStringLiteral("备注"));
+    m_note = new SearchField(translated("watchlist", "备注（可不填）"), this);
+    m_note->setAccessibleName(translated("watchlist", "备注"));
     stack.addWidget(m_note);
-    m_add = new TextButton(QStringLiteral("添加提醒"), this);
+    m_add = new TextButton(translated("watchlist", "添加提醒"), this);
     stack.addWidget(m_add, 0, Qt::AlignRight);
     connect(m_again, &QAbstractButton::toggled, this, [this](bool isChosen) {
         m_margin->setVisible(isChosen);
@@ -233,10 +235,10 @@ std::optional<double> AlertForm::margin(const AlertInput::Line& line) const {
 void AlertForm::refresh() {
     const std::optional<Ticker> known = ticker();
     m_present->setText(
-        known ? QStringLiteral("现价 %1 · 24 小时 %2")
+        known ? translated("watchlist", "现价 %1 · 24 小时 %2")
                     .arg(QString::fromStdString(PriceFormatter::price(known->lastPrice)),
                          QString::fromStdString(PriceFormatter::percent(known->changePercent24h())))
-              : QStringLiteral("现价 —"));
+              : translated("watchlist", "现价 —"));
     const auto input = AlertInput::line(m_value->text().toStdString(), known);
     QString meaning;
     bool isReady = false;
@@ -245,9 +247,9 @@ void AlertForm::refresh() {
     } else {
         const auto& line = std::get<AlertInput::Line>(input);
         isReady = m_once->isChecked() || margin(line).has_value();
-        meaning = isReady
-                      ? AlertText::condition(line.kind, line.threshold) + QStringLiteral(" 时提醒")
-                      : QStringLiteral("往回的幅度应小于所填的数，如 1%");
+        meaning = isReady ? translated("watchlist", "%1 时提醒")
+                                .arg(AlertText::condition(line.kind, line.threshold))
+                          : translated("watchlist", "往回的幅度应小于所填的数，如 1%");
     }
     m_meaning->setText(meaning);
     m_meaning->setAccessibleName(meaning);
@@ -273,8 +275,8 @@ void AlertForm::refreshList() {
         label->setWordWrap(true);
         auto* const button = new GlyphButton(
             Glyph::xmark, kGlyphSize, QSize(kGlyphButtonSize, kGlyphButtonSize), row);
-        button->setToolTip(QStringLiteral("删除提醒"));
-        button->setAccessibleName(QStringLiteral("删除提醒，") + text);
+        button->setToolTip(translated("watchlist", "删除提醒"));
+        button->setAccessibleName(translated("watchlist", "删除提醒，%1").arg(text));
         connect(button, &QAbstractButton::clicked, this, [this, id = alert.id] {
             m_environment.alerts->remove(id);
         });
@@ -316,7 +318,7 @@ void AlertForm::add() {
         return;
     }
     if (!*m_environment.alerts->isSaved()) {
-        m_meaning->setText(QStringLiteral("提醒未能保存到磁盘，重启后会丢失"));
+        m_meaning->setText(translated("watchlist", "提醒未能保存到磁盘，重启后会丢失"));
         return;
     }
     // A copy, because the call may delete the form.

@@ -3,6 +3,7 @@
 #include "Quillbar/watchlist/CoinListRow.h"
 
 #include "Quillbar/list/RowAccessibility.h"
+#include "Quillbar/platform/Translated.h"
 #include "Quillbar/text/OneLineText.h"
 #include "Quillbar/watchlist/CoinRowView.h"
 #include "Quillbar/widgets/GlyphButton.h"
@@ -47,9 +48,10 @@ void CoinListRow::present(const std::string& id, std::size_t index) {
     const bool isExpanded = m_list.expandedSymbol() == id;
     m_disclosure->setGlyph(isExpanded ? Glyph::chevronDown : Glyph::chevronRight);
     const QString name = OneLineText::of(m_coin->coin().baseAsset);
-    RowAccessibility::setName(
-        *m_disclosure,
-        (isExpanded ? QStringLiteral("收起 %1 走势") : QStringLiteral("展开 %1 走势")).arg(name));
+    RowAccessibility::setName(*m_disclosure,
+                              (isExpanded ? translated("watchlist", "收起 %1 走势")
+                                          : translated("watchlist", "展开 %1 走势"))
+                                  .arg(name));
     setSpokenText(id, m_coin->spokenText());
     describePlace(index);
 }
@@ -68,7 +70,8 @@ void CoinListRow::describePlace(std::size_t index) {
     if (index != m_index || count != m_count) {
         m_index = index;
         m_count = count;
-        setAccessibleDescription(QStringLiteral("第 %1 位，共 %2 位").arg(index + 1).arg(count));
+        setAccessibleDescription(
+            translated("watchlist", "第 %1 位，共 %2 位").arg(index + 1).arg(count));
     }
 }
 

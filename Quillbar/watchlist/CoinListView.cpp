@@ -5,6 +5,7 @@
 #include "Quillbar/list/ColumnHeader.h"
 #include "Quillbar/list/ColumnWidths.h"
 #include "Quillbar/list/SortableHeader.h"
+#include "Quillbar/platform/Translated.h"
 #include "Quillbar/watchlist/AlertForm.h"
 #include "Quillbar/watchlist/CoinListRow.h"
 #include "Quillbar/watchlist/CoinRowMenu.h"
@@ -38,15 +39,26 @@ constexpr int kEmptyPadding = 16;
 
 struct Column {
     WatchlistSortColumn column;
-    const char16_t* title;
     int width;
 };
 
 constexpr std::array<Column, kAllWatchlistSortColumns.size()> kColumns{{
-    {WatchlistSortColumn::volume, u"成交额", ColumnWidths::kAmount},
-    {WatchlistSortColumn::price, u"价格", ColumnWidths::kPrice},
-    {WatchlistSortColumn::change, u"涨跌", ColumnWidths::kChange},
+    {WatchlistSortColumn::volume, ColumnWidths::kAmount},
+    {WatchlistSortColumn::price, ColumnWidths::kPrice},
+    {WatchlistSortColumn::change, ColumnWidths::kChange},
 }};
+
+QString titleOf(WatchlistSortColumn column) {
+    switch (column) {
+    case WatchlistSortColumn::volume:
+        return translated("watchlist", "成交额");
+    case WatchlistSortColumn::price:
+        return translated("watchlist", "价格");
+    case WatchlistSortColumn::change:
+        break;
+    }
+    return translated("watchlist", "涨跌");
+}
 
 }  // namespace
 
@@ -57,14 +69,16 @@ CoinListView::CoinListView(const ViewEnvironment& environment,
     : QWidget(parent)
     , m_environment(environment)
     , m_expandedSymbol(expandedSymbol)
-    , m_empty(new CenteredText(QStringLiteral("自选列表是空的,点 + 添加币种"), kEmptyPadding, this))
+    , m_empty(new CenteredText(translated("watchlist", "自选列表是空的,点 + 添加币种"),
+                               kEmptyPadding,
+                               this))
     , m_header(makeHeader())
     , m_list(expandedSymbol, rowContent(), std::move(makeDetail), this)
     , m_rows(m_list.rows())
     , m_basis(environment.appState.settings()->changeBasis)
     , m_reorder(this)
     , m_staleness(this) {
-    m_rows.setAccessibleName(QStringLiteral("自选列表"));
+    m_rows.setAccessibleName(translated("watchlist", "自选列表"));
     auto* const layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(0);
@@ -91,11 +105,10 @@ CoinListView::CoinListView(const ViewEnvironment& environment,
 ColumnHeader* CoinListView::makeHeader() {
     auto* const header = new ColumnHeader(this);
     header->addGap(CoinListRow::kDisclosureWidth);
-    header->addFlexibleTitle(QStringLiteral("币种"));
+    header->addFlexibleTitle(translated("watchlist", "币种"));
     for (std::size_t each = 0; each < kColumns.size(); ++each) {
         const Column& column = kColumns[each];
-        SortableHeader* const title =
-            header->addSortable(QString::fromUtf16(column.title), column.width);
+        SortableHeader* const title = header->addSortable(titleOf(column.column), column.width);
         QObject::connect(title, &QAbstractButton::clicked, this, [this, which = column.column] {
             sortBy(which);
         });
@@ -159,7 +172,7 @@ void CoinListView::refuseDrag(const std::string& symbol, const QPoint& position)
         [this, symbol, position] {
             ListRow* const row = m_rows.row(symbol);
             if (m_sort && row != nullptr) {
-                QToolTip::showText(position, QStringLiteral("按列排序时不能拖动"), row);
+                QToolTip::showText(position, translated("watchlist", "按列排序时不能拖动"), row);
             }
         },
         Qt::QueuedConnection);

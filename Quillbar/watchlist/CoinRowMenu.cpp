@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "Quillbar/watchlist/CoinRowMenu.h"
 
+#include "Quillbar/platform/Translated.h"
 #include "Quillbar/widgets/Glyphs.h"
 #include "Quillbar/widgets/PanelMenu.h"
 #include "Quillbar/widgets/TextScale.h"
@@ -61,9 +62,10 @@ void addMoves(QMenu& menu, const ViewEnvironment& environment, const std::string
     if (!index) {
         return;
     }
-    const std::vector<std::pair<QString, Move>> items{{QStringLiteral("置顶"), Move::toTop},
-                                                      {QStringLiteral("上移"), Move::up},
-                                                      {QStringLiteral("下移"), Move::down}};
+    const std::vector<std::pair<QString, Move>> items{
+        {translated("watchlist", "置顶"), Move::toTop},
+        {translated("watchlist", "上移"), Move::up},
+        {translated("watchlist", "下移"), Move::down}};
     for (const auto& [title, move] : items) {
         QAction* const action = menu.addAction(title);
         action->setEnabled(destination(move, *index, watchlist.coins.size()).has_value());
@@ -99,7 +101,7 @@ QMenu* CoinRowMenu::make(const ViewEnvironment& environment,
     auto* const menu = new PanelMenu(parent);
     menu->setAttribute(Qt::WA_DeleteOnClose);
     if (restoreManualOrder) {
-        QObject::connect(menu->addAction(QStringLiteral("恢复手动顺序")),
+        QObject::connect(menu->addAction(translated("watchlist", "恢复手动顺序")),
                          &QAction::triggered,
                          menu,
                          std::move(restoreManualOrder));
@@ -107,17 +109,17 @@ QMenu* CoinRowMenu::make(const ViewEnvironment& environment,
         addMoves(*menu, environment, symbol);
     }
     menu->addSeparator();
-    QObject::connect(menu->addAction(QStringLiteral("固定到菜单栏")),
+    QObject::connect(menu->addAction(translated("watchlist", "固定到菜单栏")),
                      &QAction::triggered,
                      menu,
                      [&environment, symbol] { environment.appState.pin(symbol); });
     if (openAlerts) {
-        QObject::connect(menu->addAction(QStringLiteral("价格提醒…")),
+        QObject::connect(menu->addAction(translated("watchlist", "价格提醒…")),
                          &QAction::triggered,
                          menu,
                          std::move(openAlerts));
     }
-    QAction* const removal = menu->addAction(trashIcon(*parent), QStringLiteral("删除"));
+    QAction* const removal = menu->addAction(trashIcon(*parent), translated("watchlist", "删除"));
     PanelMenu::setDestructive(*removal);
     QObject::connect(removal, &QAction::triggered, menu, [&environment, symbol] {
         environment.edits.spawn(environment.appState.remove(symbol));

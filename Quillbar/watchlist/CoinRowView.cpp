@@ -7,6 +7,7 @@
 #include "Quillbar/list/ColumnWidths.h"
 #include "Quillbar/list/NumericCell.h"
 #include "Quillbar/list/TableRow.h"
+#include "Quillbar/platform/Translated.h"
 #include "Quillbar/text/AgeText.h"
 #include "Quillbar/text/OneLineText.h"
 #include "Quillbar/widgets/TextScale.h"
@@ -78,7 +79,7 @@ QString CoinRowView::ageText() const {
     const TimePoint now = m_environment.now();
     const auto update = m_environment.appState.lastUpdateOf(m_coin.symbol);
     if (!update) {
-        return QStringLiteral("尚无数据");
+        return translated("watchlist", "尚无数据");
     }
     return now - *update < AgeText::kLive ? QString() : AgeText::of(*update, now);
 }
@@ -88,12 +89,12 @@ bool CoinRowView::hasAlert() const {
 }
 
 QString CoinRowView::spokenText() const {
-    const QString text = QStringLiteral("%1，价格 %2，涨跌 %3，成交额 %4")
+    const QString text = translated("watchlist", "%1，价格 %2，涨跌 %3，成交额 %4")
                              .arg(OneLineText::of(m_coin.baseAsset),
                                   m_price->text(),
                                   m_change->text(),
                                   m_volume->text());
-    return hasAlert() ? text + QStringLiteral("，有价格提醒") : text;
+    return hasAlert() ? translated("watchlist", "%1，有价格提醒").arg(text) : text;
 }
 
 }  // namespace quillbar

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "Quillbar/watchlist/ListOffer.h"
 
+#include "Quillbar/platform/Translated.h"
 #include "Quillbar/text/OneLineText.h"
 #include "QuillbarCore/runtime/OutsideText.h"
 
@@ -22,8 +23,11 @@ QString enumeration(const std::vector<std::string>& texts) {
         named.append(
             OneLineText::of(OutsideText::shortened(texts[index], ListOffer::kLongestName)));
     }
-    const QString told = named.join(u'、');
-    return count == texts.size() ? told : told + QStringLiteral(" 等 %1 个").arg(texts.size());
+    const QString told = named.join(translated("watchlist", "、"));
+    return count == texts.size()
+               ? told
+               : translated("watchlist", "%1 等 %n 个", nullptr, static_cast<int>(texts.size()))
+                     .arg(told);
 }
 
 QString enumeration(const std::vector<Coin>& coins) {
@@ -46,7 +50,7 @@ ListOffer ListOffer::of(CoinNames::List list, CoinNames::Found found, const Watc
 }
 
 QString ListOffer::title() const {
-    return QStringLiteral("添加 %1 个币种").arg(fresh.size());
+    return translated("watchlist", "添加 %n 个币种", nullptr, static_cast<int>(fresh.size()));
 }
 
 QString ListOffer::names() const {
@@ -56,13 +60,16 @@ QString ListOffer::names() const {
 QStringList ListOffer::notes() const {
     QStringList lines;
     if (!found.unknown.empty()) {
-        lines.append(QStringLiteral("未找到 ") + enumeration(found.unknown));
+        lines.append(translated("watchlist", "未找到 %1").arg(enumeration(found.unknown)));
     }
     if (!watched.empty()) {
-        lines.append(QStringLiteral("已添加 ") + enumeration(watched));
+        lines.append(translated("watchlist", "已添加 %1").arg(enumeration(watched)));
     }
     if (list.isCut) {
-        lines.append(QStringLiteral("内容太长，只读了前面 %1 个").arg(list.names.size()));
+        lines.append(translated("watchlist",
+                                "内容太长，只读了前面 %n 个",
+                                nullptr,
+                                static_cast<int>(list.names.size())));
     }
     return lines;
 }
@@ -70,9 +77,9 @@ QStringList ListOffer::notes() const {
 QString ListOffer::spoken() const {
     QStringList parts = notes();
     if (!fresh.empty()) {
-        parts.prepend(title() + QStringLiteral("，") + names());
+        parts.prepend(translated("watchlist", "%1，%2").arg(title(), names()));
     }
-    return parts.join(QStringLiteral("，"));
+    return parts.join(translated("watchlist", "，"));
 }
 
 }  // namespace quillbar

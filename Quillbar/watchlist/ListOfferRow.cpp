@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "Quillbar/watchlist/ListOfferRow.h"
 
+#include "Quillbar/platform/Translated.h"
 #include "Quillbar/watchlist/ListOffer.h"
 #include "Quillbar/widgets/Glyphs.h"
 #include "Quillbar/widgets/TextScale.h"
@@ -29,7 +30,7 @@ ListOfferRow::ListOfferRow(Content content, std::function<void()> pick, QWidget*
 void ListOfferRow::present(const std::string& /*id*/, std::size_t /*index*/) {
     const ListOffer& offer = m_content();
     setTexts({.name = offer.title(), .beside = offer.names()});
-    setAccessibleName(offer.title() + QStringLiteral("，") + offer.names());
+    setAccessibleName(translated("watchlist", "%1，%2").arg(offer.title(), offer.names()));
 }
 
 void ListOfferRow::paintEvent(QPaintEvent* event) {

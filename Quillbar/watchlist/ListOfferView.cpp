@@ -3,6 +3,7 @@
 #include "Quillbar/watchlist/ListOfferView.h"
 
 #include "Quillbar/list/RowList.h"
+#include "Quillbar/platform/Translated.h"
 #include "Quillbar/text/SystemFont.h"
 #include "Quillbar/watchlist/ListOfferRow.h"
 #include "Quillbar/widgets/Announcement.h"
@@ -44,7 +45,7 @@ ListOfferView::ListOfferView(std::function<void()> pick, QWidget* parent)
     , m_notes(
           new ThemedLabel(systemFont(kNotesSize), &ThemeColors::Resolved::secondaryText, this)) {
     Announcement::mark(*this);
-    m_rows->setAccessibleName(QStringLiteral("搜索结果"));
+    m_rows->setAccessibleName(translated("watchlist", "搜索结果"));
     m_notes->setWordWrap(true);
     TextScale::follow(*this, [this] {
         const int rowHeight = TextScale::length(*this, TableRow::kHeight);

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "Quillbar/watchlist/SearchField.h"
 
+#include "Quillbar/platform/Translated.h"
 #include "Quillbar/widgets/PanelMenu.h"
 #include "Quillbar/widgets/TextScale.h"
 #include "Quillbar/widgets/Theme.h"
@@ -77,12 +78,12 @@ void SearchField::contextMenuEvent(QContextMenuEvent* event) {
     // Qt's own menu is in the language of the session.
     auto* const menu = new PanelMenu(this);
     menu->setAttribute(Qt::WA_DeleteOnClose);
-    addItem(*menu, QStringLiteral("剪切"), hasSelectedText(), [this] { cut(); });
-    addItem(*menu, QStringLiteral("拷贝"), hasSelectedText(), [this] { copy(); });
+    addItem(*menu, translated("watchlist", "剪切"), hasSelectedText(), [this] { cut(); });
+    addItem(*menu, translated("watchlist", "拷贝"), hasSelectedText(), [this] { copy(); });
     const bool canPaste = !QGuiApplication::clipboard()->text().isEmpty();
-    addItem(*menu, QStringLiteral("粘贴"), canPaste, [this] { paste(); });
+    addItem(*menu, translated("watchlist", "粘贴"), canPaste, [this] { paste(); });
     menu->addSeparator();
-    addItem(*menu, QStringLiteral("全选"), !text().isEmpty(), [this] { selectAll(); });
+    addItem(*menu, translated("watchlist", "全选"), !text().isEmpty(), [this] { selectAll(); });
     menu->popup(event->globalPos());
 }
 

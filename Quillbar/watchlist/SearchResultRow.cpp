@@ -3,6 +3,7 @@
 #include "Quillbar/watchlist/SearchResultRow.h"
 
 #include "Quillbar/coins/CoinIconView.h"
+#include "Quillbar/platform/Translated.h"
 #include "Quillbar/text/OneLineText.h"
 #include "Quillbar/widgets/TextScale.h"
 #include "QuillbarCore/model/Watchlist.h"
@@ -33,10 +34,10 @@ void SearchResultRow::present(const std::string& id, std::size_t index) {
     setPickable(watched == Watched::no);
     const QString base = OneLineText::of(coin.baseAsset);
     const QString pair = pairOf(coin);
-    const QString atEnd = watched == Watched::yes ? QStringLiteral("已添加") : QString();
+    const QString atEnd = watched == Watched::yes ? translated("watchlist", "已添加") : QString();
     setTexts({.name = base, .beside = pair, .atEnd = atEnd});
-    const QString name = base + QStringLiteral("，") + pair;
-    setAccessibleName(atEnd.isEmpty() ? name : name + QStringLiteral("，") + atEnd);
+    const QString name = translated("watchlist", "%1，%2").arg(base, pair);
+    setAccessibleName(atEnd.isEmpty() ? name : translated("watchlist", "%1，%2").arg(name, atEnd));
 }
 
 QString SearchResultRow::pairOf(const Coin& coin) {
