@@ -5,6 +5,7 @@
 #include "Quillbar/labelstate/LabelSnapshot.h"
 #include "Quillbar/panel/PanelView.h"
 #include "Quillbar/platform/SmallHeap.h"
+#include "Quillbar/platform/Translated.h"
 #include "Quillbar/text/ChineseFont.h"
 #include "Quillbar/text/SystemFont.h"
 #include "Quillbar/widgets/TooltipStyle.h"
@@ -189,7 +190,7 @@ void QuillbarApp::refreshFace() {
 void QuillbarApp::refreshMenu() {
     std::vector<MenuEntry> entries{
         MenuEntry{.id = kHideNumbers,
-                  .label = QStringLiteral("隐藏数字"),
+                  .label = translated("app", "隐藏数字"),
                   .mark = MenuEntry::Mark::check,
                   .isOn = m_preferences.preferences()->label.isDiscreet},
         MenuEntry{.id = kAboveSettings, .kind = MenuEntry::Kind::separator}};

@@ -17,6 +17,7 @@
 #include "Quillbar/platform/SmallHeap.h"
 #include "Quillbar/platform/StandardStreams.h"
 #include "Quillbar/platform/TerminationSignals.h"
+#include "Quillbar/platform/Translated.h"
 #include "Quillbar/QuillbarApp.h"
 #include "Quillbar/services/ServiceEndpoints.h"
 #include "QuillbarCore/state/AppDirectories.h"
@@ -24,6 +25,7 @@
 #include <QApplication>
 #include <QCoreApplication>
 #include <QDBusConnection>
+#include <QString>
 
 #include <optional>
 #include <string>
@@ -41,6 +43,10 @@ constexpr int kUsageStatus = 2;
 int fail(int status, const std::string& text) {
     StandardStreams::complain("quillbar", text);
     return status;
+}
+
+int fail(int status, const QString& text) {
+    return fail(status, text.toStdString());
 }
 
 /// Everything of the one instance, in the order in which it is built.
@@ -150,12 +156,12 @@ std::optional<int> askRunningApplication(int argc,
     case RunningApplication::Outcome::done:
         return 0;
     case RunningApplication::Outcome::failed:
-        return fail(kFailureStatus, "Quillbar 正在运行，但没有应答");
+        return fail(kFailureStatus, translated("app", "Quillbar 正在运行，但没有应答"));
     case RunningApplication::Outcome::notRunning:
         break;
     }
     if (options.action == ApplicationAction::quit) {
-        return fail(kFailureStatus, "Quillbar 没有在运行");
+        return fail(kFailureStatus, translated("app", "Quillbar 没有在运行"));
     }
     return std::nullopt;
 }
@@ -176,7 +182,8 @@ int runApplication(int argc,
                    const ActivationTokens& tokens) {
     const auto variables = processEnvironment();
     if (!hasScreen(variables)) {
-        return fail(kFailureStatus, "没有图形会话；在终端里请使用 quillbar-label");
+        return fail(kFailureStatus,
+                    translated("app", "没有图形会话；在终端里请使用 quillbar-label"));
     }
     if (const auto platform = choosePlatform(variables)) {
         qputenv("QT_QPA_PLATFORM", QByteArray::fromStdString(*platform));
@@ -186,7 +193,9 @@ int runApplication(int argc,
     std::optional<QApplication> application;
     {
         const DisplayFailure failure(
-            "quillbar", "无法连接显示服务器；在终端里请使用 quillbar-label", kFailureStatus);
+            "quillbar",
+            translated("app", "无法连接显示服务器；在终端里请使用 quillbar-label").toStdString(),
+            kFailureStatus);
         application.emplace(argc, argv);
     }
     QApplication::setQuitOnLastWindowClosed(false);
@@ -203,7 +212,7 @@ int runApplication(int argc,
     const auto bus = SessionBus::connect(variables);
     if (!bus && options.manner == StartManner::background) {
         // No command could reach it, and without a tray of the older protocol no click either.
-        return fail(kFailureStatus, "没有会话总线，无法在后台运行");
+        return fail(kFailureStatus, translated("app", "没有会话总线，无法在后台运行"));
     }
     int status = 0;
     {
@@ -238,7 +247,7 @@ int run(int argc, char** argv) {
         }
         return runApplication(argc, argv, endpoints, options, tokens);
     } catch (const EndpointError& error) {
-        return fail(kUsageStatus, error.what());
+        return fail(kUsageStatus, std::string(error.what()));
     }
 }
 

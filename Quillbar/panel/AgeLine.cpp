@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "Quillbar/panel/AgeLine.h"
 
+#include "Quillbar/platform/Translated.h"
+
 #include <QEvent>
 #include <QString>
 
@@ -51,8 +53,8 @@ std::optional<QString> AgeLine::textAt(const AppState& state, TimePoint now) {
     }
     // The wall clock may be a little behind the monotonic one, and still be within the first
     // minute.
-    const auto minutes = std::max(1LL, static_cast<qlonglong>((now - *update) / kMinute));
-    return QStringLiteral("行情已 %1 分钟没有更新").arg(minutes);
+    const int minutes = std::max(1, static_cast<int>((now - *update) / kMinute));
+    return translated("panel", "行情已 %n 分钟没有更新", nullptr, minutes);
 }
 
 bool AgeLine::eventFilter(QObject* watched, QEvent* event) {

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "Quillbar/panel/AlertLines.h"
 
+#include "Quillbar/platform/Translated.h"
 #include "Quillbar/text/AlertText.h"
 #include "Quillbar/text/LocalTimeText.h"
 #include "Quillbar/text/SystemFont.h"
@@ -56,8 +57,8 @@ public:
         label->setWordWrap(true);
         auto* const button =
             new GlyphButton(Glyph::xmark, kGlyphSize, QSize(kButtonSize, kButtonSize), this);
-        button->setToolTip(QStringLiteral("知道了"));
-        button->setAccessibleName(QStringLiteral("知道了，") + text);
+        button->setToolTip(translated("panel", "知道了"));
+        button->setAccessibleName(translated("panel", "知道了，%1").arg(text));
         connect(button, &QAbstractButton::clicked, this, [&alerts, serial = fired.serial] {
             alerts.markShown(serial);
         });

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "Quillbar/panel/AlertRow.h"
 
+#include "Quillbar/platform/Translated.h"
 #include "Quillbar/text/AlertText.h"
 #include "Quillbar/text/OneLineText.h"
 #include "Quillbar/widgets/CheckRow.h"
@@ -28,7 +29,7 @@ AlertRow::AlertRow(const Alert& alert, const Handlers& handlers, QWidget* parent
     , m_id(alert.id)
     , m_switch(new CheckRow(QString(), this))
     , m_delete(new GlyphButton(Glyph::xmark, kGlyphSize, QSize(kButtonSize, kButtonSize), this)) {
-    m_delete->setToolTip(QStringLiteral("删除提醒"));
+    m_delete->setToolTip(translated("panel", "删除提醒"));
     connect(
         m_switch, &QAbstractButton::clicked, this, [this, onSwitch = handlers.onSwitch](bool isOn) {
             onSwitch(m_id, isOn);
@@ -48,8 +49,8 @@ void AlertRow::setAlert(const Alert& alert) {
     m_switch->setTexts(coin + u' ' + AlertText::condition(alert.kind, alert.threshold),
                        AlertText::state(alert) + QStringLiteral(" · ") + AlertText::manner(alert));
     m_switch->setChecked(alert.isOn);
-    m_delete->setAccessibleName(QStringLiteral("删除提醒，") + coin + u' '
-                                + AlertText::description(alert));
+    m_delete->setAccessibleName(
+        translated("panel", "删除提醒，%1 %2").arg(coin, AlertText::description(alert)));
 }
 
 QWidget* AlertRow::tabAfter(QWidget* before) {

@@ -3,6 +3,7 @@
 #include "Quillbar/panel/AlertsSection.h"
 
 #include "Quillbar/panel/AlertRow.h"
+#include "Quillbar/platform/Translated.h"
 #include "Quillbar/text/AlertText.h"
 #include "Quillbar/text/OneLineText.h"
 #include "Quillbar/text/SystemFont.h"
@@ -42,32 +43,33 @@ ThemedLabel* makeLabel(ColorRole role, QWidget* parent) {
 AlertsSection::AlertsSection(const ViewEnvironment& environment,
                              PreferencesState& preferences,
                              QWidget* parent)
-    : PreferencesSection(QStringLiteral("提醒"), parent)
+    : PreferencesSection(translated("panel", "提醒"), parent)
     , m_environment(environment)
-    , m_sound(new CheckRow(QStringLiteral("提示音"), this))
+    , m_sound(new CheckRow(translated("panel", "提示音"), this))
     , m_empty(makeLabel(&ThemeColors::Resolved::secondaryText, this))
     , m_list(new QVBoxLayout)
     , m_offer(new QWidget(this))
     , m_offerText(makeLabel(&ThemeColors::Resolved::secondaryText, m_offer))
-    , m_takeBack(new TextButton(QStringLiteral("撤销"), m_offer))
+    , m_takeBack(new TextButton(translated("panel", "撤销"), m_offer))
     , m_error(makeLabel(&ThemeColors::Resolved::danger, this))
     , m_scope(environment.executor) {
-    m_sound->setTexts(m_sound->text(), QStringLiteral("价格提醒出现时响一声"));
+    m_sound->setTexts(m_sound->text(), translated("panel", "价格提醒出现时响一声"));
     connect(m_sound, &QAbstractButton::clicked, this, [&preferences](bool isOn) {
         preferences.setAlertSound(isOn);
     });
     add(m_sound);
-    m_empty->setText(QStringLiteral("还没有价格提醒。在自选列表的一行上点右键，选“价格提醒…”。"));
+    m_empty->setText(
+        translated("panel", "还没有价格提醒。在自选列表的一行上点右键，选“价格提醒…”。"));
     add(m_empty);
     auto* const list = new QWidget(this);
     list->setLayout(m_list);
-    list->setAccessibleName(QStringLiteral("价格提醒"));
+    list->setAccessibleName(translated("panel", "价格提醒"));
     m_list->setContentsMargins(0, 0, 0, 0);
     m_list->setSpacing(0);
     add(list);
     makeOffer();
     add(m_offer);
-    m_error->setText(QStringLiteral("提醒未能保存到磁盘，重启后会丢失"));
+    m_error->setText(translated("panel", "提醒未能保存到磁盘，重启后会丢失"));
     m_error->setAccessibleName(m_error->text());
     Announcement::mark(*m_error);
     add(m_error);
@@ -161,13 +163,14 @@ void AlertsSection::remove(std::int64_t id) {
     }
     m_deleted = *alert;
     m_environment.alerts->remove(id);
-    const QString text = QStringLiteral("已删除 ") + OneLineText::of(m_deleted->baseAsset) + u' '
-                         + AlertText::condition(m_deleted->kind, m_deleted->threshold);
+    const QString text = translated("panel", "已删除 %1 %2")
+                             .arg(OneLineText::of(m_deleted->baseAsset),
+                                  AlertText::condition(m_deleted->kind, m_deleted->threshold));
     // Hidden also between two deletions, because screen readers read only what appears.
     m_offer->hide();
     m_offer->setAccessibleName(text);
     m_offerText->setText(text);
-    m_takeBack->setAccessibleName(QStringLiteral("撤销，") + text);
+    m_takeBack->setAccessibleName(translated("panel", "撤销，%1").arg(text));
     m_offering.cancel();
     m_offering = m_scope.spawn(offerForAWhile());
 }

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "Quillbar/panel/ColorsSection.h"
 
+#include "Quillbar/platform/Translated.h"
 #include "Quillbar/text/SystemFont.h"
 #include "Quillbar/text/TabularText.h"
 #include "Quillbar/widgets/ChoiceList.h"
@@ -56,7 +57,7 @@ void drawChanges(QPainter& painter, QRectF rectangle, const ThemeColors::Resolve
 ColorsSection::ColorsSection(PreferencesState& preferences,
                              std::function<ColorScheme()> scheme,
                              QWidget* parent)
-    : PreferencesSection(QStringLiteral("颜色"), parent)
+    : PreferencesSection(translated("panel", "颜色"), parent)
     , m_colors(new ChoiceList(title(), titles(), this)) {
     m_colors->onSelect = [&preferences](std::size_t index) {
         preferences.setChangeColors(kAllChangeColors.at(index));

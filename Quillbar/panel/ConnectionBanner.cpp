@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "Quillbar/panel/ConnectionBanner.h"
 
+#include "Quillbar/platform/Translated.h"
 #include "Quillbar/text/LocalTimeText.h"
 #include "Quillbar/widgets/Spinner.h"
 #include "Quillbar/widgets/TextScale.h"
@@ -47,15 +48,14 @@ ConnectionBanner::ConnectionBanner(const AppState& state,
 QString ConnectionBanner::bannerText(std::optional<TimePoint> lastUpdate,
                                      const QTimeZone& zone,
                                      const QLocale& locale) {
-    QString text = QStringLiteral("连接中…");
-    if (lastUpdate) {
-        const auto elapsed =
-            std::chrono::floor<std::chrono::milliseconds>(lastUpdate->time_since_epoch());
-        const QDateTime moment = QDateTime::fromMSecsSinceEpoch(elapsed.count(), zone);
-        text +=
-            QStringLiteral(" 最后更新 ") + LocalTimeText::hoursAndMinutes(moment.time(), locale);
+    if (!lastUpdate) {
+        return translated("panel", "连接中…");
     }
-    return text;
+    const auto elapsed =
+        std::chrono::floor<std::chrono::milliseconds>(lastUpdate->time_since_epoch());
+    const QDateTime moment = QDateTime::fromMSecsSinceEpoch(elapsed.count(), zone);
+    return translated("panel", "连接中… 最后更新 %1")
+        .arg(LocalTimeText::hoursAndMinutes(moment.time(), locale));
 }
 
 QString ConnectionBanner::advice(const std::optional<ConnectionFailure>& failure) {
@@ -65,20 +65,21 @@ QString ConnectionBanner::advice(const std::optional<ConnectionFailure>& failure
     QString reason = QString::fromStdString(displayName(*failure));
     switch (failure->kind) {
     case ConnectionFailure::Kind::proxyFailed:
-        return QStringLiteral(
-            "连不上代理。请检查 https_proxy、all_proxy 或桌面网络设置里的代理。\n"
-            "改了变量后，按 Ctrl+Q 退出后重新启动");
+        return translated("panel",
+                          "连不上代理。请检查 https_proxy、all_proxy 或桌面网络设置里的代理。\n"
+                          "改了变量后，按 Ctrl+Q 退出后重新启动");
     case ConnectionFailure::Kind::hostNotFound:
     case ConnectionFailure::Kind::cannotConnect:
     case ConnectionFailure::Kind::timedOut:
     case ConnectionFailure::Kind::lost:
-        return reason
-               + QStringLiteral(
-                   "。请检查网络。\n"
+        return translated(
+                   "panel",
+                   "%1。请检查网络。\n"
                    "需要代理时，在桌面的网络设置里填写；\n"
                    "或设置 https_proxy、all_proxy，按 Ctrl+Q 退出后重新启动。\n"
                    "也可以改用自己的镜像：\n"
-                   "QUILLBAR_REST_ENDPOINTS、QUILLBAR_STREAM_ENDPOINTS");
+                   "QUILLBAR_REST_ENDPOINTS、QUILLBAR_STREAM_ENDPOINTS")
+            .arg(reason);
     default:
         return reason;
     }

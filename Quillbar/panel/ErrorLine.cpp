@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "Quillbar/panel/ErrorLine.h"
 
+#include "Quillbar/platform/Translated.h"
 #include "Quillbar/text/SystemFont.h"
 #include "Quillbar/widgets/Announcement.h"
 #include "Quillbar/widgets/TextScale.h"
@@ -46,7 +47,8 @@ void ErrorLine::refresh() {
     } else if (isOutsideRegion(*m_state.connectionFailure())) {
         line = QString::fromStdString(displayName(**m_state.connectionFailure()));
     } else if (m_state.watchlist()->coins.size() > Watchlist::kMaximumFollowed) {
-        line = QStringLiteral("自选列表过长，只更新前 %1 个币种").arg(Watchlist::kMaximumFollowed);
+        line = translated(
+            "panel", "自选列表过长，只更新前 %n 个币种", nullptr, int{Watchlist::kMaximumFollowed});
     }
     if (line == text()) {
         return;

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "Quillbar/panel/LabelCoinsSection.h"
 
+#include "Quillbar/platform/Translated.h"
 #include "Quillbar/widgets/ChoiceList.h"
 #include "QuillbarCore/state/LabelCoins.h"
 #include "QuillbarCore/state/PreferencesState.h"
@@ -38,7 +39,7 @@ std::vector<QString> spanTitles() {
     std::vector<QString> titles;
     titles.reserve(kAllRotationSeconds.size());
     for (const int seconds : kAllRotationSeconds) {
-        titles.push_back(QStringLiteral("每 %1 秒").arg(QString::number(seconds)));
+        titles.push_back(translated("panel", "每 %n 秒", nullptr, seconds));
     }
     return titles;
 }
@@ -46,9 +47,9 @@ std::vector<QString> spanTitles() {
 }  // namespace
 
 LabelCoinsSection::LabelCoinsSection(PreferencesState& preferences, QWidget* parent)
-    : PreferencesSection(QStringLiteral("状态栏的币种"), parent)
+    : PreferencesSection(translated("panel", "状态栏的币种"), parent)
     , m_coins(new ChoiceList(title(), coinsTitles(), this))
-    , m_spans(new ChoiceList(QStringLiteral("轮流显示的间隔"), spanTitles(), this)) {
+    , m_spans(new ChoiceList(translated("panel", "轮流显示的间隔"), spanTitles(), this)) {
     m_coins->onSelect = [&preferences](std::size_t index) {
         LabelPreferences label = preferences.preferences()->label;
         label.coins = kAllLabelCoins.at(index);

@@ -4,6 +4,7 @@
 
 #include "Quillbar/labelstate/LabelTemplate.h"
 #include "Quillbar/labelstate/LabelWords.h"
+#include "Quillbar/platform/Translated.h"
 #include "Quillbar/text/OneLineText.h"
 #include "Quillbar/text/SystemFont.h"
 #include "Quillbar/watchlist/SearchField.h"
@@ -61,14 +62,14 @@ PinnedQuote exampleQuote() {
 // Why the text is no template that writes something; empty if it is one.
 QString problemOf(const QString& text) {
     if (!text.isEmpty() && text.trimmed().isEmpty()) {
-        return QStringLiteral("模板不能只有空格");
+        return translated("panel", "模板不能只有空格");
     }
     const auto parsed = LabelTemplate::parse(text.toStdString());
     const auto* const error = std::get_if<LabelTemplateError>(&parsed);
     if (error == nullptr) {
         return {};
     }
-    return QStringLiteral("第 %1 个字符：%2")
+    return translated("panel", "第 %1 个字符：%2")
         .arg(QString::number(error->position), QString::fromStdString(error->text));
 }
 
@@ -83,7 +84,7 @@ ThemedLabel* makeLine(ColorRole role, QWidget* parent) {
 }  // namespace
 
 LabelSection::LabelSection(PreferencesState& preferences, const AppState& appState, QWidget* parent)
-    : PreferencesSection(QStringLiteral("状态栏"), parent)
+    : PreferencesSection(translated("panel", "状态栏"), parent)
     , m_preferences(preferences)
     , m_appState(appState)
     , m_wordings(new ChoiceList(title(), titles(), this))
@@ -108,8 +109,8 @@ void LabelSection::makeTemplateField() {
     m_own = new QWidget(this);
     auto* const stack = new QVBoxLayout(m_own);
     TextScale::followSpaces(*m_own, *stack, QMargins(kTextIndent, 0, kTextIndent, 0), kSpacing);
-    m_template = new SearchField(QStringLiteral("如 {symbol} {price:.0}"), m_own);
-    m_template->setAccessibleName(QStringLiteral("自定义的模板"));
+    m_template = new SearchField(translated("panel", "如 {symbol} {price:.0}"), m_own);
+    m_template->setAccessibleName(translated("panel", "自定义的模板"));
     m_template->setMaxLength(kLongestTemplate);
     m_template->setText(QString::fromStdString(m_preferences.preferences()->label.ownTemplate));
     stack->addWidget(m_template);
@@ -117,9 +118,9 @@ void LabelSection::makeTemplateField() {
     Announcement::mark(*m_problem);
     stack->addWidget(m_problem);
     auto* const help = makeLine(&ThemeColors::Resolved::secondaryText, m_own);
-    help->setText(
-        QStringLiteral("可用 {symbol}、{price}、{arrow}、{change}；{price:.0} 不带小数，"
-                       "{change:>7} 靠右占 7 格"));
+    help->setText(translated("panel",
+                             "可用 {symbol}、{price}、{arrow}、{change}；{price:.0} 不带小数，"
+                             "{change:>7} 靠右占 7 格"));
     stack->addWidget(help);
     add(m_own);
     connect(m_template, &QLineEdit::textEdited, this, [this] { readTemplate(); });
@@ -175,7 +176,8 @@ void LabelSection::refreshPreview() {
     const std::string words =
         LabelWords::of(isExample ? exampleQuote() : quote, m_preferences.preferences()->label).text;
     const QString text = OneLineText::of(words).left(kLongestPreview);
-    const QString line = (isExample ? QStringLiteral("示例：") : QStringLiteral("预览：")) + text;
+    const QString line =
+        (isExample ? translated("panel", "示例：%1") : translated("panel", "预览：%1")).arg(text);
     if (line != m_preview->text()) {
         m_preview->setText(line);
     }

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "Quillbar/panel/NoticeLines.h"
 
+#include "Quillbar/platform/Translated.h"
 #include "Quillbar/text/SystemFont.h"
 #include "Quillbar/widgets/GlyphButton.h"
 #include "Quillbar/widgets/TextScale.h"
@@ -47,8 +48,8 @@ public:
                                                    kVerticalPadding}));
             placeButton();
         });
-        m_button->setToolTip(QStringLiteral("关闭提示"));
-        m_button->setAccessibleName(QStringLiteral("关闭提示，") + text);
+        m_button->setToolTip(translated("panel", "关闭提示"));
+        m_button->setAccessibleName(translated("panel", "关闭提示，%1").arg(text));
         connect(
             m_button, &QAbstractButton::clicked, this, [&notices, told] { notices.remove(told); });
     }

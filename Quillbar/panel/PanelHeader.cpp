@@ -3,6 +3,7 @@
 #include "Quillbar/panel/PanelHeader.h"
 
 #include "Quillbar/panel/SettingsButton.h"
+#include "Quillbar/platform/Translated.h"
 #include "Quillbar/text/SystemFont.h"
 #include "Quillbar/watchlist/AddCoinButton.h"
 #include "Quillbar/widgets/GlyphButton.h"
@@ -51,8 +52,8 @@ PanelHeader::PanelHeader(const ViewEnvironment& environment,
     , m_gear(new SettingsButton(settings, environment.appState.watchlist(), std::move(quit), this))
     , m_close(new GlyphButton(Glyph::xmark, kCloseGlyphSize, QSize(kCloseSize, kCloseSize), this)) {
     setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
-    m_back->setAccessibleName(QStringLiteral("返回"));
-    m_back->setToolTip(QStringLiteral("返回"));
+    m_back->setAccessibleName(translated("panel", "返回"));
+    m_back->setToolTip(translated("panel", "返回"));
     m_back->hide();
     connect(m_back, &QAbstractButton::clicked, this, [this] { onBack(); });
     m_title->setText(productName());
@@ -66,8 +67,8 @@ PanelHeader::PanelHeader(const ViewEnvironment& environment,
             onPreferences(reason);
         }
     };
-    m_close->setAccessibleName(QStringLiteral("关闭面板"));
-    m_close->setToolTip(QStringLiteral("关闭面板"));
+    m_close->setAccessibleName(translated("panel", "关闭面板"));
+    m_close->setToolTip(translated("panel", "关闭面板"));
     m_close->hide();
     connect(m_close, &QAbstractButton::clicked, this, [this] { onClose(); });
 

@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "Quillbar/panel/PanelTab.h"
 
+#include "Quillbar/platform/Translated.h"
+
 #include <QUtf8StringView>
 
 namespace quillbar {
@@ -15,7 +17,8 @@ std::vector<PanelTab> PanelTab::allCases() {
 }
 
 QString PanelTab::title() const {
-    return m_board ? QUtf8StringView(displayName(*m_board)).toString() : QStringLiteral("自选");
+    return m_board ? QUtf8StringView(displayName(*m_board)).toString()
+                   : translated("panel", "自选");
 }
 
 }  // namespace quillbar

@@ -4,6 +4,7 @@
 
 #include "Quillbar/panel/ColorsSection.h"
 #include "Quillbar/panel/TextSizeSection.h"
+#include "Quillbar/platform/Translated.h"
 #include "Quillbar/text/SystemFont.h"
 #include "Quillbar/widgets/Announcement.h"
 #include "Quillbar/widgets/ScrollColumn.h"
@@ -32,7 +33,7 @@ constexpr double kErrorFontSize = 10.5;
 }  // namespace
 
 QString PreferencesView::title() {
-    return QStringLiteral("偏好设置");
+    return translated("panel", "偏好设置");
 }
 
 PreferencesView::PreferencesView(PreferencesState& preferences,

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "Quillbar/panel/SettingsButton.h"
 
+#include "Quillbar/platform/Translated.h"
 #include "Quillbar/widgets/EntryMenu.h"
 #include "Quillbar/widgets/PanelMenu.h"
 #include "QuillbarCore/catalog/CoinNames.h"
@@ -78,9 +79,9 @@ SettingsButton::SettingsButton(SettingsMenu& settings,
     , m_menu(new PanelMenu(this)) {
     // Installing it again changes nothing.
     QAccessible::installFactory(makeAccessible);
-    setAccessibleName(QStringLiteral("设置"));
-    setToolTip(QStringLiteral("设置"));
-    m_menu->setAccessibleName(QStringLiteral("设置"));
+    setAccessibleName(translated("panel", "设置"));
+    setToolTip(translated("panel", "设置"));
+    m_menu->setAccessibleName(translated("panel", "设置"));
     QObject::connect(this, &QAbstractButton::clicked, this, [this] { openMenu(); });
 }
 
@@ -100,10 +101,10 @@ void SettingsButton::openMenu() {
     std::vector<MenuEntry> entries = *m_settings.entries();
     entries.push_back(MenuEntry{.id = kAboveCopy, .kind = MenuEntry::Kind::separator});
     entries.push_back(MenuEntry{.id = kCopy,
-                                .label = QStringLiteral("复制自选"),
+                                .label = translated("panel", "复制自选"),
                                 .isEnabled = !m_watchlist->coins.empty()});
     entries.push_back(MenuEntry{.id = kAboveQuit, .kind = MenuEntry::Kind::separator});
-    entries.push_back(MenuEntry{.id = kQuit, .label = QStringLiteral("退出 Quillbar")});
+    entries.push_back(MenuEntry{.id = kQuit, .label = translated("panel", "退出 Quillbar")});
     fillMenu(*m_menu, entries, [this](int id) { choose(id); });
     m_menu->openBelow(*this);
 }

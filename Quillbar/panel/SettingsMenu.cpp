@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "Quillbar/panel/SettingsMenu.h"
 
+#include "Quillbar/platform/Translated.h"
 #include "QuillbarCore/model/ChangeBasis.h"
 #include "QuillbarCore/state/AppearanceMode.h"
 
@@ -93,8 +94,8 @@ void SettingsMenu::setLaunchAtLogin(bool enabled) {
         return;
     }
     m_isLaunched.set(m_launchAtLogin.isEnabled());
-    m_launchError.set(enabled ? QStringLiteral("开机自启注册失败,请检查系统设置中的登录项")
-                              : QStringLiteral("取消开机自启失败,请稍后重试"));
+    m_launchError.set(enabled ? translated("panel", "开机自启注册失败,请检查系统设置中的登录项")
+                              : translated("panel", "取消开机自启失败,请稍后重试"));
 }
 
 void SettingsMenu::refresh() {
@@ -104,23 +105,26 @@ void SettingsMenu::refresh() {
 void SettingsMenu::updateEntries() {
     const AppSettings& settings = *m_appState.settings();
     std::vector<MenuEntry> entries;
-    addPicker(
-        entries, basisHeader, QStringLiteral("涨跌幅基准"), kAllChangeBases, settings.changeBasis);
+    addPicker(entries,
+              basisHeader,
+              translated("panel", "涨跌幅基准"),
+              kAllChangeBases,
+              settings.changeBasis);
     addPicker(entries,
               appearanceHeader,
-              QStringLiteral("外观"),
+              translated("panel", "外观"),
               kAllAppearanceModes,
               settings.appearance);
     entries.push_back(MenuEntry{.id = aboveLaunch, .kind = MenuEntry::Kind::separator});
     entries.push_back(MenuEntry{.id = launch,
-                                .label = QStringLiteral("开机自启"),
+                                .label = translated("panel", "开机自启"),
                                 .mark = MenuEntry::Mark::check,
                                 .isOn = *m_isLaunched});
     if (const auto& error = *m_launchError) {
         entries.push_back(
             MenuEntry{.id = launchError, .label = *error, .kind = MenuEntry::Kind::notice});
     }
-    entries.push_back(MenuEntry{.id = preferences, .label = QStringLiteral("偏好设置…")});
+    entries.push_back(MenuEntry{.id = preferences, .label = translated("panel", "偏好设置…")});
     m_entries.set(std::move(entries));
 }
 

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "Quillbar/panel/UndoLine.h"
 
+#include "Quillbar/platform/Translated.h"
 #include "Quillbar/text/OneLineText.h"
 #include "Quillbar/text/SystemFont.h"
 #include "Quillbar/watchlist/WatchlistMove.h"
@@ -63,7 +64,7 @@ UndoLine::UndoLine(const ViewEnvironment& environment,
     , m_environment(environment)
     , m_expandedSymbol(expandedSymbol)
     , m_text(new ElidedLabel(systemFont(kFontSize), &ThemeColors::Resolved::secondaryText, this))
-    , m_button(new TextButton(QStringLiteral("撤销"), this))
+    , m_button(new TextButton(translated("panel", "撤销"), this))
     , m_watchlist(*environment.appState.watchlist())
     , m_scope(environment.executor) {
     Announcement::mark(*this);
@@ -118,9 +119,9 @@ void UndoLine::offer(Removal removal) {
     m_removal = std::move(removal);
     // Hidden also between two removals, because screen readers read only what appears.
     hide();
-    m_text->setText(QStringLiteral("已删除 ") + name);
+    m_text->setText(translated("panel", "已删除 %1").arg(name));
     setAccessibleName(m_text->text());
-    m_button->setAccessibleName(QStringLiteral("撤销删除 ") + name);
+    m_button->setAccessibleName(translated("panel", "撤销删除 %1").arg(name));
     m_offer.cancel();
     m_offer = m_scope.spawn(showForAWhile());
 }
