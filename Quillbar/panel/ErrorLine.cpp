@@ -47,8 +47,8 @@ void ErrorLine::refresh() {
     } else if (isOutsideRegion(*m_state.connectionFailure())) {
         line = QString::fromStdString(displayName(**m_state.connectionFailure()));
     } else if (m_state.watchlist()->coins.size() > Watchlist::kMaximumFollowed) {
-        line = translated(
-            "panel", "自选列表过长，只更新前 %n 个币种", nullptr, int{Watchlist::kMaximumFollowed});
+        constexpr int kUpdated = Watchlist::kMaximumFollowed;
+        line = translated("panel", "自选列表过长，只更新前 %n 个币种", nullptr, kUpdated);
     }
     if (line == text()) {
         return;

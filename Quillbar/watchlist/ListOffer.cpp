@@ -24,10 +24,9 @@ QString enumeration(const std::vector<std::string>& texts) {
             OneLineText::of(OutsideText::shortened(texts[index], ListOffer::kLongestName)));
     }
     const QString told = named.join(translated("watchlist", "、"));
-    return count == texts.size()
-               ? told
-               : translated("watchlist", "%1 等 %n 个", nullptr, static_cast<int>(texts.size()))
-                     .arg(told);
+    const auto all = static_cast<int>(texts.size());
+    return count == texts.size() ? told
+                                 : translated("watchlist", "%1 等 %n 个", nullptr, all).arg(told);
 }
 
 QString enumeration(const std::vector<Coin>& coins) {
@@ -50,7 +49,8 @@ ListOffer ListOffer::of(CoinNames::List list, CoinNames::Found found, const Watc
 }
 
 QString ListOffer::title() const {
-    return translated("watchlist", "添加 %n 个币种", nullptr, static_cast<int>(fresh.size()));
+    const auto count = static_cast<int>(fresh.size());
+    return translated("watchlist", "添加 %n 个币种", nullptr, count);
 }
 
 QString ListOffer::names() const {
@@ -66,10 +66,8 @@ QStringList ListOffer::notes() const {
         lines.append(translated("watchlist", "已添加 %1").arg(enumeration(watched)));
     }
     if (list.isCut) {
-        lines.append(translated("watchlist",
-                                "内容太长，只读了前面 %n 个",
-                                nullptr,
-                                static_cast<int>(list.names.size())));
+        const auto count = static_cast<int>(list.names.size());
+        lines.append(translated("watchlist", "内容太长，只读了前面 %n 个", nullptr, count));
     }
     return lines;
 }
