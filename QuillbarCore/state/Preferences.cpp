@@ -33,4 +33,10 @@ Preferences Preferences::settingAlertSound(bool isOn) const {
     return result;
 }
 
+Preferences Preferences::settingLanguage(Language choice) const {
+    Preferences result = *this;
+    result.language = choice;
+    return result;
+}
+
 }  // namespace quillbar

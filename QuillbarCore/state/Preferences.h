@@ -4,6 +4,7 @@
 
 #include "QuillbarCore/state/ChangeColors.h"
 #include "QuillbarCore/state/LabelPreferences.h"
+#include "QuillbarCore/state/Language.h"
 #include "QuillbarCore/state/TextSize.h"
 
 #include <cstdint>
@@ -23,9 +24,10 @@ struct Preferences final {
     /// Whether the notice of a price alert asks for a sound.
     bool alertSound = false;
     TextSize textSize = TextSize::normal;
+    Language language = Language::chinese;
 
-    /// The preferences of a first start: green for rising prices, no sound, and the panel at 100 %.
-    /// The reference stays valid for the life of the process.
+    /// The preferences of a first start: green for rising prices, no sound, the panel at 100 %, and
+    /// Chinese. The reference stays valid for the life of the process.
     [[nodiscard]] static const Preferences& defaultPreferences();
 
     // Each returns the preferences with this one field replaced.
@@ -33,6 +35,7 @@ struct Preferences final {
     [[nodiscard]] Preferences settingLabel(const LabelPreferences& preferences) const;
     [[nodiscard]] Preferences settingAlertSound(bool isOn) const;
     [[nodiscard]] Preferences settingTextSize(TextSize size) const;
+    [[nodiscard]] Preferences settingLanguage(Language choice) const;
 
     [[nodiscard]] bool operator==(const Preferences&) const = default;
 };

@@ -23,6 +23,10 @@ void PreferencesState::setTextSize(TextSize size) {
     apply(m_preferences->settingTextSize(size));
 }
 
+void PreferencesState::setLanguage(Language language) {
+    apply(m_preferences->settingLanguage(language));
+}
+
 void PreferencesState::setLabel(const LabelPreferences& label) {
     LabelPreferences before = m_preferences->label;
     before.ownTemplate = label.ownTemplate;

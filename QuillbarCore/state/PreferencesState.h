@@ -7,6 +7,7 @@
 #include "QuillbarCore/runtime/Observed.h"
 #include "QuillbarCore/state/ChangeColors.h"
 #include "QuillbarCore/state/LabelPreferences.h"
+#include "QuillbarCore/state/Language.h"
 #include "QuillbarCore/state/Preferences.h"
 #include "QuillbarCore/state/PreferencesStore.h"
 #include "QuillbarCore/state/TextSize.h"
@@ -43,6 +44,8 @@ public:
     void setAlertSound(bool isOn);
     /// Draws the panel in this size.
     void setTextSize(TextSize size);
+    /// Chooses the language of the texts.
+    void setLanguage(Language language);
     /// Shows this in the status area. While a template is typed, each of its versions is an edit, so
     /// an edit of the template alone does not wait for the disk: a power cut a few seconds later may
     /// cost it.

@@ -24,6 +24,7 @@ constexpr const char* kCoins = "coins";
 constexpr const char* kEvery = "every";
 constexpr const char* kAlertSound = "alertSound";
 constexpr const char* kTextSize = "textSize";
+constexpr const char* kLanguage = "language";
 
 int decodeRotationSeconds(const ordered_json& value) {
     const std::int64_t seconds = JSONDocument::requiredInteger(value, kEvery);
@@ -111,6 +112,9 @@ Preferences PreferencesDocument::decode(std::string_view text) {
     if (JSONDocument::optionalMember(value, kTextSize) != nullptr) {
         preferences.textSize = decodeTextSize(value);
     }
+    if (JSONDocument::optionalMember(value, kLanguage) != nullptr) {
+        preferences.language = JSONDocument::requiredValue(value, kLanguage, languageFromRawValue);
+    }
     return preferences;
 }
 
@@ -126,6 +130,9 @@ std::string PreferencesDocument::encode(const Preferences& preferences) {
     }
     if (preferences.textSize != TextSize::normal) {
         value[kTextSize] = percentOf(preferences.textSize);
+    }
+    if (preferences.language != Language::chinese) {
+        value[kLanguage] = rawValue(preferences.language);
     }
     return JSONDocument::compactText(value);
 }

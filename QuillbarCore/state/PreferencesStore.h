@@ -16,7 +16,7 @@ namespace quillbar {
 ///
 ///     {"schemaVersion":1,"changeColors":"redUp","label":{"wording":"custom",
 ///      "template":"{symbol} {price:.0}","discreet":true,"coins":"rotating","every":30},
-///      "alertSound":true,"textSize":115}
+///      "alertSound":true,"textSize":115,"language":"en"}
 ///
 /// The version alone is required; what is absent has its default. A raw text, a number of seconds or
 /// a text size that stands for nothing, or a switch that is neither true nor false, fails the whole

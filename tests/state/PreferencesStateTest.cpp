@@ -96,6 +96,20 @@ TEST_F(PreferencesStateTest, theSoundIsWrittenWhileItIsOn) {
     EXPECT_EQ(stored(), R"({"schemaVersion":1,"changeColors":"greenUp"})");
 }
 
+TEST_F(PreferencesStateTest, theLanguageIsWrittenUnlessItIsChinese) {
+    PreferencesState state = started();
+    state.setLanguage(Language::chinese);
+    EXPECT_EQ(entryCount(folder.path()), 0U);
+    state.setLanguage(Language::english);
+    EXPECT_EQ(state.preferences()->language, Language::english);
+    EXPECT_EQ(stored(), R"({"schemaVersion":1,"changeColors":"greenUp","language":"en"})");
+    EXPECT_EQ(started().preferences()->language, Language::english);
+    state.setLanguage(Language::desktop);
+    EXPECT_EQ(stored(), R"({"schemaVersion":1,"changeColors":"greenUp","language":"desktop"})");
+    state.setLanguage(Language::chinese);
+    EXPECT_EQ(stored(), R"({"schemaVersion":1,"changeColors":"greenUp"})");
+}
+
 TEST_F(PreferencesStateTest, theColorsThatAreSetAlreadyAreNotSavedAgain) {
     PreferencesState state = started();
     state.setChangeColors(ChangeColors::greenUp);

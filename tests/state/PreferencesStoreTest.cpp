@@ -29,7 +29,8 @@ struct PreferencesStoreTest : testing::Test {
 
 TEST_F(PreferencesStoreTest, takesTheDefaultForWhatIsAbsent) {
     EXPECT_EQ(load(R"({"schemaVersion":1})"), Preferences::defaultPreferences());
-    EXPECT_EQ(load(R"({"schemaVersion":1,"changeColors":null,"alertSound":null,"textSize":null})"),
+    EXPECT_EQ(load(R"({"schemaVersion":1,"changeColors":null,"alertSound":null,"textSize":null,)"
+                   R"("language":null})"),
               Preferences::defaultPreferences());
     EXPECT_THAT(log.lines(), IsEmpty());
 }
@@ -71,6 +72,15 @@ TEST_F(PreferencesStoreTest, loadsTheWholeDefaultForAnUnknownSize) {
                             R"(("textSize" cannot be 125), using default)"));
 }
 
+TEST_F(PreferencesStoreTest, loadsEveryLanguageItCanHold) {
+    for (const Language language : kAllLanguages) {
+        const Preferences preferences = Preferences{}.settingLanguage(language);
+        PreferencesStore(folder.path()).save(preferences);
+        EXPECT_EQ(PreferencesStore(folder.path()).load(), preferences);
+    }
+    EXPECT_EQ(load(R"({"schemaVersion":1,"language":"zh"})"), Preferences::defaultPreferences());
+}
+
 TEST_F(PreferencesStoreTest, loadsTheWholeDefaultForUnknownColors) {
     EXPECT_EQ(load(R"({"schemaVersion":1,"changeColors":"pinkUp"})"),
               Preferences::defaultPreferences());
@@ -90,6 +100,9 @@ TEST_F(PreferencesStoreTest, loadsTheWholeDefaultForValuesOfAnotherType) {
                                         R"({"schemaVersion":1,"alertSound":1})",
                                         R"({"schemaVersion":1,"textSize":115.5})",
                                         R"({"schemaVersion":1,"textSize":"115"})",
+                                        R"({"schemaVersion":1,"language":1})",
+                                        R"({"schemaVersion":1,"language":"EN"})",
+                                        R"({"schemaVersion":1,"language":""})",
                                         R"(["redUp"])"}) {
         SCOPED_TRACE(text);
         log.clear();

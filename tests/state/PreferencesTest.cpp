@@ -13,6 +13,7 @@ TEST(Preferences, areGreenForRisingAtAFirstStart) {
     EXPECT_EQ(preferences.changeColors, ChangeColors::greenUp);
     EXPECT_FALSE(preferences.alertSound);
     EXPECT_EQ(preferences.textSize, TextSize::normal);
+    EXPECT_EQ(preferences.language, Language::chinese);
 }
 
 TEST(Preferences, ofAFirstStartWordTheLabelWithCoinPriceAndChange) {
@@ -30,6 +31,8 @@ TEST(Preferences, areReplacedOneFieldAtATime) {
               (Preferences{7, ChangeColors::blueUp}));
     EXPECT_EQ(before.settingAlertSound(true),
               (Preferences{.schemaVersion = 7, .alertSound = true}));
+    EXPECT_EQ(before.settingLanguage(Language::english),
+              (Preferences{.schemaVersion = 7, .language = Language::english}));
     EXPECT_EQ(before.changeColors, ChangeColors::greenUp);
     EXPECT_EQ(before.settingTextSize(TextSize::larger),
               (Preferences{.schemaVersion = 7, .textSize = TextSize::larger}));
@@ -49,6 +52,7 @@ TEST(Preferences, areEqualWhenEveryFieldIs) {
     EXPECT_NE(preferences, preferences.settingLabel({.isDiscreet = true}));
     EXPECT_NE(preferences, preferences.settingAlertSound(true));
     EXPECT_NE(preferences, preferences.settingTextSize(TextSize::large));
+    EXPECT_NE(preferences, preferences.settingLanguage(Language::desktop));
 }
 
 }  // namespace
