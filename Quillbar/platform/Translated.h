@@ -4,14 +4,16 @@
 
 #include <QString>
 
+#include <string_view>
+
 namespace quillbar {
 
 /// A text for users in the language that they have chosen, which is Chinese unless they did. Both
 /// arguments are literals in UTF-8, so that the translators' tools find them: `context` is the name
 /// of the room, "app" above the rooms, and `chinese` is the text as the sources have it, which is
-/// what comes back where no translation is loaded. The choice can change while the program runs, so
-/// nobody keeps a text for longer than the view that shows it. Callable from any thread; without an
-/// application object it is Chinese.
+/// what comes back where it has no translation. The choice can change while the program runs
+/// (`TextLanguages::use`), so nobody keeps a text for longer than the view that shows it. For the
+/// main thread; needs no application object.
 [[nodiscard]] QString translated(const char* context, const char* chinese);
 
 /// The same for a text about a number of things, in which "%n" stands for `count`. A translation
@@ -22,5 +24,9 @@ namespace quillbar {
                                  const char* chinese,
                                  const char* note,
                                  int count);
+
+/// The same for a text of the core that is marked with `userText`. What is not marked comes back as
+/// it is.
+[[nodiscard]] QString translatedFromCore(std::string_view chinese);
 
 }  // namespace quillbar

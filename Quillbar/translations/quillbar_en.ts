@@ -209,6 +209,53 @@
     </message>
 </context>
 <context>
+    <name>core</name>
+    <message>
+        <source>涨幅</source>
+        <translation>Gainers</translation>
+    </message>
+    <message>
+        <source>跌幅</source>
+        <translation>Losers</translation>
+    </message>
+    <message>
+        <source>成交额</source>
+        <translation>Volume</translation>
+    </message>
+    <message>
+        <source>市值</source>
+        <translation>Market cap</translation>
+    </message>
+    <message>
+        <source>今日</source>
+        <translation>Today</translation>
+    </message>
+    <message>
+        <source>24 小时</source>
+        <translation>24 hours</translation>
+    </message>
+    <message>
+        <source>深色</source>
+        <translation>Dark</translation>
+    </message>
+    <message>
+        <source>浅色</source>
+        <translation>Light</translation>
+    </message>
+    <message>
+        <source>跟随系统</source>
+        <translation>As the system</translation>
+    </message>
+    <message>
+        <source>设置未能保存到磁盘</source>
+        <translation>The settings could not be saved to disk</translation>
+    </message>
+    <message>
+        <source>外观设置保存失败,重启后会恢复原值</source>
+        <translation>The appearance could not be saved and will be as before after a restart</translation>
+    </message>
+</context>
+<context>
     <name>instance</name>
     <message>
         <source>用法：quillbar [选项]
@@ -472,6 +519,62 @@ Environment variables:
         <source>这里应是小数位数，0 到 {}</source>
         <translation>the number of decimals, 0 to {}, is missing here</translation>
     </message>
+    <message>
+        <source>无法解析服务器地址</source>
+        <translation>The server’s name cannot be resolved</translation>
+    </message>
+    <message>
+        <source>无法连接到服务器</source>
+        <translation>Cannot connect to the server</translation>
+    </message>
+    <message>
+        <source>代理不可用</source>
+        <translation>The proxy is not available</translation>
+    </message>
+    <message>
+        <source>连接超时</source>
+        <translation>The connection timed out</translation>
+    </message>
+    <message>
+        <source>安全连接失败或证书不可信</source>
+        <translation>The secure connection failed, or the certificate is not trusted</translation>
+    </message>
+    <message>
+        <source>服务器关闭了连接</source>
+        <translation>The server closed the connection</translation>
+    </message>
+    <message>
+        <source>连接意外断开</source>
+        <translation>The connection was lost</translation>
+    </message>
+    <message>
+        <source>服务器的数据过大</source>
+        <translation>The server sent too much data</translation>
+    </message>
+    <message>
+        <source>当前地区无法访问行情服务</source>
+        <translation>The price service is not available in this region</translation>
+    </message>
+    <message>
+        <source>服务器地址无效</source>
+        <translation>The server’s address is not valid</translation>
+    </message>
+    <message>
+        <source>没有可用的服务器</source>
+        <translation>No server is available</translation>
+    </message>
+    <message>
+        <source>连接已取消</source>
+        <translation>The connection was cancelled</translation>
+    </message>
+    <message>
+        <source>连接出现异常</source>
+        <translation>Something went wrong with the connection</translation>
+    </message>
+    <message>
+        <source>服务器返回 {}</source>
+        <translation>The server answered {}</translation>
+    </message>
 </context>
 <context>
     <name>list</name>
@@ -722,6 +825,70 @@ You can also use mirrors of your own: QUILLBAR_REST_ENDPOINTS, QUILLBAR_STREAM_E
         <source>撤销删除 %1</source>
         <translation>Undo removing %1</translation>
     </message>
+    <message>
+        <source>绿涨红跌</source>
+        <translation>Green up, red down</translation>
+    </message>
+    <message>
+        <source>红涨绿跌</source>
+        <translation>Red up, green down</translation>
+    </message>
+    <message>
+        <source>蓝涨橙跌</source>
+        <translation>Blue up, orange down</translation>
+    </message>
+    <message>
+        <source>固定的币种</source>
+        <translation>The pinned coin</translation>
+    </message>
+    <message>
+        <source>轮流显示自选</source>
+        <translation>The watchlist in turn</translation>
+    </message>
+    <message>
+        <source>并排显示</source>
+        <translation>Side by side</translation>
+    </message>
+    <message>
+        <source>币种 价格 涨跌</source>
+        <translation>Coin, price and change</translation>
+    </message>
+    <message>
+        <source>币种 价格</source>
+        <translation>Coin and price</translation>
+    </message>
+    <message>
+        <source>价格</source>
+        <translation>Price</translation>
+    </message>
+    <message>
+        <source>涨跌</source>
+        <translation>Change</translation>
+    </message>
+    <message>
+        <source>币种</source>
+        <translation>Coin</translation>
+    </message>
+    <message>
+        <source>自定义</source>
+        <translation>Custom</translation>
+    </message>
+    <message>
+        <source>简体中文</source>
+        <translation>简体中文</translation>
+    </message>
+    <message>
+        <source>跟随系统</source>
+        <translation>As the system</translation>
+    </message>
+    <message>
+        <source>语言</source>
+        <translation>Language</translation>
+    </message>
+    <message>
+        <source>偏好设置未能保存到磁盘</source>
+        <translation>The preferences could not be saved to disk</translation>
+    </message>
 </context>
 <context>
     <name>platform</name>
@@ -760,6 +927,24 @@ You can also use mirrors of your own: QUILLBAR_REST_ENDPOINTS, QUILLBAR_STREAM_E
     <message>
         <source>栈空间太小：ulimit -s 为 {}，至少需要 {}</source>
         <translation>the stack is too small: ulimit -s is {}, at least {} is needed</translation>
+    </message>
+    <message numerus="yes">
+        <source>数据为%n 小时前的</source>
+        <translation>
+            <numerusform>data from %n hour ago</numerusform>
+            <numerusform>data from %n hours ago</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>数据为%n 天前的</source>
+        <translation>
+            <numerusform>data from %n day ago</numerusform>
+            <numerusform>data from %n days ago</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>数据的时间晚于系统时钟</source>
+        <translation>data later than the system clock</translation>
     </message>
 </context>
 <context>

@@ -8,6 +8,7 @@
 #include <cstdlib>
 #include <pwd.h>
 #include <unistd.h>
+#include <utility>
 #include <vector>
 
 namespace quillbar::AppDirectories {
@@ -45,6 +46,16 @@ std::optional<std::filesystem::path> homeFolder(const UserFolders& folders) {
     return home ? home : absolutePath(folders.databaseHome);
 }
 
+std::optional<std::filesystem::path> supportIn(const UserFolders& folders) {
+    if (const auto dataHome = absolutePath(folders.dataHome)) {
+        return *dataHome / kFolderName;
+    }
+    if (const auto home = homeFolder(folders)) {
+        return *home / ".local" / "share" / kFolderName;
+    }
+    return std::nullopt;
+}
+
 UserFolders foldersOfProcess() {
     return {.dataHome = environmentVariable("XDG_DATA_HOME"),
             .home = environmentVariable("HOME"),
@@ -55,11 +66,8 @@ UserFolders foldersOfProcess() {
 }  // namespace
 
 std::filesystem::path applicationSupport(const UserFolders& folders) {
-    if (const auto dataHome = absolutePath(folders.dataHome)) {
-        return *dataHome / kFolderName;
-    }
-    if (const auto home = homeFolder(folders)) {
-        return *home / ".local" / "share" / kFolderName;
+    if (auto folder = supportIn(folders)) {
+        return *std::move(folder);
     }
     programmingError(
         "no folder for the application's files: XDG_DATA_HOME and HOME are unset, and the user is "
@@ -68,6 +76,10 @@ std::filesystem::path applicationSupport(const UserFolders& folders) {
 
 std::filesystem::path applicationSupport() {
     return applicationSupport(foldersOfProcess());
+}
+
+std::optional<std::filesystem::path> applicationSupportIfAny() {
+    return supportIn(foldersOfProcess());
 }
 
 std::optional<std::filesystem::path> configurationHome(const UserFolders& folders) {

@@ -32,6 +32,10 @@ struct UserFolders final {
 /// The same, from the process's environment and the system's user database. For the main thread.
 [[nodiscard]] std::filesystem::path applicationSupport();
 
+/// The same, but absent where `applicationSupport` would end the process: for what can do without
+/// the folder, such as a help text. For the main thread.
+[[nodiscard]] std::optional<std::filesystem::path> applicationSupportIfAny();
+
 /// The user's folder of configuration files: XDG_CONFIG_HOME, or else .config of the home folder,
 /// which is found as for `applicationSupport`. Absent without any of them: the application can do
 /// without this folder. The folder is not created.

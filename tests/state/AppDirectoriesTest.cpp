@@ -40,6 +40,7 @@ TEST(AppDirectories, readsTheEnvironmentAndCreatesNothing) {
     const TemporaryFolder folder;
     const TemporaryEnvironment dataHome("XDG_DATA_HOME", folder.path() / "data");
     EXPECT_EQ(applicationSupport(), folder.path() / "data/Quillbar");
+    EXPECT_EQ(AppDirectories::applicationSupportIfAny(), folder.path() / "data/Quillbar");
     EXPECT_FALSE(std::filesystem::exists(folder.path() / "data"));
 }
 
