@@ -8,6 +8,7 @@
 #include "Quillbar/list/ColumnHeader.h"
 #include "Quillbar/list/ColumnWidths.h"
 #include "Quillbar/list/RowAccessibility.h"
+#include "Quillbar/platform/MarketCapAgeText.h"
 #include "Quillbar/platform/Translated.h"
 #include "Quillbar/widgets/BannerRow.h"
 #include "Quillbar/widgets/TextScale.h"
@@ -169,7 +170,7 @@ void MarketBoardView::showContent() {
         m_headers[each]->setVisible(hasRows && kColumns[each] == secondaryColumnOf(m_board));
     }
     RowAccessibility::setName(
-        m_list.rows(), translated("boards", "%1榜").arg(QString::fromUtf8(displayName(m_board))));
+        m_list.rows(), translated("boards", "%1榜").arg(translatedFromCore(displayName(m_board))));
     m_list.rows().setVisible(hasRows);
     if (passesFocusOn) {
         m_list.rows().setFocus(Qt::TabFocusReason);
@@ -181,15 +182,15 @@ void MarketBoardView::showWarnings() {
     const bool hasRows = !m_list.items().empty();
     m_banner->setText(staleText());
     m_banner->setVisible(hasRows && isStale(m_models.market.dataAge(), lastLoad()));
-    std::optional<std::string> marketCapAge;
+    std::optional<MarketCapAge> marketCapAge;
     if (hasRows && isOfMarketCaps()) {
-        marketCapAge = MarketCapAge::textIfOld(m_models.marketCaps.dataAge());
+        marketCapAge = MarketCapAge::ifOld(m_models.marketCaps.dataAge());
     }
     if (marketCapAge) {
         const QString text = *m_models.marketCaps.loadFailed()
                                  ? translated("boards", "市值刷新失败,%1")
                                  : translated("boards", "市值已停止刷新,%1");
-        m_marketCapBanner->setText(text.arg(QString::fromStdString(*marketCapAge)));
+        m_marketCapBanner->setText(text.arg(marketCapAgeText(*marketCapAge)));
     }
     m_marketCapBanner->setVisible(marketCapAge.has_value());
 }

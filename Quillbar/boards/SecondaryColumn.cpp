@@ -2,9 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "Quillbar/boards/SecondaryColumn.h"
 
+#include "Quillbar/platform/AmountText.h"
 #include "Quillbar/platform/Translated.h"
-#include "QuillbarCore/model/MarketCapFormatter.h"
-#include "QuillbarCore/model/VolumeFormatter.h"
 
 namespace quillbar {
 
@@ -19,8 +18,8 @@ QString columnTitle(SecondaryColumn column) {
 
 QString columnText(SecondaryColumn column, const RankedCoin& entry) {
     return QString::fromStdString(column == SecondaryColumn::marketCap
-                                      ? MarketCapFormatter::compact(entry.marketCap)
-                                      : VolumeFormatter::compact(entry.ticker.quoteVolume24h));
+                                      ? AmountText::marketCap(entry.marketCap)
+                                      : AmountText::volume(entry.ticker.quoteVolume24h));
 }
 
 }  // namespace quillbar

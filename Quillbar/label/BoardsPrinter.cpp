@@ -2,16 +2,16 @@
 // SPDX-License-Identifier: MIT
 #include "Quillbar/label/BoardsPrinter.h"
 
+#include "Quillbar/platform/AmountText.h"
 #include "Quillbar/platform/Formatted.h"
+#include "Quillbar/platform/MarketCapAgeText.h"
 #include "Quillbar/platform/Translated.h"
 #include "QuillbarCore/market/MarketCapAge.h"
 #include "QuillbarCore/market/MarketCapRanking.h"
 #include "QuillbarCore/market/Ranking.h"
 #include "QuillbarCore/model/ChangeBasis.h"
 #include "QuillbarCore/model/ChangeCalculator.h"
-#include "QuillbarCore/model/MarketCapFormatter.h"
 #include "QuillbarCore/model/PriceFormatter.h"
-#include "QuillbarCore/model/VolumeFormatter.h"
 #include "QuillbarCore/runtime/OutsideText.h"
 
 #include <fmt/format.h>
@@ -27,8 +27,8 @@ std::string rowText(const RankedCoin& row) {
     const Ticker& ticker = row.ticker;
     const auto change = ChangeCalculator::percent(
         ticker.lastPrice, ticker.openPrice24h, std::nullopt, ChangeBasis::rolling24h);
-    const std::string amount = row.marketCap ? MarketCapFormatter::compact(row.marketCap)
-                                             : VolumeFormatter::compact(ticker.quoteVolume24h);
+    const std::string amount = row.marketCap ? AmountText::marketCap(row.marketCap)
+                                             : AmountText::volume(ticker.quoteVolume24h);
     // The amount is the last column, because its Chinese unit is two columns wide.
     return fmt::format("{:>3}  {:<10}{:>14}  {:>9}  {}\n",
                        row.rank,
@@ -44,7 +44,7 @@ std::string boardText(RankingBoard board,
                       const std::vector<RankedCoin>& rows,
                       bool isLoaded,
                       const std::optional<std::string>& note) {
-    std::string text = fmt::format("{}", displayName(board));
+    std::string text = translatedFromCore(displayName(board)).toStdString();
     if (note && !rows.empty()) {
         text += formatted(translated("label", "（{}）"), *note);
     }
@@ -105,8 +105,9 @@ bool BoardsPrinter::isLoaded(RankingBoard board) const {
 }
 
 std::optional<std::string> BoardsPrinter::noteOf(RankingBoard board) const {
-    return board == RankingBoard::marketCap ? MarketCapAge::textIfOld(m_marketCaps.dataAge())
-                                            : std::nullopt;
+    const auto age = board == RankingBoard::marketCap ? MarketCapAge::ifOld(m_marketCaps.dataAge())
+                                                      : std::nullopt;
+    return age ? std::optional(marketCapAgeText(*age).toStdString()) : std::nullopt;
 }
 
 void BoardsPrinter::finish() {

@@ -3,10 +3,10 @@
 #include "Quillbar/label/LabelLine.h"
 
 #include "Quillbar/labelstate/ConnectionName.h"
+#include "Quillbar/platform/AmountText.h"
 #include "Quillbar/platform/Formatted.h"
 #include "Quillbar/platform/Translated.h"
 #include "QuillbarCore/model/PriceFormatter.h"
-#include "QuillbarCore/model/VolumeFormatter.h"
 #include "QuillbarCore/runtime/OutsideText.h"
 
 #include <QDateTime>
@@ -86,9 +86,9 @@ std::string coinTooltip(const PinnedQuote& quote) {
                        OutsideText::oneLine(quote.coin->symbol),
                        PriceFormatter::price(quote.ticker->lastPrice))
            + formatted(translated("label", "{}涨跌 {}\n成交额 {}\n"),
-                       displayName(quote.basis),
+                       translatedFromCore(displayName(quote.basis)).toStdString(),
                        change,
-                       VolumeFormatter::compact(quote.ticker->quoteVolume24h));
+                       AmountText::volume(quote.ticker->quoteVolume24h));
 }
 
 std::string connectionTooltip(const LabelSnapshot& snapshot) {

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "QuillbarCore/exchange/ConnectionFailure.h"
 #include "QuillbarCore/exchange/ConnectionState.h"
 
 #include <optional>
@@ -15,6 +16,10 @@ namespace quillbar {
 
 /// The words for a stream that is connected but has delivered nothing for long.
 [[nodiscard]] std::string silentConnectionName();
+
+/// Why there is no connection, in a few words in the user's language, on one line and without a full
+/// stop.
+[[nodiscard]] std::string displayName(const ConnectionFailure& failure);
 
 /// The name of the connection's state for other programs. It never changes.
 [[nodiscard]] std::string_view rawValue(ConnectionState connection);

@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "Quillbar/labelstate/LabelSnapshot.h"
 
+#include "Quillbar/labelstate/ConnectionName.h"
+#include "Quillbar/platform/Translated.h"
 #include "QuillbarCore/state/AppState.h"
 
 #include <utility>
@@ -18,7 +20,9 @@ LabelSnapshot snapshotOf(const AppState& state, PinnedQuote quote) {
         snapshot.failure = displayName(*failure);
     }
     snapshot.lastUpdate = state.lastUpdateByPresentClock();
-    snapshot.lastError = *state.lastError();
+    if (const auto& error = *state.lastError()) {
+        snapshot.lastError = translatedFromCore(*error).toStdString();
+    }
     if (const auto& coin = snapshot.quote.coin) {
         snapshot.coinUpdate = state.lastUpdateOf(coin->symbol);
     }

@@ -14,7 +14,6 @@
 
 #include <algorithm>
 #include <cstddef>
-#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -30,12 +29,23 @@ std::size_t indexOf(ChangeColors colors) {
     return static_cast<std::size_t>(found - kAllChangeColors.begin());
 }
 
+QString titleOf(ChangeColors colors) {
+    switch (colors) {
+    case ChangeColors::greenUp:
+        return translated("panel", "绿涨红跌");
+    case ChangeColors::redUp:
+        return translated("panel", "红涨绿跌");
+    case ChangeColors::blueUp:
+        break;
+    }
+    return translated("panel", "蓝涨橙跌");
+}
+
 std::vector<QString> titles() {
     std::vector<QString> result;
     result.reserve(kAllChangeColors.size());
     for (const ChangeColors colors : kAllChangeColors) {
-        const std::string_view name = displayName(colors);
-        result.push_back(QString::fromUtf8(name.data(), static_cast<qsizetype>(name.size())));
+        result.push_back(titleOf(colors));
     }
     return result;
 }

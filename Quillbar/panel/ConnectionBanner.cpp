@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "Quillbar/panel/ConnectionBanner.h"
 
+#include "Quillbar/labelstate/ConnectionName.h"
 #include "Quillbar/platform/Translated.h"
 #include "Quillbar/text/LocalTimeText.h"
 #include "Quillbar/widgets/Spinner.h"

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "Quillbar/panel/ErrorLine.h"
 
+#include "Quillbar/labelstate/ConnectionName.h"
 #include "Quillbar/platform/Translated.h"
 #include "Quillbar/text/SystemFont.h"
 #include "Quillbar/widgets/Announcement.h"
@@ -43,7 +44,7 @@ ErrorLine::ErrorLine(const AppState& state, QWidget* parent)
 void ErrorLine::refresh() {
     QString line;
     if (const auto& error = *m_state.lastError()) {
-        line = QString::fromStdString(*error);
+        line = translatedFromCore(*error);
     } else if (isOutsideRegion(*m_state.connectionFailure())) {
         line = QString::fromStdString(displayName(**m_state.connectionFailure()));
     } else if (m_state.watchlist()->coins.size() > Watchlist::kMaximumFollowed) {

@@ -9,7 +9,6 @@
 
 #include <algorithm>
 #include <cstddef>
-#include <string_view>
 #include <vector>
 
 namespace quillbar {
@@ -25,12 +24,23 @@ std::size_t indexOf(const Values& values, typename Values::value_type value) {
                                     - values.begin());
 }
 
+QString titleOf(LabelCoins coins) {
+    switch (coins) {
+    case LabelCoins::pinned:
+        return translated("panel", "固定的币种");
+    case LabelCoins::rotating:
+        return translated("panel", "轮流显示自选");
+    case LabelCoins::sideBySide:
+        break;
+    }
+    return translated("panel", "并排显示");
+}
+
 std::vector<QString> coinsTitles() {
     std::vector<QString> titles;
     titles.reserve(kAllLabelCoins.size());
     for (const LabelCoins coins : kAllLabelCoins) {
-        const std::string_view name = displayName(coins);
-        titles.push_back(QString::fromUtf8(name.data(), static_cast<qsizetype>(name.size())));
+        titles.push_back(titleOf(coins));
     }
     return titles;
 }

@@ -23,7 +23,6 @@
 #include <algorithm>
 #include <cstddef>
 #include <string>
-#include <string_view>
 #include <variant>
 
 namespace quillbar {
@@ -41,12 +40,29 @@ std::size_t indexOf(LabelWording wording) {
     return static_cast<std::size_t>(found - kAllLabelWordings.begin());
 }
 
+QString titleOf(LabelWording wording) {
+    switch (wording) {
+    case LabelWording::symbolPriceChange:
+        return translated("panel", "币种 价格 涨跌");
+    case LabelWording::symbolPrice:
+        return translated("panel", "币种 价格");
+    case LabelWording::price:
+        return translated("panel", "价格");
+    case LabelWording::change:
+        return translated("panel", "涨跌");
+    case LabelWording::symbol:
+        return translated("panel", "币种");
+    case LabelWording::custom:
+        break;
+    }
+    return translated("panel", "自定义");
+}
+
 std::vector<QString> titles() {
     std::vector<QString> result;
     result.reserve(kAllLabelWordings.size());
     for (const LabelWording wording : kAllLabelWordings) {
-        const std::string_view name = displayName(wording);
-        result.push_back(QString::fromUtf8(name.data(), static_cast<qsizetype>(name.size())));
+        result.push_back(titleOf(wording));
     }
     return result;
 }

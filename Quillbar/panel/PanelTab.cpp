@@ -4,8 +4,6 @@
 
 #include "Quillbar/platform/Translated.h"
 
-#include <QUtf8StringView>
-
 namespace quillbar {
 
 std::vector<PanelTab> PanelTab::allCases() {
@@ -17,8 +15,7 @@ std::vector<PanelTab> PanelTab::allCases() {
 }
 
 QString PanelTab::title() const {
-    return m_board ? QUtf8StringView(displayName(*m_board)).toString()
-                   : translated("panel", "自选");
+    return m_board ? translatedFromCore(displayName(*m_board)) : translated("panel", "自选");
 }
 
 }  // namespace quillbar

@@ -16,8 +16,6 @@
 #include <QVBoxLayout>
 
 #include <algorithm>
-#include <optional>
-#include <string>
 #include <utility>
 
 namespace quillbar {
@@ -59,8 +57,8 @@ PreferencesView::PreferencesView(PreferencesState& preferences,
         m_error->setContentsMargins(TextScale::margins(
             *this, {PreferencesSection::kTextIndent, 0, PreferencesSection::kTextIndent, 0}));
     });
-    m_errorObservation = preferences.lastError().observe(
-        [this](const std::optional<std::string>& /*error*/) { refreshError(); });
+    m_errorObservation =
+        preferences.isUnsaved().observe([this](bool /*isUnsaved*/) { refreshError(); });
     refreshError();
 }
 
@@ -83,8 +81,8 @@ void PreferencesView::takeFocus(Qt::FocusReason reason) {
 }
 
 void PreferencesView::refreshError() {
-    const auto& error = *m_preferences.lastError();
-    const QString line = error ? QString::fromStdString(*error) : QString();
+    const QString line =
+        *m_preferences.isUnsaved() ? translated("panel", "偏好设置未能保存到磁盘") : QString();
     if (line != m_error->text()) {
         m_error->setText(line);
         m_error->setAccessibleName(line);

@@ -41,7 +41,7 @@ void addPicker(std::vector<MenuEntry>& entries,
     for (const Value value : values) {
         ++id;
         entries.push_back(MenuEntry{.id = id,
-                                    .label = QString::fromUtf8(displayName(value)),
+                                    .label = translatedFromCore(displayName(value)),
                                     .mark = MenuEntry::Mark::radio,
                                     .isOn = value == present});
     }

@@ -7,6 +7,7 @@
 #include "Quillbar/list/ColumnWidths.h"
 #include "Quillbar/list/NumericCell.h"
 #include "Quillbar/list/TableRow.h"
+#include "Quillbar/platform/AmountText.h"
 #include "Quillbar/platform/Translated.h"
 #include "Quillbar/text/AgeText.h"
 #include "Quillbar/text/OneLineText.h"
@@ -15,7 +16,6 @@
 #include "QuillbarCore/model/MissingValue.h"
 #include "QuillbarCore/model/PriceFormatter.h"
 #include "QuillbarCore/model/Ticker.h"
-#include "QuillbarCore/model/VolumeFormatter.h"
 
 #include <QHBoxLayout>
 
@@ -68,7 +68,7 @@ void CoinRowView::refresh() {
     const bool isPinned = state.watchlist()->pinnedSymbol == m_coin.symbol;
     m_coinCell->setPinMark(isPinned ? PinMark::pinned : PinMark::none);
     m_coinCell->setBellMark(hasAlert() ? BellMark::bell : BellMark::none);
-    m_volume->setText(QString::fromStdString(VolumeFormatter::compact(volume)));
+    m_volume->setText(QString::fromStdString(AmountText::volume(volume)));
     m_price->setText(QString::fromStdString(price));
     m_price->setColor(state.isDataStale() ? &ThemeColors::Resolved::secondaryText
                                           : &ThemeColors::Resolved::primaryText);

@@ -6,8 +6,6 @@
 #include "QuillbarCore/exchange/URLError.h"
 #include "QuillbarCore/runtime/Cancelled.h"
 
-#include <fmt/format.h>
-
 namespace quillbar {
 
 namespace {
@@ -62,40 +60,6 @@ ConnectionFailure ConnectionFailure::of(const std::exception_ptr& error) {
     } catch (...) {
         return {};
     }
-}
-
-std::string displayName(const ConnectionFailure& failure) {
-    switch (failure.kind) {
-    case Kind::hostNotFound:
-        return "无法解析服务器地址";
-    case Kind::cannotConnect:
-        return "无法连接到服务器";
-    case Kind::proxyFailed:
-        return "代理不可用";
-    case Kind::timedOut:
-        return "连接超时";
-    case Kind::untrusted:
-        return "安全连接失败或证书不可信";
-    case Kind::refused:
-        return fmt::format("服务器返回 {}", failure.httpStatus);
-    case Kind::closedByServer:
-        return "服务器关闭了连接";
-    case Kind::lost:
-        return "连接意外断开";
-    case Kind::tooLarge:
-        return "服务器的数据过大";
-    case Kind::notServedHere:
-        return "当前地区无法访问行情服务";
-    case Kind::badAddress:
-        return "服务器地址无效";
-    case Kind::noServer:
-        return "没有可用的服务器";
-    case Kind::cancelled:
-        return "连接已取消";
-    case Kind::unknown:
-        return "连接出现异常";
-    }
-    return {};
 }
 
 }  // namespace quillbar

@@ -3,7 +3,6 @@
 #pragma once
 
 #include <exception>
-#include <string>
 
 namespace quillbar {
 
@@ -36,8 +35,5 @@ struct ConnectionFailure final {
 
     [[nodiscard]] bool operator==(const ConnectionFailure&) const = default;
 };
-
-/// The failure in a few words for the user, on one line and without a full stop.
-[[nodiscard]] std::string displayName(const ConnectionFailure& failure);
 
 }  // namespace quillbar

@@ -2,8 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "QuillbarCore/market/MarketCapAge.h"
 
-#include <fmt/format.h>
-
+#include <algorithm>
 #include <cmath>
 
 namespace quillbar {
@@ -12,24 +11,28 @@ namespace {
 
 constexpr Seconds kHour{3600};
 constexpr Seconds kDay{24 * kHour};
+/// Far above any age, and small enough for every integer.
+constexpr double kMaximumCount = 1e6;
+
+int wholeUnits(Seconds age, Seconds unit) {
+    return static_cast<int>(std::min(std::floor(age / unit), kMaximumCount));
+}
 
 }  // namespace
 
-std::optional<std::string> MarketCapAge::textIfOld(std::optional<Seconds> age) {
+std::optional<MarketCapAge> MarketCapAge::ifOld(std::optional<Seconds> age) {
     if (!age) {
         return std::nullopt;
     }
     if (*age < Seconds(0)) {
-        // The clock was set back, so the age is unknown.
-        return "数据的时间晚于系统时钟";
+        return MarketCapAge{.unit = Unit::unknown};
     }
     if (*age <= kOldAge) {
         return std::nullopt;
     }
     const bool isInHours = *age < 2 * kDay;
-    return fmt::format("数据为{:.0f} {}前的",
-                       std::floor(*age / (isInHours ? kHour : kDay)),
-                       isInHours ? "小时" : "天");
+    return MarketCapAge{.unit = isInHours ? Unit::hours : Unit::days,
+                        .count = wholeUnits(*age, isInHours ? kHour : kDay)};
 }
 
 }  // namespace quillbar

@@ -6,18 +6,31 @@
 #include "QuillbarCore/runtime/Time.h"
 
 #include <optional>
-#include <string>
 
-/// Tells the user how old market capitalisations are. They change slowly and are fetched rarely, so
-/// their age is shown only when two refreshes have been missed.
-namespace quillbar::MarketCapAge {
+namespace quillbar {
 
-/// Data count as old beyond this age.
-inline constexpr Seconds kOldAge = 2 * MarketCapState::kPollInterval;
+/// How old market capitalisations are, as far as the user is told. They change slowly and are
+/// fetched rarely, so their age is told only when two refreshes have been missed. A plain value.
+struct MarketCapAge final {
+    enum class Unit {
+        /// The clock was set back, so nobody knows how old they are.
+        unknown,
+        hours,
+        days,
+    };
 
-/// The age in whole hours, or from two days on in whole days: "数据为3 天前的". A negative age (the clock
-/// was set back) has a text of its own. Absent when the data are not old, or were never fetched.
-/// Pure.
-[[nodiscard]] std::optional<std::string> textIfOld(std::optional<Seconds> age);
+    /// Data count as old beyond this age.
+    static constexpr Seconds kOldAge = 2 * MarketCapState::kPollInterval;
 
-}  // namespace quillbar::MarketCapAge
+    Unit unit = Unit::unknown;
+    /// How many whole hours, or from two days on whole days; 0 for `unknown`.
+    int count = 0;
+
+    /// The age to tell; absent when the data are not old, or were never fetched. A negative age is
+    /// `unknown`. Pure.
+    [[nodiscard]] static std::optional<MarketCapAge> ifOld(std::optional<Seconds> age);
+
+    [[nodiscard]] bool operator==(const MarketCapAge&) const = default;
+};
+
+}  // namespace quillbar

@@ -3,6 +3,7 @@
 #include "QuillbarCore/market/RankingBoard.h"
 
 #include "QuillbarCore/model/RawValue.h"
+#include "QuillbarCore/model/UserText.h"
 
 namespace quillbar {
 
@@ -27,15 +28,15 @@ std::optional<RankingBoard> rankingBoardFromRawValue(std::string_view rawText) {
 std::string_view displayName(RankingBoard board) {
     switch (board) {
     case RankingBoard::gainers:
-        return "涨幅";
+        return userText("core", "涨幅");
     case RankingBoard::losers:
-        return "跌幅";
+        return userText("core", "跌幅");
     case RankingBoard::volume:
-        return "成交额";
+        return userText("core", "成交额");
     case RankingBoard::marketCap:
         break;
     }
-    return "市值";
+    return userText("core", "市值");
 }
 
 }  // namespace quillbar

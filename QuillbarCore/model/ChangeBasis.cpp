@@ -3,6 +3,7 @@
 #include "QuillbarCore/model/ChangeBasis.h"
 
 #include "QuillbarCore/model/RawValue.h"
+#include "QuillbarCore/model/UserText.h"
 
 namespace quillbar {
 
@@ -15,7 +16,7 @@ std::optional<ChangeBasis> changeBasisFromRawValue(std::string_view rawText) {
 }
 
 std::string_view displayName(ChangeBasis basis) {
-    return basis == ChangeBasis::today ? "今日" : "24 小时";
+    return basis == ChangeBasis::today ? userText("core", "今日") : userText("core", "24 小时");
 }
 
 }  // namespace quillbar

@@ -3,6 +3,7 @@
 #include "QuillbarCore/state/AppState.h"
 
 #include "QuillbarCore/model/ChangeCalculator.h"
+#include "QuillbarCore/model/UserText.h"
 
 #include <algorithm>
 #include <exception>
@@ -15,8 +16,9 @@ namespace {
 
 constexpr Seconds kLabelThrottle{1};
 
-constexpr std::string_view kNotSaved = "设置未能保存到磁盘";
-constexpr std::string_view kAppearanceNotSaved = "外观设置保存失败,重启后会恢复原值";
+constexpr std::string_view kNotSaved = userText("core", "设置未能保存到磁盘");
+constexpr std::string_view kAppearanceNotSaved =
+    userText("core", "外观设置保存失败,重启后会恢复原值");
 
 constexpr Seconds kRegionSpacing{60};
 constexpr int kUnavailableForLegalReasons = 451;

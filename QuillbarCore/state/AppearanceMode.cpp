@@ -3,6 +3,7 @@
 #include "QuillbarCore/state/AppearanceMode.h"
 
 #include "QuillbarCore/model/RawValue.h"
+#include "QuillbarCore/model/UserText.h"
 
 namespace quillbar {
 
@@ -25,13 +26,13 @@ std::optional<AppearanceMode> appearanceModeFromRawValue(std::string_view rawTex
 std::string_view displayName(AppearanceMode mode) {
     switch (mode) {
     case AppearanceMode::dark:
-        return "深色";
+        return userText("core", "深色");
     case AppearanceMode::light:
-        return "浅色";
+        return userText("core", "浅色");
     case AppearanceMode::system:
         break;
     }
-    return "跟随系统";
+    return userText("core", "跟随系统");
 }
 
 }  // namespace quillbar

@@ -22,16 +22,4 @@ std::optional<ChangeColors> changeColorsFromRawValue(std::string_view rawText) {
     return valueWithRawText(rawText, kAllChangeColors);
 }
 
-std::string_view displayName(ChangeColors colors) {
-    switch (colors) {
-    case ChangeColors::greenUp:
-        return "绿涨红跌";
-    case ChangeColors::redUp:
-        return "红涨绿跌";
-    case ChangeColors::blueUp:
-        break;
-    }
-    return "蓝涨橙跌";
-}
-
 }  // namespace quillbar

@@ -30,7 +30,4 @@ inline constexpr std::array kAllChangeColors{ChangeColors::greenUp,
 /// The colours of exactly this raw text; absent for any other text.
 [[nodiscard]] std::optional<ChangeColors> changeColorsFromRawValue(std::string_view rawText);
 
-/// The name of the colours in the preferences.
-[[nodiscard]] std::string_view displayName(ChangeColors colors);
-
 }  // namespace quillbar

@@ -22,16 +22,4 @@ std::optional<LabelCoins> labelCoinsFromRawValue(std::string_view rawText) {
     return valueWithRawText(rawText, kAllLabelCoins);
 }
 
-std::string_view displayName(LabelCoins coins) {
-    switch (coins) {
-    case LabelCoins::pinned:
-        return "固定的币种";
-    case LabelCoins::rotating:
-        return "轮流显示自选";
-    case LabelCoins::sideBySide:
-        break;
-    }
-    return "并排显示";
-}
-
 }  // namespace quillbar

@@ -34,7 +34,4 @@ inline constexpr std::array kAllRotationSeconds{5, 10, 30, 60};
 /// The coins of exactly this raw text; absent for any other text.
 [[nodiscard]] std::optional<LabelCoins> labelCoinsFromRawValue(std::string_view rawText);
 
-/// The name of the choice in the preferences.
-[[nodiscard]] std::string_view displayName(LabelCoins coins);
-
 }  // namespace quillbar

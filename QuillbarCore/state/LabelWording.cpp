@@ -28,22 +28,4 @@ std::optional<LabelWording> labelWordingFromRawValue(std::string_view rawText) {
     return valueWithRawText(rawText, kAllLabelWordings);
 }
 
-std::string_view displayName(LabelWording wording) {
-    switch (wording) {
-    case LabelWording::symbolPriceChange:
-        return "币种 价格 涨跌";
-    case LabelWording::symbolPrice:
-        return "币种 价格";
-    case LabelWording::price:
-        return "价格";
-    case LabelWording::change:
-        return "涨跌";
-    case LabelWording::symbol:
-        return "币种";
-    case LabelWording::custom:
-        break;
-    }
-    return "自定义";
-}
-
 }  // namespace quillbar

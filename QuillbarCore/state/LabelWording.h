@@ -34,7 +34,4 @@ inline constexpr std::array kAllLabelWordings{LabelWording::symbolPriceChange,
 /// The wording of exactly this raw text; absent for any other text.
 [[nodiscard]] std::optional<LabelWording> labelWordingFromRawValue(std::string_view rawText);
 
-/// The name of the wording in the preferences.
-[[nodiscard]] std::string_view displayName(LabelWording wording);
-
 }  // namespace quillbar

@@ -41,10 +41,10 @@ void PreferencesState::apply(const Preferences& preferences, AtomicFile::Durabil
     m_preferences.set(preferences);
     try {
         m_store.save(*m_preferences, durability);
-        m_lastError.set(std::nullopt);
+        m_isUnsaved.set(false);
     } catch (const std::exception& error) {
         m_logger.error("failed to persist preferences: {}", error.what());
-        m_lastError.set("偏好设置未能保存到磁盘");
+        m_isUnsaved.set(true);
     }
 }
 

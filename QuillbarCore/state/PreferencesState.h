@@ -12,9 +12,6 @@
 #include "QuillbarCore/state/PreferencesStore.h"
 #include "QuillbarCore/state/TextSize.h"
 
-#include <optional>
-#include <string>
-
 namespace quillbar {
 
 /// The observable model of the user's preferences, which it saves at each edit. For the main
@@ -30,13 +27,11 @@ public:
     [[nodiscard]] const Observed<Preferences>& preferences() const noexcept {
         return m_preferences;
     }
-    /// What the user should know of the last edit, if it was not saved; absent after one that was.
-    [[nodiscard]] const Observed<std::optional<std::string>>& lastError() const noexcept {
-        return m_lastError;
-    }
+    /// Whether the last edit could not be saved.
+    [[nodiscard]] const Observed<bool>& isUnsaved() const noexcept { return m_isUnsaved; }
 
     // Edits. Each saves, and does nothing for what is set already. A save that fails is logged,
-    // keeps the edit in memory and sets `lastError`.
+    // keeps the edit in memory and sets `isUnsaved`.
 
     /// Shows changes in these colours.
     void setChangeColors(ChangeColors colors);
@@ -58,7 +53,7 @@ private:
     PreferencesStore m_store;
     Logger m_logger{"PreferencesState"};
     Observed<Preferences> m_preferences;
-    Observed<std::optional<std::string>> m_lastError;
+    Observed<bool> m_isUnsaved;
 };
 
 }  // namespace quillbar

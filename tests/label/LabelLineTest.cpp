@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Quillbar developers
 // SPDX-License-Identifier: MIT
 #include "Quillbar/label/LabelLine.h"
+#include "tests/qtsupport/UsedLanguage.h"
 #include "tests/support/TemporaryEnvironment.h"
 
 #include <gtest/gtest.h>
@@ -31,6 +32,16 @@ nlohmann::json lineAsJSON(const LabelSnapshot& snapshot, LabelFormat format) {
 }
 
 TEST(LabelLine, asTextIsTheMenuBarText) {
+    EXPECT_EQ(labelLine(bitcoin(), LabelFormat::text), "BTC 67,234.50 ▲ 1.23%");
+}
+
+TEST(LabelLine, asWaybarIsInTheLanguageOfTheTexts) {
+    const TemporaryEnvironment zone("TZ", "UTC");
+    ::tzset();
+    const UsedLanguage english(TextLanguage::english);
+    EXPECT_EQ(lineAsJSON(bitcoin(), LabelFormat::waybar)["tooltip"],
+              "BTCUSDT 67,234.50\nChange (24 hours) +1.23%\nVolume 1.50B\n"
+              "Updated at 12:00:00\nConnected");
     EXPECT_EQ(labelLine(bitcoin(), LabelFormat::text), "BTC 67,234.50 ▲ 1.23%");
 }
 

@@ -12,25 +12,34 @@ using std::nullopt;
 constexpr Seconds kHour{3600};
 constexpr Seconds kDay{86400};
 
+MarketCapAge hours(int count) {
+    return {MarketCapAge::Unit::hours, count};
+}
+
+MarketCapAge days(int count) {
+    return {MarketCapAge::Unit::days, count};
+}
+
 TEST(MarketCapAgeTest, saysNothingOfTheFirstHour) {
-    EXPECT_EQ(MarketCapAge::textIfOld(nullopt), nullopt);
-    EXPECT_EQ(MarketCapAge::textIfOld(Seconds(0)), nullopt);
-    EXPECT_EQ(MarketCapAge::textIfOld(kHour), nullopt);
-    EXPECT_EQ(MarketCapAge::textIfOld(kHour + Seconds(1)), "数据为1 小时前的");
+    EXPECT_EQ(MarketCapAge::ifOld(nullopt), nullopt);
+    EXPECT_EQ(MarketCapAge::ifOld(Seconds(0)), nullopt);
+    EXPECT_EQ(MarketCapAge::ifOld(kHour), nullopt);
+    EXPECT_EQ(MarketCapAge::ifOld(kHour + Seconds(1)), hours(1));
 }
 
 TEST(MarketCapAgeTest, saysThatTheClockWasSetBack) {
-    EXPECT_EQ(MarketCapAge::textIfOld(Seconds(-1)), "数据的时间晚于系统时钟");
-    EXPECT_EQ(MarketCapAge::textIfOld(-kDay), "数据的时间晚于系统时钟");
+    EXPECT_EQ(MarketCapAge::ifOld(Seconds(-1)), MarketCapAge{});
+    EXPECT_EQ(MarketCapAge::ifOld(-kDay), MarketCapAge{});
 }
 
 TEST(MarketCapAgeTest, countsWholeHoursForTwoDaysThenWholeDays) {
-    EXPECT_EQ(MarketCapAge::textIfOld(2 * kHour - Seconds(1)), "数据为1 小时前的");
-    EXPECT_EQ(MarketCapAge::textIfOld(2 * kHour), "数据为2 小时前的");
-    EXPECT_EQ(MarketCapAge::textIfOld(2 * kDay - Seconds(1)), "数据为47 小时前的");
-    EXPECT_EQ(MarketCapAge::textIfOld(2 * kDay), "数据为2 天前的");
-    EXPECT_EQ(MarketCapAge::textIfOld(22 * kDay - Seconds(1)), "数据为21 天前的");
-    EXPECT_EQ(MarketCapAge::textIfOld(kDay * 20000), "数据为20000 天前的");
+    EXPECT_EQ(MarketCapAge::ifOld(2 * kHour - Seconds(1)), hours(1));
+    EXPECT_EQ(MarketCapAge::ifOld(2 * kHour), hours(2));
+    EXPECT_EQ(MarketCapAge::ifOld(2 * kDay - Seconds(1)), hours(47));
+    EXPECT_EQ(MarketCapAge::ifOld(2 * kDay), days(2));
+    EXPECT_EQ(MarketCapAge::ifOld(22 * kDay - Seconds(1)), days(21));
+    EXPECT_EQ(MarketCapAge::ifOld(kDay * 20000), days(20000));
+    EXPECT_EQ(MarketCapAge::ifOld(kDay * 1e12), days(1000000));
 }
 
 }  // namespace

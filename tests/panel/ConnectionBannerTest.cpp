@@ -1,5 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The Quillbar developers
 // SPDX-License-Identifier: MIT
+#include "Quillbar/labelstate/ConnectionName.h"
 #include "Quillbar/panel/ConnectionBanner.h"
 #include "Quillbar/panel/ErrorLine.h"
 #include "QuillbarCore/exchange/URLError.h"

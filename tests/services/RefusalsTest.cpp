@@ -64,7 +64,7 @@ TEST_F(RefusalsTest, sayThatNoServerServesThisRegion) {
     start({&binance});
     ASSERT_TRUE(spinUntil([&] { return *m_services->isStarted(); }));
     ASSERT_TRUE(spinUntil([&] { return state().connectionFailure()->has_value(); }));
-    EXPECT_EQ(displayName(**state().connectionFailure()), "当前地区无法访问行情服务");
+    EXPECT_EQ((*state().connectionFailure())->kind, ConnectionFailure::Kind::notServedHere);
     // And takes it back as soon as one does.
     binance.faults().clear();
     ASSERT_TRUE(endBackOff());

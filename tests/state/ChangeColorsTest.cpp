@@ -32,14 +32,5 @@ TEST(ChangeColors, areBuiltFromTheirRawTextAndFromNoOther) {
     }
 }
 
-TEST(ChangeColors, areNamedInChinese) {
-    std::vector<std::string_view> names;
-    names.reserve(kAllChangeColors.size());
-    for (const ChangeColors colors : kAllChangeColors) {
-        names.push_back(displayName(colors));
-    }
-    EXPECT_THAT(names, ElementsAre("绿涨红跌", "红涨绿跌", "蓝涨橙跌"));
-}
-
 }  // namespace
 }  // namespace quillbar

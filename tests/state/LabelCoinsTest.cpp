@@ -32,14 +32,5 @@ TEST(LabelCoins, areBuiltFromTheirRawTextAndFromNoOther) {
     }
 }
 
-TEST(LabelCoins, areNamedInChinese) {
-    std::vector<std::string_view> names;
-    names.reserve(kAllLabelCoins.size());
-    for (const LabelCoins coins : kAllLabelCoins) {
-        names.push_back(displayName(coins));
-    }
-    EXPECT_THAT(names, ElementsAre("固定的币种", "并排显示", "轮流显示自选"));
-}
-
 }  // namespace
 }  // namespace quillbar

@@ -34,15 +34,5 @@ TEST(LabelWording, areBuiltFromTheirRawTextAndFromNoOther) {
     }
 }
 
-TEST(LabelWording, areNamedInChinese) {
-    std::vector<std::string_view> names;
-    names.reserve(kAllLabelWordings.size());
-    for (const LabelWording wording : kAllLabelWordings) {
-        names.push_back(displayName(wording));
-    }
-    EXPECT_THAT(names,
-                ElementsAre("币种 价格 涨跌", "币种 价格", "价格", "涨跌", "币种", "自定义"));
-}
-
 }  // namespace
 }  // namespace quillbar

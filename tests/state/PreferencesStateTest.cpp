@@ -10,7 +10,6 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <optional>
 #include <string>
 #include <vector>
 
@@ -40,7 +39,7 @@ TEST_F(PreferencesStateTest, beginsWithWhatIsStored) {
     PreferencesStore(folder.path()).save({1, ChangeColors::blueUp});
     const PreferencesState state = started();
     EXPECT_EQ(state.preferences()->changeColors, ChangeColors::blueUp);
-    EXPECT_EQ(*state.lastError(), std::nullopt);
+    EXPECT_FALSE(*state.isUnsaved());
 }
 
 TEST_F(PreferencesStateTest, writesNothingBeforeAnEdit) {
@@ -135,12 +134,12 @@ TEST_F(PreferencesStateTest, anEditThatCannotBeSavedIsKeptAndReported) {
     files.breakAll();
     state.setChangeColors(ChangeColors::redUp);
     EXPECT_EQ(state.preferences()->changeColors, ChangeColors::redUp);
-    EXPECT_EQ(*state.lastError(), "偏好设置未能保存到磁盘");
+    EXPECT_TRUE(*state.isUnsaved());
     EXPECT_THAT(log.lines("PreferencesState"),
                 ElementsAre(StartsWith("PreferencesState|error|failed to persist preferences: ")));
     files.repair();
     state.setChangeColors(ChangeColors::blueUp);
-    EXPECT_EQ(*state.lastError(), std::nullopt);
+    EXPECT_FALSE(*state.isUnsaved());
     EXPECT_EQ(stored(), R"({"schemaVersion":1,"changeColors":"blueUp"})");
 }
 
