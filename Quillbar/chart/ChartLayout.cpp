@@ -211,10 +211,14 @@ private:
     }
 
     [[nodiscard]] TimeTicks::Spacing timeSpacing() const {
-        // The widest texts there are.
-        const QString day = LocalTimeText::dayAndMonth({2028, 12, 28}, m_input.locale);
+        // The widest texts there are. As a number, no month is wider than the last.
+        double dayWidth = 0;
+        for (int month = m_input.locale.language() == QLocale::English ? 1 : 12; month <= 12;
+             ++month) {
+            const QString day = LocalTimeText::dayAndMonth({2028, month, 28}, m_input.locale);
+            dayWidth = std::max(dayWidth, m_input.text.width(day));
+        }
         const QString time = LocalTimeText::hoursAndMinutes({22, 58}, m_input.locale);
-        const double dayWidth = m_input.text.width(day);
         const double timeWidth = m_input.text.width(time);
         return {.times = timeFor(std::max(dayWidth, timeWidth)), .days = timeFor(dayWidth)};
     }

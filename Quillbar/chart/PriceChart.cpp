@@ -52,7 +52,7 @@ PriceChart::PriceChart(Calendar calendar, QWidget* parent)
     // Installing it again changes nothing.
     QAccessible::installFactory(accessibleChart);
     // The language of what stands around it.
-    setLocale(QLocale(QLocale::Chinese, QLocale::China));
+    setLocale(LocalTimeText::localeOfTexts());
     setMouseTracking(true);
     setFocusPolicy(Qt::TabFocus);
 }

@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Quillbar developers
 // SPDX-License-Identifier: MIT
 #include "Quillbar/text/LocalTimeText.h"
+#include "tests/qtsupport/UsedLanguage.h"
 
 #include <gtest/gtest.h>
 
@@ -39,6 +40,32 @@ TEST(LocalTimeTextTest, writesNoNameOfAMonth) {
                      && locale.monthName(11, QLocale::ShortFormat).front().isLetter())
             << text.toStdString();
     }
+}
+
+TEST(LocalTimeTextTest, namesTheMonthAmongEnglishTextsInAnEnglishLocaleAlone) {
+    const UsedLanguage english(TextLanguage::english);
+    EXPECT_EQ(dayIn({QLocale::English, QLocale::UnitedStates}), "Nov 4");
+    EXPECT_EQ(dayIn({QLocale::English, QLocale::UnitedKingdom}), "4 Nov");
+    EXPECT_EQ(dayIn({QLocale::Chinese, QLocale::China}), "11/4");
+    EXPECT_EQ(dayIn({QLocale::German, QLocale::Germany}), "04.11.");
+    EXPECT_TRUE(LocalTimeText::dayAndMonth({}, QLocale::English).isEmpty());
+}
+
+TEST(LocalTimeTextTest, writesNoWordsOfAnotherLanguageAmongEnglishTexts) {
+    const QLocale taiwan(QLocale::Chinese, QLocale::TraditionalChineseScript, QLocale::Taiwan);
+    EXPECT_NE(timeIn(taiwan), "16:05") << "or it shows nothing";
+    const UsedLanguage english(TextLanguage::english);
+    EXPECT_EQ(timeIn(taiwan), "16:05");
+    EXPECT_EQ(timeIn({QLocale::English, QLocale::UnitedStates}), "4:05 PM");
+    EXPECT_EQ(timeIn({QLocale::German, QLocale::Germany}), "16:05");
+}
+
+TEST(LocalTimeTextTest, theLocaleOfTheTextsFollowsTheirLanguage) {
+    EXPECT_EQ(dayIn(LocalTimeText::localeOfTexts()), "11/4");
+    EXPECT_EQ(timeIn(LocalTimeText::localeOfTexts()), "16:05");
+    const UsedLanguage english(TextLanguage::english);
+    EXPECT_EQ(dayIn(LocalTimeText::localeOfTexts()), "4 Nov");
+    EXPECT_EQ(timeIn(LocalTimeText::localeOfTexts()), "16:05");
 }
 
 TEST(LocalTimeTextTest, leavesTheSecondsOut) {
