@@ -31,6 +31,7 @@ const QString kStale = QStringLiteral("stale");
 const QString kShowsPrice = QStringLiteral("showsPrice");
 const QString kLastError = QStringLiteral("lastError");
 const QString kDiscreet = QStringLiteral("discreet");
+const QString kLanguage = QStringLiteral("language");
 const QString kStarted = QStringLiteral("started");
 
 std::optional<std::string> textAt(const QVariantMap& message, const QString& key) {
@@ -132,6 +133,9 @@ QVariantMap labelMessage(const LabelReport& report) {
     if (label.lastError) {
         message.insert(kLastError, QString::fromUtf8(*label.lastError));
     }
+    if (report.language == TextLanguage::english) {
+        message.insert(kLanguage, QString::fromUtf8(rawValue(Language::english)));
+    }
     return message;
 }
 
@@ -159,6 +163,9 @@ std::optional<LabelReport> labelReport(const QVariantMap& message) {
     label.lastError = textAt(message, kLastError);
     label.isDiscreet = flagAt(message, kDiscreet, label.isDiscreet);
     report.isStarted = flagAt(message, kStarted, report.isStarted);
+    if (textAt(message, kLanguage) == rawValue(Language::english)) {
+        report.language = TextLanguage::english;
+    }
     return report;
 }
 

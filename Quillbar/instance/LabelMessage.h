@@ -3,6 +3,7 @@
 #pragma once
 
 #include "Quillbar/labelstate/LabelSnapshot.h"
+#include "Quillbar/platform/TextLanguage.h"
 
 #include <QVariantMap>
 
@@ -15,6 +16,8 @@ struct LabelReport final {
     LabelSnapshot label;
     /// As `LabelSource::isStarted`.
     bool isStarted = false;
+    /// The language of its texts, which the label follows.
+    TextLanguage language = TextLanguage::chinese;
 
     [[nodiscard]] bool operator==(const LabelReport&) const = default;
 };
@@ -31,10 +34,11 @@ struct LabelReport final {
 /// | basis | text | rolling24h or today |
 /// | connection | text | disconnected, connecting, connected or waitingRetry |
 /// | lastUpdate | double | seconds since 1970-01-01T00:00:00Z |
-/// | failure | text | why no prices stream, in Chinese |
+/// | failure | text | why no prices stream, in the language of the texts |
 /// | showsPrice | boolean | whether the text shows the price |
 /// | stale, started | boolean | |
 /// | lastError | text | an edit that was not saved |
+/// | language | text | "en" while the texts are English; none while they are Chinese |
 [[nodiscard]] QVariantMap labelMessage(const LabelReport& report);
 
 /// Reads such a message, whoever sent it. Absent when it has no text: then it is no label. Entries

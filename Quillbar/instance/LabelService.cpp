@@ -13,7 +13,7 @@ bool mustBeTold(const LabelReport& previous, const LabelReport& current) {
     const PinnedQuote& quote = current.label.quote;
     return differsVisibly(previous.label, current.label) || told.coin != quote.coin
            || told.changePercent.has_value() != quote.changePercent.has_value()
-           || previous.isStarted != current.isStarted;
+           || previous.isStarted != current.isStarted || previous.language != current.language;
 }
 
 }  // namespace
@@ -32,7 +32,7 @@ LabelService::~LabelService() {
 }
 
 LabelReport LabelService::report() const {
-    return {m_source.snapshot(), m_source.isStarted()};
+    return {m_source.snapshot(), m_source.isStarted(), TextLanguages::inUse()};
 }
 
 void LabelService::update() {

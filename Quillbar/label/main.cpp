@@ -16,6 +16,7 @@
 #include "Quillbar/platform/ResourceLimits.h"
 #include "Quillbar/platform/StandardStreams.h"
 #include "Quillbar/platform/TerminationSignals.h"
+#include "Quillbar/platform/TextLanguage.h"
 #include "Quillbar/services/AppServices.h"
 #include "Quillbar/services/ServiceEndpoints.h"
 #include "QuillbarCore/runtime/QtExecutor.h"
@@ -113,7 +114,11 @@ int printPinnedCoin(const Session& session) {
     std::optional<LabelWatch> application;
     bool isPrinting = false;
     const auto update = [&] {
-        source.applicationTells(application ? application->report() : std::nullopt);
+        const auto report = application ? application->report() : std::nullopt;
+        if (report) {
+            TextLanguages::use(report->language);
+        }
+        source.applicationTells(report);
         if (!isPrinting) {
             isPrinting = true;
             printer.start();

@@ -23,6 +23,7 @@ LabelReport fullReport() {
     report.label.quote.freshness = PriceFreshness::live;
     report.label.lastError = "保存失败";
     report.isStarted = true;
+    report.language = TextLanguage::english;
     return report;
 }
 
@@ -52,6 +53,15 @@ TEST(LabelMessageTest, thatTheNumbersAreHiddenArrives) {
     LabelReport hidden = fullReport();
     hidden.label = hidden.label.hidden();
     EXPECT_EQ(labelReport(labelMessage(hidden)), hidden);
+}
+
+TEST(LabelMessageTest, nothingTellsOfChineseTextsAndNothingElseIsEnglish) {
+    LabelReport report = fullReport();
+    report.language = TextLanguage::chinese;
+    EXPECT_FALSE(labelMessage(report).contains(key("language")));
+    for (const QVariant& value : {QVariant(key("EN")), QVariant(key("zh")), QVariant(1)}) {
+        EXPECT_EQ(reportWith("language", value).language, TextLanguage::chinese);
+    }
 }
 
 TEST(LabelMessageTest, everyConnectionAndBasisArrives) {

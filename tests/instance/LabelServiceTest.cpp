@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "Quillbar/instance/LabelService.h"
 #include "tests/instance/FakeLabelSource.h"
+#include "tests/qtsupport/UsedLanguage.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -81,6 +82,14 @@ TEST_F(LabelServiceTest, everythingThatCanBeSeenIsTold) {
     EXPECT_TRUE(isTold());
     report.isStarted = false;
     EXPECT_TRUE(isTold());
+}
+
+TEST_F(LabelServiceTest, tellsOfAnotherLanguageAtOnce) {
+    const LabelService service(m_adaptor, m_source);
+    const UsedLanguage english(TextLanguage::english);
+    m_source.set(m_source.report());
+    ASSERT_EQ(m_told.size(), 2U);
+    EXPECT_EQ(m_told.back().language, TextLanguage::english);
 }
 
 TEST_F(LabelServiceTest, afterItsEndThereIsNoLabel) {
