@@ -5,6 +5,7 @@
 #include "Quillbar/labelstate/LabelSnapshot.h"
 #include "Quillbar/panel/PanelView.h"
 #include "Quillbar/platform/SmallHeap.h"
+#include "Quillbar/platform/TextLanguage.h"
 #include "Quillbar/platform/Translated.h"
 #include "Quillbar/text/ChineseFont.h"
 #include "Quillbar/text/SystemFont.h"
@@ -117,6 +118,10 @@ QuillbarApp::QuillbarApp(const std::optional<QDBusConnection>& bus,
                    &m_itemCoins)
     , m_labelSource(m_services.appState(), m_services.isStarted(), &m_preferences.preferences())
     , m_scope(*m_executor) {
+    applyLanguage();
+    // First, so that what follows is refreshed in the language that was chosen.
+    m_observations.push_back(m_preferences.preferences().observe(
+        [this](const Preferences& /*preferences*/) { applyLanguage(); }));
     m_faceSource.observe([this] { refreshFace(); });
     m_announcer.onChosen = [this](const std::string& symbol, const QString& token) {
         showPanel(token);
@@ -196,6 +201,24 @@ void QuillbarApp::refreshMenu() {
         MenuEntry{.id = kAboveSettings, .kind = MenuEntry::Kind::separator}};
     entries.insert(entries.end(), m_settings.entries()->begin(), m_settings.entries()->end());
     m_item.setMenu(entries);
+}
+
+void QuillbarApp::applyLanguage() {
+    const TextLanguage language = TextLanguages::chosen(m_preferences.preferences()->language);
+    if (language == TextLanguages::inUse()) {
+        return;
+    }
+    TextLanguages::use(language);
+    m_settings.renewTexts();
+    // Not at once: the row that was chosen is in the panel.
+    m_scope.spawn(renewPanel());
+}
+
+Task<void> QuillbarApp::renewPanel() {
+    if (m_panelView != nullptr) {
+        m_panelView->renew();
+    }
+    co_return;
 }
 
 Task<void> QuillbarApp::refreshFaceEachMinute() {

@@ -96,6 +96,8 @@ public:
 private:
     void refreshFace();
     void refreshMenu();
+    void applyLanguage();
+    Task<void> renewPanel();
     Task<void> refreshFaceEachMinute();
     Task<void> startServicesInTime();
     void startServices();

@@ -17,6 +17,7 @@
 #include "Quillbar/platform/SmallHeap.h"
 #include "Quillbar/platform/StandardStreams.h"
 #include "Quillbar/platform/TerminationSignals.h"
+#include "Quillbar/platform/TextLanguage.h"
 #include "Quillbar/platform/Translated.h"
 #include "Quillbar/QuillbarApp.h"
 #include "Quillbar/services/ServiceEndpoints.h"
@@ -257,6 +258,7 @@ int run(int argc, char** argv) {
 
 int main(int argc, char** argv) {
     quillbar::StandardStreams::hold();
+    quillbar::TextLanguages::useStored();
     if (const auto lack = quillbar::ResourceLimits::prepare()) {
         return quillbar::fail(quillbar::kFailureStatus, *lack);
     }

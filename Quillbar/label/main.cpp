@@ -186,6 +186,7 @@ int run(int argc, char** argv) {
 
 int main(int argc, char* argv[]) {
     quillbar::StandardStreams::hold();
+    quillbar::TextLanguages::useStored();
     if (const auto lack = quillbar::ResourceLimits::prepare()) {
         return quillbar::failAtStart(*lack);
     }

@@ -11,6 +11,7 @@
 #include "Quillbar/panel/ErrorLine.h"
 #include "Quillbar/panel/LabelCoinsSection.h"
 #include "Quillbar/panel/LabelSection.h"
+#include "Quillbar/panel/LanguageSection.h"
 #include "Quillbar/panel/NoticeLines.h"
 #include "Quillbar/panel/PanelHeader.h"
 #include "Quillbar/panel/PreferencesView.h"
@@ -19,6 +20,7 @@
 #include "Quillbar/text/PinHint.h"
 #include "Quillbar/watchlist/CoinListView.h"
 #include "Quillbar/widgets/CenteredText.h"
+#include "Quillbar/widgets/PlainButton.h"
 #include "Quillbar/widgets/TextScale.h"
 #include "QuillbarCore/state/PreferencesState.h"
 
@@ -51,6 +53,13 @@ QVBoxLayout* makeStack(QWidget& owner) {
     return stack;
 }
 
+/// A menu would stay open over what is hidden or destroyed, and act on it.
+void closePopup() {
+    if (QWidget* const popup = QApplication::activePopupWidget()) {
+        popup->close();
+    }
+}
+
 /// The height that the layout wants in the panel. It depends on the width only while a line that
 /// may wrap is shown.
 int heightOf(const QLayout& layout, int width) {
@@ -69,38 +78,14 @@ PanelView::PanelView(const ViewEnvironment& environment,
     : QWidget(parent)
     , m_environment(environment)
     , m_systemScheme(systemScheme)
-    , m_preferences(preferences) {
+    , m_settings(settings)
+    , m_preferences(preferences)
+    , m_quit(std::move(quit)) {
     applyTheme();
     // Where the screen is too narrow, less than the text size wants is better than a panel cut off.
     setMinimumWidth(kWidth);
     TextScale::follow(*this, [this] { setMaximumWidth(TextScale::length(*this, kWidth)); });
-    auto* const pages = makeStack(*this);
-    buildHeader(*pages, settings, std::move(quit));
-    m_main = new QWidget(this);
-    pages->addWidget(m_main);
-    auto* const stack = makeStack(*m_main);
-    buildTabs(*stack);
-    stack->addWidget(new ErrorLine(environment.appState, m_main));
-    stack->addWidget(new NoticeLines(environment.notices, m_main));
-    stack->addWidget(new AlertLines(environment, m_main));
-    stack->addWidget(new ConnectionBanner(environment.appState, m_main));
-    // Made before the list of coins, as `UndoLine` requires.
-    m_undo = new UndoLine(environment, m_expandedSymbol, m_main);
-    m_undo->onBack = [this](const std::string& symbol, Qt::FocusReason reason) {
-        if (!m_tab.board()) {
-            m_list->focusCoin(symbol, reason);
-        }
-    };
-    buildList();
-    stack->addWidget(new AgeLine(environment.appState, environment.now, *m_list, m_main));
-    stack->addWidget(m_list);
-    m_pinHint = new CenteredText(pinHint(), kHintPadding, m_main);
-    stack->addWidget(m_pinHint);
-    stack->addWidget(m_undo);
-    // While the window is still higher than its content, the content keeps its place.
-    stack->addStretch();
-    m_undo->moveToEndOfTabOrder();
-    restoreTab();
+    build(*makeStack(*this));
 
     m_observations.push_back(environment.appState.settings().observe(
         [this](const AppSettings& /*settings*/) { applyTheme(); }));
@@ -113,6 +98,56 @@ PanelView::PanelView(const ViewEnvironment& environment,
 }
 
 PanelView::~PanelView() = default;
+
+void PanelView::build(QVBoxLayout& pages) {
+    buildHeader(pages);
+    m_main = new QWidget(this);
+    pages.addWidget(m_main);
+    auto* const stack = makeStack(*m_main);
+    buildTabs(*stack);
+    stack->addWidget(new ErrorLine(m_environment.appState, m_main));
+    stack->addWidget(new NoticeLines(m_environment.notices, m_main));
+    stack->addWidget(new AlertLines(m_environment, m_main));
+    stack->addWidget(new ConnectionBanner(m_environment.appState, m_main));
+    // Made before the list of coins, as `UndoLine` requires.
+    m_undo = new UndoLine(m_environment, m_expandedSymbol, m_main);
+    m_undo->onBack = [this](const std::string& symbol, Qt::FocusReason reason) {
+        if (!m_tab.board()) {
+            m_list->focusCoin(symbol, reason);
+        }
+    };
+    buildList();
+    stack->addWidget(new AgeLine(m_environment.appState, m_environment.now, *m_list, m_main));
+    stack->addWidget(m_list);
+    m_pinHint = new CenteredText(pinHint(), kHintPadding, m_main);
+    stack->addWidget(m_pinHint);
+    stack->addWidget(m_undo);
+    // While the window is still higher than its content, the content keeps its place.
+    stack->addStretch();
+    m_undo->moveToEndOfTabOrder();
+    restoreTab();
+}
+
+void PanelView::renew() {
+    const bool wasShowingPreferences = isShowingPreferences();
+    const auto* const focused = dynamic_cast<PlainButton*>(window()->focusWidget());
+    const Qt::FocusReason reason =
+        focused == nullptr ? Qt::OtherFocusReason : focused->focusReason();
+    closePopup();
+    setFocus(Qt::PopupFocusReason);
+    m_expandedSymbol.set(std::nullopt);
+    m_board = nullptr;
+    delete std::exchange(m_preferencesView, nullptr);
+    m_language = nullptr;
+    delete std::exchange(m_main, nullptr);
+    delete std::exchange(m_header, nullptr);
+    build(dynamic_cast<QVBoxLayout&>(*layout()));
+    m_header->setStandalone(m_isStandalone);
+    if (wasShowingPreferences) {
+        showPreferences(reason);
+        m_language->takeFocus(reason);
+    }
+}
 
 QSize PanelView::sizeHint() const {
     const int width = TextScale::length(*this, kWidth);
@@ -151,12 +186,11 @@ void PanelView::showPreferences(Qt::FocusReason reason) {
             m_preferencesView->add(
                 new AlertsSection(m_environment, m_preferences, m_preferencesView));
         }
+        m_language = new LanguageSection(m_preferences, m_preferencesView);
+        m_preferencesView->add(m_language);
         layout()->addWidget(m_preferencesView);
     }
-    // A menu would stay open over what is hidden, and act on it.
-    if (QWidget* const popup = QApplication::activePopupWidget()) {
-        popup->close();
-    }
+    closePopup();
     m_focusBefore = window()->focusWidget();
     // What is hidden with the focus would pass it on to whatever comes next.
     setFocus(Qt::PopupFocusReason);
@@ -192,10 +226,8 @@ bool PanelView::isShowingPreferences() const {
     return m_preferencesView != nullptr && !m_preferencesView->isHidden();
 }
 
-void PanelView::buildHeader(QVBoxLayout& stack,
-                            SettingsMenu& settings,
-                            std::function<void()> quit) {
-    m_header = new PanelHeader(m_environment, settings, std::move(quit), this);
+void PanelView::buildHeader(QVBoxLayout& stack) {
+    m_header = new PanelHeader(m_environment, m_settings, m_quit, this);
     m_header->onCoinAdded = [this](const std::string& symbol, Qt::FocusReason reason) {
         onCoinAdded(symbol, reason);
     };
@@ -210,6 +242,7 @@ void PanelView::buildHeader(QVBoxLayout& stack,
 }
 
 void PanelView::setStandalone(bool isStandalone) {
+    m_isStandalone = isStandalone;
     m_header->setStandalone(isStandalone);
 }
 

@@ -20,6 +20,7 @@ class QVBoxLayout;
 namespace quillbar {
 
 class CoinListView;
+class LanguageSection;
 class MarketBoardView;
 class PanelHeader;
 class PreferencesState;
@@ -78,6 +79,12 @@ public:
     /// about to come back.
     std::function<void(bool areShown)> onPreferences;
 
+    /// Builds all that is shown anew, for texts that were read in another language. The page and the
+    /// tab stay; an open chart closes, and an offer to undo ends. On the page of preferences, the
+    /// language that is chosen has the focus then. Must not be called from a widget of the panel,
+    /// because it destroys that.
+    void renew();
+
     [[nodiscard]] QSize sizeHint() const override;
 
 protected:
@@ -85,7 +92,8 @@ protected:
     void keyPressEvent(QKeyEvent* event) override;
 
 private:
-    void buildHeader(QVBoxLayout& stack, SettingsMenu& settings, std::function<void()> quit);
+    void build(QVBoxLayout& pages);
+    void buildHeader(QVBoxLayout& stack);
     void buildTabs(QVBoxLayout& stack);
     void buildList();
     [[nodiscard]] QWidget* makeDetail(const Coin& coin, QWidget* parent) const;
@@ -101,15 +109,19 @@ private:
 
     const ViewEnvironment& m_environment;
     const Observed<ColorScheme>& m_systemScheme;
+    SettingsMenu& m_settings;
     PreferencesState& m_preferences;
+    std::function<void()> m_quit;
     std::vector<PanelTab> m_offered = PanelTab::allCases();
     PanelTab m_tab = PanelTab::watchlist();
     Observed<std::optional<std::string>> m_expandedSymbol;
+    bool m_isStandalone = false;
     // Children, owned by Qt. One view shows all boards; it is made when the first board is opened.
     PanelHeader* m_header = nullptr;
     // All below the header but the page of preferences.
     QWidget* m_main = nullptr;
     PreferencesView* m_preferencesView = nullptr;
+    LanguageSection* m_language = nullptr;
     // What had the focus when the page of preferences opened.
     QPointer<QWidget> m_focusBefore;
     UnderlineTabs* m_tabs = nullptr;

@@ -102,6 +102,11 @@ void SettingsMenu::refresh() {
     m_isLaunched.set(m_launchAtLogin.isEnabled());
 }
 
+void SettingsMenu::renewTexts() {
+    m_launchError.set(std::nullopt);
+    updateEntries();
+}
+
 void SettingsMenu::updateEntries() {
     const AppSettings& settings = *m_appState.settings();
     std::vector<MenuEntry> entries;

@@ -58,6 +58,9 @@ public:
     /// Switches starting at login on or off. The switch changes at once, and changes back if that
     /// fails.
     void setLaunchAtLogin(bool enabled);
+    /// Call it when the language of the texts has changed: the entries then have theirs in the new
+    /// one, and an earlier failure is forgotten.
+    void renewTexts();
     /// Call it when a menu opens: the switch then shows what the desktop has. An earlier failure
     /// stays to be read.
     void refresh();

@@ -1,5 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The Quillbar developers
 // SPDX-License-Identifier: MIT
+#include "QuillbarCore/state/PreferencesStore.h"
 #include "tests/label/LabelProgramFixture.h"
 #include "tests/qtsupport/SpinUntil.h"
 
@@ -36,6 +37,17 @@ TEST_F(LabelProgramTest, printsEveryFormat) {
     run({QStringLiteral("--format=waybar")});
     EXPECT_EQ(exitStatus(), 0);
     EXPECT_THAT(m_output, HasSubstr(R"("tooltip":"BTCUSDT )"));
+}
+
+TEST_F(LabelProgramTest, answersInTheLanguageThatIsStored) {
+    run({QStringLiteral("--help")});
+    EXPECT_THAT(m_output, StartsWith("用法：quillbar-label "));
+    m_output.clear();
+    PreferencesStore(m_folder.path() / "Quillbar")
+        .save(Preferences{}.settingLanguage(Language::english));
+    run({QStringLiteral("--help")});
+    EXPECT_EQ(exitStatus(), 0);
+    EXPECT_THAT(m_output, StartsWith("Usage: quillbar-label "));
 }
 
 TEST_F(LabelProgramTest, printsAPriceInTheUsersWording) {

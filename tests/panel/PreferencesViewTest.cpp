@@ -291,6 +291,8 @@ TEST_F(PreferencesViewTest, theKeyboardReachesEverythingAndChooses) {
     press(Qt::Key_Tab);
     EXPECT_EQ(focused(), QStringLiteral("固定的币种"));
     press(Qt::Key_Tab);
+    EXPECT_EQ(focused(), QStringLiteral("简体中文"));
+    press(Qt::Key_Tab);
     EXPECT_EQ(focused(), kBack);
     press(Qt::Key_Tab);
     EXPECT_EQ(focused(), kRedUp);
