@@ -24,9 +24,9 @@ namespace quillbar {
 /// crosshair follows the pointer or the arrow keys, and shows the time and the close of the nearest
 /// candle, and the change up to it.
 ///
-/// Times are those of the calendar, written as in the widget's locale, which follows the texts until
-/// another is set, whatever the user's is. For screen readers it is a chart; give it an accessible
-/// name.
+/// Times are those of the calendar, written as in the widget's locale, which follows the texts
+/// until another is set, whatever the user's is. For screen readers it is a chart; give it an
+/// accessible name.
 class PriceChart final : public QWidget {
 public:
     /// The opacity of an outdated chart.

@@ -17,8 +17,8 @@ namespace quillbar {
 /// The words for a stream that is connected but has delivered nothing for long.
 [[nodiscard]] std::string silentConnectionName();
 
-/// Why there is no connection, in a few words in the user's language, on one line and without a full
-/// stop.
+/// Why there is no connection, in a few words in the user's language, on one line and without a
+/// full stop.
 [[nodiscard]] std::string displayName(const ConnectionFailure& failure);
 
 /// The name of the connection's state for other programs. It never changes.

@@ -73,13 +73,12 @@ QString ConnectionBanner::advice(const std::optional<ConnectionFailure>& failure
     case ConnectionFailure::Kind::cannotConnect:
     case ConnectionFailure::Kind::timedOut:
     case ConnectionFailure::Kind::lost:
-        return translated(
-                   "panel",
-                   "%1。请检查网络。\n"
-                   "需要代理时，在桌面的网络设置里填写；\n"
-                   "或设置 https_proxy、all_proxy，按 Ctrl+Q 退出后重新启动。\n"
-                   "也可以改用自己的镜像：\n"
-                   "QUILLBAR_REST_ENDPOINTS、QUILLBAR_STREAM_ENDPOINTS")
+        return translated("panel",
+                          "%1。请检查网络。\n"
+                          "需要代理时，在桌面的网络设置里填写；\n"
+                          "或设置 https_proxy、all_proxy，按 Ctrl+Q 退出后重新启动。\n"
+                          "也可以改用自己的镜像：\n"
+                          "QUILLBAR_REST_ENDPOINTS、QUILLBAR_STREAM_ENDPOINTS")
             .arg(reason);
     default:
         return reason;

@@ -79,10 +79,10 @@ public:
     /// about to come back.
     std::function<void(bool areShown)> onPreferences;
 
-    /// Builds all that is shown anew, for texts that were read in another language. The page and the
-    /// tab stay; an open chart closes, and an offer to undo ends. On the page of preferences, the
-    /// language that is chosen has the focus then. Must not be called from a widget of the panel,
-    /// because it destroys that.
+    /// Builds all that is shown anew, for texts that were read in another language. The page and
+    /// the tab stay; an open chart closes, and an offer to undo ends. On the page of preferences,
+    /// the language that is chosen has the focus then. Must not be called from a widget of the
+    /// panel, because it destroys that.
     void renew();
 
     [[nodiscard]] QSize sizeHint() const override;

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "Quillbar/panel/TextSizeSection.h"
 
+#include "Quillbar/platform/Translated.h"
 #include "Quillbar/widgets/ChoiceList.h"
 #include "QuillbarCore/state/PreferencesState.h"
 #include "QuillbarCore/state/TextSize.h"
@@ -31,7 +32,7 @@ std::vector<QString> titles() {
 }  // namespace
 
 TextSizeSection::TextSizeSection(PreferencesState& preferences, QWidget* parent)
-    : PreferencesSection(QStringLiteral("字号"), parent)
+    : PreferencesSection(translated("panel", "字号"), parent)
     , m_sizes(new ChoiceList(title(), titles(), this)) {
     m_sizes->onSelect = [&preferences](std::size_t index) {
         preferences.setTextSize(kAllTextSizes.at(index));

@@ -40,8 +40,8 @@ namespace TextLanguages {
 /// stay as they are, so whoever shows them asks again.
 void use(TextLanguage language);
 
-/// Uses the language that is stored for this user, for texts before there are preferences. Reads one
-/// small file, which blocks.
+/// Uses the language that is stored for this user, for texts before there are preferences. Reads
+/// one small file, which blocks.
 void useStored();
 
 /// The language in use, at first Chinese.

@@ -18,8 +18,8 @@ namespace quillbar {
 
 /// The same for a text about a number of things, in which "%n" stands for `count`. A translation
 /// has a form for each number that its language tells apart: "1 coin", "2 coins". `note` is for
-/// translators, and tells apart two uses of one Chinese text; usually null. Their tools understand a
-/// name or a call as `count`, and pass over a cast.
+/// translators, and tells apart two uses of one Chinese text; usually null. Their tools understand
+/// a name or a call as `count`, and pass over a cast.
 [[nodiscard]] QString translated(const char* context,
                                  const char* chinese,
                                  const char* note,

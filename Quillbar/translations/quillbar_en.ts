@@ -109,7 +109,7 @@
         <translation>Add %1 to watchlist</translation>
     </message>
     <message>
-        <source>%1, %2，价格 %3，涨跌 %4，%5 %6</source>
+        <source>%1，%2，价格 %3，涨跌 %4，%5 %6</source>
         <translation>%1, %2, price %3, change %4, %5 %6</translation>
     </message>
     <message>
@@ -681,11 +681,13 @@ After changing a variable, quit with Ctrl+Q and start again</translation>
         <source>%1。请检查网络。
 需要代理时，在桌面的网络设置里填写；
 或设置 https_proxy、all_proxy，按 Ctrl+Q 退出后重新启动。
-也可以改用自己的镜像：QUILLBAR_REST_ENDPOINTS、QUILLBAR_STREAM_ENDPOINTS</source>
+也可以改用自己的镜像：
+QUILLBAR_REST_ENDPOINTS、QUILLBAR_STREAM_ENDPOINTS</source>
         <translation>%1. Check the network.
 If you need a proxy, enter it in the desktop&apos;s network settings,
 or set https_proxy or all_proxy, quit with Ctrl+Q and start again.
-You can also use mirrors of your own: QUILLBAR_REST_ENDPOINTS, QUILLBAR_STREAM_ENDPOINTS</translation>
+You can also use mirrors of your own:
+QUILLBAR_REST_ENDPOINTS, QUILLBAR_STREAM_ENDPOINTS</translation>
     </message>
     <message numerus="yes">
         <source>自选列表过长，只更新前 %n 个币种</source>
@@ -758,7 +760,7 @@ You can also use mirrors of your own: QUILLBAR_REST_ENDPOINTS, QUILLBAR_STREAM_E
         <translation>There is no session bus (D-Bus), so most status areas cannot show Quillbar. Start it from a desktop session; Ctrl+Q quits</translation>
     </message>
     <message>
-        <source>桌面没有可用的状态栏，面板以窗口打开。GNOME 请启用扩展 AppIndicator and KStatusNotifierItem Support;再次启动 Quillbar 可重新打开面板，按 Ctrl+Q 退出</source>
+        <source>桌面没有可用的状态栏，面板以窗口打开。GNOME 请启用扩展 AppIndicator and KStatusNotifierItem Support；再次启动 Quillbar 可重新打开面板，按 Ctrl+Q 退出</source>
         <translation>The desktop has no status area, so the panel opens as a window. On GNOME, enable the extension AppIndicator and KStatusNotifierItem Support. Start Quillbar again to open the panel again; Ctrl+Q quits</translation>
     </message>
     <message>
@@ -886,6 +888,10 @@ You can also use mirrors of your own: QUILLBAR_REST_ENDPOINTS, QUILLBAR_STREAM_E
         <translation>Language</translation>
     </message>
     <message>
+        <source>字号</source>
+        <translation>Text size</translation>
+    </message>
+    <message>
         <source>偏好设置未能保存到磁盘</source>
         <translation>The preferences could not be saved to disk</translation>
     </message>
@@ -977,21 +983,21 @@ You can also use mirrors of your own: QUILLBAR_REST_ENDPOINTS, QUILLBAR_STREAM_E
         <translation>Updated just now</translation>
     </message>
     <message numerus="yes">
-        <source>%n 分钟前更新 (%1)</source>
+        <source>%n 分钟前更新（%1）</source>
         <translation>
             <numerusform>Updated %n minute ago (%1)</numerusform>
             <numerusform>Updated %n minutes ago (%1)</numerusform>
         </translation>
     </message>
     <message numerus="yes">
-        <source>%n 小时前更新 (%1)</source>
+        <source>%n 小时前更新（%1）</source>
         <translation>
             <numerusform>Updated %n hour ago (%1)</numerusform>
             <numerusform>Updated %n hours ago (%1)</numerusform>
         </translation>
     </message>
     <message numerus="yes">
-        <source>%n 天前更新 (%1 %2)</source>
+        <source>%n 天前更新（%1 %2）</source>
         <translation>
             <numerusform>Updated %n day ago (%1 %2)</numerusform>
             <numerusform>Updated %n days ago (%1 %2)</numerusform>
@@ -1054,7 +1060,11 @@ You can also use mirrors of your own: QUILLBAR_REST_ENDPOINTS, QUILLBAR_STREAM_E
         <translation>%1 meanwhile %2</translation>
     </message>
     <message>
-        <source>当时 %1,24 小时 %2</source>
+        <source>%1 期间 %2</source>
+        <translation>%1 meanwhile %2</translation>
+    </message>
+    <message>
+        <source>当时 %1，24 小时 %2</source>
         <translation>At %1, 24 h %2</translation>
     </message>
     <message>

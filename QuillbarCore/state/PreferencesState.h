@@ -41,9 +41,9 @@ public:
     void setTextSize(TextSize size);
     /// Chooses the language of the texts.
     void setLanguage(Language language);
-    /// Shows this in the status area. While a template is typed, each of its versions is an edit, so
-    /// an edit of the template alone does not wait for the disk: a power cut a few seconds later may
-    /// cost it.
+    /// Shows this in the status area. While a template is typed, each of its versions is an edit,
+    /// so an edit of the template alone does not wait for the disk: a power cut a few seconds later
+    /// may cost it.
     void setLabel(const LabelPreferences& label);
 
 private:

@@ -18,10 +18,10 @@ namespace quillbar {
 ///      "template":"{symbol} {price:.0}","discreet":true,"coins":"rotating","every":30},
 ///      "alertSound":true,"textSize":115,"language":"en"}
 ///
-/// The version alone is required; what is absent has its default. A raw text, a number of seconds or
-/// a text size that stands for nothing, or a switch that is neither true nor false, fails the whole
-/// document; the template may be any text. But for the version and the colours, only what is not
-/// the default is written.
+/// The version alone is required; what is absent has its default. A raw text, a number of seconds
+/// or a text size that stands for nothing, or a switch that is neither true nor false, fails the
+/// whole document; the template may be any text. But for the version and the colours, only what is
+/// not the default is written.
 struct PreferencesDocument final {
     using Document = Preferences;
     static constexpr std::string_view kFileName = "preferences.json";

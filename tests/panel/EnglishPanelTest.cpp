@@ -31,7 +31,8 @@ struct EnglishPanelTest : PanelFixture {
         price("BTC", 110);
         spinUntilIdle();
     }
-    /// What the panel says in Chinese, in whatever way; but for the language that is named in itself.
+    /// What the panel says in Chinese, in whatever way; but for the language that is named in
+    /// itself.
     [[nodiscard]] QStringList chineseTexts() const {
         QStringList found;
         const auto take = [&](const QString& text) {
