@@ -179,6 +179,8 @@ void PanelView::showPreferences(Qt::FocusReason reason) {
     if (m_preferencesView == nullptr) {
         m_preferencesView = new PreferencesView(
             m_preferences, [this] { return scheme(); }, this);
+        m_language = new LanguageSection(m_preferences, m_preferencesView);
+        m_preferencesView->add(m_language);
         m_preferencesView->add(
             new LabelSection(m_preferences, m_environment.appState, m_preferencesView));
         m_preferencesView->add(new LabelCoinsSection(m_preferences, m_preferencesView));
@@ -186,8 +188,6 @@ void PanelView::showPreferences(Qt::FocusReason reason) {
             m_preferencesView->add(
                 new AlertsSection(m_environment, m_preferences, m_preferencesView));
         }
-        m_language = new LanguageSection(m_preferences, m_preferencesView);
-        m_preferencesView->add(m_language);
         layout()->addWidget(m_preferencesView);
     }
     closePopup();

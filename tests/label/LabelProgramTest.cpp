@@ -41,6 +41,7 @@ TEST_F(LabelProgramTest, printsEveryFormat) {
 
 TEST_F(LabelProgramTest, answersInTheLanguageThatIsStored) {
     run({QStringLiteral("--help")});
+    EXPECT_EQ(exitStatus(), 0);
     EXPECT_THAT(m_output, StartsWith("用法：quillbar-label "));
     m_output.clear();
     PreferencesStore(m_folder.path() / "Quillbar")

@@ -104,7 +104,7 @@ TEST_F(PreferencesSizesTest, everyTextIsOf10Point5WrapsAndStandsTwelvePointsFrom
 TEST_F(PreferencesSizesTest, sectionsAreTwelvePointsApartAndBeginFourBelowTheirHeadings) {
     openPage();
     const std::vector<PreferencesSection*> sections = widgetsOf<PreferencesSection>(page());
-    ASSERT_EQ(sections.size(), 4U);
+    ASSERT_EQ(sections.size(), 6U);
     for (std::size_t each = 0; each < sections.size(); ++each) {
         SCOPED_TRACE(each);
         EXPECT_EQ(place(*sections[each]).left(), 4);

@@ -139,9 +139,7 @@ TEST(LabelFaceDiscreet, saysNothingOfTheCoin) {
 TEST(LabelFaceDiscreet, callsNoConnectionSoundOverWhichNothingComes) {
     EXPECT_EQ(worded({}, bitcoin().hidden()).details, QStringLiteral("数字已隐藏\n已连接"));
     EXPECT_EQ(LabelFace::of(bitcoin().hidden(), kUpdate + Seconds(600)).details,
-              QStringLiteral("数字已隐藏\n")
-                  + QString::fromUtf8(kSilentConnectionName.data(),
-                                      static_cast<qsizetype>(kSilentConnectionName.size())));
+              QStringLiteral("数字已隐藏\n") + QString::fromStdString(silentConnectionName()));
 }
 
 TEST(LabelFaceDiscreet, stillTellsOfAnEditThatWasNotSaved) {
