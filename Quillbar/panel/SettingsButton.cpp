@@ -83,6 +83,8 @@ SettingsButton::SettingsButton(SettingsMenu& settings,
     setToolTip(translated("panel", "设置"));
     m_menu->setAccessibleName(translated("panel", "设置"));
     QObject::connect(this, &QAbstractButton::clicked, this, [this] { openMenu(); });
+    QObject::connect(m_menu, &QMenu::aboutToShow, this, [this] { setLit(true); });
+    QObject::connect(m_menu, &QMenu::aboutToHide, this, [this] { setLit(false); });
 }
 
 void SettingsButton::keyPressEvent(QKeyEvent* event) {

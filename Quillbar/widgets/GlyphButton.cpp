@@ -30,6 +30,11 @@ void GlyphButton::setColors(ColorRole role, ColorRole hoverRole) {
     update();
 }
 
+void GlyphButton::setLit(bool isLit) {
+    m_isLit = isLit;
+    update();
+}
+
 void GlyphButton::setRestingOpacity(double opacity) {
     m_restingOpacity = opacity;
     update();
@@ -40,7 +45,7 @@ void GlyphButton::drawContent(QPainter& painter) {
     square.moveCenter(TextScale::enlarge(painter, *this).center());
     const ThemeColors::Resolved& colors = ThemeKey::value(*this).colors;
     painter.setOpacity(glyphOpacity());
-    drawGlyph(painter, m_glyph, square, colors.*(isHovered() ? m_hoverRole : m_role));
+    drawGlyph(painter, m_glyph, square, colors.*(isBright() ? m_hoverRole : m_role));
 }
 
 }  // namespace quillbar

@@ -25,19 +25,25 @@ public:
     /// defaults are secondaryText and primaryText.
     void setColors(ColorRole role, ColorRole hoverRole);
 
+    /// Draws the button as if the pointer were over it, for as long as what it opened is open.
+    void setLit(bool isLit);
+
     /// How opaque the glyph is while the pointer is not over the button. The default is fully
     /// opaque.
     void setRestingOpacity(double opacity);
     /// How opaque it is now.
-    [[nodiscard]] double glyphOpacity() const { return isHovered() ? 1 : m_restingOpacity; }
+    [[nodiscard]] double glyphOpacity() const { return isBright() ? 1 : m_restingOpacity; }
 
 protected:
     void drawContent(QPainter& painter) override;
 
 private:
+    [[nodiscard]] bool isBright() const { return isHovered() || m_isLit; }
+
     Glyph m_glyph;
     double m_glyphSize;
     double m_restingOpacity = 1;
+    bool m_isLit = false;
     ColorRole m_role = &ThemeColors::Resolved::secondaryText;
     ColorRole m_hoverRole = &ThemeColors::Resolved::primaryText;
 };

@@ -11,6 +11,7 @@
 #include <QApplication>
 #include <QClipboard>
 #include <QGuiApplication>
+#include <QImage>
 #include <QMenu>
 #include <QTest>
 
@@ -152,6 +153,23 @@ TEST_F(SettingsButtonTest, opensTheMenuBelowItself) {
     EXPECT_EQ(menu()->geometry().top(), anchor.bottom() + 3);
     EXPECT_EQ(menu()->geometry().right(), window->geometry().right());
     EXPECT_EQ(items(), kItems);
+}
+
+TEST_F(SettingsButtonTest, isBrightWhileItsMenuIsOpen) {
+    show();
+    button->setAttribute(Qt::WA_UnderMouse, false);
+    const QImage resting = pictureOf(*button);
+    button->setAttribute(Qt::WA_UnderMouse);
+    const QImage bright = pictureOf(*button);
+    button->setAttribute(Qt::WA_UnderMouse, false);
+    ASSERT_NE(resting, bright);
+    open();
+    button->setAttribute(Qt::WA_UnderMouse, false);
+    EXPECT_EQ(pictureOf(*button), bright);
+    menu()->close();
+    spinUntilIdle();
+    button->setAttribute(Qt::WA_UnderMouse, false);
+    EXPECT_EQ(pictureOf(*button), resting);
 }
 
 TEST_F(SettingsButtonTest, opensTheMenuAboveItselfAtTheBottomOfTheScreen) {

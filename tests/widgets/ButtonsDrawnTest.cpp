@@ -65,6 +65,9 @@ TEST_F(ButtonsDrawnTest, aButtonOfAGlyphShowsItInTheMiddleStrongerUnderThePointe
     button.setColors(&Roles::up, &Roles::down);
     button.setRestingOpacity(0.55);
     EXPECT_EQ(pictureOf(button), glyph(Glyph::plus, colors.up, 0.55));
+    button.setLit(true);
+    EXPECT_EQ(pictureOf(button), glyph(Glyph::plus, colors.down, 1));
+    button.setLit(false);
     button.setGlyph(Glyph::xmark);
     underPointer(button);
     EXPECT_EQ(pictureOf(button), glyph(Glyph::xmark, colors.down, 1));
@@ -78,6 +81,8 @@ TEST_F(ButtonsDrawnTest, aChangeOfWhatAButtonShowsPaintsIt) {
     EXPECT_EQ(paintsOf(button, [&] { button.setGlyph(Glyph::xmark); }), 0);
     EXPECT_EQ(paintsOf(button, [&] { button.setRestingOpacity(0.5); }), 1);
     EXPECT_EQ(paintsOf(button, [&] { button.setColors(&Roles::up, &Roles::down); }), 1);
+    EXPECT_EQ(paintsOf(button, [&] { button.setLit(true); }), 1);
+    EXPECT_EQ(paintsOf(button, [&] { button.setLit(false); }), 1);
     EXPECT_EQ(paintsOf(button, [&] { pointerEnters(button); }), 1);
     EXPECT_EQ(paintsOf(button, [&] { pointerLeaves(button); }), 1);
 }
