@@ -1189,6 +1189,10 @@ QUILLBAR_REST_ENDPOINTS, QUILLBAR_STREAM_ENDPOINTS</translation>
         <translation>Such as 1%</translation>
     </message>
     <message>
+        <source>往回</source>
+        <translation>back by</translation>
+    </message>
+    <message>
         <source>往回多少后可再次提醒</source>
         <translation>How far back before it can alert again</translation>
     </message>

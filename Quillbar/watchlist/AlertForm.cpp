@@ -172,6 +172,10 @@ void AlertForm::makeChoices(QVBoxLayout& stack) {
     m_once = new Choice(translated("watchlist", "仅一次"), this);
     m_again = new Choice(translated("watchlist", "重复"), this);
     m_once->setChecked(true);
+    m_marginTitle =
+        new ThemedLabel(systemFont(kTextSize), &ThemeColors::Resolved::secondaryText, this);
+    m_marginTitle->setText(translated("watchlist", "往回"));
+    m_marginTitle->hide();
     m_margin = new SearchField(translated("watchlist", "如 1%"), this);
     m_margin->setAccessibleName(translated("watchlist", "往回多少后可再次提醒"));
     m_margin->setToolTip(translated("watchlist", "往回多少后可再次提醒"));
@@ -184,6 +188,7 @@ void AlertForm::makeChoices(QVBoxLayout& stack) {
     TextScale::followSpaces(*this, *row, QMargins(), kSpacing);
     row->addWidget(m_once);
     row->addWidget(m_again);
+    row->addWidget(m_marginTitle);
     row->addWidget(m_margin);
     row->addStretch(1);
     stack.addLayout(row);
@@ -193,6 +198,7 @@ void AlertForm::makeChoices(QVBoxLayout& stack) {
     m_add = new TextButton(translated("watchlist", "添加提醒"), this);
     stack.addWidget(m_add, 0, Qt::AlignRight);
     connect(m_again, &QAbstractButton::toggled, this, [this](bool isChosen) {
+        m_marginTitle->setVisible(isChosen);
         m_margin->setVisible(isChosen);
         refresh();
     });
@@ -242,20 +248,29 @@ void AlertForm::refresh() {
     const auto input = AlertInput::line(m_value->text().toStdString(), known);
     QString meaning;
     bool isReady = false;
+    bool isWrong = false;
     if (const auto* const problem = std::get_if<AlertInput::Problem>(&input)) {
         meaning = textOf(*problem);
+        isWrong = *problem == AlertInput::Problem::noNumber;
     } else {
         const auto& line = std::get<AlertInput::Line>(input);
         isReady = m_once->isChecked() || margin(line).has_value();
+        isWrong = !isReady;
         meaning = isReady ? translated("watchlist", "%1 时提醒")
                                 .arg(AlertText::condition(line.kind, line.threshold))
                           : translated("watchlist", "往回的幅度应小于所填的数，如 1%");
     }
-    m_meaning->setText(meaning);
-    m_meaning->setAccessibleName(meaning);
+    say(meaning, isWrong);
     m_value->setAccessibleDescription(meaning);
     m_add->setEnabled(isReady);
     updateGeometry();
+}
+
+void AlertForm::say(const QString& meaning, bool isWrong) {
+    m_meaning->setRole(isWrong ? &ThemeColors::Resolved::danger
+                               : &ThemeColors::Resolved::secondaryText);
+    m_meaning->setText(meaning);
+    m_meaning->setAccessibleName(meaning);
 }
 
 void AlertForm::refreshList() {
@@ -318,7 +333,7 @@ void AlertForm::add() {
         return;
     }
     if (!*m_environment.alerts->isSaved()) {
-        m_meaning->setText(translated("watchlist", "提醒未能保存到磁盘，重启后会丢失"));
+        say(translated("watchlist", "提醒未能保存到磁盘，重启后会丢失"), true);
         return;
     }
     // A copy, because the call may delete the form.

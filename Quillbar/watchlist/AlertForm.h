@@ -58,6 +58,7 @@ private:
     void makeChoices(QVBoxLayout& stack);
     void makeList(QVBoxLayout& stack);
     void refresh();
+    void say(const QString& meaning, bool isWrong);
     void refreshList();
     void fitList();
     void add();
@@ -70,6 +71,7 @@ private:
     ThemedLabel* m_meaning = nullptr;
     QAbstractButton* m_once = nullptr;
     QAbstractButton* m_again = nullptr;
+    ThemedLabel* m_marginTitle = nullptr;
     SearchField* m_margin = nullptr;
     SearchField* m_note = nullptr;
     TextButton* m_add = nullptr;

@@ -18,6 +18,11 @@ ThemedLabel::ThemedLabel(const QFont& font, ColorRole role, QWidget* parent)
     applyTheme();
 }
 
+void ThemedLabel::setRole(ColorRole role) {
+    m_role = role;
+    applyTheme();
+}
+
 bool ThemedLabel::event(QEvent* event) {
     // A parent may have got the label after its theme was set. There is no event for that.
     if (event->type() == ThemeKey::changeEvent() || event->type() == QEvent::Show) {

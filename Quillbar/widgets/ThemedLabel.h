@@ -16,6 +16,9 @@ public:
     /// size. `role` is the text's colour.
     ThemedLabel(const QFont& font, ColorRole role, QWidget* parent = nullptr);
 
+    /// Changes the text's colour.
+    void setRole(ColorRole role);
+
 protected:
     bool event(QEvent* event) override;
 

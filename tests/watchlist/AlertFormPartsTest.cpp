@@ -107,6 +107,35 @@ TEST_F(AlertFormPartsTest, saysBelowTheFieldWhyThereIsNoLine) {
     EXPECT_EQ(said->accessibleName(), said->text());
 }
 
+TEST_F(AlertFormPartsTest, tellsWhatIsWrongInRed) {
+    open();
+    const auto colorOfMeaning = [this] {
+        return label(meaning().c_str())->palette().color(QPalette::WindowText);
+    };
+    value().setText(QStringLiteral("a"));
+    EXPECT_EQ(colorOfMeaning(), colors().danger);
+    value().setText(QStringLiteral("110"));
+    EXPECT_EQ(colorOfMeaning(), colors().secondaryText);
+    QTest::mouseClick(&part<QAbstractButton>("重复"), Qt::LeftButton);
+    margin().setText(QStringLiteral("110"));
+    EXPECT_EQ(colorOfMeaning(), colors().danger);
+    margin().setText(QStringLiteral("1%"));
+    EXPECT_EQ(colorOfMeaning(), colors().secondaryText);
+    value().clear();
+    EXPECT_EQ(colorOfMeaning(), colors().secondaryText);
+}
+
+TEST_F(AlertFormPartsTest, theMarginHasATitleWhileItCanBeFilledIn) {
+    open();
+    EXPECT_EQ(label("往回"), nullptr);
+    QTest::mouseClick(&part<QAbstractButton>("重复"), Qt::LeftButton);
+    ASSERT_NE(label("往回"), nullptr);
+    EXPECT_LT(label("往回")->geometry().right(), margin().geometry().left());
+    EXPECT_GE(label("往回")->width(), label("往回")->sizeHint().width());
+    QTest::mouseClick(&part<QAbstractButton>("仅一次"), Qt::LeftButton);
+    EXPECT_EQ(label("往回"), nullptr);
+}
+
 TEST_F(AlertFormPartsTest, saysThatTheMarginLeadsNowhere) {
     open();
     value().setText(QStringLiteral("110"));
@@ -124,7 +153,9 @@ TEST_F(AlertFormPartsTest, saysThatTheAlertIsNotOnDisk) {
     files.breakAll();
     QTest::mouseClick(&part<TextButton>("添加提醒"), Qt::LeftButton);
     files.repair();
-    EXPECT_NE(label("提醒未能保存到磁盘，重启后会丢失"), nullptr);
+    ThemedLabel* const said = label("提醒未能保存到磁盘，重启后会丢失");
+    ASSERT_NE(said, nullptr);
+    EXPECT_EQ(said->palette().color(QPalette::WindowText), colors().danger);
     EXPECT_EQ(dismissed, 0);
 }
 
@@ -194,7 +225,9 @@ TEST_F(AlertFormPartsTest, keepsTenPointsAroundAndSixBetween) {
     EXPECT_EQ(value().geometry().top() - present.bottom() - 1, 6);
     EXPECT_EQ(once.left(), 10);
     EXPECT_EQ(again.left() - once.right() - 1, 6);
-    EXPECT_EQ(margin().geometry().left() - again.right() - 1, 6);
+    const QRect marginTitle = label("往回")->geometry();
+    EXPECT_EQ(marginTitle.left() - again.right() - 1, 6);
+    EXPECT_EQ(margin().geometry().left() - marginTitle.right() - 1, 6);
     EXPECT_EQ(margin().width(), 84);
     EXPECT_EQ(add.right() + 1, 270);
     EXPECT_EQ(form->height() - add.bottom() - 1, 10);

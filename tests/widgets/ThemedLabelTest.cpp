@@ -36,6 +36,12 @@ TEST_F(ThemedLabelTest, isWrittenInItsFontAndInItsColourOfTheTheme) {
     EXPECT_EQ(colorOf(label), ThemeColors::light().down);
 }
 
+TEST_F(ThemedLabelTest, takesAnotherColour) {
+    ThemedLabel label(systemFont(12), kRole, &light);
+    label.setRole(&ThemeColors::Resolved::danger);
+    EXPECT_EQ(colorOf(label), ThemeColors::light().danger);
+}
+
 TEST_F(ThemedLabelTest, followsTheTheme) {
     const ThemedLabel label(systemFont(12), kRole, &light);
     give(light, ThemeColors::dark());
