@@ -6,16 +6,15 @@
 #include "Quillbar/text/SystemFont.h"
 #include "Quillbar/text/TabularText.h"
 #include "Quillbar/widgets/ChoiceList.h"
+#include "Quillbar/widgets/ChoiceValues.h"
 #include "QuillbarCore/state/ChangeColors.h"
 #include "QuillbarCore/state/PreferencesState.h"
 
 #include <QPainter>
 #include <QRectF>
 
-#include <algorithm>
 #include <cstddef>
 #include <utility>
-#include <vector>
 
 namespace quillbar {
 
@@ -23,11 +22,6 @@ namespace {
 
 constexpr double kSampleFontSize = 12;
 constexpr double kSampleGap = 12;
-
-std::size_t indexOf(ChangeColors colors) {
-    const auto* const found = std::find(kAllChangeColors.begin(), kAllChangeColors.end(), colors);
-    return static_cast<std::size_t>(found - kAllChangeColors.begin());
-}
 
 QString titleOf(ChangeColors colors) {
     switch (colors) {
@@ -39,15 +33,6 @@ QString titleOf(ChangeColors colors) {
         break;
     }
     return translated("panel", "蓝涨橙跌");
-}
-
-std::vector<QString> titles() {
-    std::vector<QString> result;
-    result.reserve(kAllChangeColors.size());
-    for (const ChangeColors colors : kAllChangeColors) {
-        result.push_back(titleOf(colors));
-    }
-    return result;
 }
 
 // A rise and a fall, as a row of the list writes them.
@@ -68,7 +53,7 @@ ColorsSection::ColorsSection(PreferencesState& preferences,
                              std::function<ColorScheme()> scheme,
                              QWidget* parent)
     : PreferencesSection(translated("panel", "颜色"), parent)
-    , m_colors(new ChoiceList(title(), titles(), this)) {
+    , m_colors(new ChoiceList(title(), titlesOf(kAllChangeColors, titleOf), this)) {
     m_colors->onSelect = [&preferences](std::size_t index) {
         preferences.setChangeColors(kAllChangeColors.at(index));
     };
@@ -78,7 +63,7 @@ ColorsSection::ColorsSection(PreferencesState& preferences,
     };
     add(m_colors);
     const auto show = [this](const Preferences& chosen) {
-        m_colors->setSelection(indexOf(chosen.changeColors));
+        m_colors->setSelection(indexIn(kAllChangeColors, chosen.changeColors));
     };
     m_observation = preferences.preferences().observe(show);
     show(*preferences.preferences());

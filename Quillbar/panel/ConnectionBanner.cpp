@@ -32,9 +32,9 @@ ConnectionBanner::ConnectionBanner(const AppState& state,
     , m_zone(std::move(zone))
     , m_locale(locale) {
     auto* const spinner = new Spinner(kSpinnerSize, this);
+    constexpr int kSpinnerTop = (kHeight - kSpinnerSize) / 2;
     TextScale::follow(*this, [this, spinner] {
-        spinner->move(TextScale::length(*this, kPadding),
-                      TextScale::length(*this, (kHeight - kSpinnerSize) / 2));
+        spinner->move(TextScale::length(*this, kPadding), TextScale::length(*this, kSpinnerTop));
     });
     setTextIndent(kSpinnerSize + kSpacing);
     m_observations.push_back(

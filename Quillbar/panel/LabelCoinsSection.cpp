@@ -4,12 +4,11 @@
 
 #include "Quillbar/platform/Translated.h"
 #include "Quillbar/widgets/ChoiceList.h"
+#include "Quillbar/widgets/ChoiceValues.h"
 #include "QuillbarCore/state/LabelCoins.h"
 #include "QuillbarCore/state/PreferencesState.h"
 
-#include <algorithm>
 #include <cstddef>
-#include <vector>
 
 namespace quillbar {
 
@@ -17,12 +16,6 @@ namespace {
 
 /// As far as the title of a choice stands from its mark.
 constexpr int kSpanIndent = 21;
-
-template <class Values>
-std::size_t indexOf(const Values& values, typename Values::value_type value) {
-    return static_cast<std::size_t>(std::find(values.begin(), values.end(), value)
-                                    - values.begin());
-}
 
 QString titleOf(LabelCoins coins) {
     switch (coins) {
@@ -36,30 +29,18 @@ QString titleOf(LabelCoins coins) {
     return translated("panel", "并排显示");
 }
 
-std::vector<QString> coinsTitles() {
-    std::vector<QString> titles;
-    titles.reserve(kAllLabelCoins.size());
-    for (const LabelCoins coins : kAllLabelCoins) {
-        titles.push_back(titleOf(coins));
-    }
-    return titles;
-}
-
-std::vector<QString> spanTitles() {
-    std::vector<QString> titles;
-    titles.reserve(kAllRotationSeconds.size());
-    for (const int seconds : kAllRotationSeconds) {
-        titles.push_back(translated("panel", "每 %n 秒", nullptr, seconds));
-    }
-    return titles;
+QString spanTitle(int seconds) {
+    return translated("panel", "每 %n 秒", nullptr, seconds);
 }
 
 }  // namespace
 
 LabelCoinsSection::LabelCoinsSection(PreferencesState& preferences, QWidget* parent)
     : PreferencesSection(translated("panel", "状态栏的币种"), parent)
-    , m_coins(new ChoiceList(title(), coinsTitles(), this))
-    , m_spans(new ChoiceList(translated("panel", "轮流显示的间隔"), spanTitles(), this)) {
+    , m_coins(new ChoiceList(title(), titlesOf(kAllLabelCoins, titleOf), this))
+    , m_spans(new ChoiceList(translated("panel", "轮流显示的间隔"),
+                             titlesOf(kAllRotationSeconds, spanTitle),
+                             this)) {
     m_coins->onSelect = [&preferences](std::size_t index) {
         LabelPreferences label = preferences.preferences()->label;
         label.coins = kAllLabelCoins.at(index);
@@ -81,8 +62,8 @@ LabelCoinsSection::LabelCoinsSection(PreferencesState& preferences, QWidget* par
 
 void LabelCoinsSection::showChoice(const Preferences& preferences) {
     const LabelPreferences& label = preferences.label;
-    m_coins->setSelection(indexOf(kAllLabelCoins, label.coins));
-    m_spans->setSelection(indexOf(kAllRotationSeconds, label.rotationSeconds));
+    m_coins->setSelection(indexIn(kAllLabelCoins, label.coins));
+    m_spans->setSelection(indexIn(kAllRotationSeconds, label.rotationSeconds));
     m_spans->setVisible(label.coins == LabelCoins::rotating);
 }
 

@@ -10,6 +10,7 @@
 #include "Quillbar/watchlist/SearchField.h"
 #include "Quillbar/widgets/Announcement.h"
 #include "Quillbar/widgets/ChoiceList.h"
+#include "Quillbar/widgets/ChoiceValues.h"
 #include "Quillbar/widgets/TextScale.h"
 #include "Quillbar/widgets/ThemedLabel.h"
 #include "QuillbarCore/state/AppState.h"
@@ -20,7 +21,6 @@
 #include <QShowEvent>
 #include <QVBoxLayout>
 
-#include <algorithm>
 #include <cstddef>
 #include <string>
 #include <variant>
@@ -33,12 +33,6 @@ constexpr int kSpacing = 4;
 constexpr double kTextSize = 10.5;
 /// The item cuts longer labels, too.
 constexpr qsizetype kLongestPreview = 64;
-
-std::size_t indexOf(LabelWording wording) {
-    const auto* const found =
-        std::find(kAllLabelWordings.begin(), kAllLabelWordings.end(), wording);
-    return static_cast<std::size_t>(found - kAllLabelWordings.begin());
-}
 
 QString titleOf(LabelWording wording) {
     switch (wording) {
@@ -56,15 +50,6 @@ QString titleOf(LabelWording wording) {
         break;
     }
     return translated("panel", "自定义");
-}
-
-std::vector<QString> titles() {
-    std::vector<QString> result;
-    result.reserve(kAllLabelWordings.size());
-    for (const LabelWording wording : kAllLabelWordings) {
-        result.push_back(titleOf(wording));
-    }
-    return result;
 }
 
 // What the preview is written of while there is no price.
@@ -103,7 +88,7 @@ LabelSection::LabelSection(PreferencesState& preferences, const AppState& appSta
     : PreferencesSection(translated("panel", "状态栏"), parent)
     , m_preferences(preferences)
     , m_appState(appState)
-    , m_wordings(new ChoiceList(title(), titles(), this))
+    , m_wordings(new ChoiceList(title(), titlesOf(kAllLabelWordings, titleOf), this))
     , m_preview(makeLine(&ThemeColors::Resolved::secondaryText, this)) {
     m_wordings->onSelect = [this](std::size_t index) {
         LabelPreferences label = m_preferences.preferences()->label;
@@ -178,7 +163,7 @@ void LabelSection::showProblem(const QString& problem) {
 
 void LabelSection::refresh() {
     const LabelWording wording = m_preferences.preferences()->label.wording;
-    m_wordings->setSelection(indexOf(wording));
+    m_wordings->setSelection(indexIn(kAllLabelWordings, wording));
     m_own->setVisible(wording == LabelWording::custom);
     refreshPreview();
 }

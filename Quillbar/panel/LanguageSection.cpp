@@ -4,21 +4,15 @@
 
 #include "Quillbar/platform/Translated.h"
 #include "Quillbar/widgets/ChoiceList.h"
+#include "Quillbar/widgets/ChoiceValues.h"
 #include "QuillbarCore/state/Language.h"
 #include "QuillbarCore/state/PreferencesState.h"
 
-#include <algorithm>
 #include <cstddef>
-#include <vector>
 
 namespace quillbar {
 
 namespace {
-
-std::size_t indexOf(Language language) {
-    const auto* const found = std::find(kAllLanguages.begin(), kAllLanguages.end(), language);
-    return static_cast<std::size_t>(found - kAllLanguages.begin());
-}
 
 QString titleOf(Language language) {
     switch (language) {
@@ -32,26 +26,17 @@ QString titleOf(Language language) {
     return translated("panel", "跟随系统");
 }
 
-std::vector<QString> titles() {
-    std::vector<QString> result;
-    result.reserve(kAllLanguages.size());
-    for (const Language language : kAllLanguages) {
-        result.push_back(titleOf(language));
-    }
-    return result;
-}
-
 }  // namespace
 
 LanguageSection::LanguageSection(PreferencesState& preferences, QWidget* parent)
     : PreferencesSection(translated("panel", "语言"), parent)
-    , m_languages(new ChoiceList(title(), titles(), this)) {
+    , m_languages(new ChoiceList(title(), titlesOf(kAllLanguages, titleOf), this)) {
     m_languages->onSelect = [&preferences](std::size_t index) {
         preferences.setLanguage(kAllLanguages.at(index));
     };
     add(m_languages);
     const auto show = [this](const Preferences& chosen) {
-        m_languages->setSelection(indexOf(chosen.language));
+        m_languages->setSelection(indexIn(kAllLanguages, chosen.language));
     };
     m_observation = preferences.preferences().observe(show);
     show(*preferences.preferences());
