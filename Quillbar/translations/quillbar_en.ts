@@ -244,7 +244,7 @@
     </message>
     <message>
         <source>跟随系统</source>
-        <translation>As the system</translation>
+        <translation>Follow system</translation>
     </message>
     <message>
         <source>设置未能保存到磁盘</source>
@@ -382,10 +382,10 @@ Options:
   --once               print one line as soon as there is a price, and end
                        (the default; waits 15 seconds at most)
   --follow             print a line whenever the text changes
-  --boards             print the first ten of the boards of gainers, losers, turnover
+  --boards             print the first ten of the boards of gainers, losers, volume
                        and market cap, and end
   --format FORMAT      text (the default), json or waybar; not with --boards
-  --template TEMPLATE  a wording of your own, such as
+  --template TEMPLATE  a wording of your own, like
                        &apos;{symbol} {price:.0} {change}&apos;; not with --boards
   --symbol COIN        print this coin, such as ETH or ETH/USDT; can be given several
                        times; not with --boards
@@ -393,7 +393,7 @@ Options:
   --version            print the version
 
 A template can have {symbol}, {price}, {arrow} and {change}; the change has a sign
-where the template has no arrow. Behind a colon stand, in this order, &lt; or &gt; (left or
+where the template has no arrow. After a colon, in this order: &lt; or &gt; (left or
 right), the width and the number of decimals, as in {price:&gt;10.2}. For a brace itself
 write {{ or }}. Without a current price the line is the coin&apos;s name alone. The text of
 json and waybar follows the template, too.
@@ -414,11 +414,11 @@ Environment variables:
     </message>
     <message>
         <source>--template 需要一个模板，如 &apos;{symbol} {price}&apos;</source>
-        <translation>--template needs a template, such as &apos;{symbol} {price}&apos;</translation>
+        <translation>--template needs a template, like &apos;{symbol} {price}&apos;</translation>
     </message>
     <message>
         <source>--symbol 需要一个币种，如 ETH</source>
-        <translation>--symbol needs a coin, such as ETH</translation>
+        <translation>--symbol needs a coin, like ETH</translation>
     </message>
     <message>
         <source>--once、--follow 与 --boards 只能使用其一</source>
@@ -434,7 +434,7 @@ Environment variables:
     </message>
     <message>
         <source>「{}」不是 USDT 交易对，请写 ETH 或 ETH/USDT，多个币种请多次使用 --symbol</source>
-        <translation>“{}” is no pair with USDT; write ETH or ETH/USDT, and --symbol again for each further coin</translation>
+        <translation>“{}” is not a USDT pair; write ETH or ETH/USDT, and repeat --symbol for more coins</translation>
     </message>
     <message>
         <source>--boards 只能输出文本，不能与 --format 同用</source>
@@ -505,7 +505,7 @@ Environment variables:
     </message>
     <message>
         <source>冒号后依次可写：&lt; 或 &gt;（靠左或靠右）、宽度（1 到 {}）、小数位数（.0 到 .{}），如「&gt;10.2」</source>
-        <translation>behind the colon can stand, in this order: &lt; or &gt; (left or right), the width (1 to {}), the decimals (.0 to .{}), as in “&gt;10.2”</translation>
+        <translation>after the colon, in this order: &lt; or &gt; (left or right), the width (1 to {}), the decimals (.0 to .{}), as in “&gt;10.2”</translation>
     </message>
     <message>
         <source>这里应是宽度，1 到 {}</source>
@@ -725,7 +725,7 @@ QUILLBAR_REST_ENDPOINTS, QUILLBAR_STREAM_ENDPOINTS</translation>
     </message>
     <message>
         <source>如 {symbol} {price:.0}</source>
-        <translation>Such as {symbol} {price:.0}</translation>
+        <translation>e.g. {symbol} {price:.0}</translation>
     </message>
     <message>
         <source>自定义的模板</source>
@@ -733,7 +733,7 @@ QUILLBAR_REST_ENDPOINTS, QUILLBAR_STREAM_ENDPOINTS</translation>
     </message>
     <message>
         <source>可用 {symbol}、{price}、{arrow}、{change}；{price:.0} 不带小数，{change:&gt;7} 靠右占 7 格</source>
-        <translation>Use {symbol}, {price}, {arrow}, {change}; {price:.0} has no decimals, {change:&gt;7} stands on the right of 7 columns</translation>
+        <translation>Use {symbol}, {price}, {arrow}, {change}; {price:.0} has no decimals, {change:&gt;7} is right-aligned in 7 columns</translation>
     </message>
     <message>
         <source>示例：%1</source>
@@ -805,7 +805,7 @@ QUILLBAR_REST_ENDPOINTS, QUILLBAR_STREAM_ENDPOINTS</translation>
     </message>
     <message>
         <source>涨跌幅基准</source>
-        <translation>Change since</translation>
+        <translation>Change over</translation>
     </message>
     <message>
         <source>外观</source>
@@ -881,7 +881,7 @@ QUILLBAR_REST_ENDPOINTS, QUILLBAR_STREAM_ENDPOINTS</translation>
     </message>
     <message>
         <source>跟随系统</source>
-        <translation>As the system</translation>
+        <translation>Follow system</translation>
     </message>
     <message>
         <source>语言</source>
@@ -924,7 +924,7 @@ QUILLBAR_REST_ENDPOINTS, QUILLBAR_STREAM_ENDPOINTS</translation>
     </message>
     <message>
         <source>不含 PEM 格式的证书</source>
-        <translation>has no certificate in PEM format</translation>
+        <translation>contains no PEM certificate</translation>
     </message>
     <message>
         <source>可以打开的文件太少：ulimit -n 为 {}，至少需要 {}</source>
@@ -961,7 +961,7 @@ QUILLBAR_REST_ENDPOINTS, QUILLBAR_STREAM_ENDPOINTS</translation>
     </message>
     <message>
         <source>不是有效的网址</source>
-        <translation>is no valid address</translation>
+        <translation>is not a valid address</translation>
     </message>
     <message>
         <source>不能带有参数、片段或账号</source>
@@ -1005,27 +1005,27 @@ QUILLBAR_REST_ENDPOINTS, QUILLBAR_STREAM_ENDPOINTS</translation>
     </message>
     <message>
         <source>重复（回落 %1 后）</source>
-        <translation>repeats (after falling %1)</translation>
+        <translation>repeats (after a fall of %1)</translation>
     </message>
     <message>
         <source>重复（回升 %1 后）</source>
-        <translation>repeats (after rising %1)</translation>
+        <translation>repeats (after a rise of %1)</translation>
     </message>
     <message>
         <source>回落到 %1 后生效</source>
-        <translation>Active once it falls to %1</translation>
+        <translation>Rearms at %1 or below</translation>
     </message>
     <message>
         <source>回升到 %1 后生效</source>
-        <translation>Active once it rises to %1</translation>
+        <translation>Rearms at %1 or above</translation>
     </message>
     <message>
         <source>低于 %1 后生效</source>
-        <translation>Active once below %1</translation>
+        <translation>Rearms below %1</translation>
     </message>
     <message>
         <source>高于 %1 后生效</source>
-        <translation>Active once above %1</translation>
+        <translation>Rearms above %1</translation>
     </message>
     <message>
         <source>价格 ≥ %1</source>
@@ -1057,11 +1057,11 @@ QUILLBAR_REST_ENDPOINTS, QUILLBAR_STREAM_ENDPOINTS</translation>
     </message>
     <message>
         <source>%1 期间%2</source>
-        <translation>%1 meanwhile %2</translation>
+        <translation>%1 crossed meanwhile: %2</translation>
     </message>
     <message>
         <source>%1 期间 %2</source>
-        <translation>%1 meanwhile %2</translation>
+        <translation>%1 crossed meanwhile: %2</translation>
     </message>
     <message>
         <source>当时 %1，24 小时 %2</source>
@@ -1073,7 +1073,7 @@ QUILLBAR_REST_ENDPOINTS, QUILLBAR_STREAM_ENDPOINTS</translation>
     </message>
     <message>
         <source>右键任一币种，固定到菜单栏</source>
-        <translation>Right-click a coin to pin it to the menu bar</translation>
+        <translation>Right-click a coin to pin it to the status area</translation>
     </message>
 </context>
 <context>
@@ -1138,7 +1138,7 @@ QUILLBAR_REST_ENDPOINTS, QUILLBAR_STREAM_ENDPOINTS</translation>
     </message>
     <message>
         <source>搜索币种,如 SOL</source>
-        <translation>Search coins, such as SOL</translation>
+        <translation>Search coins, e.g. SOL</translation>
     </message>
     <message>
         <source>搜索币种</source>
@@ -1170,7 +1170,7 @@ QUILLBAR_REST_ENDPOINTS, QUILLBAR_STREAM_ENDPOINTS</translation>
     </message>
     <message>
         <source>价格，或如 5%</source>
-        <translation>Price, or such as 5%</translation>
+        <translation>Price, or e.g. 5%</translation>
     </message>
     <message>
         <source>提醒的价格，或带百分号的 24 小时涨跌</source>
@@ -1186,15 +1186,15 @@ QUILLBAR_REST_ENDPOINTS, QUILLBAR_STREAM_ENDPOINTS</translation>
     </message>
     <message>
         <source>如 1%</source>
-        <translation>Such as 1%</translation>
+        <translation>e.g. 1%</translation>
     </message>
     <message>
         <source>往回</source>
-        <translation>back by</translation>
+        <translation>after moving back</translation>
     </message>
     <message>
         <source>往回多少后可再次提醒</source>
-        <translation>How far back before it can alert again</translation>
+        <translation>How far it must move back before it alerts again</translation>
     </message>
     <message>
         <source>备注（可不填）</source>
@@ -1218,11 +1218,11 @@ QUILLBAR_REST_ENDPOINTS, QUILLBAR_STREAM_ENDPOINTS</translation>
     </message>
     <message>
         <source>%1 时提醒</source>
-        <translation>Alerts at %1</translation>
+        <translation>Alerts when %1</translation>
     </message>
     <message>
         <source>往回的幅度应小于所填的数，如 1%</source>
-        <translation>The way back must be less than the value, such as 1%</translation>
+        <translation>The move back must be smaller than the value, e.g. 1%</translation>
     </message>
     <message>
         <source>删除提醒</source>
@@ -1294,7 +1294,7 @@ QUILLBAR_REST_ENDPOINTS, QUILLBAR_STREAM_ENDPOINTS</translation>
     </message>
     <message>
         <source>固定到菜单栏</source>
-        <translation>Pin to menu bar</translation>
+        <translation>Pin to status area</translation>
     </message>
     <message>
         <source>价格提醒…</source>

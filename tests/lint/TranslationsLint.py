@@ -10,9 +10,10 @@ from Lint import lint
 
 TRANSLATION = "Quillbar/translations/quillbar_en.ts"
 CHINESE = re.compile("[\u3000-\u303f\u3400-\u9fff\uff00-\uffef]")
-CALL = re.compile(r"\b(translated|userText)\s*\(")
+CALL = re.compile(r"(?<![.>\w])(translated|userText)\s*\(")
 LITERAL = re.compile(r'R"(?P<mark>[^()\s\\]{0,16})\((?P<raw>.*?)\)(?P=mark)"'
                      r'|"(?P<text>(?:\\.|[^"\\\n])*)"', re.DOTALL)
+CHARACTER = re.compile(r"u?'[^'\n]'")
 ESCAPES = {"n": "\n", "t": "\t", '"': '"', "\\": "\\", "'": "'"}
 FIELD = re.compile(r"%[n1-9]|\{[A-Za-z0-9:.<>]*\}")
 # What the exchange's amounts are counted in is no text to translate: the application chooses the
@@ -20,6 +21,11 @@ FIELD = re.compile(r"%[n1-9]|\{[A-Za-z0-9:.<>]*\}")
 UNITS = {"万", "亿", "万亿"}
 # Characters that a font is asked for; and a file with its texts in every language.
 NO_TEXTS = {"Quillbar/text/ChineseFont.cpp", "Quillbar/login/AutostartEntry.cpp"}
+# What reads Chinese characters, and writes none.
+NO_CHARACTERS = {"QuillbarCore/catalog/SearchText.cpp", "QuillbarCore/catalog/CoinNames.cpp"}
+# The function itself; and an unrelated one of its name.
+NO_CALLS = {"Quillbar/platform/Translated.h", "Quillbar/platform/Translated.cpp",
+            "Quillbar/window/X11Session.cpp"}
 
 
 def value_of(match):
@@ -58,8 +64,7 @@ def calls(source):
                 break
             arguments.append((start, value))
             place = end
-        if len(arguments) == 2:
-            yield match[1], arguments
+        yield match.start(), match[1], arguments
 
 
 def room_of(path):
@@ -75,12 +80,22 @@ def wanted(tree):
     for source in tree.sources("Quillbar", "QuillbarCore"):
         room = room_of(source.path)
         known = set()
-        for function, ((_, context), (start, text)) in calls(source):
+        for place, function, arguments in calls(source):
+            if len(arguments) < 2:
+                if room != "core" and source.path not in NO_CALLS:
+                    findings.append(source.at(place, "name the room and the text themselves, or "
+                                              "the text is never found"))
+                continue
+            (_, context), (start, text) = arguments
             known.add(start)
             if function != ("userText" if room == "core" else "translated") or context != room:
                 findings.append(source.at(start, f'the context of a text here is "{room}", and its '
                                           "function translated in rooms, userText in the core"))
             texts.setdefault((room, text), source.at(start, ""))
+        for match in CHARACTER.finditer(source.text):
+            if (CHINESE.search(match[0]) and source.code[match.end() - 1] == "0"
+                    and source.path not in NO_CHARACTERS):
+                findings.append(source.at(match.start(), "write a text that can be translated"))
         for start, _, text in literals(source):
             if start in known or not CHINESE.search(text) or source.path in NO_TEXTS:
                 continue
@@ -102,7 +117,9 @@ def written(tree):
 
 
 def fields(text):
-    return sorted(field for field in FIELD.findall(text) if field != "%n")
+    """Numbered ones may stand in any order; the others are filled in one after the other."""
+    found = [field for field in FIELD.findall(text) if field != "%n"]
+    return sorted(found) if any(field.startswith("%") for field in found) else found
 
 
 def flaws(text, translation):
@@ -117,6 +134,8 @@ def flaws(text, translation):
             yield "and its translation do not both end a line"
         if CHINESE.search(form) and form != text:
             yield f'has a translation with Chinese characters: "{form[:40]}"'
+    if "%n" in text and not forms:
+        yield "counts, and its translation has no form for one and for many"
     if forms and "%n" not in forms[-1]:
         yield "counts, and its translation for many does not say how many"
 
@@ -174,10 +193,17 @@ lint(check,
           project('translated("panel", "一\\n");', ("一\n", done("One"))),
           project(COUNT, ("%n 分钟", counted("%n minute", ""))),
           project(COUNT, ("%n 分钟", counted("%n minute", "minutes"))),
+          project(COUNT, ("%n 分钟", done("%n minutes"))),
+          project("separator = u'，';"),
+          project('translated("panel", name);'),
+          project('translated(room, "Name");'),
+          project('translated("panel", "{} 和 {:.2}");', ("{} 和 {:.2}", done("{:.2} and {}"))),
           project('name = "今日";', path="QuillbarCore/model/A.cpp", context="core"),
           project('translated("core", "今日");', ("今日", done("Today")),
                   path="QuillbarCore/model/A.cpp", context="core")],
      good=[project("// 名称 is a name\nint a;"),
+           project("shadow.translated(x, y);"),
+           project("rise = '≥'; comma = ',';"),
            project(NAME, ("名称", done("Name"))),
            project('translated("panel",\n"名" // half\n"称");', ("名称", done("Name"))),
            project('translated("app", "名称");', ("名称", done("Name")),
