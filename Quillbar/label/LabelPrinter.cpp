@@ -90,10 +90,13 @@ void LabelPrinter::updateFollowing(const Snapshots& labels) {
     const auto isSame = [this](const LabelSnapshot& previous, const LabelSnapshot& current) {
         return !differsVisibly(previous, current, m_options.format);
     };
-    if (std::ranges::equal(m_printed, labels, isSame)) {
+    const bool isReadTheSame =
+        m_options.format == LabelFormat::text || m_printedIn == TextLanguages::inUse();
+    if (isReadTheSame && std::ranges::equal(m_printed, labels, isSame)) {
         return;
     }
     m_printed = labels;
+    m_printedIn = TextLanguages::inUse();
     // All of them: a slow reader gets only what was printed last.
     if (!print(labels)) {
         finish(kSuccess);

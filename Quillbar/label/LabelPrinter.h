@@ -5,6 +5,7 @@
 #include "Quillbar/label/LabelLine.h"
 #include "Quillbar/label/LabelOptions.h"
 #include "Quillbar/label/PrintedLabels.h"
+#include "Quillbar/platform/TextLanguage.h"
 #include "QuillbarCore/runtime/Executor.h"
 #include "QuillbarCore/runtime/Sleeper.h"
 #include "QuillbarCore/runtime/TaskScope.h"
@@ -78,6 +79,8 @@ private:
     Output m_output;
     /// What has been printed last, of every coin; empty before.
     Snapshots m_printed;
+    /// In which language: beside the label, json and waybar have words in it.
+    TextLanguage m_printedIn = TextLanguage::chinese;
     bool m_isFinished = false;
     // Last: its task uses `this`.
     TaskScope m_scope;

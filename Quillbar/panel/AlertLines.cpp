@@ -36,7 +36,7 @@ constexpr int kButtonMargin = 6;
 
 QString textOf(const FiredAlert& fired) {
     const QDateTime time = QDateTime::fromSecsSinceEpoch(fired.time).toLocalTime();
-    const QLocale locale(QLocale::Chinese, QLocale::China);
+    const QLocale locale = LocalTimeText::localeOfTexts();
     return LocalTimeText::dayAndMonth(time.date(), locale) + u' '
            + LocalTimeText::hoursAndMinutes(time.time(), locale) + QStringLiteral("  ")
            + AlertText::title(fired) + u'\n' + AlertText::details(fired);

@@ -5,8 +5,11 @@
 #include "Quillbar/platform/Translated.h"
 #include "Quillbar/widgets/ChoiceList.h"
 #include "Quillbar/widgets/ChoiceValues.h"
+#include "Quillbar/widgets/TextScale.h"
 #include "QuillbarCore/state/LabelCoins.h"
 #include "QuillbarCore/state/PreferencesState.h"
+
+#include <QMargins>
 
 #include <cstddef>
 
@@ -53,7 +56,7 @@ LabelCoinsSection::LabelCoinsSection(PreferencesState& preferences, QWidget* par
     };
     add(m_coins);
     // Under the title of the choice to which they belong.
-    m_spans->setContentsMargins(kSpanIndent, 0, 0, 0);
+    TextScale::followMargins(*m_spans, QMargins(kSpanIndent, 0, 0, 0));
     add(m_spans);
     m_observation = preferences.preferences().observe(
         [this](const Preferences& chosen) { showChoice(chosen); });

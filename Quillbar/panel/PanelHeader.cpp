@@ -94,6 +94,10 @@ void PanelHeader::setStandalone(bool isStandalone) {
     m_close->setVisible(isStandalone);
 }
 
+QWidget& PanelHeader::settingsButton() const noexcept {
+    return *m_gear;
+}
+
 void PanelHeader::setPage(const QString& title) {
     const bool isPage = !title.isEmpty();
     m_title->setText(isPage ? title : productName());

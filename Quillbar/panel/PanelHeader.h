@@ -46,6 +46,9 @@ public:
     /// Shows the name of a page; an empty one ends that.
     void setPage(const QString& title);
 
+    /// The gear, from which pages are opened.
+    [[nodiscard]] QWidget& settingsButton() const noexcept;
+
 protected:
     void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;

@@ -144,7 +144,11 @@ void PanelView::renew() {
     build(dynamic_cast<QVBoxLayout&>(*layout()));
     m_header->setStandalone(m_isStandalone);
     if (wasShowingPreferences) {
+        // Qt shows a new child of a visible parent only later, and the page needs its place below
+        // the header now.
+        m_header->show();
         showPreferences(reason);
+        m_focusBefore = &m_header->settingsButton();
         m_language->takeFocus(reason);
     }
 }

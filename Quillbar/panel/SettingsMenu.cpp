@@ -58,6 +58,11 @@ auto valueOf(const Values& values, int firstId, int id)
     return values[static_cast<std::size_t>(index)];
 }
 
+QString launchErrorText(bool isEnabling) {
+    return isEnabling ? translated("panel", "开机自启注册失败,请检查系统设置中的登录项")
+                      : translated("panel", "取消开机自启失败,请稍后重试");
+}
+
 }  // namespace
 
 SettingsMenu::SettingsMenu(AppState& appState, LaunchAtLogin& launchAtLogin)
@@ -94,8 +99,8 @@ void SettingsMenu::setLaunchAtLogin(bool enabled) {
         return;
     }
     m_isLaunched.set(m_launchAtLogin.isEnabled());
-    m_launchError.set(enabled ? translated("panel", "开机自启注册失败,请检查系统设置中的登录项")
-                              : translated("panel", "取消开机自启失败,请稍后重试"));
+    m_wantedLaunch = enabled;
+    m_launchError.set(launchErrorText(enabled));
 }
 
 void SettingsMenu::refresh() {
@@ -103,7 +108,9 @@ void SettingsMenu::refresh() {
 }
 
 void SettingsMenu::renewTexts() {
-    m_launchError.set(std::nullopt);
+    if (*m_launchError) {
+        m_launchError.set(launchErrorText(m_wantedLaunch));
+    }
     updateEntries();
 }
 

@@ -58,8 +58,8 @@ public:
     /// Switches starting at login on or off. The switch changes at once, and changes back if that
     /// fails.
     void setLaunchAtLogin(bool enabled);
-    /// Call it when the language of the texts has changed: the entries then have theirs in the new
-    /// one, and an earlier failure is forgotten.
+    /// Call it when the language of the texts has changed: the entries, and what says why a switch
+    /// failed, then have theirs in the new one.
     void renewTexts();
     /// Call it when a menu opens: the switch then shows what the desktop has. An earlier failure
     /// stays to be read.
@@ -72,6 +72,8 @@ private:
     LaunchAtLogin& m_launchAtLogin;
     Observed<bool> m_isLaunched;
     Observed<std::optional<QString>> m_launchError;
+    /// What the switch that failed should have made of it.
+    bool m_wantedLaunch = false;
     Observed<std::vector<MenuEntry>> m_entries;
     // Last, because they call functions of this object.
     std::vector<Observation> m_observations;

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "Quillbar/label/LabelPrinter.h"
 #include "Quillbar/labelstate/StateLabelSource.h"
+#include "tests/qtsupport/UsedLanguage.h"
 #include "tests/state/AppStateFixture.h"
 
 #include <gmock/gmock.h>
@@ -69,6 +70,21 @@ TEST_F(LabelPrinterTest, onceWaitsForThePriceAndSucceeds) {
     price("BTC", 101.23);
     EXPECT_THAT(m_lines, ElementsAre("BTC 101.23 ▲ 1.23%"));
     EXPECT_THAT(m_statuses, ElementsAre(0));
+}
+
+TEST_F(LabelPrinterTest, followingPrintsAgainInAnotherLanguageWhatHasWords) {
+    startConnected(listOf({"BTC"}));
+    price("BTC", 101);
+    for (const LabelFormat format : {LabelFormat::waybar, LabelFormat::text}) {
+        m_lines.clear();
+        follow(format);
+        ASSERT_EQ(m_lines.size(), 1U);
+        const UsedLanguage english(TextLanguage::english);
+        m_isStarted.set(!*m_isStarted);
+        executor.run();
+        EXPECT_EQ(m_lines.size(), format == LabelFormat::text ? 1U : 2U);
+    }
+    EXPECT_THAT(m_statuses, IsEmpty());
 }
 
 TEST_F(LabelPrinterTest, onceSucceedsWithoutAPriceWhereTheNumbersAreHidden) {

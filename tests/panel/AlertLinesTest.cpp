@@ -3,6 +3,7 @@
 #include "Quillbar/panel/AlertLines.h"
 #include "Quillbar/panel/UnderlineTabs.h"
 #include "tests/panel/PanelFixture.h"
+#include "tests/qtsupport/UsedLanguage.h"
 
 #include <QAccessible>
 #include <QLocale>
@@ -74,6 +75,14 @@ TEST_F(AlertLinesTest, writesTimesAsChineseDoWhereverTheDesktopIs) {
     QLocale::setDefault(before);
     ASSERT_EQ(lines.size(), 2U);
     EXPECT_THAT(lines, ::testing::Each(::testing::Not(::testing::ContainsRegex("[AP]M"))));
+}
+
+TEST_F(AlertLinesTest, namesTheMonthInEnglishWhereANumberCouldBeEither) {
+    const UsedLanguage english(TextLanguage::english);
+    showTwo();
+    fireBoth();
+    EXPECT_THAT(told(),
+                ::testing::Each(::testing::ContainsRegex("^[0-9]+ [A-Z][a-z]+ [0-9]+:[0-9]+  ")));
 }
 
 TEST_F(AlertLinesTest, theButtonSaysThatItWasSeen) {

@@ -53,6 +53,14 @@ TEST_F(LabelCoinsSectionTest, theSpansStandUnderTheTitleOfCoinsInTurn) {
     EXPECT_EQ(placeOf(QStringLiteral("每 5 秒")).x(), placeOf(kRotating).x() + 21);
 }
 
+TEST_F(LabelCoinsSectionTest, theSpansStandThereAtLargerTextsToo) {
+    button(kRotating).click();
+    ThemeKey::set(section, {.colors = ThemeColors::dark(), .scale = 1.3});
+    spinUntilIdle();
+    EXPECT_EQ(button(QStringLiteral("每 5 秒")).mapTo(&section, QPoint()).x(),
+              button(kRotating).mapTo(&section, QPoint()).x() + 27);
+}
+
 TEST_F(LabelCoinsSectionTest, showsWhatIsStored) {
     preferences.setLabel({.coins = LabelCoins::rotating, .rotationSeconds = 5});
     EXPECT_TRUE(button(kRotating).isChecked());

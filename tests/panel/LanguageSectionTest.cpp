@@ -75,9 +75,12 @@ TEST_F(LanguageSectionTest, thePageStaysWithTheFocusOnTheLanguage) {
     EXPECT_EQ(focused(), kEnglish);
     EXPECT_TRUE(hasRing(kEnglish)) << "the keyboard chose it";
     EXPECT_TRUE(isChosen(kEnglish));
+    const QWidget& chosen = *named(*panel, kEnglish);
+    EXPECT_EQ(chosen.visibleRegion(), QRegion(chosen.rect()));
     QTest::keyClick(panel->focusWidget(), Qt::Key_Escape);
     EXPECT_EQ(shown<LanguageSection>(), nullptr);
     EXPECT_NE(shown<RowList>(), nullptr);
+    EXPECT_EQ(focused(), QStringLiteral("Settings")) << "the button from which pages are opened";
 }
 
 TEST_F(LanguageSectionTest, thePanelIsTheSameAgainInTheLanguageOfBefore) {

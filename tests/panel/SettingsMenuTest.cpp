@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "Quillbar/panel/SettingsMenu.h"
 #include "tests/panel/SettingsFixture.h"
+#include "tests/qtsupport/UsedLanguage.h"
 
 #include <gmock/gmock.h>
 
@@ -209,6 +210,21 @@ TEST_F(SettingsMenuTest, theErrorStaysUntilASwitchThatSucceeds) {
     choose("开机自启");
     EXPECT_EQ(*settings->launchAtLoginError(), nullopt);
     EXPECT_EQ(entries().size(), 10U);
+}
+
+TEST_F(SettingsMenuTest, theErrorStaysInAnotherLanguage) {
+    makeSettings();
+    item.afterRegister = LoginItemStatus::requiresApproval;
+    choose("开机自启");
+    {
+        const UsedLanguage english(TextLanguage::english);
+        settings->renewTexts();
+        EXPECT_TRUE(
+            (*settings->launchAtLoginError())->startsWith(QStringLiteral("Start at login ")));
+        EXPECT_EQ(entries().size(), 11U);
+    }
+    settings->renewTexts();
+    EXPECT_EQ(*settings->launchAtLoginError(), kCannotRegister);
 }
 
 TEST_F(SettingsMenuTest, settingsMadeAnewHaveNoError) {
