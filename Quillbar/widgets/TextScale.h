@@ -16,7 +16,8 @@ class QWidget;
 /// How views grow with the text size that the user has chosen. Every length and every size of a
 /// font is written down as it is at 100 %, and a view multiplies it by the factor in its theme: for
 /// its geometry by `length`, for what it paints itself by `enlarge`, for texts that Qt paints by
-/// `font`. Hairlines, rings, shadows and the corners of windows keep their widths.
+/// `font`. Hairlines, rings, shadows, the fade at the edge of a list and the corners of windows
+/// keep their widths.
 ///
 /// For the main thread.
 namespace quillbar::TextScale {

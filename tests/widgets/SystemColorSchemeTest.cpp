@@ -23,7 +23,7 @@ constexpr uint kLight = 2;
 
 /// A desktop with a palette and, if a test says so, a settings portal.
 struct SystemColorSchemeTest : testing::Test {
-    ~SystemColorSchemeTest() override { QApplication::setPalette(before); }
+    void TearDown() override { QApplication::setPalette(before); }
 
     static void thePaletteIs(ColorScheme scheme) {
         const bool isDark = scheme == ColorScheme::dark;
@@ -57,7 +57,10 @@ TEST_F(SystemColorSchemeTest, followsThePaletteWithoutABus) {
 
 /// The same with a portal on a bus of its own.
 struct PortalColorSchemeTest : SystemColorSchemeTest {
-    ~PortalColorSchemeTest() override { QDBusConnection::disconnectFromBus(bus.name()); }
+    void TearDown() override {
+        QDBusConnection::disconnectFromBus(bus.name());
+        SystemColorSchemeTest::TearDown();
+    }
 
     PrivateBus daemon;
     QDBusConnection bus =
