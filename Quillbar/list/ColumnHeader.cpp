@@ -9,6 +9,7 @@
 #include "Quillbar/widgets/Theme.h"
 
 #include <QHBoxLayout>
+#include <QMargins>
 #include <QPainter>
 #include <QPaintEvent>
 
@@ -17,6 +18,8 @@ namespace quillbar {
 namespace {
 
 constexpr double kTitleSize = 9.5;
+/// The line below the titles, which is a hairline at every text size.
+constexpr int kSeparator = 1;
 // Half of what is between two columns.
 constexpr double kRingRoom = TableRow::kSpacing / 2.0;
 
@@ -57,8 +60,10 @@ ColumnHeader::ColumnHeader(QWidget* parent)
     , m_layout(new QHBoxLayout(this)) {
     TextScale::follow(*this, [this] {
         setFixedHeight(TextScale::length(*this, kHeight));
-        m_layout->setContentsMargins(
-            TextScale::margins(*this, {TableRow::kPadding, 0, TableRow::kPadding, 0}));
+        QMargins margins =
+            TextScale::margins(*this, {TableRow::kPadding, 0, TableRow::kPadding, 0});
+        margins.setBottom(kSeparator);
+        m_layout->setContentsMargins(margins);
         m_layout->setSpacing(TextScale::length(*this, TableRow::kSpacing));
     });
 }
@@ -94,7 +99,8 @@ QFont ColumnHeader::titleFont() {
 
 void ColumnHeader::paintEvent(QPaintEvent* /*event*/) {
     QPainter painter(this);
-    painter.fillRect(0, height() - 1, width(), 1, ThemeKey::value(*this).colors.separator);
+    painter.fillRect(
+        0, height() - kSeparator, width(), kSeparator, ThemeKey::value(*this).colors.separator);
     for (const SortableHeader* const column : m_sortable) {
         column->drawRing(painter, QRectF(column->geometry()).adjusted(-kRingRoom, 0, kRingRoom, 0));
     }

@@ -312,7 +312,7 @@ Environment variables:
     </message>
     <message>
         <source>未知的参数「{}」，请看 --help</source>
-        <translation>unknown option “{}”; see --help</translation>
+        <translation>unknown option &quot;{}&quot;; see --help</translation>
     </message>
     <message>
         <source>--show、--toggle、--preferences、--discreet、--quit 与 --background 只能使用其一</source>
@@ -426,7 +426,7 @@ Environment variables:
     </message>
     <message>
         <source>未知的格式「{}」，可用 text、json 或 waybar</source>
-        <translation>unknown format “{}”; use text, json or waybar</translation>
+        <translation>unknown format &quot;{}&quot;; use text, json or waybar</translation>
     </message>
     <message>
         <source>--template 的第 {} 个字符：{}</source>
@@ -434,7 +434,7 @@ Environment variables:
     </message>
     <message>
         <source>「{}」不是 USDT 交易对，请写 ETH 或 ETH/USDT，多个币种请多次使用 --symbol</source>
-        <translation>“{}” is not a USDT pair; write ETH or ETH/USDT, and repeat --symbol for more coins</translation>
+        <translation>&quot;{}&quot; is not a USDT pair; write ETH or ETH/USDT, and repeat --symbol for more coins</translation>
     </message>
     <message>
         <source>--boards 只能输出文本，不能与 --format 同用</source>
@@ -450,7 +450,7 @@ Environment variables:
     </message>
     <message>
         <source>未知的参数「{}」，请看 --help</source>
-        <translation>unknown option “{}”; see --help</translation>
+        <translation>unknown option &quot;{}&quot;; see --help</translation>
     </message>
     <message>
         <source>、</source>
@@ -458,7 +458,7 @@ Environment variables:
     </message>
     <message>
         <source>「{}」</source>
-        <translation>“{}”</translation>
+        <translation>&quot;{}&quot;</translation>
     </message>
     <message>
         <source>交易所没有币种{}</source>
@@ -493,19 +493,19 @@ Environment variables:
     </message>
     <message>
         <source>「}」之前没有「{」，要写大括号本身请用「}}」</source>
-        <translation>no “{” stands before this “}”; for a brace itself write “}}”</translation>
+        <translation>no &quot;{&quot; stands before this &quot;}&quot;; for a brace itself write &quot;}}&quot;</translation>
     </message>
     <message>
         <source>「{」之后没有「}」，要写大括号本身请用「{{」</source>
-        <translation>no “}” follows this “{”; for a brace itself write “{{”</translation>
+        <translation>no &quot;}&quot; follows this &quot;{&quot;; for a brace itself write &quot;{{&quot;</translation>
     </message>
     <message>
         <source>未知的字段「{}」，可用 symbol、price、arrow 或 change</source>
-        <translation>unknown field “{}”; use symbol, price, arrow or change</translation>
+        <translation>unknown field &quot;{}&quot;; use symbol, price, arrow or change</translation>
     </message>
     <message>
         <source>冒号后依次可写：&lt; 或 &gt;（靠左或靠右）、宽度（1 到 {}）、小数位数（.0 到 .{}），如「&gt;10.2」</source>
-        <translation>after the colon, in this order: &lt; or &gt; (left or right), the width (1 to {}), the decimals (.0 to .{}), as in “&gt;10.2”</translation>
+        <translation>after the colon, in this order: &lt; or &gt; (left or right), the width (1 to {}), the decimals (.0 to .{}), as in &quot;&gt;10.2&quot;</translation>
     </message>
     <message>
         <source>这里应是宽度，1 到 {}</source>
@@ -521,7 +521,7 @@ Environment variables:
     </message>
     <message>
         <source>无法解析服务器地址</source>
-        <translation>The server’s name cannot be resolved</translation>
+        <translation>The server&apos;s name cannot be resolved</translation>
     </message>
     <message>
         <source>无法连接到服务器</source>
@@ -557,7 +557,7 @@ Environment variables:
     </message>
     <message>
         <source>服务器地址无效</source>
-        <translation>The server’s address is not valid</translation>
+        <translation>The server&apos;s address is not valid</translation>
     </message>
     <message>
         <source>没有可用的服务器</source>
@@ -637,11 +637,11 @@ Environment variables:
     </message>
     <message>
         <source>价格提醒出现时响一声</source>
-        <translation>A sound with each price alert</translation>
+        <translation>Play a sound for each price alert</translation>
     </message>
     <message>
         <source>还没有价格提醒。在自选列表的一行上点右键，选“价格提醒…”。</source>
-        <translation>No price alerts yet. Right-click a row of the watchlist and choose “Price alerts…”.</translation>
+        <translation>No price alerts yet. Right-click a row of the watchlist and choose &quot;Price alerts...&quot;.</translation>
     </message>
     <message>
         <source>价格提醒</source>
@@ -665,11 +665,11 @@ Environment variables:
     </message>
     <message>
         <source>连接中…</source>
-        <translation>Connecting…</translation>
+        <translation>Connecting...</translation>
     </message>
     <message>
         <source>连接中… 最后更新 %1</source>
-        <translation>Connecting… Last update %1</translation>
+        <translation>Connecting... Last update %1</translation>
     </message>
     <message>
         <source>连不上代理。请检查 https_proxy、all_proxy 或桌面网络设置里的代理。
@@ -765,7 +765,7 @@ QUILLBAR_REST_ENDPOINTS, QUILLBAR_STREAM_ENDPOINTS</translation>
     </message>
     <message>
         <source>价格在状态栏里，点一下（GNOME 上双击）打开面板。看不到时，请展开状态栏里隐藏的图标，在状态栏的设置里让 Quillbar 一直显示；再次启动 Quillbar 也会打开面板</source>
-        <translation>The price is in the status area; click it (on GNOME, double-click) to open the panel. If you do not see it, unfold the hidden icons and let the status area&apos;s settings always show Quillbar. Starting Quillbar again opens the panel, too</translation>
+        <translation>The price is in the status area; click it (on GNOME, double-click) to open the panel. If you do not see it, expand the hidden icons, and set Quillbar to always show in the status area&apos;s settings. Starting Quillbar again also opens the panel</translation>
     </message>
     <message>
         <source>返回</source>
@@ -817,7 +817,7 @@ QUILLBAR_REST_ENDPOINTS, QUILLBAR_STREAM_ENDPOINTS</translation>
     </message>
     <message>
         <source>偏好设置…</source>
-        <translation>Preferences…</translation>
+        <translation>Preferences...</translation>
     </message>
     <message>
         <source>已删除 %1</source>
@@ -900,7 +900,7 @@ QUILLBAR_REST_ENDPOINTS, QUILLBAR_STREAM_ENDPOINTS</translation>
     <name>platform</name>
     <message>
         <source>QUILLBAR_CA_FILE:「{}」{}</source>
-        <translation>QUILLBAR_CA_FILE: “{}” {}</translation>
+        <translation>QUILLBAR_CA_FILE: &quot;{}&quot; {}</translation>
     </message>
     <message>
         <source>不存在</source>
@@ -957,7 +957,7 @@ QUILLBAR_REST_ENDPOINTS, QUILLBAR_STREAM_ENDPOINTS</translation>
     <name>services</name>
     <message>
         <source>{}:「{}」{}</source>
-        <translation>{}: “{}” {}</translation>
+        <translation>{}: &quot;{}&quot; {}</translation>
     </message>
     <message>
         <source>不是有效的网址</source>
@@ -1130,7 +1130,7 @@ QUILLBAR_REST_ENDPOINTS, QUILLBAR_STREAM_ENDPOINTS</translation>
     </message>
     <message>
         <source>搜索中…</source>
-        <translation>Searching…</translation>
+        <translation>Searching...</translation>
     </message>
     <message>
         <source>无匹配结果</source>
@@ -1170,7 +1170,7 @@ QUILLBAR_REST_ENDPOINTS, QUILLBAR_STREAM_ENDPOINTS</translation>
     </message>
     <message>
         <source>价格，或如 5%</source>
-        <translation>Price, or e.g. 5%</translation>
+        <translation>Price, or 5%</translation>
     </message>
     <message>
         <source>提醒的价格，或带百分号的 24 小时涨跌</source>
@@ -1190,7 +1190,7 @@ QUILLBAR_REST_ENDPOINTS, QUILLBAR_STREAM_ENDPOINTS</translation>
     </message>
     <message>
         <source>往回</source>
-        <translation>after moving back</translation>
+        <translation>back by</translation>
     </message>
     <message>
         <source>往回多少后可再次提醒</source>
@@ -1298,7 +1298,7 @@ QUILLBAR_REST_ENDPOINTS, QUILLBAR_STREAM_ENDPOINTS</translation>
     </message>
     <message>
         <source>价格提醒…</source>
-        <translation>Price alerts…</translation>
+        <translation>Price alerts...</translation>
     </message>
     <message>
         <source>删除</source>

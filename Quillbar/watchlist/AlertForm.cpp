@@ -19,6 +19,7 @@
 #include <QMargins>
 #include <QPainter>
 #include <QScrollArea>
+#include <QSizePolicy>
 #include <QVBoxLayout>
 
 #include <algorithm>
@@ -36,6 +37,8 @@ constexpr double kTextSize = 10.5;
 constexpr int kChoiceHeight = 22;
 constexpr int kChoiceWidth = 60;
 constexpr int kMarginFieldWidth = 84;
+/// Room for "0.25%", in languages with a longer title in front of it.
+constexpr int kLeastMarginFieldWidth = 56;
 constexpr double kRadius = 4;
 constexpr float kChosenOpacity = 0.16F;
 constexpr double kGlyphSize = 8;
@@ -181,8 +184,13 @@ void AlertForm::makeChoices(QVBoxLayout& stack) {
     m_margin->setToolTip(translated("watchlist", "往回多少后可再次提醒"));
     m_margin->setText(QStringLiteral("1%"));
     TextScale::follow(*m_margin, [this] {
-        m_margin->setFixedWidth(TextScale::length(*this, kMarginFieldWidth));
+        m_margin->setMinimumWidth(TextScale::length(*this, kLeastMarginFieldWidth));
+        m_margin->setMaximumWidth(TextScale::length(*this, kMarginFieldWidth));
     });
+    // The row is as high without the field, so that nothing moves under the pointer.
+    QSizePolicy policy = m_margin->sizePolicy();
+    policy.setRetainSizeWhenHidden(true);
+    m_margin->setSizePolicy(policy);
     m_margin->hide();
     auto* const row = new QHBoxLayout;
     TextScale::followSpaces(*this, *row, QMargins(), kSpacing);

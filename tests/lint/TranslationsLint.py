@@ -10,6 +10,8 @@ from Lint import lint
 
 TRANSLATION = "Quillbar/translations/quillbar_en.ts"
 CHINESE = re.compile("[\u3000-\u303f\u3400-\u9fff\uff00-\uffef]")
+# A Chinese font, which texts have in English too, gives them the width of a character.
+WIDE = re.compile("[“”‘’…]")
 CALL = re.compile(r"(?<![.>\w])(translated|userText)\s*\(")
 LITERAL = re.compile(r'R"(?P<mark>[^()\s\\]{0,16})\((?P<raw>.*?)\)(?P=mark)"'
                      r'|"(?P<text>(?:\\.|[^"\\\n])*)"', re.DOTALL)
@@ -134,6 +136,8 @@ def flaws(text, translation):
             yield "and its translation do not both end a line"
         if CHINESE.search(form) and form != text:
             yield f'has a translation with Chinese characters: "{form[:40]}"'
+        if WIDE.search(form):
+            yield f'has wide quotes or dots in its translation: "{form[:40]}"'
     if "%n" in text and not forms:
         yield "counts, and its translation has no form for one and for many"
     if forms and "%n" not in forms[-1]:
@@ -188,6 +192,8 @@ lint(check,
           project(NAME, ("名称", done("Name")), context="boards"),
           project(NAME, ("名称", done("Name")), path="Quillbar/boards/A.cpp"),
           project(NAME, ("名称", done("Name，and more"))),
+          project(NAME, ("名称", done("A “name”"))),
+          project(NAME, ("名称", done("Name…"))),
           project('translated("panel", "%1 和 %2");', ("%1 和 %2", done("%1 and"))),
           project('translated("panel", "{} 和 {:.2}");', ("{} 和 {:.2}", done("{} and {}"))),
           project('translated("panel", "一\\n");', ("一\n", done("One"))),

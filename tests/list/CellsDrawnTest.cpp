@@ -10,6 +10,7 @@
 #include "tests/qtsupport/Ink.h"
 #include "tests/qtsupport/PaintCount.h"
 
+#include <QLayout>
 #include <QWindow>
 
 #include <cmath>
@@ -17,6 +18,7 @@
 #include <functional>
 #include <optional>
 #include <set>
+#include <utility>
 
 namespace quillbar {
 namespace {
@@ -44,10 +46,29 @@ TEST_F(CellsDrawnTest, theTitlesOfColumnsAreOf9Point5SemiboldAndLeaveTheSeparato
     };
     QWidget& coin = *named(header, QStringLiteral("币种"));
     QWidget& volume = *named(header, kVolume);
-    EXPECT_EQ(coin.geometry(), QRect(12, 0, 200 - 24 - 6 - 64, 20));
-    EXPECT_EQ(volume.geometry(), QRect(200 - 12 - 64, 0, 64, 20));
+    EXPECT_EQ(coin.geometry(), QRect(12, 0, 200 - 24 - 6 - 64, 19));
+    EXPECT_EQ(volume.geometry(), QRect(200 - 12 - 64, 0, 64, 19));
     EXPECT_EQ(pictureOf(coin), title(coin.size(), Qt::AlignLeft, QStringLiteral("币种")));
     EXPECT_EQ(pictureOf(volume), title(volume.size(), Qt::AlignRight, kVolume));
+}
+
+TEST_F(CellsDrawnTest, titlesStandOnOneLineAtEveryTextSize) {
+    ColumnHeader header(&window);
+    header.addFlexibleTitle(QStringLiteral("币种"));
+    header.addSortable(kVolume, 64);
+    window.show();
+    for (const double scale : {1.0, 1.15, 1.3}) {
+        SCOPED_TRACE(scale);
+        ThemeKey::set(window, {.colors = colors, .scale = scale});
+        header.resize(300, header.height());
+        header.layout()->activate();
+        const auto heightsOfInk = [&](const QString& name) {
+            QWidget& title = *named(header, name);
+            const QRect ink = boundsOfInk(pictureOf(title), colors.surface);
+            return std::pair(title.y() + ink.top(), title.y() + ink.bottom());
+        };
+        EXPECT_EQ(heightsOfInk(QStringLiteral("币种")).second, heightsOfInk(kVolume).second);
+    }
 }
 
 TEST_F(CellsDrawnTest, aTitleThatCanBeClickedEndsEightPointsBeforeItsColumnWhereItsArrowBegins) {

@@ -6,6 +6,7 @@
 #include "Quillbar/widgets/GlyphButton.h"
 #include "Quillbar/widgets/TextButton.h"
 #include "Quillbar/widgets/ThemedLabel.h"
+#include "tests/qtsupport/UsedLanguage.h"
 #include "tests/qtsupport/ViewFixture.h"
 #include "tests/qtsupport/Widgets.h"
 
@@ -134,6 +135,31 @@ TEST_F(AlertFormPartsTest, theMarginHasATitleWhileItCanBeFilledIn) {
     EXPECT_GE(label("往回")->width(), label("往回")->sizeHint().width());
     QTest::mouseClick(&part<QAbstractButton>("仅一次"), Qt::LeftButton);
     EXPECT_EQ(label("往回"), nullptr);
+}
+
+TEST_F(AlertFormPartsTest, isAsHighWithTheMarginAsWithout) {
+    open();
+    const int height = form->sizeHint().height();
+    QTest::mouseClick(&part<QAbstractButton>("重复"), Qt::LeftButton);
+    EXPECT_EQ(form->sizeHint().height(), height);
+}
+
+TEST_F(AlertFormPartsTest, theMarginKeepsInsideTheFormInEnglish) {
+    const UsedLanguage english(TextLanguage::english);
+    open();
+    for (const double scale : {1.0, 1.3}) {
+        SCOPED_TRACE(scale);
+        ThemeKey::set(*form, {.colors = ThemeColors::dark(), .scale = scale});
+        part<QAbstractButton>("Repeat").click();
+        form->resize(form->sizeHint());
+        spinUntilIdle();
+        const QRect note = part<SearchField>("Note").geometry();
+        const QRect margin =
+            part<SearchField>("How far it must move back before it alerts again").geometry();
+        EXPECT_LE(margin.right(), note.right());
+        EXPECT_GE(margin.width(), 56 * scale - 1);
+        EXPECT_GE(label("back by")->width(), label("back by")->sizeHint().width());
+    }
 }
 
 TEST_F(AlertFormPartsTest, saysThatTheMarginLeadsNowhere) {
