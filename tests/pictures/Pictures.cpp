@@ -27,7 +27,7 @@ constexpr int kChartMiddle = 118 + 28 + 14 + 130;
 /// Before the bar has made room for the item, its area is narrower.
 constexpr int kLeastItem = 20;
 constexpr int kPinEntry = 4;
-constexpr int kEntriesOfRow = 5;
+constexpr int kEntriesOfRow = 6;
 
 std::vector<Chapter> chapters() {
     return {
