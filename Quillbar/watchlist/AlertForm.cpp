@@ -126,10 +126,14 @@ AlertForm::AlertForm(const ViewEnvironment& environment,
         [this](const std::vector<Alert>& /*alerts*/) { refreshList(); });
     m_prices = environment.appState.tickers().observe([this](const std::string& symbol) {
         if (symbol == m_coin.symbol) {
+            if (!m_value->isModified() || std::holds_alternative<AlertInput::Problem>(m_input)) {
+                judge();
+            }
             refresh();
         }
     });
     refreshList();
+    judge();
     refresh();
     // After all parts have grown, whose heights it adds up.
     TextScale::follow(*m_add, [this] { fitList(); });
@@ -167,7 +171,10 @@ void AlertForm::makeFields(QVBoxLayout& stack) {
     stack.addWidget(m_present);
     stack.addWidget(m_value);
     stack.addWidget(m_meaning);
-    connect(m_value, &QLineEdit::textChanged, this, [this] { refresh(); });
+    connect(m_value, &QLineEdit::textChanged, this, [this] {
+        judge();
+        refresh();
+    });
     connect(m_value, &QLineEdit::returnPressed, this, [this] { add(); });
 }
 
@@ -246,6 +253,18 @@ std::optional<double> AlertForm::margin(const AlertInput::Line& line) const {
     return AlertInput::margin(m_margin->text().toStdString(), line);
 }
 
+std::optional<double> AlertForm::seenBy(const AlertInput::Line& line) const {
+    if (!m_seen) {
+        return std::nullopt;
+    }
+    return watchesPrice(line.kind) ? m_seen->lastPrice : m_seen->changePercent24h();
+}
+
+void AlertForm::judge() {
+    m_seen = ticker();
+    m_input = AlertInput::line(m_value->text().toStdString(), m_seen);
+}
+
 void AlertForm::refresh() {
     const std::optional<Ticker> known = ticker();
     m_present->setText(
@@ -253,15 +272,14 @@ void AlertForm::refresh() {
                     .arg(QString::fromStdString(PriceFormatter::price(known->lastPrice)),
                          QString::fromStdString(PriceFormatter::percent(known->changePercent24h())))
               : translated("watchlist", "现价 —"));
-    const auto input = AlertInput::line(m_value->text().toStdString(), known);
     QString meaning;
     bool isReady = false;
     bool isWrong = false;
-    if (const auto* const problem = std::get_if<AlertInput::Problem>(&input)) {
+    if (const auto* const problem = std::get_if<AlertInput::Problem>(&m_input)) {
         meaning = textOf(*problem);
         isWrong = *problem == AlertInput::Problem::noNumber;
     } else {
-        const auto& line = std::get<AlertInput::Line>(input);
+        const auto& line = std::get<AlertInput::Line>(m_input);
         isReady = m_once->isChecked() || margin(line).has_value();
         isWrong = !isReady;
         meaning = isReady ? translated("watchlist", "%1 时提醒")
@@ -316,14 +334,14 @@ void AlertForm::refreshList() {
 
 void AlertForm::fitList() {
     const int width = TextScale::length(*this, kWidth) - 2 * TextScale::length(*this, kMargin);
-    const int height = m_rows.empty() ? 0 : m_list->totalHeightForWidth(width);
+    // Without a row that is shown the layout has no height for a width.
+    const int height = std::max(0, m_list->totalHeightForWidth(width));
     m_listArea->setFixedHeight(std::min(TextScale::length(*this, kListHeight), height));
     updateGeometry();
 }
 
 void AlertForm::add() {
-    const auto input = AlertInput::line(m_value->text().toStdString(), ticker());
-    const auto* const line = std::get_if<AlertInput::Line>(&input);
+    const auto* const line = std::get_if<AlertInput::Line>(&m_input);
     if (line == nullptr || m_value->isComposing()) {
         return;
     }
@@ -336,7 +354,8 @@ void AlertForm::add() {
                                                .kind = line->kind,
                                                .threshold = line->threshold,
                                                .margin = back,
-                                               .note = m_note->text().trimmed().toStdString()});
+                                               .note = m_note->text().trimmed().toStdString()},
+                                              seenBy(*line));
     if (!id) {
         return;
     }

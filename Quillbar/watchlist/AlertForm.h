@@ -57,6 +57,8 @@ private:
     void makeFields(QVBoxLayout& stack);
     void makeChoices(QVBoxLayout& stack);
     void makeList(QVBoxLayout& stack);
+    [[nodiscard]] std::optional<double> seenBy(const AlertInput::Line& line) const;
+    void judge();
     void refresh();
     void say(const QString& meaning, bool isWrong);
     void refreshList();
@@ -68,6 +70,10 @@ private:
     std::function<void()> m_dismiss;
     ThemedLabel* m_present = nullptr;
     SearchField* m_value = nullptr;
+    /// What the value says, by the price when it was typed: nobody would look again whether the
+    /// price has passed it before the alert is added.
+    std::variant<AlertInput::Line, AlertInput::Problem> m_input = AlertInput::Problem::nothing;
+    std::optional<Ticker> m_seen;
     ThemedLabel* m_meaning = nullptr;
     QAbstractButton* m_once = nullptr;
     QAbstractButton* m_again = nullptr;

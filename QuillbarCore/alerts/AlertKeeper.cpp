@@ -81,12 +81,12 @@ AlertBook::Latest AlertKeeper::latest() const {
     return m_appState.isDataStale() ? AlertBook::Latest::old : AlertBook::Latest::live;
 }
 
-std::optional<std::int64_t> AlertKeeper::add(Alert alert) {
+std::optional<std::int64_t> AlertKeeper::add(Alert alert, std::optional<double> seen) {
     if (!alert.isSound()) {
         return std::nullopt;
     }
     alert.id = takeNumber();
-    alert.isArmed = isOnNearSide(alert);
+    alert.isArmed = isOnNearSide(alert) || (seen && !alert.isReachedBy(*seen));
     m_book.add(alert, latest());
     save(*m_fired);
     tell();

@@ -79,9 +79,10 @@ public:
     [[nodiscard]] const Observed<bool>& isSaved() const noexcept { return m_isSaved; }
 
     /// Adds an alert and saves it. It gets a new id, and is armed if the latest known price of its
-    /// pair is on the near side of its line. Returns the id; absent, and nothing changes, for an
-    /// alert that is not sound.
-    std::optional<std::int64_t> add(Alert alert);
+    /// pair is on the near side of its line, or if `seen` is: the value of the pair when the user
+    /// chose the line, which it may have passed since. Returns the id; absent, and nothing changes,
+    /// for an alert that is not sound.
+    std::optional<std::int64_t> add(Alert alert, std::optional<double> seen = std::nullopt);
     /// Removes an alert and saves. Does nothing for an id that is not there.
     void remove(std::int64_t id);
     /// Brings an alert back that was removed, as it was then, and saves. Does nothing while it is

@@ -66,6 +66,13 @@ TEST_F(AlertKeeperFileTest, anAlertIsArmedByThePriceAndNotByWhoAddsIt) {
     EXPECT_TRUE(keeper->alerts()->at(2).isArmed);
 }
 
+TEST_F(AlertKeeperFileTest, anAlertIsArmedByTheValueThatWasSeenWhenItWasChosen) {
+    ASSERT_TRUE(keeper->add({.symbol = "BTCUSDT", .threshold = 90}, 89));
+    ASSERT_TRUE(keeper->add({.symbol = "BTCUSDT", .threshold = 90}, 90));
+    EXPECT_TRUE(keeper->alerts()->at(0).isArmed);
+    EXPECT_FALSE(keeper->alerts()->at(1).isArmed) << "it was there already";
+}
+
 TEST_F(AlertKeeperFileTest, aNumberIsGivenOnceThoughTheProgramBeginsAgain) {
     const std::int64_t first = add(110);
     const std::int64_t second = add(120);

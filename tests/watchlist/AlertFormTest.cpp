@@ -115,6 +115,37 @@ TEST_F(AlertFormTest, opensWithThePresentPriceSelected) {
     EXPECT_FALSE(button().isEnabled());
 }
 
+TEST_F(AlertFormTest, whatWasTypedKeepsItsMeaningWhenThePricePassesIt) {
+    openForm();
+    type("110");
+    tick("BTC", {111, 100});
+    EXPECT_EQ(meaning(), "价格 ≥ 110.00 时提醒");
+    QTest::mouseClick(&button(), Qt::LeftButton);
+    ASSERT_EQ(alerts().alerts()->size(), 1U);
+    EXPECT_EQ(alerts().alerts()->front().kind, AlertKind::priceAtLeast);
+    EXPECT_TRUE(alerts().fired()->empty());
+    tick("BTC", {112, 100});
+    EXPECT_EQ(alerts().fired()->size(), 1U) << "the line was crossed before the user's eyes";
+}
+
+TEST_F(AlertFormTest, whatIsThePriceGetsAMeaningAsSoonAsThePriceMoves) {
+    openForm();
+    type("102");
+    EXPECT_EQ(meaning(), "现在就是这个数；高于它提醒上涨，低于它提醒下跌");
+    tick("BTC", {103, 100});
+    EXPECT_EQ(meaning(), "价格 ≤ 102.00 时提醒");
+    tick("BTC", {101, 100});
+    EXPECT_EQ(meaning(), "价格 ≤ 102.00 时提醒");
+}
+
+TEST_F(AlertFormTest, whatNobodyTypedIsJudgedAnewByEachPrice) {
+    openForm();
+    tick("BTC", {101, 100});
+    EXPECT_EQ(meaning(), "价格 ≥ 102.00 时提醒");
+    tick("BTC", {103, 100});
+    EXPECT_EQ(meaning(), "价格 ≤ 102.00 时提醒");
+}
+
 TEST_F(AlertFormTest, saysWhatTheTypedTextMeans) {
     openForm();
     type("110");
@@ -147,13 +178,6 @@ TEST_F(AlertFormTest, theButtonIsPaleWhileThereIsNothingToAdd) {
     EXPECT_LT(strongest(), 40);
     type("110");
     EXPECT_GT(strongest(), 100);
-}
-
-TEST_F(AlertFormTest, theMeaningFollowsThePrice) {
-    openForm();
-    type("110");
-    tick("BTC", {120, 100});
-    EXPECT_EQ(meaning(), "价格 ≤ 110.00 时提醒");
 }
 
 TEST_F(AlertFormTest, enterAddsTheAlertAndClosesTheForm) {
