@@ -77,6 +77,7 @@ int PreferencesView::heightFor(int width) const {
 }
 
 void PreferencesView::takeFocus(Qt::FocusReason reason) {
+    m_sections->scrollToTop();
     m_first->takeFocus(reason);
 }
 

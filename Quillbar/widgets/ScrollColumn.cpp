@@ -54,7 +54,12 @@ ScrollColumn::ScrollColumn(int spacing, QWidget* parent)
         bar->setSingleStep(TextScale::length(*this, kStep));
     });
     connect(bar, &QAbstractSlider::valueChanged, this, [this] { updateFade(); });
-    connect(bar, &QAbstractSlider::rangeChanged, this, [this] { updateFade(); });
+    connect(bar, &QAbstractSlider::rangeChanged, this, [this] {
+        // The parts get their places only after the column has the new height.
+        QMetaObject::invokeMethod(
+            this, [this] { follow(); }, Qt::QueuedConnection);
+        updateFade();
+    });
     connect(qApp, &QApplication::focusChanged, this, [this](QWidget* /*before*/, QWidget* focused) {
         reveal(focused);
     });
@@ -62,6 +67,10 @@ ScrollColumn::ScrollColumn(int spacing, QWidget* parent)
 
 void ScrollColumn::add(QWidget* widget) {
     m_stack->addWidget(widget);
+}
+
+void ScrollColumn::scrollToTop() {
+    verticalScrollBar()->setValue(0);
 }
 
 int ScrollColumn::heightFor(int width) const {
@@ -120,10 +129,31 @@ void ScrollColumn::resizeEvent(QResizeEvent* event) {
     updateFade();
 }
 
+QWidget* ScrollColumn::partOf(QWidget* widget) const {
+    while (widget != nullptr && widget->parentWidget() != m_content) {
+        widget = widget->parentWidget();
+    }
+    return widget;
+}
+
 void ScrollColumn::reveal(QWidget* focused) {
-    if (focused != nullptr && m_content->isAncestorOf(focused)) {
+    if (const QWidget* const part = partOf(focused)) {
+        m_revealedHeight = part->height();
         ensureWidgetVisible(focused, 0, ScrollFade::kHeight);
     }
+}
+
+void ScrollColumn::follow() {
+    QWidget* const focused = QApplication::focusWidget();
+    QWidget* const part = partOf(focused);
+    if (part == nullptr || part->height() <= m_revealedHeight) {
+        return;
+    }
+    m_revealedHeight = part->height();
+    // The part's end is what has come. Where not all of it has room, its beginning is what the
+    // user looks at.
+    ensureVisible(0, part->geometry().bottom(), 0, ScrollFade::kHeight);
+    ensureVisible(0, std::max(0, focused->mapTo(m_content, QPoint()).y()), 0, ScrollFade::kHeight);
 }
 
 void ScrollColumn::updateFade() {

@@ -13,8 +13,8 @@ namespace quillbar {
 
 /// Widgets one below the other, which scroll where they have less room than they need. As in the
 /// lists no bar is shown; a fade at an edge says that there is more. What gets the focus is
-/// scrolled into view. Page Up and Down, Home and End scroll, unless the widget with the focus uses
-/// the key.
+/// scrolled into view, and so is all of the widget around it when that grows. Page Up and Down,
+/// Home and End scroll, unless the widget with the focus uses the key.
 ///
 /// Used on the main thread alone.
 class ScrollColumn final : public QScrollArea {
@@ -27,6 +27,7 @@ public:
 
     /// Adds a widget at the end. The column owns it.
     void add(QWidget* widget);
+    void scrollToTop();
 
     /// The height at which nothing has to scroll, for that width; both in points.
     [[nodiscard]] int heightFor(int width) const;
@@ -41,13 +42,17 @@ protected:
     void resizeEvent(QResizeEvent* event) override;
 
 private:
+    [[nodiscard]] QWidget* partOf(QWidget* widget) const;
     void reveal(QWidget* focused);
+    void follow();
     void updateFade();
 
     // Children, owned by Qt.
     QWidget* m_content;
     QVBoxLayout* m_stack;
     ScrollFade m_fade;
+    // The height of the part with the focus, when it was revealed.
+    int m_revealedHeight = 0;
 };
 
 }  // namespace quillbar

@@ -12,6 +12,7 @@
 #include <QAbstractButton>
 #include <QApplication>
 #include <QLabel>
+#include <QScrollBar>
 
 #include <gtest/gtest.h>
 
@@ -323,6 +324,11 @@ TEST_F(PreferencesViewTest, scrollsInAPanelThatIsTooLowForIt) {
         return top >= 0 && top + row.height() <= column.height();
     };
     EXPECT_FALSE(isSeen(kBlueUp));
+    shown<ScrollColumn>()->verticalScrollBar()->setValue(100);
+    panel->closePreferences();
+    panel->showPreferences(Qt::TabFocusReason);
+    spinUntilIdle();
+    EXPECT_EQ(shown<ScrollColumn>()->verticalScrollBar()->value(), 0) << "it opens at its top";
     press(Qt::Key_Down);
     press(Qt::Key_Down);
     EXPECT_EQ(focused(), kBlueUp);

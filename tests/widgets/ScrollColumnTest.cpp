@@ -122,6 +122,34 @@ TEST_F(ScrollColumnTest, givesLinesThatWrapTheHeightThatTheyNeedAtItsWidth) {
     }
 }
 
+TEST_F(ScrollColumnTest, showsAllOfWhatGrowsAroundTheFocus) {
+    QWidget& growing = *buttons[1];
+    growing.setFocus(Qt::TabFocusReason);
+    growing.setFixedHeight(70);
+    spinUntilIdle();
+    EXPECT_GE(topOf(growing), 0);
+    EXPECT_LE(topOf(growing) + 70, kHeight);
+    EXPECT_LT(topOf(*buttons[0]), 0) << "it has scrolled";
+}
+
+TEST_F(ScrollColumnTest, showsTheFocusWhereWhatGrowsAroundItHasNoRoom) {
+    QWidget& growing = *buttons[1];
+    growing.setFocus(Qt::TabFocusReason);
+    growing.setFixedHeight(2 * kHeight);
+    spinUntilIdle();
+    EXPECT_GE(topOf(growing), 0);
+}
+
+TEST_F(ScrollColumnTest, staysWhereTheUserHasScrolledWhileOtherThingsGrow) {
+    buttons[0]->setFocus(Qt::TabFocusReason);
+    column->verticalScrollBar()->setValue(80);
+    buttons.back()->setFixedHeight(70);
+    spinUntilIdle();
+    EXPECT_EQ(column->verticalScrollBar()->value(), 80);
+    column->scrollToTop();
+    EXPECT_EQ(topOf(*buttons[0]), 0);
+}
+
 TEST_F(ScrollColumnTest, showsNoBarButAFadeWhereItGoesOn) {
     EXPECT_FALSE(column->verticalScrollBar()->isVisible());
     EXPECT_FALSE(hasFade("upperFade"));
