@@ -252,7 +252,7 @@ void StatusItem::activate(std::optional<QPoint> anchor) {
 
 void StatusItem::scroll(int places) {
     if (m_handlers.onScroll) {
-        m_handlers.onScroll(places);
+        m_handlers.onScroll(m_host.wheelUp == TrayHost::WheelUp::negative ? -places : places);
     }
 }
 

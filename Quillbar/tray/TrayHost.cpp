@@ -13,6 +13,7 @@ TrayHost TrayHost::ofProcess(std::string_view comm) {
         // ayatana-indicator-application 22.2 shows a picture of "missing" for any pixmap.
         host.form = LabelForm::text;
         host.icon = Icon::themeName;
+        host.wheelUp = WheelUp::negative;
     } else if (comm == "notification-ar") {
         // MATE 1.26 says (0,28) for every click.
         host.form = LabelForm::text;
@@ -25,6 +26,7 @@ TrayHost TrayHost::ofProcess(std::string_view comm) {
         host.label = Label::ignored;
         host.clickPosition = ClickPosition::unusable;
         host.tooltip = Tooltip::itemTitle;
+        host.wheelUp = WheelUp::negative;
     } else if (comm == "swaybar") {
         // swaybar 1.7 counts from the output's corner, and shows an error for a wide picture.
         host.label = Label::ignored;
@@ -40,6 +42,7 @@ TrayHost TrayHost::ofProcess(std::string_view comm) {
         host.label = Label::ignored;
         host.picks = Picks::largest;
         host.emptyTooltip = EmptyTooltip::names;
+        host.wheelUp = WheelUp::negative;
     }
     return host;
 }

@@ -34,6 +34,8 @@ struct TrayHost final {
     /// What the host shows for an empty tooltip: nothing, or one that it makes of the item's title
     /// and description.
     enum class EmptyTooltip { nothing, names } emptyTooltip = EmptyTooltip::nothing;
+    /// The sign with which the host reports a turn of the wheel upwards.
+    enum class WheelUp { positive, negative } wheelUp = WheelUp::positive;
     /// Whether the bar is known to be dark.
     enum class Bar { unknown, dark } bar = Bar::unknown;
 

@@ -37,6 +37,13 @@ TEST_F(StatusItemScrollTest, tellsTheDirectionWhateverTheUnits) {
     EXPECT_THAT(activations, IsEmpty());
 }
 
+TEST_F(StatusItemScrollTest, isTheSameTurnOfTheWheelWhateverSignTheHostGivesIt) {
+    startAt("panel-7-systray");
+    scroll(1, "vertical");
+    scroll(-1, "vertical");
+    EXPECT_THAT(scrolled, ElementsAre(1, -1)) << "Xfce counts a turn towards the user as positive";
+}
+
 TEST_F(StatusItemScrollTest, ignoresTheWheelThatGoesSideways) {
     startAt("kded5");
     scroll(120, "horizontal");

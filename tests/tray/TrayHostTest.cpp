@@ -44,6 +44,15 @@ TEST(TrayHost, knowsWhoseClicksCannotBePlaced) {
     EXPECT_EQ(TrayHost::ofProcess("lxqt-panel").clickPosition, TrayHost::ClickPosition::onScreen);
 }
 
+TEST(TrayHost, knowsWhoseWheelTurnsTheOtherWay) {
+    for (const char* const comm : {"panel-7-systray", "ayatana-indicat", "waybar"}) {
+        EXPECT_EQ(TrayHost::ofProcess(comm).wheelUp, TrayHost::WheelUp::negative) << comm;
+    }
+    for (const char* const comm : {"lxqt-panel", "kded5", "notification-ar", "some-panel"}) {
+        EXPECT_EQ(TrayHost::ofProcess(comm).wheelUp, TrayHost::WheelUp::positive) << comm;
+    }
+}
+
 TEST(TrayHost, knowsTheOddOnes) {
     EXPECT_EQ(TrayHost::ofProcess("lxqt-panel").tooltip, TrayHost::Tooltip::titleAlone);
     EXPECT_EQ(TrayHost::ofProcess("waybar").tooltip, TrayHost::Tooltip::itemTitle);
