@@ -6,6 +6,7 @@
 #include "tests/panel/PanelFixture.h"
 #include "tests/qtsupport/Ink.h"
 
+#include <QAbstractButton>
 #include <QAccessible>
 #include <QAccessibleInterface>
 #include <QLabel>
