@@ -57,6 +57,14 @@ TEST_F(AlertStoreTest, loadsAnAlertWithoutMarginAndNote) {
     EXPECT_THAT(log.lines(), IsEmpty());
 }
 
+TEST_F(AlertStoreTest, keepsTheNoteUnderItsName) {
+    const Alerts alerts =
+        loadAlerts(with(R"("armed":true)", R"("note":"跌破就看一眼","armed":true)"));
+    ASSERT_EQ(alerts.alerts.size(), 1U);
+    EXPECT_EQ(alerts.alerts.front().note, "跌破就看一眼");
+    EXPECT_THAT(AlertsDocument::encode(alerts), HasSubstr(R"("note":"跌破就看一眼")"));
+}
+
 TEST_F(AlertStoreTest, writesOnlyOfAnAlertThatIsOffWhetherItIsOn) {
     Alerts alerts = loadAlerts(std::string(kAlert));
     EXPECT_TRUE(alerts.alerts.at(0).isOn);

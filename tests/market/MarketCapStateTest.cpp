@@ -242,6 +242,14 @@ TEST_F(MarketCapStateTest, pollsEveryHalfHourAndStopsAfterAnHourWithoutALook) {
     EXPECT_THAT(m_time.requested, Each(1800));
 }
 
+TEST_F(MarketCapStateTest, countsALookAtTheListAsDemand) {
+    m_state->startPolling();
+    m_time.advance(Seconds(55 * 60));
+    (void)m_state->entries();
+    m_time.advance(Seconds(40 * 60));
+    EXPECT_TRUE(m_state->isPolling());
+}
+
 TEST_F(MarketCapStateTest, isSilentWhenItsPollingIsStoppedInFlight) {
     auto answer = m_api.answers.held();
     m_state->startPolling();
