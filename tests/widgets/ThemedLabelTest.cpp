@@ -38,8 +38,8 @@ TEST_F(ThemedLabelTest, isWrittenInItsFontAndInItsColourOfTheTheme) {
 
 TEST_F(ThemedLabelTest, takesAnotherColour) {
     ThemedLabel label(systemFont(12), kRole, &light);
-    label.setRole(&ThemeColors::Resolved::danger);
-    EXPECT_EQ(colorOf(label), ThemeColors::light().danger);
+    label.setRole(&ThemeColors::Resolved::up);
+    EXPECT_EQ(colorOf(label), ThemeColors::light().up);
 }
 
 TEST_F(ThemedLabelTest, followsTheTheme) {
